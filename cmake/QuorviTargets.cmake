@@ -1,0 +1,90 @@
+# Strictness and hardening, set once for all targets, and the three words with which rooms
+# declare what they build: quorvi_library, quorvi_program, quorvi_test.
+
+add_library(quorvi_flags INTERFACE)
+target_compile_features(quorvi_flags INTERFACE cxx_std_20)
+target_include_directories(quorvi_flags INTERFACE "${CMAKE_SOURCE_DIR}")
+target_compile_options(quorvi_flags INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror>
+  $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong -fno-strict-overflow>
+  $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+target_link_options(quorvi_flags INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
+if(QUORVI_SANITIZE)
+  target_compile_options(quorvi_flags INTERFACE
+    -fsanitize=${QUORVI_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quorvi_flags INTERFACE -fsanitize=${QUORVI_SANITIZE})
+endif()
+
+# Qt strictness: no text from char arrays, no old foreach or keywords, no connect without context.
+add_library(quorvi_qt_flags INTERFACE)
+target_link_libraries(quorvi_qt_flags INTERFACE quorvi_flags)
+target_compile_definitions(quorvi_qt_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+  QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT QT_STRICT_ITERATORS)
+
+# quorvi_library(name [QT] SOURCES … LIBS …): one room's library. Without QT it cannot see Qt.
+function(quorvi_library name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS;PRIVATE_LIBS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_link_libraries(${name} PUBLIC quorvi_qt_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+  else()
+    target_link_libraries(${name} PUBLIC quorvi_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+  endif()
+endfunction()
+
+# quorvi_program(name [QT] SOURCES … LIBS …): a program in bin/.
+function(quorvi_program name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_link_libraries(${name} PRIVATE quorvi_qt_flags ${ARG_LIBS})
+  else()
+    target_link_libraries(${name} PRIVATE quorvi_flags ${ARG_LIBS})
+  endif()
+endfunction()
+
+# quorvi_test(name [QT] [WHOLE] SOURCES … LIBS … [LOCKS …] [TIMEOUT s] [WRAPPER cmd…] [ENV k=v…]):
+# a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER,
+# the program is one (for suites whose set-up is dear). LOCKS names what two tests may not hold at
+# once: `agent_port` (127.0.0.1:50505 and an adb server) above all.
+function(quorvi_test name)
+  cmake_parse_arguments(ARG "QT;WHOLE" "TIMEOUT" "SOURCES;LIBS;LOCKS;WRAPPER;ENV" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/test-bin")
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_link_libraries(${name} PRIVATE quorvi_qt_flags Qt6::Test)
+    list(APPEND ARG_ENV QT_QPA_PLATFORM=offscreen)
+  else()
+    target_link_libraries(${name} PRIVATE quorvi_flags)
+  endif()
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE
+    QUORVI_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUORVI_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  set(properties TIMEOUT ${ARG_TIMEOUT})
+  if(ARG_LOCKS)
+    list(APPEND properties RESOURCE_LOCK "${ARG_LOCKS}")
+  endif()
+  if(ARG_ENV)
+    list(APPEND properties ENVIRONMENT "${ARG_ENV}")
+  endif()
+  if(ARG_WHOLE OR ARG_WRAPPER)
+    add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
+    if(ARG_LOCKS)
+      set_tests_properties(${name} PROPERTIES RESOURCE_LOCK "${ARG_LOCKS}")
+    endif()
+    if(ARG_ENV)
+      set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ARG_ENV}")
+    endif()
+  else()
+    include(GoogleTest)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+  endif()
+endfunction()
