@@ -1,0 +1,16 @@
+#include "base/ProgramPath.h"
+
+#include <system_error>
+
+namespace quorvi {
+
+std::filesystem::path ProgramPath() {
+    std::error_code failed;
+    return std::filesystem::read_symlink("/proc/self/exe", failed);
+}
+
+std::filesystem::path ProgramDirectory() {
+    return ProgramPath().parent_path();
+}
+
+}  // namespace quorvi

@@ -1,0 +1,14 @@
+// Where the program's own file stands, and what stands beside it.
+#pragma once
+
+#include <filesystem>
+
+namespace quorvi {
+
+// Full path of the running program's file.
+[[nodiscard]] std::filesystem::path ProgramPath();
+
+// The directory that the program's file stands in.
+[[nodiscard]] std::filesystem::path ProgramDirectory();
+
+}  // namespace quorvi

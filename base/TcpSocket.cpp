@@ -1,0 +1,76 @@
+#include "base/TcpSocket.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace quorvi {
+
+TcpSocket::TcpSocket(TcpSocket&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+TcpSocket& TcpSocket::operator=(TcpSocket&& other) noexcept {
+    if (this != &other) {
+        Close();
+        descriptor_ = std::exchange(other.descriptor_, -1);
+    }
+    return *this;
+}
+
+TcpSocket TcpSocket::Connect(std::uint16_t port, Delay delay) {
+    TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP));
+    if (!socket.IsOpen()) {
+        return socket;
+    }
+    if (delay == Delay::none) {
+        const int on = 1;
+        setsockopt(socket.descriptor_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    }
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (connect(socket.descriptor_, reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
+        0) {
+        socket.Close();
+    }
+    return socket;
+}
+
+std::ptrdiff_t TcpSocket::Send(std::span<const std::byte> bytes) const {
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        const std::ptrdiff_t count =
+            send(descriptor_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return -1;
+        }
+        sent += static_cast<std::size_t>(count);
+    }
+    return static_cast<std::ptrdiff_t>(sent);
+}
+
+std::ptrdiff_t TcpSocket::Receive(std::span<std::byte> bytes) const {
+    for (;;) {
+        const std::ptrdiff_t count = recv(descriptor_, bytes.data(), bytes.size(), 0);
+        if (count >= 0 || errno != EINTR) {
+            return count;
+        }
+    }
+}
+
+void TcpSocket::Close() {
+    if (IsOpen()) {
+        close(std::exchange(descriptor_, -1));
+    }
+}
+
+}  // namespace quorvi

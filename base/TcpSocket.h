@@ -1,0 +1,40 @@
+// A blocking TCP connection to 127.0.0.1, closed with the object.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace quorvi {
+
+class TcpSocket {
+  public:
+    TcpSocket() = default;
+    // Takes over an open descriptor.
+    explicit TcpSocket(int descriptor) : descriptor_(descriptor) {}
+    ~TcpSocket() { Close(); }
+    TcpSocket(TcpSocket&& other) noexcept;
+    TcpSocket& operator=(TcpSocket&& other) noexcept;
+
+    enum class Delay { keep, none };
+
+    // A stream socket connected to 127.0.0.1:port, with TCP_NODELAY unless told to keep the delay;
+    // not open if the connection was refused. Blocks without a time limit.
+    [[nodiscard]] static TcpSocket Connect(std::uint16_t port, Delay delay = Delay::none);
+
+    [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
+    [[nodiscard]] int Descriptor() const { return descriptor_; }
+
+    // One send of all bytes; the count sent, or -1. Raises no signal when the peer is gone.
+    std::ptrdiff_t Send(std::span<const std::byte> bytes) const;
+
+    // One recv: the count received, 0 when the peer has closed, -1 on failure.
+    std::ptrdiff_t Receive(std::span<std::byte> bytes) const;
+
+    void Close();
+
+  private:
+    int descriptor_ = -1;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,197 @@
+#include "base/Text.h"
+
+#include <unicode/ucnv.h>
+#include <unicode/ustring.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <limits>
+#include <memory>
+
+namespace quorvi {
+namespace {
+
+constexpr char kBlanks[] = " \t\r\n";
+
+std::atomic<CodePage> activeCodePage{CodePage::gbk};
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+struct ConverterCloser {
+    void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+using Converter = std::unique_ptr<UConverter, ConverterCloser>;
+
+const char* ConverterName(CodePage codePage) {
+    return codePage == CodePage::gb18030 ? "gb18030" : "windows-936-2000";
+}
+
+// A converter is not safe to share, and opening one is dear: each thread keeps its own.
+UConverter* AnsiConverter() {
+    thread_local Converter converter;
+    thread_local CodePage opened{};
+    const CodePage wanted = ActiveCodePage();
+    if (!converter || opened != wanted) {
+        UErrorCode status = U_ZERO_ERROR;
+        converter.reset(ucnv_open(ConverterName(wanted), &status));
+        ucnv_setSubstChars(converter.get(), "?", 1, &status);
+        opened = wanted;
+    }
+    return converter.get();
+}
+
+std::u16string Utf8ToUtf16(std::string_view utf8) {
+    // A code unit of UTF-8 gives at most one of UTF-16.
+    std::u16string wide(utf8.size(), u'\0');
+    int32_t length = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    u_strFromUTF8WithSub(wide.data(), static_cast<int32_t>(wide.size()), &length, utf8.data(),
+                         static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &status);
+    wide.resize(U_SUCCESS(status) || status == U_STRING_NOT_TERMINATED_WARNING
+                    ? static_cast<std::size_t>(length)
+                    : 0);
+    return wide;
+}
+
+std::string Utf16ToUtf8(std::u16string_view wide) {
+    std::string utf8(wide.size() * 3, '\0');
+    int32_t length = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    u_strToUTF8WithSub(utf8.data(), static_cast<int32_t>(utf8.size()), &length, wide.data(),
+                       static_cast<int32_t>(wide.size()), 0xFFFD, nullptr, &status);
+    utf8.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+    return utf8;
+}
+
+}  // namespace
+
+void SetCodePage(CodePage codePage) {
+    activeCodePage = codePage;
+}
+
+CodePage ActiveCodePage() {
+    return activeCodePage;
+}
+
+std::string ToAnsi(std::string_view utf8) {
+    if (IsAscii(utf8)) {
+        return std::string(utf8);
+    }
+    const std::u16string wide = Utf8ToUtf16(utf8);
+    UConverter* converter = AnsiConverter();
+    std::string ansi(static_cast<std::size_t>(UCNV_GET_MAX_BYTES_FOR_STRING(
+                         static_cast<int32_t>(wide.size()), ucnv_getMaxCharSize(converter))),
+                     '\0');
+    UErrorCode status = U_ZERO_ERROR;
+    const int32_t length =
+        ucnv_fromUChars(converter, ansi.data(), static_cast<int32_t>(ansi.size()), wide.data(),
+                        static_cast<int32_t>(wide.size()), &status);
+    ansi.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+    return ansi;
+}
+
+std::string ToUtf8(std::string_view ansi) {
+    if (IsAscii(ansi)) {
+        return std::string(ansi);
+    }
+    UConverter* converter = AnsiConverter();
+    std::u16string wide(ansi.size() * 2, u'\0');
+    UErrorCode status = U_ZERO_ERROR;
+    const int32_t length = ucnv_toUChars(converter, wide.data(), static_cast<int32_t>(wide.size()),
+                                         ansi.data(), static_cast<int32_t>(ansi.size()), &status);
+    wide.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+    return Utf16ToUtf8(wide);
+}
+
+void Utf8ToAnsi(std::string& text) {
+    if (!IsAscii(text)) {
+        text = ToAnsi(text);
+    }
+}
+
+void AnsiToUtf8(std::string& text) {
+    if (!IsAscii(text)) {
+        text = ToUtf8(text);
+    }
+}
+
+std::string Ansi(std::u8string_view text) {
+    return ToAnsi({reinterpret_cast<const char*>(text.data()), text.size()});
+}
+
+std::vector<std::string_view> SplitAt(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        pieces.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) {
+            return pieces;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string_view TrimRight(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(kBlanks);
+    return last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1);
+}
+
+std::string_view Trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    return first == std::string_view::npos ? std::string_view{} : TrimRight(text.substr(first));
+}
+
+namespace {
+char LowerLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+}  // namespace
+
+std::string ToLower(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), LowerLetter);
+    return lower;
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return LowerLetter(x) == LowerLetter(y); });
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+    std::string result;
+    if (!from.empty()) {
+        for (std::size_t at = text.find(from); at != std::string_view::npos; at = text.find(from)) {
+            result.append(text.substr(0, at)).append(to);
+            text.remove_prefix(at + from.size());
+        }
+    }
+    return result.append(text);
+}
+
+int ToInt(std::string_view text) {
+    const std::size_t start = text.find_first_not_of(" \t\r\n\v\f");
+    if (start == std::string_view::npos) {
+        return 0;
+    }
+    text.remove_prefix(start);
+    const bool negative = text.front() == '-';
+    if (negative || text.front() == '+') {
+        text.remove_prefix(1);
+    }
+    constexpr std::int64_t kLimit = std::numeric_limits<int>::max();
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') {
+            break;
+        }
+        value = std::min<std::int64_t>(value * 10 + (c - '0'), kLimit + 1);
+    }
+    return static_cast<int>(negative ? -value : std::min(value, kLimit));
+}
+
+}  // namespace quorvi
