@@ -1,0 +1,99 @@
+// What a session brings back, and how it is read: bounded, and never believing a length.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "agent/Request.h"
+
+namespace quorvi {
+
+// Gives a mapping of that many bytes back.
+class Unmapper {
+  public:
+    explicit Unmapper(std::size_t length = 0) : length_(length) {}
+    void operator()(std::byte* memory) const;
+
+  private:
+    std::size_t length_;
+};
+
+// The payload of a reply: Length() bytes, of which the first Received() came from the phone and the
+// rest (a reply that was cut) are zero. The memory grows with the bytes that arrive, not with the
+// length that the peer claims. Moves only; rows that keep parts of it share it by shared_ptr.
+class ReplyBuffer {
+  public:
+    ReplyBuffer() = default;
+    // A buffer for `length` bytes, of which none has come. Not valid (Length() 0) when the address
+    // space cannot hold it.
+    explicit ReplyBuffer(std::uint32_t length);
+    ReplyBuffer(ReplyBuffer&& other) noexcept;
+    ReplyBuffer& operator=(ReplyBuffer&& other) noexcept;
+    // A buffer that holds these bytes: for tests and fuzzers.
+    static ReplyBuffer Holding(std::span<const std::byte> bytes);
+
+    [[nodiscard]] std::uint32_t Length() const { return length_; }
+    [[nodiscard]] std::uint32_t Received() const { return received_; }
+    [[nodiscard]] const std::byte* Data() const { return memory_.get(); }
+
+    // Room behind what has been received; Commit counts bytes written there.
+    [[nodiscard]] std::span<std::byte> Room();
+    void Commit(std::size_t count);
+
+  private:
+    std::unique_ptr<std::byte[], Unmapper> memory_;
+    std::uint32_t length_ = 0;
+    std::uint32_t received_ = 0;
+};
+
+// An offset into a reply that moves through its fields, starting behind the leading word.
+//
+// Nothing is read outside the buffer: a field that would reach past its end reads as empty, the
+// cursor goes to the end, and Overran() is true from then on, so that the record which asked for it
+// is dropped like a run that is over.
+class ReplyCursor {
+  public:
+    explicit ReplyCursor(const ReplyBuffer& reply);
+
+    // Copy n bytes to dest and move on; move on only.
+    void TakeBytes(void* dest, std::size_t n);
+    void SkipBytes(std::size_t n);
+
+    [[nodiscard]] std::uint32_t TakeUInt32();
+    [[nodiscard]] std::int32_t TakeInt32() { return static_cast<std::int32_t>(TakeUInt32()); }
+    [[nodiscard]] std::uint64_t TakeUInt64();
+
+    // A string as it came (UTF-8), shared with the buffer; nothing for AbsentMark.
+    [[nodiscard]] std::optional<std::string_view> TakeUtf8();
+    // A string in ANSI; nothing for AbsentMark.
+    [[nodiscard]] std::optional<std::string> TakeText();
+    // A string in ANSI; empty for AbsentMark.
+    [[nodiscard]] std::string TakeTextOrEmpty() { return TakeText().value_or(std::string()); }
+    // A blob, shared with the buffer; nothing for AbsentMark.
+    [[nodiscard]] std::optional<std::span<const std::byte>> TakeBlob();
+    // Move past a string or blob, absent ones included.
+    void SkipText();
+
+    // The end test of a run of records, made after each record and not before the first: true if
+    // cursor + 1 is at least the length, as signed 32-bit numbers; also when the cursor has passed
+    // the bytes that really came, or Overran().
+    [[nodiscard]] bool AtEnd() const;
+    [[nodiscard]] bool Overran() const { return overran_; }
+    [[nodiscard]] std::size_t Offset() const { return cursor_; }
+
+  private:
+    [[nodiscard]] bool Has(std::size_t n);
+
+    const std::byte* data_;
+    std::size_t length_;
+    std::size_t received_;
+    std::size_t cursor_;
+    bool overran_ = false;
+};
+
+}  // namespace quorvi
