@@ -1,0 +1,29 @@
+// The messages between windows, by number. They are posted to the receiver's event queue.
+#pragma once
+
+namespace quorvi {
+
+enum class Message : int {
+    tray = 1034,           // from the tray icon
+    goToPage = 1074,       // first: tab, second: page number
+    search = 1124,         // from the search box
+    selectTab = 1125,      // second: tab
+    commandButton = 1126,  // second: index 0 to 3
+    selectItem = 1127,     // second: item
+    dropFiles = 1174,      // to the file manager page
+    openStoreItem = 1275,  // to the store page, second: item number
+    startCapture = 1276,   // to the screen capture page
+    pageCommand = 2024,    // first: PageCommand, second: its argument
+    dashboardLink = 2025,  // the dashboard to itself, first: action
+};
+
+// First arguments of Message::pageCommand.
+enum class PageCommand : int {
+    openDeviceManager = 0,
+    openStoreItem = 1,     // go to page 20 and send it openStoreItem with the second argument
+    captureScreen = 2,     // go to page 44 and send it startCapture
+    refreshDownloads = 3,  // refresh the download page
+    repaintContent = 4,    // repaint the content frame
+};
+
+}  // namespace quorvi

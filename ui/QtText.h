@@ -1,0 +1,15 @@
+// The one border between text in memory (ANSI) and text in widgets (QString).
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace quorvi {
+
+[[nodiscard]] QString ToQString(std::string_view ansi);
+// A text of the program's own.
+[[nodiscard]] QString ToQString(std::u8string_view text);
+[[nodiscard]] std::string FromQString(const QString& text);
+
+}  // namespace quorvi
