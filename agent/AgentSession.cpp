@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <array>
-
-#include "base/TcpSocket.h"
+#include <utility>
 
 namespace quorvi {
 namespace {
@@ -11,55 +10,108 @@ namespace {
 // Bytes asked of the socket at a time.
 constexpr std::size_t kReceiveChunk = 256 * 1024;
 
-// One recv into a cleared word; what it brought is not checked, so a close reads as zero.
-std::uint32_t ReceiveWord(const TcpSocket& socket) {
+struct FirstWord {
+    bool came = false;
+    std::uint32_t value = 0;
+};
+
+// One recv into a cleared word. What of the word did not come stays zero.
+FirstWord ReceiveWord(const TcpSocket& socket) {
     std::array<std::byte, 4> word{};
-    static_cast<void>(socket.Receive(word));
-    return ReadUInt32(word.data());
+    const std::ptrdiff_t count = socket.ReceiveAll(word);
+    return {count > 0, ReadUInt32(word.data())};
 }
 
-}  // namespace
-
-PayloadReply AgentSession::RunPayload(std::span<const std::byte> request,
-                                      const Progress& progress) const {
-    TcpSocket socket = TcpSocket::Connect(port_);
-    if (!socket.IsOpen()) {
-        return {SessionOutcome::connectFailed, {}};
-    }
-    socket.Send(request);
-    const std::uint32_t length = ReceiveWord(socket);
-    if (length == NoDataMark || length == 0) {
-        return {SessionOutcome::noData, {}};
-    }
-    ReplyBuffer buffer(length);
-    if (buffer.Length() != length) {
-        return {SessionOutcome::receiveFailed, {}};
-    }
-    while (buffer.Received() < length) {
+// Everything behind the length word, into the buffer.
+SessionOutcome ReceivePayload(const TcpSocket& socket, ReplyBuffer& buffer,
+                              const AgentSession::Progress& progress) {
+    while (buffer.Received() < buffer.Length()) {
         const auto room = buffer.Room();
         const std::ptrdiff_t count =
             socket.Receive(room.first(std::min(room.size(), kReceiveChunk)));
         if (count < 0) {
-            return {SessionOutcome::receiveFailed, {}};
+            return SessionOutcome::receiveFailed;
         }
         if (count == 0) {
-            break;
+            return SessionOutcome::cut;
         }
         buffer.Commit(static_cast<std::size_t>(count));
         if (progress) {
-            progress(buffer.Received(), length);
+            progress(buffer.Received(), buffer.Length());
         }
     }
-    return {SessionOutcome::complete, std::move(buffer)};
+    return SessionOutcome::complete;
+}
+
+PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress& progress) {
+    const FirstWord length = ReceiveWord(socket);
+    if (!length.came) {
+        return {SessionOutcome::noReply, {}};
+    }
+    if (length.value == NoDataMark || length.value == 0) {
+        return {SessionOutcome::noData, {}};
+    }
+    ReplyBuffer buffer(length.value);
+    if (buffer.Length() != length.value) {
+        return {SessionOutcome::receiveFailed, {}};
+    }
+    const SessionOutcome outcome = ReceivePayload(socket, buffer, progress);
+    if (outcome == SessionOutcome::receiveFailed) {
+        return {outcome, {}};
+    }
+    return {outcome, std::move(buffer)};
+}
+
+}  // namespace
+
+bool AgentSession::Open() {
+    socket_ = TcpSocket::Connect(port_);
+    return socket_.IsOpen();
+}
+
+void AgentSession::SendBare(AgentCommand command) const {
+    SendFramed(BareRequest(command));
+}
+
+void AgentSession::SendFramed(std::span<const std::byte> frame) const {
+    socket_.Send(frame);
+}
+
+AcknowledgedReply AgentSession::ReadAcknowledgement() {
+    if (!IsOpen()) {
+        return {};
+    }
+    const FirstWord word = ReceiveWord(socket_);
+    Close();
+    return {word.came ? SessionOutcome::complete : SessionOutcome::noReply, word.value};
+}
+
+PayloadReply AgentSession::ReadPayload(const Progress& progress) {
+    if (!IsOpen()) {
+        return {};
+    }
+    PayloadReply reply = ReceiveReply(socket_, progress);
+    Close();
+    return reply;
+}
+
+PayloadReply AgentSession::RunPayload(std::span<const std::byte> request,
+                                      const Progress& progress) const {
+    AgentSession session(port_);
+    if (!session.Open()) {
+        return {};
+    }
+    session.SendFramed(request);
+    return session.ReadPayload(progress);
 }
 
 AcknowledgedReply AgentSession::RunAcknowledged(std::span<const std::byte> request) const {
-    const TcpSocket socket = TcpSocket::Connect(port_);
-    if (!socket.IsOpen()) {
-        return {SessionOutcome::connectFailed, 0};
+    AgentSession session(port_);
+    if (!session.Open()) {
+        return {};
     }
-    socket.Send(request);
-    return {SessionOutcome::complete, ReceiveWord(socket)};
+    session.SendFramed(request);
+    return session.ReadAcknowledgement();
 }
 
 }  // namespace quorvi

@@ -1,12 +1,11 @@
 // One exchange with the agent on the phone: connect to 127.0.0.1, send one command, read one reply,
 // close. Start here to see how anything is read from or changed on a phone.
 //
-//   AgentSession session;
-//   const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listContacts));
-//   if (reply.outcome == SessionOutcome::complete) records = ParseContacts(reply.buffer);
+//   const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listContacts));
+//   if (reply.HasPayload()) records = ParseContacts(reply.buffer);
 //
 // A session blocks without a time limit of its own and runs on a worker, never on the window's
-// thread. Sessions share nothing: any number may run at once.
+// thread. Sessions share nothing: any number may run at once. There is no retry.
 #pragma once
 
 #include <cstdint>
@@ -16,43 +15,68 @@
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "agent/Wire.h"
+#include "base/TcpSocket.h"
 
 namespace quorvi {
 
+// How a session ended. A send that fails is no outcome of its own: the reading behind it tells.
 enum class SessionOutcome {
-    complete,       // the reply is there (a cut payload included: see ReplyBuffer)
-    noData,         // NoDataMark, a payload of no bytes, or a close in place of the length word
+    complete,  // the whole reply is there
+    cut,       // closed before the whole payload had come: parsed all the same, see ReplyBuffer
+    noData,    // NoDataMark, or a payload of no bytes: an empty result and no error
+    noReply,   // closed, or broken, in place of the first word: the forward stands and the
+               // agent is gone; nothing is shown for it
     connectFailed,  // no forward or no adb server; the one failure that the user sees in words
-    receiveFailed,  // the connection broke inside the payload; what had come is dropped
+    receiveFailed,  // the connection broke inside the payload: what had come is dropped
 };
 
 struct PayloadReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
+    // Holds bytes for `complete` and `cut`, none for the others.
     ReplyBuffer buffer;
+
+    // True when there is something to parse.
+    [[nodiscard]] bool HasPayload() const {
+        return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
+    }
 };
 
 struct AcknowledgedReply {
-    // complete or connectFailed: what the word's reading brought is not checked.
+    // `complete`, `noReply` or `connectFailed`. Whoever changed something on the phone looks at
+    // Connected() alone: what the one word's reading brought is not checked.
     SessionOutcome outcome = SessionOutcome::connectFailed;
-    // Zero when the connection was closed without a reply.
+    // Zero when there was no reply.
     AcknowledgeWord word = 0;
+
+    [[nodiscard]] bool Connected() const { return outcome != SessionOutcome::connectFailed; }
 };
 
 class AgentSession {
   public:
-    // Told on the session's thread now and then while a payload comes in.
+    // Told on the session's thread after each piece of a payload; `received` grows to `length`.
     using Progress = std::function<void(std::uint32_t received, std::uint32_t length)>;
 
     // The port differs from AgentPort in tests only.
     explicit AgentSession(std::uint16_t port = AgentPort) : port_(port) {}
 
-    // Whole exchanges.
+    // A whole exchange. `request` is a bare or a framed request, or a command's own form.
     [[nodiscard]] PayloadReply RunPayload(std::span<const std::byte> request,
                                           const Progress& progress = {}) const;
     [[nodiscard]] AcknowledgedReply RunAcknowledged(std::span<const std::byte> request) const;
 
+    // The steps of an exchange, each once and in this order: Open, a Send, a Read, which closes.
+    // False when the connection was refused.
+    [[nodiscard]] bool Open();
+    void SendBare(AgentCommand command) const;
+    void SendFramed(std::span<const std::byte> frame) const;
+    [[nodiscard]] AcknowledgedReply ReadAcknowledgement();
+    [[nodiscard]] PayloadReply ReadPayload(const Progress& progress = {});
+    [[nodiscard]] bool IsOpen() const { return socket_.IsOpen(); }
+    void Close() { socket_.Close(); }
+
   private:
     std::uint16_t port_;
+    TcpSocket socket_;
 };
 
 }  // namespace quorvi

@@ -10,6 +10,18 @@
 #include <utility>
 
 namespace quorvi {
+namespace {
+
+std::ptrdiff_t ReceiveOnce(int descriptor, std::span<std::byte> bytes, int flags) {
+    for (;;) {
+        const std::ptrdiff_t count = recv(descriptor, bytes.data(), bytes.size(), flags);
+        if (count >= 0 || errno != EINTR) {
+            return count;
+        }
+    }
+}
+
+}  // namespace
 
 TcpSocket::TcpSocket(TcpSocket&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, -1)) {}
@@ -59,12 +71,11 @@ std::ptrdiff_t TcpSocket::Send(std::span<const std::byte> bytes) const {
 }
 
 std::ptrdiff_t TcpSocket::Receive(std::span<std::byte> bytes) const {
-    for (;;) {
-        const std::ptrdiff_t count = recv(descriptor_, bytes.data(), bytes.size(), 0);
-        if (count >= 0 || errno != EINTR) {
-            return count;
-        }
-    }
+    return ReceiveOnce(descriptor_, bytes, 0);
+}
+
+std::ptrdiff_t TcpSocket::ReceiveAll(std::span<std::byte> bytes) const {
+    return ReceiveOnce(descriptor_, bytes, MSG_WAITALL);
 }
 
 void TcpSocket::Close() {

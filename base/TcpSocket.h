@@ -31,6 +31,10 @@ class TcpSocket {
     // One recv: the count received, 0 when the peer has closed, -1 on failure.
     std::ptrdiff_t Receive(std::span<std::byte> bytes) const;
 
+    // One recv that waits until all of `bytes` has come or the peer has closed; the count received,
+    // less than asked after a close, or -1.
+    std::ptrdiff_t ReceiveAll(std::span<std::byte> bytes) const;
+
     void Close();
 
   private:
