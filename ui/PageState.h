@@ -3,32 +3,40 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 
 namespace quorvi {
 
 // From a page's load key to 0 (a load runs) or 1 (a load has ended). That a key is there at all
-// keeps the page from loading by itself again. Any thread.
+// keeps the page from loading by itself again. Never cleared, for a new phone neither. Copies share
+// one map, so that a worker may hold its own. Any thread.
 class PageLoadState {
   public:
+    static constexpr int kRunning = 0;
+    static constexpr int kEnded = 1;
+
     void Set(int key, int value) {
-        const std::lock_guard lock(mutex_);
-        values_[key] = value;
+        const std::lock_guard lock(shared_->mutex);
+        shared_->values[key] = value;
     }
     [[nodiscard]] bool Contains(int key) const {
-        const std::lock_guard lock(mutex_);
-        return values_.contains(key);
+        const std::lock_guard lock(shared_->mutex);
+        return shared_->values.contains(key);
     }
     [[nodiscard]] std::optional<int> Value(int key) const {
-        const std::lock_guard lock(mutex_);
-        const auto found = values_.find(key);
-        return found == values_.end() ? std::nullopt : std::optional(found->second);
+        const std::lock_guard lock(shared_->mutex);
+        const auto found = shared_->values.find(key);
+        return found == shared_->values.end() ? std::nullopt : std::optional(found->second);
     }
 
   private:
-    mutable std::mutex mutex_;
-    std::map<int, int> values_;
+    struct Shared {
+        std::mutex mutex;
+        std::map<int, int> values;
+    };
+    std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
 };
 
 // From a small key to the id of the row selected last. Any thread.
