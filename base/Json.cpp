@@ -1,0 +1,53 @@
+#include "base/Json.h"
+
+#include <json/reader.h>
+#include <json/writer.h>
+
+#include <exception>
+#include <memory>
+
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+// Levels of arrays and objects; each costs the reader some stack.
+constexpr int kDeepestNesting = 200;
+
+}  // namespace
+
+Json::Value JsonText(std::string_view ansi) {
+    return Json::Value(ToUtf8(ansi));
+}
+
+std::string TextMember(const Json::Value& object, const char* member) {
+    if (!object.isObject() || !object[member].isString()) {
+        return {};
+    }
+    return ToAnsi(object[member].asString());
+}
+
+std::optional<Json::Value> ParseJson(std::string_view utf8) {
+    Json::CharReaderBuilder builder;
+    builder["stackLimit"] = kDeepestNesting;
+    builder["failIfExtra"] = true;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    Json::Value document;
+    try {
+        if (reader->parse(utf8.data(), utf8.data() + utf8.size(), &document, nullptr)) {
+            return document;
+        }
+    } catch (const std::exception&) {
+        // The reader throws where nesting passes its limit.
+    }
+    return std::nullopt;
+}
+
+std::string WriteJson(const Json::Value& document, JsonForm form) {
+    Json::StreamWriterBuilder builder;
+    builder["emitUTF8"] = true;
+    builder["indentation"] = form == JsonForm::lines ? "  " : "";
+    return Json::writeString(builder, document);
+}
+
+}  // namespace quorvi

@@ -1,0 +1,28 @@
+// JSON documents at the program's borders. Text inside a document is UTF-8; these words turn it to
+// and from the ANSI text of memory. No exception leaves this file's functions.
+#pragma once
+
+#include <json/value.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorvi {
+
+// A text of memory as a string value.
+[[nodiscard]] Json::Value JsonText(std::string_view ansi);
+
+// The text in ANSI of a string member; empty when `object` is no object, or the member is missing
+// or no string.
+[[nodiscard]] std::string TextMember(const Json::Value& object, const char* member);
+
+// The document in `utf8`; nothing when it is malformed or nested too deeply. Any thread.
+[[nodiscard]] std::optional<Json::Value> ParseJson(std::string_view utf8);
+
+enum class JsonForm { lines, oneLine };
+
+// The document in UTF-8, characters beyond ASCII as themselves, without a line feed at the end.
+[[nodiscard]] std::string WriteJson(const Json::Value& document, JsonForm form);
+
+}  // namespace quorvi
