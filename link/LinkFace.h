@@ -23,6 +23,10 @@ class LinkFace {
 
     // The link stands: timer 1 (the dashboard refreshes) and sound 656.
     virtual void LinkUp() = 0;
+
+    // The procedure that a ConnectPhone started is over, in whatever way, after its last banner;
+    // the retry behind an install is part of it.
+    virtual void LinkEnded() {}
 };
 
 }  // namespace quorvi
