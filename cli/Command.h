@@ -1,0 +1,50 @@
+// What a command of quorvictl is. To add one: a file that defines its function, and its row in
+// CommandTable.cpp.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvi::cli {
+
+class Output;
+
+// The status that the program ends with.
+enum class Status : int {
+    done = 0,
+    wrongUsage = 1,
+    noLink = 2,    // no link, or a connection error
+    notFound = 3,  // what was named is not there
+};
+
+// What stands behind the command's words on the command line, in UTF-8 as it was typed.
+struct Arguments {
+    std::vector<std::string> operands;
+    std::map<std::string, std::string, std::less<>> options;  // "--serial" to its value
+
+    [[nodiscard]] std::optional<std::string> Option(std::string_view name) const {
+        const auto found = options.find(name);
+        return found == options.end() ? std::nullopt : std::optional(found->second);
+    }
+};
+
+// No upper limit of operands.
+inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
+
+// One row of the table of commands.
+struct Command {
+    std::string_view words;                     // one word, or two as in "contacts show"
+    std::string_view synopsis{};                // of the operands and options, as the help shows it
+    std::u8string_view summary{};               // one line
+    std::size_t fewest = 0;                     // operands
+    std::size_t most = 0;                       // operands
+    std::array<std::string_view, 4> options{};  // those that take a value; --json goes with all
+    Status (*run)(const Arguments& arguments, Output& output) = nullptr;
+};
+
+}  // namespace quorvi::cli

@@ -1,0 +1,50 @@
+#include "cli/CommandTable.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "cli/Commands.h"
+
+namespace quorvi::cli {
+namespace {
+
+// One row a command, in the order of the help.
+constexpr Command kCommands[] = {
+    {.words = "info", .synopsis = "", .summary = u8"手机的系统信息", .run = RunInfo},
+};
+
+}  // namespace
+
+std::span<const Command> AllCommands() {
+    return kCommands;
+}
+
+std::string UsageOf(const Command& command) {
+    std::string usage = Ansi(u8"用法: quorvictl ");
+    usage.append(command.words);
+    if (!command.synopsis.empty()) {
+        usage.append(" ").append(command.synopsis);
+    }
+    return usage.append(" [--json]");
+}
+
+std::string HelpText() {
+    std::string help = Ansi(
+        u8"用法: quorvictl 命令 [参数…] [--json]\n"
+        u8"      quorvictl --help | --version\n\n");
+    std::size_t widest = 0;
+    for (const Command& command : kCommands) {
+        widest = std::max(widest, command.words.size() + 1 + command.synopsis.size());
+    }
+    for (const Command& command : kCommands) {
+        std::string call(command.words);
+        call.append(" ").append(command.synopsis).resize(widest, ' ');
+        help.append("  ").append(call).append("  ").append(Ansi(command.summary)).append("\n");
+    }
+    help += Ansi(
+        u8"\n--json 在标准输出上给出 UTF-8 的 JSON；提示写到标准错误。\n"
+        u8"状态: 0 完成，1 用法错误，2 没有连接，3 没有找到。\n");
+    return help;
+}
+
+}  // namespace quorvi::cli

@@ -1,0 +1,36 @@
+// quorvictl: the suite's logic on the command line.
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "base/Text.h"
+#include "cli/CommandLine.h"
+#include "cli/CommandTable.h"
+#include "cli/Output.h"
+
+namespace quorvi::cli {
+namespace {
+
+Status Run(const std::vector<std::string>& words) {
+    const auto line = ReadCommandLine(words, AllCommands());
+    if (const auto* call = std::get_if<Call>(&line)) {
+        Output output(call->json);
+        return call->command->run(call->arguments, output);
+    }
+    Output output(false);
+    if (const auto* error = std::get_if<UsageError>(&line)) {
+        output.Complain(error->text);
+        return Status::wrongUsage;
+    }
+    output.PrintLine(std::holds_alternative<HelpWanted>(line) ? HelpText()
+                                                              : "quorvictl " QUORVI_VERSION);
+    return Status::done;
+}
+
+}  // namespace
+}  // namespace quorvi::cli
+
+int main(int count, char** words) {
+    const int first = count > 0 ? 1 : 0;
+    return static_cast<int>(quorvi::cli::Run({words + first, words + count}));
+}

@@ -1,0 +1,54 @@
+// Runs the built program with no phone about.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+struct Ended {
+    int status = -1;
+    std::string output;
+};
+
+// `redirect` chooses which of the two streams is read.
+Ended Run(const std::string& arguments, const std::string& redirect) {
+    const std::string line = QUORVI_BIN_DIR "/quorvictl " + arguments + " " + redirect;
+    Ended ended;
+    std::FILE* pipe = popen(line.c_str(), "r");
+    if (pipe == nullptr) {
+        return ended;
+    }
+    char piece[256];
+    for (std::size_t count; (count = std::fread(piece, 1, sizeof piece, pipe)) > 0;) {
+        ended.output.append(piece, count);
+    }
+    const int status = pclose(pipe);
+    ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return ended;
+}
+
+Ended Out(const std::string& arguments) {
+    return Run(arguments, "2>/dev/null");
+}
+Ended Err(const std::string& arguments) {
+    return Run(arguments, "2>&1 >/dev/null");
+}
+
+TEST(Program, WrongUsageIsStatusOneAndSaidOnStandardErrorAlone) {
+    for (const char* arguments : {"", "bogus", "info extra", "info --bogus"}) {
+        EXPECT_EQ(Out(arguments).status, 1) << arguments;
+        EXPECT_EQ(Out(arguments).output, "") << arguments;
+        EXPECT_NE(Err(arguments).output, "") << arguments;
+    }
+}
+
+TEST(Program, HelpIsStatusZeroOnStandardOutput) {
+    const Ended ended = Out("--help");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_NE(ended.output.find("quorvictl"), std::string::npos);
+    EXPECT_NE(ended.output.find("info"), std::string::npos);
+}
+
+}  // namespace
