@@ -1,0 +1,26 @@
+// The one application object of the widget tests, on the offscreen platform.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "ui/Look.h"
+
+namespace quorvi {
+
+// A test that needs the window's thread. The application lives from the first of them to the end
+// of the process.
+class QtTest : public ::testing::Test {
+  public:
+    static void SetUpTestSuite() {
+        static int count = 1;
+        static char name[] = "test";
+        static char* arguments[] = {name, nullptr};
+        if (QApplication::instance() == nullptr) {
+            look::Apply(*new QApplication(count, arguments));
+        }
+    }
+};
+
+}  // namespace quorvi

@@ -1,0 +1,501 @@
+// The look of the suite: the one table of colours, the one table of measures, the type scale, the
+// icons, and the few strokes from which every control is painted. No colour and no measure stands
+// in a paint routine outside this header.
+//
+// Everything here belongs to the window's thread. Lengths are logical pixels at scale 1.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPixmap>
+#include <QRectF>
+#include <QString>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+class QApplication;
+class QPainter;
+
+namespace quorvi::look {
+
+// ---- colours -----------------------------------------------------------------------------------
+
+// Names of the colours. Those that begin with `stated` are values that the features give to the
+// letter; they are drawn with that value until the readable inks are asked for.
+enum class Color : std::uint8_t {
+    ink,
+    ink2,
+    ink3,
+    inkOff,
+    onAccent,
+    plum8,
+    plum7,
+    plum6,
+    plum5,
+    rowLight,
+    rowHover,
+    rowSelected,
+    rowBorder,
+    surface,
+    page,
+    chrome1,
+    chrome2,
+    field,
+    fieldOff,
+    fieldLine,
+    line,
+    line2,
+    hair,
+    frame,
+    scroll,
+    scrollHot,
+    blueMark,
+    redMark,
+    greenMark,
+    blue,
+    red,
+    green,
+    amber,
+    star,
+    red5,
+    red7,
+    redSoft,
+    menuGutter,
+    menuSel,
+    menuSelLine,
+    comboSel,
+    flatLine,
+    flatLine2,
+    flatHot,
+    flatPress,
+    flatFill,
+    trackHot,
+    searchLine,
+    skeleton,
+    tip,
+    groove,
+    redOff,
+    plumOff,
+    bar1,
+    bar2,
+    plumTint,
+    statedBlue,
+    statedRed,
+    statedGreen,
+    statedDarkGreen,
+    statedLink,
+    statedGrey,
+    count,
+};
+
+struct ColorRow {
+    Color color;
+    std::string_view token;  // the name in the style sheets of the HTML views, without its dashes
+    QRgb value;
+    Color readable;  // what is drawn when readable inks are asked for: itself for all but `stated…`
+};
+
+namespace detail {
+constexpr QRgb Opaque(unsigned rgb) {
+    return 0xFF000000U | rgb;
+}
+constexpr ColorRow Row(Color color, std::string_view token, unsigned rgb) {
+    return {color, token, Opaque(rgb), color};
+}
+constexpr ColorRow Stated(Color color, std::string_view token, unsigned rgb, Color readable) {
+    return {color, token, Opaque(rgb), readable};
+}
+}  // namespace detail
+
+// Token, value, and what the value becomes when readable inks are asked for. Row i is colour i.
+inline constexpr std::array<ColorRow, static_cast<std::size_t>(Color::count)> kColors = {{
+    // ink
+    detail::Row(Color::ink, "ink", 0x2B2131),
+    detail::Row(Color::ink2, "ink-2", 0x5E5465),
+    detail::Row(Color::ink3, "ink-3", 0x8A8091),
+    detail::Row(Color::inkOff, "ink-off", 0xA99FAE),
+    detail::Row(Color::onAccent, "on-accent", 0xFFFFFF),
+    // plum, the one accent
+    detail::Row(Color::plum8, "plum-8", 0x4A1D51),
+    detail::Row(Color::plum7, "plum-7", 0x6A2A72),
+    detail::Row(Color::plum6, "plum-6", 0x87368F),
+    detail::Row(Color::plum5, "plum-5", 0x9A46A2),
+    // rows
+    detail::Row(Color::rowLight, "row-light", 0xFAF1FA),
+    detail::Row(Color::rowHover, "row-hover", 0xF6E3F6),
+    detail::Row(Color::rowSelected, "row-selected", 0xEECAEF),
+    detail::Row(Color::rowBorder, "row-border", 0xECC2ED),
+    // surfaces
+    detail::Row(Color::surface, "surface", 0xFFFFFF),
+    detail::Row(Color::page, "page", 0xFCF9FD),
+    detail::Row(Color::chrome1, "chrome-1", 0xF1E5F3),
+    detail::Row(Color::chrome2, "chrome-2", 0xF9F3FA),
+    detail::Row(Color::field, "field", 0xFFFFFF),
+    detail::Row(Color::fieldOff, "field-off", 0xF5F1F6),
+    detail::Row(Color::fieldLine, "field-line", 0x8A8091),
+    // lines
+    detail::Row(Color::line, "line", 0xE8DEEA),
+    detail::Row(Color::line2, "line-2", 0xD9CBDD),
+    detail::Row(Color::hair, "hair", 0xF3EAF4),
+    detail::Row(Color::frame, "frame", 0xACA899),
+    detail::Row(Color::scroll, "scroll", 0xCDBFD1),
+    detail::Row(Color::scrollHot, "scroll-hot", 0xA78FAC),
+    // meaning: the mark is a dot, the plain name is text
+    detail::Row(Color::blueMark, "blue-mark", 0x0000FF),
+    detail::Row(Color::redMark, "red-mark", 0xFF0000),
+    detail::Row(Color::greenMark, "green-mark", 0x1D9014),
+    detail::Row(Color::blue, "blue", 0x1B4FB0),
+    detail::Row(Color::red, "red", 0xB01228),
+    detail::Row(Color::green, "green", 0x0B6B12),
+    detail::Row(Color::amber, "amber", 0x8A5200),
+    detail::Row(Color::star, "star", 0xE8A317),
+    detail::Row(Color::red5, "red-5", 0xC42B3D),
+    detail::Row(Color::red7, "red-7", 0x8E0E20),
+    detail::Row(Color::redSoft, "red-soft", 0xF9E3E6),
+    // menu, drop list, flat image button
+    detail::Row(Color::menuGutter, "menu-gutter", 0xE7E7E7),
+    detail::Row(Color::menuSel, "menu-sel", 0xCEE7FF),
+    detail::Row(Color::menuSelLine, "menu-sel-line", 0x84A6C6),
+    detail::Row(Color::comboSel, "combo-sel", 0x59B0DB),
+    detail::Row(Color::flatLine, "flat-line", 0xE0E0E0),
+    detail::Row(Color::flatLine2, "flat-line-2", 0xBDBDBD),
+    detail::Row(Color::flatHot, "flat-hot", 0x359AFF),
+    detail::Row(Color::flatPress, "flat-press", 0xFF9600),
+    detail::Row(Color::flatFill, "flat-fill", 0xE1F0FF),
+    // seldom
+    detail::Row(Color::trackHot, "track-hot", 0x766C7D),
+    detail::Row(Color::searchLine, "search-line", 0xB9A9BD),
+    detail::Row(Color::skeleton, "skeleton", 0xEFE4F1),
+    detail::Row(Color::tip, "tip", 0x3A3040),
+    detail::Row(Color::groove, "groove", 0xEFE6F1),
+    detail::Row(Color::redOff, "red-off", 0xE3D3D6),
+    detail::Row(Color::plumOff, "plum-off", 0xD3B8D6),
+    detail::Row(Color::bar1, "bar-1", 0xE3B0E6),
+    detail::Row(Color::bar2, "bar-2", 0xD79ADB),
+    detail::Row(Color::plumTint, "plum-tint", 0xE6BBE8),
+    // values that the features give to the letter
+    detail::Stated(Color::statedBlue, "stated-blue", 0x0000FF, Color::blue),
+    detail::Stated(Color::statedRed, "stated-red", 0xFF0000, Color::red),
+    detail::Stated(Color::statedGreen, "stated-green", 0x1D9014, Color::green),
+    detail::Stated(Color::statedDarkGreen, "stated-dark-green", 0x008000, Color::green),
+    detail::Stated(Color::statedLink, "stated-link", 0x2882FF, Color::blue),
+    detail::Stated(Color::statedGrey, "stated-grey", 0x828282, Color::ink2),
+}};
+
+constexpr bool ColorRowsInOrder() {
+    for (std::size_t i = 0; i < kColors.size(); ++i) {
+        if (static_cast<std::size_t>(kColors[i].color) != i) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(ColorRowsInOrder());
+
+// Whether text is drawn with inks of at least 4.5 to 1 on every ground instead of the stated
+// values. Set when the desktop asks for high contrast, or the settings value `contrast` is 1.
+// Repaints every window.
+void SetReadableInks(bool on);
+[[nodiscard]] bool ReadableInks();
+
+// The value drawn for a colour, at the moment.
+[[nodiscard]] QColor color(Color color);
+// The same with an opacity in percent.
+[[nodiscard]] QColor color(Color color, int percent);
+
+// ---- measures ----------------------------------------------------------------------------------
+
+struct Metric {
+    // grid and corners
+    static constexpr int gap1 = 4;
+    static constexpr int gap2 = 8;
+    static constexpr int gap3 = 12;
+    static constexpr int gap4 = 16;
+    static constexpr int gap5 = 20;
+    static constexpr int hairline = 1;
+    static constexpr int radius = 4;
+    static constexpr int radiusSmall = 2;
+    static constexpr int radiusTick = 3;
+    static constexpr int radiusPanel = 8;
+    static constexpr int radiusGroup = 10;
+    // focus
+    static constexpr int ringGap = 2;
+    static constexpr int ringWidth = 2;
+    // icons
+    static constexpr int iconField = 16;
+    static constexpr int iconButton = 18;
+    static constexpr int iconTab = 20;
+    static constexpr int iconNav = 24;
+    static constexpr int iconMessage = 36;
+    // buttons
+    static constexpr int buttonHeight = 32;
+    static constexpr int buttonMinWidth = 80;
+    static constexpr int buttonPadding = 16;
+    static constexpr int buttonIconGap = 6;
+    static constexpr int commandWidth = 124;
+    static constexpr int commandGap = 8;
+    static constexpr int flatHeight = 30;
+    static constexpr int flatPadding = 10;
+    static constexpr int smallHeight = 28;
+    static constexpr int smallPadding = 12;
+    static constexpr int smallMinWidth = 64;
+    // check, radio, toggle
+    static constexpr int tick = 16;
+    static constexpr int tickInRow = 13;
+    static constexpr int tickGap = 8;
+    static constexpr int hitHeight = 28;
+    static constexpr int radioDotInset = 5;
+    static constexpr int toggleWidth = 40;
+    static constexpr int toggleHeight = 20;
+    static constexpr int toggleCellWidth = 70;
+    static constexpr int toggleText = 48;
+    static constexpr int toggleMinWidth = 92;
+    static constexpr int knob = 14;
+    static constexpr int knobPressed = 17;
+    static constexpr int knobInset = 3;
+    // fields
+    static constexpr int fieldHeight = 30;
+    static constexpr int fieldPadding = 10;
+    static constexpr int fieldAreaPadding = 5;
+    static constexpr int fieldFocusLine = 2;
+    static constexpr int comboArrowInset = 7;
+    static constexpr int comboArrowSpace = 28;
+    static constexpr int dropRow = 28;
+    static constexpr int dropPadding = 4;
+    static constexpr int searchWidth = 208;
+    static constexpr int searchIconGap = 6;
+    // window
+    static constexpr int windowWidth = 960;
+    static constexpr int windowHeight = 640;
+    static constexpr int captionHeight = 50;
+    static constexpr int captionLogo = 28;
+    static constexpr int captionTitleX = 54;
+    static constexpr int windowButtonWidth = 44;
+    static constexpr int windowButtonHeight = 50;
+    static constexpr int tabsHeight = 40;
+    static constexpr int tabWidth = 120;
+    static constexpr int tabsX = 8;
+    static constexpr int tabBar = 3;
+    static constexpr int tabBarInset = 16;
+    static constexpr int tabIconGap = 8;
+    static constexpr int tabPlateInset = 4;
+    static constexpr int navWidth = 176;
+    static constexpr int navItemWidth = 160;
+    static constexpr int navItemHeight = 44;
+    static constexpr int navPitch = 48;
+    static constexpr int navTop = 10;
+    static constexpr int navInset = 8;
+    static constexpr int navIconX = 16;  // from the item's edge
+    static constexpr int navTextX = 52;  // from the item's edge
+    static constexpr int navBarWidth = 3;
+    static constexpr int navBarHeight = 20;
+    static constexpr int badge = 18;
+    static constexpr int badgePadding = 5;
+    static constexpr int badgeRight = 10;
+    static constexpr int pageX = 188;
+    static constexpr int pageWidth = 760;
+    static constexpr int commandsY = 100;
+    static constexpr int contentY = 142;
+    static constexpr int contentHeight = 462;
+    static constexpr int statusHeight = 28;
+    static constexpr int statusInset = 16;
+    static constexpr int pageInset = 12;
+    static constexpr int contentBottom = 8;
+    // state label, banner
+    static constexpr int dot = 8;
+    static constexpr int dotGap = 6;
+    static constexpr int stateHeight = 18;
+    // group box, progress, panels
+    static constexpr int groupCaption = 32;
+    static constexpr int groupPadding = 16;
+    static constexpr int groupFoot = 12;
+    static constexpr int progressHeight = 18;
+    // menu
+    static constexpr int menuGutter = 32;
+    static constexpr int menuItem = 30;
+    static constexpr int menuImageCell = 24;
+    static constexpr int menuImage = 20;
+    static constexpr int menuImageX = 6;
+    static constexpr int menuTextX = 44;
+    static constexpr int menuPadding = 3;
+    static constexpr int menuTextRight = 20;
+    static constexpr int menuMinWidth = 168;
+    static constexpr int menuSeparator = 7;
+    // lists
+    static constexpr int header = 30;
+    static constexpr int headerRuleInset = 8;
+    static constexpr int rowTall = 60;
+    static constexpr int rowCompact = 30;
+    static constexpr int cellPadding = 8;
+    static constexpr int cellLine = 20;
+    static constexpr int rowPicture = 48;
+    static constexpr int rowPictureInset = 6;
+    static constexpr int rowIcon = 18;
+    static constexpr int rowIconGap = 8;
+    static constexpr int rowBar = 3;
+    static constexpr int starCell = 18;
+    static constexpr int ratingWidth = 120;
+    static constexpr int ratingHeight = 24;
+    static constexpr int linkPadding = 6;
+    static constexpr int imageLinkInsetX = 14;
+    static constexpr int imageLinkInsetY = 20;
+    static constexpr int progressInset = 8;
+    // scroll bar
+    static constexpr int scrollGutter = 12;
+    static constexpr int scrollThumb = 6;
+    static constexpr int scrollInset = 3;
+    static constexpr int scrollMinThumb = 24;
+    // tree
+    static constexpr int treeRow = 28;
+    static constexpr int treeIndent = 22;
+    static constexpr int treePadding = 4;
+    static constexpr int treeCellPadding = 6;
+    static constexpr int chevron = 16;
+    // empty, loading, failed
+    static constexpr int voidPictureWidth = 200;
+    static constexpr int voidPictureHeight = 140;
+    static constexpr int voidGap = 8;
+    static constexpr int voidTitleLine = 22;
+    static constexpr int voidLine = 20;
+    static constexpr int loadBar = 2;
+    static constexpr int loadRows = 4;
+    static constexpr int skeletonLine = 10;
+    static constexpr int skeletonRadius = 4;
+    // tool tip
+    static constexpr int tipPaddingX = 10;
+    static constexpr int tipPaddingY = 4;
+    // dialogs
+    static constexpr int dialogCaption = 40;
+    static constexpr int dialogPadding = 16;
+    static constexpr int formPadding = 20;
+    static constexpr int dialogFooter = 56;
+    static constexpr int formCaption = 64;
+    static constexpr int formGap = 10;
+    static constexpr int questionWidth = 400;
+    static constexpr int questionHeight = 196;
+    static constexpr int questionPadding = 24;
+    static constexpr int questionLine = 22;
+    // shadows and veils
+    static constexpr int shadowMenuBlur = 16;
+    static constexpr int shadowMenuDrop = 4;
+    static constexpr int shadowMenuPercent = 16;
+    static constexpr int shadowWindowBlur = 40;
+    static constexpr int shadowWindowDrop = 12;
+    static constexpr int shadowWindowPercent = 24;
+    static constexpr int edgePercent = 18;
+    static constexpr int scrimPercent = 28;
+    static constexpr int platePercent = 8;
+    static constexpr int knobShadowPercent = 20;
+    // motion, in milliseconds
+    static constexpr int motionHover = 120;
+    static constexpr int motionSwitch = 160;
+    static constexpr int motionFade = 120;
+    static constexpr int motionLoadBar = 1200;
+};
+
+// ---- type --------------------------------------------------------------------------------------
+
+// The type scale, by height in pixels.
+enum class Size : std::uint8_t {
+    s11 = 11,  // badge, progress text
+    s12 = 12,  // list cells, headers, status, tree, tool tips: the kit's nine-point size
+    s13 = 13,  // buttons, fields, navigation, first lines of rows, menus
+    s14 = 14,  // tabs, titles, the question of a dialog
+    s16 = 16,  // page heading, contact name
+    s18 = 18,  // day numbers, phone model
+    s20 = 20,  // placeholder headline
+};
+
+[[nodiscard]] QFont font(Size size, bool bold = false);
+
+// ---- pictures ----------------------------------------------------------------------------------
+
+// The icon ":/icons/<name>.svg", `px` logical pixels square, in one colour, rendered at px times
+// `dpr` and cached. A null pixmap when there is no such icon.
+[[nodiscard]] QPixmap icon(QStringView name, int px, Color color, qreal dpr);
+// The same in a plain colour value.
+[[nodiscard]] QPixmap icon(QStringView name, int px, const QColor& color, qreal dpr);
+// A many-coloured picture of the same folder, at `size` logical pixels.
+[[nodiscard]] QPixmap picture(QStringView name, QSize size, qreal dpr);
+// Draws a pixmap made for the painter's scale, centred in `rect`, on whole device pixels.
+void drawCentred(QPainter& painter, const QRectF& rect, const QPixmap& pixmap);
+// Draws icon `name` centred in `rect` at the painter's scale.
+void drawIcon(QPainter& painter, const QRectF& rect, QStringView name, int px, const QColor& color);
+
+// ---- strokes -----------------------------------------------------------------------------------
+
+// The scale of the device behind a painter.
+[[nodiscard]] qreal scaleOf(const QPainter& painter);
+// Logical width of a hairline: round(scale) device pixels.
+[[nodiscard]] qreal hairline(const QPainter& painter);
+// `rect` with its edges moved to the nearest edges of device pixels.
+[[nodiscard]] QRectF snapped(const QPainter& painter, const QRectF& rect);
+// A filled plate with round corners and an outline of `lineWidth` logical pixels inside `rect`
+// (1: a hairline). Edges lie on device pixels.
+void plate(QPainter& painter, const QRectF& rect, qreal radius, const QColor& fill,
+           const QColor& line, int lineWidth = Metric::hairline);
+// A rectangle of one colour, its edges on device pixels.
+void fill(QPainter& painter, const QRectF& rect, const QColor& color);
+// Hairlines along one edge of `rect`, inside it.
+void topLine(QPainter& painter, const QRectF& rect, const QColor& color);
+void bottomLine(QPainter& painter, const QRectF& rect, const QColor& color);
+void leftLine(QPainter& painter, const QRectF& rect, const QColor& color);
+// The focus ring inside `rect`: 2 pixels of the accent.
+void innerRing(QPainter& painter, const QRectF& rect, qreal radius = 0);
+// The focus ring outside `rect`: 2 pixels of white, then 2 of the accent.
+void outerRing(QPainter& painter, const QRectF& rect, qreal radius);
+
+// ---- buttons -----------------------------------------------------------------------------------
+
+enum class ButtonKind : std::uint8_t {
+    plain,        // and command: white with an outline
+    primary,      // the affirmative
+    erase,        // deletes something
+    flat,         // flat image button
+    link,         // text alone
+    window,       // minimise, maximise
+    windowClose,  // close
+    count,
+};
+
+// What a button looks like at the moment. `stage` is the state of the press machine.
+struct ButtonState {
+    enum class Stage : std::uint8_t { normal, hover, pressed };
+    Stage stage = Stage::normal;
+    bool enabled = true;
+    bool focused = false;  // with a ring of its own, where the kind has one inside
+};
+
+// The colours in which a button's text and icon go on its ground.
+struct ButtonInk {
+    QColor text;
+    QColor icon;
+    bool underline = false;
+};
+
+// Paints a button's ground in `rect` and says what to write on it with.
+ButtonInk paintButton(QPainter& painter, const QRectF& rect, ButtonKind kind, ButtonState state);
+
+enum class Tick : std::uint8_t { off, on, mixed };
+// A tick box that fills `rect`.
+void paintTick(QPainter& painter, const QRectF& rect, Tick tick, ButtonState state);
+// A radio mark that fills `rect`.
+void paintRadio(QPainter& painter, const QRectF& rect, bool on, ButtonState state);
+// A switch that fills `rect`; `position` goes from 0 (off) to 1 (on).
+void paintToggle(QPainter& painter, const QRectF& rect, bool on, qreal position, ButtonState state);
+// The frame of a field or combo.
+void paintField(QPainter& painter, const QRectF& rect, ButtonState state, bool bad = false);
+// A progress bar with its text, "38 %".
+void paintProgress(QPainter& painter, const QRectF& rect, int percent);
+
+// ---- the application ---------------------------------------------------------------------------
+
+// Gives the application the suite's style, font and palette, and turns the readable inks on when
+// the desktop asks for high contrast.
+void Apply(QApplication& application);
+// Whether the desktop asks for less motion.
+[[nodiscard]] bool LessMotion();
+
+}  // namespace quorvi::look
