@@ -3,6 +3,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/Deployment.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
 #include "cli/CommandTable.h"
@@ -12,6 +13,7 @@ namespace quorvi::cli {
 namespace {
 
 Status Run(const std::vector<std::string>& words) {
+    SetCodePage(TheDeployment().codePage);
     const auto line = ReadCommandLine(words, AllCommands());
     if (const auto* call = std::get_if<Call>(&line)) {
         Output output(call->json);
