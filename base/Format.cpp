@@ -47,8 +47,10 @@ std::string FormatUnixTime(std::int64_t seconds) {
         local.tm_year = 70;
         local.tm_mday = 1;
     }
-    return fmt::format("{:4}-{:02}-{:02} {:02}:{:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1,
-                       local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+    // The year of a hostile time can stand at the end of int.
+    const std::int64_t year = std::int64_t{local.tm_year} + 1900;
+    return fmt::format("{:4}-{:02}-{:02} {:02}:{:02}:{:02}", year, local.tm_mon + 1, local.tm_mday,
+                       local.tm_hour, local.tm_min, local.tm_sec);
 }
 
 }  // namespace quorvi

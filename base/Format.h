@@ -15,7 +15,8 @@ namespace quorvi {
 // lower 32 bits first, so that exactly 4 GiB shows as "0 字节"; this is meant.
 [[nodiscard]] std::string FormatByteSize(std::uint64_t bytes);
 
-// Local time of a count of seconds since 1970 as "%4d-%02d-%02d %02d:%02d:%02d".
+// Local time of a count of seconds since 1970 as "%4d-%02d-%02d %02d:%02d:%02d". A time that no
+// calendar holds shows as the start of 1970.
 [[nodiscard]] std::string FormatUnixTime(std::int64_t seconds);
 
 }  // namespace quorvi

@@ -1,6 +1,7 @@
 #include "base/Text.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 #include <unicode/ustring.h>
 
 #include <algorithm>
@@ -13,6 +14,13 @@ namespace quorvi {
 namespace {
 
 constexpr char kBlanks[] = " \t\r\n";
+
+// Bytes re-encoded at a time: the memory for the way between does not grow with the text.
+constexpr std::size_t kPiece = 64 * 1024;
+// Bytes of a code page's longest character.
+constexpr std::size_t kLongestCharacter = 4;
+// What a malformed sequence becomes before it is re-encoded.
+constexpr char32_t kReplacement = 0xFFFD;
 
 std::atomic<CodePage> activeCodePage{CodePage::gbk};
 
@@ -30,6 +38,16 @@ const char* ConverterName(CodePage codePage) {
     return codePage == CodePage::gb18030 ? "gb18030" : "windows-936-2000";
 }
 
+// Writes the default character for whatever the code page lacks. The library's own rule would drop
+// invisible characters, such as a soft hyphen or a joiner, without a trace.
+void WriteDefaultCharacter(const void*, UConverterFromUnicodeArgs* arguments, const char16_t*,
+                           int32_t, UChar32, UConverterCallbackReason reason, UErrorCode* status) {
+    if (reason <= UCNV_IRREGULAR) {
+        *status = U_ZERO_ERROR;
+        ucnv_cbFromUWriteBytes(arguments, "?", 1, 0, status);
+    }
+}
+
 // A converter is not safe to share, and opening one is dear: each thread keeps its own.
 UConverter* AnsiConverter() {
     thread_local Converter converter;
@@ -38,33 +56,58 @@ UConverter* AnsiConverter() {
     if (!converter || opened != wanted) {
         UErrorCode status = U_ZERO_ERROR;
         converter.reset(ucnv_open(ConverterName(wanted), &status));
-        ucnv_setSubstChars(converter.get(), "?", 1, &status);
+        ucnv_setFromUCallBack(converter.get(), WriteDefaultCharacter, nullptr, nullptr, nullptr,
+                              &status);
         opened = wanted;
     }
     return converter.get();
 }
 
-std::u16string Utf8ToUtf16(std::string_view utf8) {
+// `piece` is short enough for the converters' 32-bit lengths.
+std::u16string Utf8ToUtf16(std::string_view piece) {
     // A code unit of UTF-8 gives at most one of UTF-16.
-    std::u16string wide(utf8.size(), u'\0');
+    std::u16string wide(piece.size(), u'\0');
     int32_t length = 0;
     UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8WithSub(wide.data(), static_cast<int32_t>(wide.size()), &length, utf8.data(),
-                         static_cast<int32_t>(utf8.size()), 0xFFFD, nullptr, &status);
-    wide.resize(U_SUCCESS(status) || status == U_STRING_NOT_TERMINATED_WARNING
-                    ? static_cast<std::size_t>(length)
-                    : 0);
+    u_strFromUTF8WithSub(wide.data(), static_cast<int32_t>(wide.size()), &length, piece.data(),
+                         static_cast<int32_t>(piece.size()), kReplacement, nullptr, &status);
+    wide.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
     return wide;
 }
 
-std::string Utf16ToUtf8(std::u16string_view wide) {
-    std::string utf8(wide.size() * 3, '\0');
+void AppendUtf8(std::u16string_view wide, std::string& utf8) {
+    // A code unit of UTF-16 gives at most three of UTF-8.
+    std::string piece(wide.size() * 3, '\0');
     int32_t length = 0;
     UErrorCode status = U_ZERO_ERROR;
-    u_strToUTF8WithSub(utf8.data(), static_cast<int32_t>(utf8.size()), &length, wide.data(),
-                       static_cast<int32_t>(wide.size()), 0xFFFD, nullptr, &status);
-    utf8.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
-    return utf8;
+    u_strToUTF8WithSub(piece.data(), static_cast<int32_t>(piece.size()), &length, wide.data(),
+                       static_cast<int32_t>(wide.size()), kReplacement, nullptr, &status);
+    utf8.append(piece, 0, U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+}
+
+void AppendAnsi(UConverter* converter, std::u16string_view wide, std::string& ansi) {
+    const int32_t most = UCNV_GET_MAX_BYTES_FOR_STRING(static_cast<int32_t>(wide.size()),
+                                                       ucnv_getMaxCharSize(converter));
+    std::string piece(static_cast<std::size_t>(most), '\0');
+    UErrorCode status = U_ZERO_ERROR;
+    const int32_t length = ucnv_fromUChars(converter, piece.data(), most, wide.data(),
+                                           static_cast<int32_t>(wide.size()), &status);
+    ansi.append(piece, 0, U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+}
+
+// The longest start of `utf8` within `most` bytes that does not end inside a character.
+std::string_view WholeCharacters(std::string_view utf8, std::size_t most) {
+    if (utf8.size() <= most) {
+        return utf8;
+    }
+    const auto continues = [&](std::size_t at) {
+        return (static_cast<unsigned char>(utf8[at]) & 0xC0) == 0x80;
+    };
+    std::size_t end = most;
+    while (end > most - 3 && continues(end)) {
+        --end;
+    }
+    return utf8.substr(0, end);
 }
 
 }  // namespace
@@ -81,16 +124,13 @@ std::string ToAnsi(std::string_view utf8) {
     if (IsAscii(utf8)) {
         return std::string(utf8);
     }
-    const std::u16string wide = Utf8ToUtf16(utf8);
     UConverter* converter = AnsiConverter();
-    std::string ansi(static_cast<std::size_t>(UCNV_GET_MAX_BYTES_FOR_STRING(
-                         static_cast<int32_t>(wide.size()), ucnv_getMaxCharSize(converter))),
-                     '\0');
-    UErrorCode status = U_ZERO_ERROR;
-    const int32_t length =
-        ucnv_fromUChars(converter, ansi.data(), static_cast<int32_t>(ansi.size()), wide.data(),
-                        static_cast<int32_t>(wide.size()), &status);
-    ansi.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
+    std::string ansi;
+    while (!utf8.empty()) {
+        const std::string_view piece = WholeCharacters(utf8, kPiece);
+        AppendAnsi(converter, Utf8ToUtf16(piece), ansi);
+        utf8.remove_prefix(piece.size());
+    }
     return ansi;
 }
 
@@ -99,12 +139,22 @@ std::string ToUtf8(std::string_view ansi) {
         return std::string(ansi);
     }
     UConverter* converter = AnsiConverter();
-    std::u16string wide(ansi.size() * 2, u'\0');
-    UErrorCode status = U_ZERO_ERROR;
-    const int32_t length = ucnv_toUChars(converter, wide.data(), static_cast<int32_t>(wide.size()),
-                                         ansi.data(), static_cast<int32_t>(ansi.size()), &status);
-    wide.resize(U_SUCCESS(status) ? static_cast<std::size_t>(length) : 0);
-    return Utf16ToUtf8(wide);
+    ucnv_resetToUnicode(converter);
+    std::string utf8;
+    // A byte gives at most one code unit of UTF-16; a character cut by a piece's end waits inside
+    // the converter for the next piece.
+    std::u16string wide(std::min(ansi.size(), kPiece) + kLongestCharacter, u'\0');
+    while (!ansi.empty()) {
+        const std::string_view piece = ansi.substr(0, kPiece);
+        ansi.remove_prefix(piece.size());
+        const char* source = piece.data();
+        char16_t* target = wide.data();
+        UErrorCode status = U_ZERO_ERROR;
+        ucnv_toUnicode(converter, &target, wide.data() + wide.size(), &source,
+                       piece.data() + piece.size(), nullptr, ansi.empty(), &status);
+        AppendUtf8({wide.data(), static_cast<std::size_t>(target - wide.data())}, utf8);
+    }
+    return utf8;
 }
 
 void Utf8ToAnsi(std::string& text) {

@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "base/ProgramPath.h"
+
+namespace quorvi {
+namespace {
+
+TEST(ProgramPath, IsTheRunningProgramsOwnFile) {
+    EXPECT_EQ(ProgramPath().filename(), "test_base");
+    EXPECT_TRUE(std::filesystem::exists(ProgramPath()));
+    EXPECT_EQ(ProgramDirectory() / "test_base", ProgramPath());
+}
+
+}  // namespace
+}  // namespace quorvi
