@@ -1,0 +1,172 @@
+#include "phone/Handset.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <charconv>
+#include <filesystem>
+
+#include "phone/adb/Packet.h"
+
+namespace quorvi::phone {
+namespace {
+
+// First line of the agent's stand-in package.
+constexpr std::string_view kStandInTitle = "Quorvi agent stand-in package\nversion ";
+
+constexpr std::string_view kZipStart = "PK\x03\x04";
+
+// Longest version number that a stand-in states, in digits.
+constexpr std::size_t kMaxVersionDigits = 9;
+
+// What a phone of that time has before its owner adds anything.
+constexpr std::array<std::string_view, 14> kSystemPackages{
+    "android",
+    "com.android.alarmclock",
+    "com.android.browser",
+    "com.android.calculator2",
+    "com.android.camera",
+    "com.android.contacts",
+    "com.android.email",
+    "com.android.gallery",
+    "com.android.launcher",
+    "com.android.mms",
+    "com.android.music",
+    "com.android.phone",
+    "com.android.providers.contacts",
+    "com.android.settings",
+};
+
+// What the owner of this one has added.
+constexpr std::array<std::string_view, 4> kUserPackages{
+    "com.example.dictionary",
+    "com.example.notes",
+    "com.example.weather",
+    "com.example.audiobooks",
+};
+
+std::string UserPackagePath(std::string_view package) {
+    return fmt::format("/data/app/{}-1.apk", package);
+}
+
+}  // namespace
+
+std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file) {
+    const std::string_view text = AsText(file);
+    if (!text.starts_with(kStandInTitle)) {
+        return std::nullopt;
+    }
+    const std::string_view digits = text.substr(kStandInTitle.size(), kMaxVersionDigits);
+    std::uint32_t version = 0;
+    const auto [end, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), version);
+    if (error != std::errc() || end == digits.data()) {
+        return std::nullopt;
+    }
+    return version;
+}
+
+Handset::Handset(Profile profile) : profile_(std::move(profile)) {
+    for (const auto package : kSystemPackages) {
+        packages_.emplace(package, fmt::format("/system/app/{}.apk", package));
+    }
+    for (const auto package : kUserPackages) {
+        packages_.emplace(package, UserPackagePath(package));
+    }
+    SetAgent(kDeliveredAgentVersion);
+}
+
+bool Handset::PutFile(const std::string& path, StoredFile file) {
+    RemoveFile(path);
+    if (file.bytes.size() > kMaxStoredBytes - storedBytes_) {
+        return false;
+    }
+    storedBytes_ += file.bytes.size();
+    files_[path] = std::move(file);
+    return true;
+}
+
+const StoredFile* Handset::FindFile(const std::string& path) const {
+    const auto found = files_.find(path);
+    return found == files_.end() ? nullptr : &found->second;
+}
+
+bool Handset::IsDirectory(const std::string& path) const {
+    constexpr std::array<std::string_view, 8> kDirectories{
+        "/",    "/data",       "/data/local", "/data/local/tmp",
+        "/mnt", "/mnt/sdcard", "/sdcard",     "/system"};
+    const std::string_view trimmed = path.size() > 1 && path.back() == '/'
+                                         ? std::string_view(path).substr(0, path.size() - 1)
+                                         : std::string_view(path);
+    for (const auto directory : kDirectories) {
+        if (trimmed == directory) {
+            return true;
+        }
+    }
+    const auto inside = files_.lower_bound(std::string(trimmed) + "/");
+    return inside != files_.end() && inside->first.starts_with(std::string(trimmed) + "/");
+}
+
+bool Handset::RemoveFile(const std::string& path) {
+    const auto found = files_.find(path);
+    if (found == files_.end()) {
+        return false;
+    }
+    storedBytes_ -= found->second.bytes.size();
+    files_.erase(found);
+    return true;
+}
+
+std::string Handset::Install(const std::string& path, bool replace) {
+    if (installResult_ && *installResult_ != "Success") {
+        return fmt::format("Failure [{}]", *installResult_);
+    }
+    const StoredFile* file = FindFile(path);
+    if (!file) {
+        return "Failure [INSTALL_FAILED_INVALID_URI]";
+    }
+    const auto agent = StandInVersion(file->bytes);
+    if (!agent && !AsText(file->bytes).starts_with(kZipStart)) {
+        return "Failure [INSTALL_PARSE_FAILED_NOT_APK]";
+    }
+    const std::string package =
+        agent ? std::string(kAgentPackage) : std::filesystem::path(path).stem().string();
+    if (packages_.contains(package) && !replace) {
+        return "Failure [INSTALL_FAILED_ALREADY_EXISTS]";
+    }
+    if (agent) {
+        SetAgent(*agent);
+    } else {
+        packages_[package] = UserPackagePath(package);
+    }
+    return "Success";
+}
+
+bool Handset::Uninstall(const std::string& package) {
+    const auto found = packages_.find(package);
+    if (found == packages_.end() || found->second.starts_with("/system/")) {
+        return false;
+    }
+    if (package == kAgentPackage) {
+        SetAgent(std::nullopt);
+    } else {
+        packages_.erase(found);
+    }
+    return true;
+}
+
+void Handset::SetAgent(std::optional<std::uint32_t> version) {
+    agentVersion_ = version;
+    agentRuns_ = false;
+    packages_.erase(std::string(kAgentPackage));
+    if (version) {
+        packages_.emplace(kAgentPackage, UserPackagePath(kAgentPackage));
+    }
+}
+
+bool Handset::StartAgent() {
+    agentRuns_ = agentVersion_.has_value();
+    return agentRuns_;
+}
+
+}  // namespace quorvi::phone

@@ -1,0 +1,76 @@
+// The phone without its agent's data: files that were pushed, packages, and whether the agent runs.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "agent/Request.h"
+#include "phone/Profile.h"
+
+namespace quorvi::phone {
+
+inline constexpr std::string_view kAgentPackage = "com.quorvi.Quorvi";
+inline constexpr std::string_view kAgentActivity = ".Quorvi";
+
+// The agent's version in the package that is delivered beside the suite.
+inline constexpr std::uint32_t kDeliveredAgentVersion = 20;
+
+// Bytes that all pushed files may have together.
+inline constexpr std::size_t kMaxStoredBytes = 512 * 1024 * 1024;
+
+struct StoredFile {
+    std::uint32_t mode = 0100644;  // as stat gives it
+    std::uint32_t modified = 0;    // seconds since 1970
+    Bytes bytes;
+};
+
+class Handset {
+  public:
+    explicit Handset(Profile profile);
+
+    [[nodiscard]] const Profile& Facts() const { return profile_; }
+
+    // Files by full path. Put is false when the storage is full.
+    [[nodiscard]] bool PutFile(const std::string& path, StoredFile file);
+    [[nodiscard]] const StoredFile* FindFile(const std::string& path) const;
+    [[nodiscard]] bool IsDirectory(const std::string& path) const;
+    bool RemoveFile(const std::string& path);
+    [[nodiscard]] const std::map<std::string, StoredFile>& Files() const { return files_; }
+
+    // Package name to the path of its file.
+    [[nodiscard]] const std::map<std::string, std::string>& Packages() const { return packages_; }
+
+    // What pm prints for it: "Success", or "Failure [CODE]". A file that begins as a zip archive
+    // does becomes a package named after the file; the agent's stand-in becomes the agent, stopped,
+    // in the version that it states.
+    [[nodiscard]] std::string Install(const std::string& path, bool replace);
+    [[nodiscard]] bool Uninstall(const std::string& package);
+    // What pm prints instead of installing, from now on; nothing for the truth.
+    void SetInstallResult(std::optional<std::string> result) { installResult_ = std::move(result); }
+
+    // Zero and above; nothing when it is not installed.
+    [[nodiscard]] std::optional<std::uint32_t> AgentVersion() const { return agentVersion_; }
+    void SetAgent(std::optional<std::uint32_t> version);
+    [[nodiscard]] bool AgentRuns() const { return agentRuns_; }
+    // False when it is not installed.
+    bool StartAgent();
+    void StopAgent() { agentRuns_ = false; }
+
+  private:
+    Profile profile_;
+    std::map<std::string, StoredFile> files_;
+    std::size_t storedBytes_ = 0;
+    std::map<std::string, std::string> packages_;
+    std::optional<std::string> installResult_;
+    std::optional<std::uint32_t> agentVersion_;
+    bool agentRuns_ = false;
+};
+
+// The version that a stand-in package file states in its second line; nothing for other files.
+[[nodiscard]] std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file);
+
+}  // namespace quorvi::phone

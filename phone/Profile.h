@@ -1,0 +1,36 @@
+// What kind of phone is pretended: the facts that adb and the agent report.
+//
+// All text of the simulated phone is UTF-8, as it is on a phone and on the wire.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quorvi::phone {
+
+struct Profile {
+    std::string serial;        // ro.serialno
+    std::string manufacturer;  // ro.product.manufacturer
+    std::string brand;         // ro.product.brand
+    std::string model;         // ro.product.model
+    std::string fullModel;     // as the agent names the phone
+    std::string androidVersion;
+    int apiLevel = 10;
+    int screenWidth = 480;
+    int screenHeight = 800;
+    int screenBits = 32;  // 16 or 32 a pixel
+    int battery = 82;     // per cent
+};
+
+// The phones that several simulated phones are, one after the other; a further one is like the
+// first but for its serial.
+[[nodiscard]] Profile DeliveredProfile(std::size_t index);
+
+// What getprop lists, in its order.
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> PropertiesOf(const Profile& profile);
+
+}  // namespace quorvi::phone
