@@ -1,0 +1,208 @@
+#include "phone/Control.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "phone/Phone.h"
+#include "phone/Shell.h"
+
+namespace quorvi::phone {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// What a command answers: its lines, or why it was not done.
+struct Answer {
+    std::vector<std::string> lines;
+    std::string error;
+};
+
+Answer Error(std::string why) {
+    return {{}, std::move(why)};
+}
+
+std::optional<std::uint32_t> ParseNumber(const std::string& text) {
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+// A command's code; zero for "all".
+std::optional<std::uint32_t> ParseCommand(const std::string& text) {
+    if (text == "all") {
+        return 0;
+    }
+    if (const CommandRow* row = FindCommand(text)) {
+        return static_cast<std::uint32_t>(row->command);
+    }
+    return std::nullopt;
+}
+
+Answer RunFault(Phone& phone, const Words& words) {
+    if (words.size() < 3) {
+        return Error("fault COMMAND|all FAULT [NUMBERS] [times N]");
+    }
+    const auto code = ParseCommand(words[1]);
+    if (!code) {
+        return Error(fmt::format("no command {}", words[1]));
+    }
+    if (words[2] == "none") {
+        phone.TheAgent().faults.Set(*code, std::nullopt);
+        return {};
+    }
+    const auto fault = ParseFault({words.begin() + 2, words.end()});
+    if (!fault) {
+        return Error(fmt::format("no fault {}", words[2]));
+    }
+    phone.TheAgent().faults.Set(*code, fault);
+    return {};
+}
+
+Answer RunFaults(Phone& phone, const Words& words) {
+    if (words.size() > 1 && words[1] == "clear") {
+        phone.TheAgent().faults.Clear();
+        return {};
+    }
+    Answer answer;
+    for (const auto& [code, fault] : phone.TheAgent().faults.All()) {
+        answer.lines.push_back(
+            fmt::format("{} {}", code == 0 ? "all" : std::to_string(code), Describe(fault)));
+    }
+    return answer;
+}
+
+Answer RunAgent(Phone& phone, const Words& words) {
+    Handset& handset = phone.TheHandset();
+    const std::string verb = words.size() > 1 ? words[1] : "";
+    if (verb == "missing") {
+        handset.SetAgent(std::nullopt);
+    } else if (verb == "version" && words.size() > 2 && ParseNumber(words[2])) {
+        const bool ran = handset.AgentRuns();
+        handset.SetAgent(ParseNumber(words[2]));
+        if (ran) {
+            handset.StartAgent();
+        }
+    } else if (verb == "start") {
+        if (!handset.StartAgent()) {
+            return Error("the agent is not installed");
+        }
+    } else if (verb == "stop") {
+        handset.StopAgent();
+    } else {
+        return Error("agent missing|version N|start|stop");
+    }
+    return {};
+}
+
+Answer RunInstall(Phone& phone, const Words& words) {
+    if (words.size() != 2) {
+        return Error("install real|Success|CODE");
+    }
+    phone.TheHandset().SetInstallResult(words[1] == "real" ? std::nullopt
+                                                           : std::optional(words[1]));
+    return {};
+}
+
+Answer RunLog(Phone& phone, const Words& words) {
+    RequestLog& log = phone.TheAgent().log;
+    if (words.size() > 1 && words[1] == "clear") {
+        log.Clear();
+        return {};
+    }
+    return {log.Lines(), {}};
+}
+
+Answer RunDeviations(Phone& phone, const Words&) {
+    return {phone.TheAgent().log.Deviations(), {}};
+}
+
+Answer RunPlug(Phone& phone, const Words&) {
+    return phone.Plug() ? Answer{} : Error(fmt::format("port {} is in use", phone.AdbPort()));
+}
+
+Answer RunUnplug(Phone& phone, const Words&) {
+    phone.Unplug();
+    return {};
+}
+
+Answer RunRelease(Phone& phone, const Words&) {
+    phone.TheAgent().ReleaseStalled();
+    return {};
+}
+
+Answer RunStatus(Phone& phone, const Words&) {
+    const Handset& handset = phone.TheHandset();
+    const auto version = handset.AgentVersion();
+    return {{fmt::format("model {}", handset.Facts().fullModel),
+             fmt::format("adb {} port {}", phone.AdbSerial(), phone.AdbPort()),
+             fmt::format("agent-port {}", phone.AgentPort()),
+             fmt::format("plugged {}", phone.IsPlugged() ? 1 : 0),
+             fmt::format("agent {}", version ? std::to_string(*version) : "missing"),
+             fmt::format("running {}", handset.AgentRuns() ? 1 : 0),
+             fmt::format("streams {}", phone.OpenStreams())},
+            {}};
+}
+
+struct ControlCommand {
+    std::string_view name;
+    Answer (*run)(Phone&, const Words&);
+    std::string_view help;
+};
+
+constexpr std::array<ControlCommand, 10> kCommands{{
+    {"status", RunStatus, "status                   what the phone is and does"},
+    {"fault", RunFault,
+     "fault COMMAND|all FAULT  misbehave at a command, by code or name; \"none\" ends it"},
+    {"faults", RunFaults, "faults [clear]           list the faults, or end them all"},
+    {"release", RunRelease, "release                  let stalled replies go on"},
+    {"agent", RunAgent, "agent missing|version N|start|stop"},
+    {"install", RunInstall,
+     "install CODE|real        what pm install answers: a failure's code, or what is true"},
+    {"unplug", RunUnplug, "unplug                   pull the cable"},
+    {"plug", RunPlug, "plug                     put it in again"},
+    {"log", RunLog, "log [clear]              every request that the agent took"},
+    {"deviations", RunDeviations,
+     "deviations               only those whose frame was not as it should be"},
+}};
+
+}  // namespace
+
+std::string Control(Phone& phone, std::string_view line) {
+    const Words words = SplitCommand(line);
+    if (words.empty()) {
+        return std::string(kControlOk);
+    }
+    const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                    [&](const auto& row) { return row.name == words[0]; });
+    const Answer answer = found == kCommands.end()
+                              ? Error(fmt::format("unknown command {}", words[0]))
+                              : found->run(phone, words);
+    if (!answer.error.empty()) {
+        return fmt::format("error: {}\n", answer.error);
+    }
+    std::string out;
+    for (const std::string& each : answer.lines) {
+        out += each + "\n";
+    }
+    return out + std::string(kControlOk);
+}
+
+std::string ControlHelp() {
+    std::string out;
+    for (const ControlCommand& command : kCommands) {
+        out += fmt::format("  {}\n", command.help);
+    }
+    return out;
+}
+
+}  // namespace quorvi::phone

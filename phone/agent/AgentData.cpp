@@ -1,0 +1,34 @@
+#include "phone/agent/AgentData.h"
+
+#include "phone/agent/Texts.h"
+
+namespace quorvi::phone {
+namespace {
+
+// The phone had been on for two days and some hours when the cable was plugged in.
+constexpr std::uint64_t kUpBefore = ((2 * 24 + 7) * 60 + 41) * 60'000ULL;
+
+PhoneFacts DeliveredFacts() {
+    return {
+        .imei = "355402041234567",
+        .imsi = "460002512345678",
+        .cpu = "ARMv7 Processor rev 2 (v7l) 1.0 GHz",
+        .ram = "148 MB / 341 MB",
+        .rom = "612 MB / 1.07 GB",
+        .sdCard = "5.62 GB / 7.39 GB",
+        .mobileNetwork = Utf8(u8"中国移动 (EDGE)"),
+        .wifiNetwork = Utf8(u8"三号楼的家 (72 Mbps)"),
+    };
+}
+
+}  // namespace
+
+AgentData::AgentData(const Profile& delivered) : profile(delivered), facts(DeliveredFacts()) {}
+
+std::uint64_t AgentData::MillisecondsSinceBoot() const {
+    const auto up = std::chrono::steady_clock::now() - start_;
+    return kUpBefore + static_cast<std::uint64_t>(
+                           std::chrono::duration_cast<std::chrono::milliseconds>(up).count());
+}
+
+}  // namespace quorvi::phone

@@ -1,0 +1,53 @@
+// The commands that the agent answers, one table; each feature group gives its rows.
+//
+// To add a group: write its data and handlers in a file of its own, declare its rows below, and
+// name them in AllCommands.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "agent/AgentCommand.h"
+#include "phone/agent/Exchange.h"
+
+namespace quorvi::phone {
+
+// How a request's end is known, and where its items begin.
+enum class RequestForm {
+    bare,            // code
+    framed,          // code, total, item count, items
+    conversation,    // code, conversation id: 8 bytes
+    runApplication,  // code, 1, total, name: the count in front of the total
+    clean,           // code, total, count of names, three flag bytes, names
+};
+
+using Handler = void (*)(Exchange&);
+
+struct CommandRow {
+    AgentCommand command;
+    std::string_view name;
+    RequestForm form;
+    // Nothing: the agent takes the request and closes without a reply.
+    Handler handler = nullptr;
+};
+
+[[nodiscard]] std::span<const CommandRow> PhoneCommands();
+
+// Nothing for a code outside the table.
+[[nodiscard]] const CommandRow* FindCommand(std::uint32_t code);
+// By its name or its code in digits, as people and scripts give it.
+[[nodiscard]] const CommandRow* FindCommand(std::string_view nameOrCode);
+
+// Runs a command on a whole request of its form: every deviation of the frame from what the form
+// asks is named in `deviations`.
+struct Outcome {
+    AgentReply reply;  // empty bytes: close without a reply
+    std::vector<std::string> deviations;
+    std::string note;
+};
+[[nodiscard]] Outcome RunCommand(const CommandRow& row, AgentData& data,
+                                 std::span<const std::byte> request);
+
+}  // namespace quorvi::phone

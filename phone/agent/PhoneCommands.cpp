@@ -1,0 +1,62 @@
+// The phone itself: what it is, which version the agent has, and all of its state in one record.
+#include <fmt/format.h>
+
+#include <array>
+#include <string>
+
+#include "phone/agent/AgentData.h"
+#include "phone/agent/Commands.h"
+
+namespace quorvi::phone {
+namespace {
+
+// What the agent answers as the kind of client it serves.
+constexpr std::uint32_t kClientCode = 1;
+
+void DeviceSummary(Exchange& exchange) {
+    exchange.reply.UInt32(kClientCode)
+        .UInt32(static_cast<std::uint32_t>(exchange.data.profile.apiLevel))
+        .Text(exchange.data.profile.fullModel);
+}
+
+void Version(Exchange& exchange) {
+    exchange.reply.Word(exchange.data.version);
+}
+
+void SystemInformation(Exchange& exchange) {
+    const Profile& profile = exchange.data.profile;
+    const PhoneFacts& facts = exchange.data.facts;
+    exchange.reply.Text(profile.fullModel)
+        .UInt64(exchange.data.MillisecondsSinceBoot())
+        .Text("Android " + profile.androidVersion)
+        .Text(facts.imei)
+        .Text(facts.imsi)
+        .Text(fmt::format("{} x {}", profile.screenWidth, profile.screenHeight))
+        .Text(std::to_string(profile.battery))
+        .Text(facts.cpu)
+        .Text(facts.ram)
+        .Text(facts.rom)
+        .Text(facts.sdCard)
+        .UInt32(facts.gps)
+        .UInt32(facts.bluetooth)
+        .UInt32(facts.wifi)
+        .UInt32(facts.gravity)
+        .Text(facts.mobileNetwork)
+        .Text(facts.wifiNetwork)
+        .UInt32(facts.brightness);
+}
+
+constexpr std::array kRows{
+    CommandRow{AgentCommand::deviceSummary, "deviceSummary", RequestForm::bare, DeviceSummary},
+    CommandRow{AgentCommand::agentVersion, "agentVersion", RequestForm::bare, Version},
+    CommandRow{AgentCommand::systemInformation, "systemInformation", RequestForm::bare,
+               SystemInformation},
+};
+
+}  // namespace
+
+std::span<const CommandRow> PhoneCommands() {
+    return kRows;
+}
+
+}  // namespace quorvi::phone
