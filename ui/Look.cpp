@@ -4,12 +4,18 @@
 #include <QPalette>
 #include <QWidget>
 
+#include "ui/FocusRing.h"
 #include "ui/SkinStyle.h"
 
 namespace quorvi::look {
 namespace {
 
 bool& ReadableFlag() {
+    static bool on = false;
+    return on;
+}
+
+bool& LessMotionFlag() {
     static bool on = false;
     return on;
 }
@@ -97,10 +103,19 @@ QFont font(Size size, bool bold) {
     return made;
 }
 
+bool LessMotion() {
+    return LessMotionFlag();
+}
+
+void SetLessMotion(bool on) {
+    LessMotionFlag() = on;
+}
+
 void Apply(QApplication& application) {
     application.setStyle(new SkinStyle);
     application.setFont(font(Size::s13));
     application.setPalette(Palette());
+    new FocusRing(&application);
 }
 
 }  // namespace quorvi::look

@@ -495,7 +495,8 @@ void paintProgress(QPainter& painter, const QRectF& rect, int percent);
 // Gives the application the suite's style, font and palette, and turns the readable inks on when
 // the desktop asks for high contrast.
 void Apply(QApplication& application);
-// Whether the desktop asks for less motion.
+// Whether the desktop asks for less motion: then nothing moves by itself.
 [[nodiscard]] bool LessMotion();
+void SetLessMotion(bool on);
 
 }  // namespace quorvi::look

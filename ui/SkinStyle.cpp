@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "ui/Look.h"
+#include "ui/SkinFields.h"
 #include "ui/SkinMenu.h"
 
 namespace quorvi {
@@ -39,6 +40,16 @@ QRect ThumbRect(const QStyleOptionSlider& bar) {
                                                      groove - thumb, bar.upsideDown);
     return upright ? QRect(bar.rect.x(), bar.rect.y() + from, bar.rect.width(), thumb)
                    : QRect(bar.rect.x() + from, bar.rect.y(), thumb, bar.rect.height());
+}
+
+void PaintLineEdit(QPainter& painter, const QStyleOptionFrame& panel, const QWidget* widget) {
+    using Stage = look::ButtonState::Stage;
+    const auto* edit = qobject_cast<const CSkinEdit*>(widget);
+    look::paintField(
+        painter, panel.rect,
+        {(panel.state & QStyle::State_MouseOver) != 0 ? Stage::hover : Stage::normal,
+         (panel.state & QStyle::State_Enabled) != 0, (panel.state & QStyle::State_HasFocus) != 0},
+        edit != nullptr && edit->Bad());
 }
 
 void PaintScrollBar(QPainter& painter, const QStyleOptionSlider& bar) {
@@ -72,6 +83,18 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             return;
         case PE_PanelMenu:
             PaintMenuPanel(*painter, option->rect);
+            return;
+        case PE_FrameLineEdit:
+            return;
+        case PE_PanelLineEdit: {
+            const auto* panel = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            if (panel != nullptr && panel->lineWidth > 0) {
+                PaintLineEdit(*painter, *panel, widget);
+            }
+            return;
+        }
+        case PE_Frame:
+            look::plate(*painter, option->rect, 0, Qt::transparent, look::color(Color::frame));
             return;
         case PE_PanelTipLabel:
             look::plate(*painter, option->rect, Metric::radius, look::color(Color::tip),
@@ -160,6 +183,9 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
             return Metric::tipPaddingY;
         case PM_DefaultFrameWidth:
             return Metric::hairline;
+        case PM_FocusFrameHMargin:
+        case PM_FocusFrameVMargin:
+            return Metric::ringGap + Metric::ringWidth;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -178,6 +204,10 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         case SH_ScrollBar_LeftClickAbsolutePosition:
             return 0;
         case SH_ItemView_ActivateItemOnSingleClick:
+            return 0;
+        case SH_FocusFrame_AboveWidget:
+            return 1;
+        case SH_FocusFrame_Mask:
             return 0;
         case SH_ToolTipLabel_Opacity:
             return 255;
