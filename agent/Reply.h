@@ -8,8 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "agent/Request.h"
+#include <utility>
 
 namespace quorvi {
 
@@ -25,7 +24,7 @@ class Unmapper {
 
 // The payload of a reply: Length() bytes, of which the first Received() came from the phone and the
 // rest (a reply that was cut) are zero. The memory grows with the bytes that arrive, not with the
-// length that the peer claims. Moves only; rows that keep parts of it share it by shared_ptr.
+// length that the peer claims. Moves only; rows that keep parts of it share it: see SharedReply.
 class ReplyBuffer {
   public:
     ReplyBuffer() = default;
@@ -49,6 +48,21 @@ class ReplyBuffer {
     std::unique_ptr<std::byte[], Unmapper> memory_;
     std::uint32_t length_ = 0;
     std::uint32_t received_ = 0;
+};
+
+// A reply that rows keep parts of: none of its bytes is copied, and all are freed with the last
+// row.
+using SharedReply = std::shared_ptr<const ReplyBuffer>;
+[[nodiscard]] inline SharedReply ShareReply(ReplyBuffer buffer) {
+    return std::make_shared<const ReplyBuffer>(std::move(buffer));
+}
+
+// Bytes that lie in a reply, such as a photo, and the reply that holds them.
+//
+//   if (const auto photo = cursor.TakeBlob()) record.photo = {reply, *photo};
+struct SharedBytes {
+    SharedReply reply;
+    std::span<const std::byte> bytes;
 };
 
 // An offset into a reply that moves through its fields, starting behind the leading word.
