@@ -75,7 +75,7 @@ constexpr std::array<Option, 21> kOptions{{
      },
      "take commands on 127.0.0.1:PORT (0: any free port)"},
     {"--adb-port", "PORT",
-     [](Parsing& p, const std::string& value) { return Parse(value, p.phone.adbPort); },
+     [](Parsing& p, const std::string& value) { return Parse(value, p.phone.adbPort.emplace()); },
      "where the adb server finds the phone (the first free odd port from 5555)"},
     {"--agent-port", "PORT",
      [](Parsing& p, const std::string& value) { return Parse(value, p.phone.agentPort.emplace()); },

@@ -30,6 +30,15 @@ std::uint16_t ServerPort() {
 
 }  // namespace
 
+PhoneOptions AgentAlone() {
+    PhoneOptions options;
+    options.profile = DeliveredProfile(0);
+    options.agentPort = 0;
+    options.announce = false;
+    options.plugged = false;
+    return options;
+}
+
 Phone::Phone(EventLoop& loop, PhoneOptions options)
     : loop_(loop),
       options_(std::move(options)),
@@ -46,10 +55,6 @@ std::string Phone::Start() {
     if (!options_.logFile.empty() && !agent_.log.AlsoWriteTo(options_.logFile)) {
         return fmt::format("cannot write {}", options_.logFile);
     }
-    if (!TakeAdbPort()) {
-        return fmt::format("port {} is in use", options_.adbPort);
-    }
-    adbListener_.Close();
     if (options_.agentPort && !agentListener_.Open(*options_.agentPort, [this](TcpSocket s) {
             AcceptPlain(std::move(s));
         })) {
@@ -62,7 +67,8 @@ std::string Phone::Start() {
         }
     }
     if (options_.plugged && !Plug()) {
-        return fmt::format("port {} is in use", options_.adbPort);
+        return options_.adbPort ? fmt::format("port {} is in use", *options_.adbPort)
+                                : "all ports for emulators are in use";
     }
     return {};
 }
@@ -71,9 +77,11 @@ bool Phone::Listen(std::uint16_t port) {
     return adbListener_.Open(port, [this](TcpSocket socket) { Accept(std::move(socket)); });
 }
 
-bool Phone::TakeAdbPort() {
-    if (options_.adbPort != 0) {
-        return Listen(options_.adbPort);
+bool Phone::ListenForServer() {
+    if (options_.adbPort) {
+        const bool listens = Listen(*options_.adbPort);
+        options_.adbPort = listens ? adbListener_.Port() : *options_.adbPort;
+        return listens;
     }
     for (std::uint16_t port = kFirstEmulatorPort; port <= kLastEmulatorPort; port += 2) {
         if (Listen(port)) {
@@ -85,7 +93,7 @@ bool Phone::TakeAdbPort() {
 }
 
 bool Phone::Plug() {
-    if (!IsPlugged() && !Listen(options_.adbPort)) {
+    if (!IsPlugged() && !ListenForServer()) {
         return false;
     }
     if (options_.announce) {
@@ -102,8 +110,8 @@ void Phone::Unplug() {
 }
 
 std::string Phone::AdbSerial() const {
-    return IsEmulatorPort(options_.adbPort) ? fmt::format("emulator-{}", options_.adbPort - 1)
-                                            : fmt::format("127.0.0.1:{}", options_.adbPort);
+    return IsEmulatorPort(AdbPort()) ? fmt::format("emulator-{}", AdbPort() - 1)
+                                     : fmt::format("127.0.0.1:{}", AdbPort());
 }
 
 std::size_t Phone::OpenStreams() const {
@@ -117,10 +125,9 @@ std::size_t Phone::OpenStreams() const {
 void Phone::Announce() const {
     const TcpSocket server = TcpSocket::Connect(ServerPort());
     if (server.IsOpen()) {
-        const std::string service =
-            IsEmulatorPort(options_.adbPort)
-                ? fmt::format("host:emulator:{}", options_.adbPort)
-                : fmt::format("host:connect:127.0.0.1:{}", options_.adbPort);
+        const std::string service = IsEmulatorPort(AdbPort())
+                                        ? fmt::format("host:emulator:{}", AdbPort())
+                                        : fmt::format("host:connect:127.0.0.1:{}", AdbPort());
         const std::string framed = fmt::format("{:04X}{}", service.size(), service);
         server.Send(std::as_bytes(std::span(framed)));
     }

@@ -26,8 +26,8 @@ inline constexpr std::size_t kMaxTransports = 8;
 
 struct PhoneOptions {
     Profile profile;
-    // Zero: the first free one on which adb servers look.
-    std::uint16_t adbPort = 0;
+    // Nothing: the first free one on which adb servers look; zero: any free port.
+    std::optional<std::uint16_t> adbPort;
     // Answers the agent's protocol here too, with no adb in between; zero: any free port; nothing:
     // not at all.
     std::optional<std::uint16_t> agentPort;
@@ -40,6 +40,10 @@ struct PhoneOptions {
     // Lines for Control, run before the phone is plugged in.
     std::vector<std::string> commands;
 };
+
+// A phone without a cable whose agent answers on a free port: what a test needs that is not about
+// adb.
+[[nodiscard]] PhoneOptions AgentAlone();
 
 class Phone {
   public:
@@ -58,7 +62,8 @@ class Phone {
     void Unplug();
     [[nodiscard]] bool IsPlugged() const { return adbListener_.Port() != 0; }
 
-    [[nodiscard]] std::uint16_t AdbPort() const { return options_.adbPort; }
+    // Zero until the phone was plugged in first; then it stays.
+    [[nodiscard]] std::uint16_t AdbPort() const { return options_.adbPort.value_or(0); }
     [[nodiscard]] std::uint16_t AgentPort() const { return agentListener_.Port(); }
     // As the adb server names it: "emulator-5554" or "127.0.0.1:6000".
     [[nodiscard]] std::string AdbSerial() const;
@@ -70,7 +75,7 @@ class Phone {
 
   private:
     [[nodiscard]] bool Listen(std::uint16_t port);
-    [[nodiscard]] bool TakeAdbPort();
+    [[nodiscard]] bool ListenForServer();
     void Accept(TcpSocket socket);
     void AcceptPlain(TcpSocket socket);
     [[nodiscard]] std::unique_ptr<Service> OpenService(std::string_view name, Sink& sink);
