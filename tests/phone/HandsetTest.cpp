@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "phone/Handset.h"
+#include "phone/adb/Packet.h"
+
+namespace quorvi::phone {
+namespace {
+
+const std::string kPushed = "/data/local/tmp/com.quorvi.Quorvi.apk";
+
+StoredFile StandIn(std::string_view version) {
+    return {0100644, 0,
+            ToBytes("Quorvi agent stand-in package\nversion " + std::string(version) + "\n")};
+}
+
+TEST(Handset, HasTheDeliveredAgentInstalledAndStoppedAtFirst) {
+    const Handset handset(DeliveredProfile(0));
+    EXPECT_EQ(handset.AgentVersion(), kDeliveredAgentVersion);
+    EXPECT_FALSE(handset.AgentRuns());
+    EXPECT_TRUE(handset.Packages().contains("com.quorvi.Quorvi"));
+}
+
+TEST(Handset, InstallsTheAgentInTheVersionThatItsFileStates) {
+    Handset handset(DeliveredProfile(0));
+    handset.SetAgent(std::nullopt);
+    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("23")));
+    EXPECT_EQ(handset.Install(kPushed, false), "Success");
+    EXPECT_EQ(handset.AgentVersion(), 23u);
+}
+
+TEST(Handset, AnInstallStopsTheAgent) {
+    Handset handset(DeliveredProfile(0));
+    handset.StartAgent();
+    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    EXPECT_EQ(handset.Install(kPushed, true), "Success");
+    EXPECT_FALSE(handset.AgentRuns());
+}
+
+TEST(Handset, RefusesWhatIsThereUnlessToldToReplace) {
+    Handset handset(DeliveredProfile(0));
+    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    EXPECT_EQ(handset.Install(kPushed, false), "Failure [INSTALL_FAILED_ALREADY_EXISTS]");
+}
+
+TEST(Handset, RefusesAFileThatIsNoPackage) {
+    Handset handset(DeliveredProfile(0));
+    ASSERT_TRUE(handset.PutFile("/data/local/tmp/notes.apk", {0100644, 0, ToBytes("notes")}));
+    EXPECT_EQ(handset.Install("/data/local/tmp/notes.apk", true),
+              "Failure [INSTALL_PARSE_FAILED_NOT_APK]");
+}
+
+TEST(Handset, NamesAnArchiveAfterItsFile) {
+    Handset handset(DeliveredProfile(0));
+    ASSERT_TRUE(
+        handset.PutFile("/sdcard/com.example.game.apk", {0100644, 0, ToBytes("PK\x03\x04")}));
+    EXPECT_EQ(handset.Install("/sdcard/com.example.game.apk", true), "Success");
+    EXPECT_TRUE(handset.Packages().contains("com.example.game"));
+}
+
+TEST(Handset, AnswersTheInstallResultThatItWasTold) {
+    Handset handset(DeliveredProfile(0));
+    handset.SetAgent(7);
+    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    handset.SetInstallResult("INSTALL_FAILED_INSUFFICIENT_STORAGE");
+    EXPECT_EQ(handset.Install(kPushed, true), "Failure [INSTALL_FAILED_INSUFFICIENT_STORAGE]");
+    EXPECT_EQ(handset.AgentVersion(), 7u);
+}
+
+TEST(Handset, KeepsTheSystemsOwnPackages) {
+    Handset handset(DeliveredProfile(0));
+    EXPECT_FALSE(handset.Uninstall("com.android.phone"));
+    EXPECT_TRUE(handset.Uninstall("com.example.weather"));
+    EXPECT_FALSE(handset.Uninstall("com.example.weather"));
+}
+
+TEST(Handset, AnAgentThatIsNotInstalledDoesNotStart) {
+    Handset handset(DeliveredProfile(0));
+    handset.SetAgent(std::nullopt);
+    EXPECT_FALSE(handset.StartAgent());
+    EXPECT_FALSE(handset.AgentRuns());
+}
+
+TEST(Handset, TakesNoMoreThanItsStorageHolds) {
+    Handset handset(DeliveredProfile(0));
+    StoredFile huge;
+    huge.bytes.resize(kMaxStoredBytes);
+    ASSERT_TRUE(handset.PutFile("/sdcard/huge", std::move(huge)));
+    EXPECT_FALSE(handset.PutFile("/sdcard/more", {0100644, 0, ToBytes("x")}));
+    handset.RemoveFile("/sdcard/huge");
+    EXPECT_TRUE(handset.PutFile("/sdcard/more", {0100644, 0, ToBytes("x")}));
+}
+
+TEST(StandInVersion, IsNothingForOtherFiles) {
+    EXPECT_FALSE(StandInVersion(ToBytes("PK\x03\x04")));
+    EXPECT_FALSE(StandInVersion(ToBytes("Quorvi agent stand-in package\nversion x")));
+    EXPECT_FALSE(StandInVersion({}));
+}
+
+TEST(DeliveredProfile, TellsPhonesApartHoweverMany) {
+    EXPECT_NE(DeliveredProfile(0).serial, DeliveredProfile(3).serial);
+    EXPECT_EQ(DeliveredProfile(0).model, DeliveredProfile(3).model);
+}
+
+}  // namespace
+}  // namespace quorvi::phone
