@@ -59,7 +59,8 @@ QPalette Palette() {
     for (const Pair& pair : kRoles) {
         palette.setColor(pair.role, color(pair.color));
     }
-    for (const Role role : {Role::WindowText, Role::Text, Role::ButtonText}) {
+    for (const Role role :
+         {Role::WindowText, Role::Text, Role::ButtonText, Role::PlaceholderText}) {
         palette.setColor(QPalette::Disabled, role, color(Color::inkOff));
     }
     palette.setColor(QPalette::Disabled, Role::Base, color(Color::fieldOff));

@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace quorvi {
 
@@ -25,6 +26,11 @@ constexpr std::array<StateColors, 3> kStates{{{Color::blueMark, Color::statedBlu
                                               {Color::redMark, Color::statedRed},
                                               {Color::greenMark, Color::statedGreen}}};
 
+// The width that a label's text takes, in whole pixels.
+int TextWidth(const QLabel& label) {
+    return static_cast<int>(std::ceil(QFontMetricsF(label.font()).horizontalAdvance(label.text())));
+}
+
 }  // namespace
 
 CSkinStateLabel::CSkinStateLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
@@ -43,8 +49,7 @@ void CSkinStateLabel::SetState(int state, const QString& text) {
 }
 
 QSize CSkinStateLabel::sizeHint() const {
-    return {Metric::dot + Metric::dotGap + fontMetrics().horizontalAdvance(text()),
-            Metric::stateHeight};
+    return {Metric::dot + Metric::dotGap + TextWidth(*this), Metric::stateHeight};
 }
 
 QSize CSkinStateLabel::minimumSizeHint() const {
@@ -58,14 +63,15 @@ void CSkinStateLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const StateColors& colors = kStates[static_cast<std::size_t>(state_)];
     const int space = width() - Metric::dot - Metric::dotGap;
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, space);
-    const int words = std::min(space, fontMetrics().horizontalAdvance(shown));
+    const bool fits = TextWidth(*this) <= space;
+    const QString shown = fits ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, space);
+    const int words = fits ? TextWidth(*this) : space;
     const int left = (alignment() & Qt::AlignRight) != 0 ? space - words : 0;
     look::plate(painter, QRectF(left, (height() - Metric::dot) / 2.0, Metric::dot, Metric::dot),
                 Metric::dot / 2.0, look::color(colors.dot), Qt::transparent);
     painter.setFont(font());
     painter.setPen(look::color(isEnabled() ? colors.text : Color::inkOff));
-    painter.drawText(QRect(left + Metric::dot + Metric::dotGap, 0, words + 1, height()),
+    painter.drawText(QRect(left + Metric::dot + Metric::dotGap, 0, words, height()),
                      Qt::AlignVCenter | Qt::AlignLeft, shown);
 }
 

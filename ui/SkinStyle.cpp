@@ -183,6 +183,14 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
             return Metric::tipPaddingY;
         case PM_DefaultFrameWidth:
             return Metric::hairline;
+        case PM_LayoutLeftMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutBottomMargin:
+            return 0;
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutVerticalSpacing:
+            return Metric::gap2;
         case PM_FocusFrameHMargin:
         case PM_FocusFrameVMargin:
             return Metric::ringGap + Metric::ringWidth;
