@@ -1,0 +1,49 @@
+#include "tests/support/PrivateNetwork.h"
+
+#include <net/if.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace quorvi {
+namespace {
+
+// Keeps the user's number inside a new user namespace.
+void MapUser(uid_t user, gid_t group) {
+    std::ofstream("/proc/self/setgroups") << "deny";
+    std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
+    std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
+}
+
+bool RaiseLoopback() {
+    const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    ifreq request{};
+    std::strcpy(request.ifr_name, "lo");
+    request.ifr_flags = IFF_UP | IFF_RUNNING;
+    const bool up = ioctl(descriptor, SIOCSIFFLAGS, &request) == 0;
+    close(descriptor);
+    return up;
+}
+
+}  // namespace
+
+bool EnterPrivateNetwork() {
+    // Root may simply do so; anyone else first becomes root of a user namespace, where the system
+    // has those.
+    if (unshare(CLONE_NEWNET) != 0) {
+        const uid_t user = getuid();
+        const gid_t group = getgid();
+        if (unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0) {
+            return false;
+        }
+        MapUser(user, group);
+    }
+    return RaiseLoopback();
+}
+
+}  // namespace quorvi
