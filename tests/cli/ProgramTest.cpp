@@ -5,16 +5,18 @@
 #include <cstdio>
 #include <string>
 
+#include "tests/support/PrivateNetwork.h"
+
 namespace {
+
+const auto* const kNetwork = testing::AddGlobalTestEnvironment(new quorvi::PrivateNetwork);
 
 struct Ended {
     int status = -1;
     std::string output;
 };
 
-// `redirect` chooses which of the two streams is read.
-Ended Run(const std::string& arguments, const std::string& redirect) {
-    const std::string line = QUORVI_BIN_DIR "/quorvictl " + arguments + " " + redirect;
+Ended RunLine(const std::string& line) {
     Ended ended;
     std::FILE* pipe = popen(line.c_str(), "r");
     if (pipe == nullptr) {
@@ -29,11 +31,12 @@ Ended Run(const std::string& arguments, const std::string& redirect) {
     return ended;
 }
 
+// Each reads one of the program's two streams.
 Ended Out(const std::string& arguments) {
-    return Run(arguments, "2>/dev/null");
+    return RunLine(QUORVI_BIN_DIR "/quorvictl " + arguments + " 2>/dev/null");
 }
 Ended Err(const std::string& arguments) {
-    return Run(arguments, "2>&1 >/dev/null");
+    return RunLine(QUORVI_BIN_DIR "/quorvictl " + arguments + " 2>&1 >/dev/null");
 }
 
 TEST(Program, WrongUsageIsStatusOneAndSaidOnStandardErrorAlone) {
@@ -49,6 +52,20 @@ TEST(Program, HelpIsStatusZeroOnStandardOutput) {
     EXPECT_EQ(ended.status, 0);
     EXPECT_NE(ended.output.find("quorvictl"), std::string::npos);
     EXPECT_NE(ended.output.find("info"), std::string::npos);
+}
+
+TEST(Program, WithoutALinkItSaysSoWithStatusTwo) {
+    const Ended out = Out("info --json");
+    EXPECT_EQ(out.status, 2);
+    EXPECT_EQ(out.output, "");
+    EXPECT_EQ(Err("info --json").output, "quorvictl: 【X】连接错误\n");
+}
+
+TEST(Program, LinksNothingOfTheWindow) {
+    const Ended ended = RunLine("ldd " QUORVI_BIN_DIR "/quorvictl");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_NE(ended.output.find("libjsoncpp"), std::string::npos);
+    EXPECT_EQ(ended.output.find("libQt"), std::string::npos);
 }
 
 }  // namespace
