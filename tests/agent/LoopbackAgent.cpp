@@ -17,11 +17,14 @@ namespace {
 
 constexpr int kBacklog = 64;
 
-// A listening socket on an ephemeral port.
-TcpSocket Listen() {
+// A listening socket; on an ephemeral port for port 0.
+TcpSocket Listen(std::uint16_t port) {
     TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP));
+    const int on = 1;
+    setsockopt(socket.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     sockaddr_in address{};
     address.sin_family = AF_INET;
+    address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (bind(socket.Descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
             0 ||
@@ -44,9 +47,9 @@ void Append(Bytes& out, std::span<const std::byte> bytes) {
 
 }  // namespace
 
-LoopbackAgent::LoopbackAgent(Answer answer)
+LoopbackAgent::LoopbackAgent(Answer answer, std::uint16_t port)
     : answer_(std::move(answer)),
-      listener_(Listen()),
+      listener_(Listen(port)),
       port_(PortOf(listener_)),
       thread_([this] { AcceptAll(); }) {}
 
@@ -112,7 +115,7 @@ std::vector<Exchange> LoopbackAgent::Exchanges(std::size_t count) {
 }
 
 std::uint16_t UnusedPort() {
-    return PortOf(Listen());
+    return PortOf(Listen(0));
 }
 
 Bytes Join(std::initializer_list<Bytes> fields) {

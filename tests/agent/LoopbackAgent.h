@@ -40,11 +40,13 @@ struct Exchange {
 
 class LoopbackAgent {
   public:
-    explicit LoopbackAgent(Answer answer);
+    // On an ephemeral port, unless told which.
+    explicit LoopbackAgent(Answer answer, std::uint16_t port = 0);
     ~LoopbackAgent();
     LoopbackAgent(const LoopbackAgent&) = delete;
     LoopbackAgent& operator=(const LoopbackAgent&) = delete;
 
+    // Zero when the port could not be had.
     [[nodiscard]] std::uint16_t Port() const { return port_; }
     // Waits until `count` connections have ended, and gives them in the order of their ends.
     [[nodiscard]] std::vector<Exchange> Exchanges(std::size_t count);
