@@ -1,0 +1,156 @@
+#include "tests/e2e/Bench.h"
+
+#include <fmt/format.h>
+#include <stdlib.h>
+
+#include <array>
+#include <chrono>
+#include <thread>
+
+#include "base/TcpSocket.h"
+#include "base/Text.h"
+#include "phone/adb/Packet.h"
+
+namespace quorvi::e2e {
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(10);
+constexpr auto kPause = std::chrono::milliseconds(5);
+
+template <typename Test>
+bool WaitUntil(Test test) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!test()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(kPause);
+    }
+    return true;
+}
+
+std::uint16_t FreePort() {
+    phone::EventLoop loop;
+    phone::Listener listener(loop);
+    return listener.Open(0, [](TcpSocket) {}) ? listener.Port() : std::uint16_t{0};
+}
+
+std::vector<phone::PhoneOptions> DeliveredPhones(std::size_t count) {
+    std::vector<phone::PhoneOptions> phones(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        phones[i].profile = phone::DeliveredProfile(i);
+    }
+    return phones;
+}
+
+std::string ReadToEnd(const TcpSocket& socket) {
+    std::string text;
+    std::array<std::byte, 4096> piece;
+    for (std::ptrdiff_t count; (count = socket.Receive(piece)) > 0;) {
+        text += phone::AsText(std::span(piece).first(static_cast<std::size_t>(count)));
+    }
+    return text;
+}
+
+}  // namespace
+
+TemporaryDirectory::TemporaryDirectory() {
+    std::string name = (std::filesystem::temp_directory_path() / "quorvi-e2e-XXXXXX").string();
+    path_ = mkdtemp(name.data()) ? name : std::string();
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+EnvironmentVariable::EnvironmentVariable(std::string name, const std::string& value)
+    : name_(std::move(name)) {
+    if (const char* before = getenv(name_.c_str())) {
+        before_ = before;
+    }
+    setenv(name_.c_str(), value.c_str(), 1);
+}
+
+EnvironmentVariable::~EnvironmentVariable() {
+    before_ ? setenv(name_.c_str(), before_->c_str(), 1) : unsetenv(name_.c_str());
+}
+
+Bench::Bench(std::size_t phoneCount) : Bench(DeliveredPhones(phoneCount)) {}
+
+Bench::Bench(std::vector<phone::PhoneOptions> phones)
+    : serverPort_(FreePort()),
+      homeVariable_("HOME", home_.Path().string()),
+      portVariable_("ANDROID_ADB_SERVER_PORT", std::to_string(serverPort_)),
+      // The server looks at no port by itself: it hears of the bench's phones from them alone, and
+      // of no other phone that may be simulated on this machine.
+      scanVariable_("ADB_LOCAL_TRANSPORT_MAX_PORT", "5554"),
+      server_(std::make_unique<Process>(std::vector<std::string>{"adb", "nodaemon", "server"},
+                                        (home_.Path() / "adb.log").string())) {
+    const std::size_t count = phones.size();
+    if (!WaitForServer()) {
+        error_ = "the adb server does not start";
+        return;
+    }
+    phones_ = std::make_unique<phone::RunningPhones>(
+        phone::ServerOptions{std::move(phones), std::nullopt});
+    error_ = phones_->Error();
+    if (error_.empty() && !WaitForDevices(count)) {
+        error_ = "the adb server does not list the phones";
+    }
+}
+
+bool Bench::WaitForServer() const {
+    return WaitUntil([&] { return AskServer("host:version").has_value(); });
+}
+
+bool Bench::WaitForDevices(std::size_t count) const {
+    return WaitUntil([&] {
+        const std::string list = AskServer("host:devices").value_or("");
+        std::size_t ready = 0;
+        for (const auto line : SplitAt(list, '\n')) {
+            ready += line.ends_with("\tdevice");
+        }
+        return ready == count;
+    });
+}
+
+std::optional<std::string> Bench::AskServer(std::string_view service) const {
+    const TcpSocket socket = TcpSocket::Connect(serverPort_);
+    if (!socket.IsOpen()) {
+        return std::nullopt;
+    }
+    socket.Send(phone::ToBytes(fmt::format("{:04X}{}", service.size(), service)));
+    const std::string answer = ReadToEnd(socket);
+    return answer.starts_with("OKAY") ? std::optional(answer.substr(4)) : std::nullopt;
+}
+
+std::string Bench::Serial(std::size_t index) {
+    const std::uint16_t port = phones_->AdbPort(index);
+    return fmt::format("emulator-{}", port - 1);
+}
+
+std::string Bench::Control(std::size_t index, std::string_view line) {
+    return phones_->Control(index, line);
+}
+
+std::string Bench::BringAgentUp(std::size_t index) {
+    const std::string answer = Control(index, "agent start");
+    if (!AskServer(fmt::format("host-serial:{}:forward:tcp:50505;tcp:50505", Serial(index)))) {
+        return "the forward is refused";
+    }
+    return answer == "ok\n" ? "" : answer;
+}
+
+ProgramResult Bench::Suite(std::vector<std::string> arguments, const std::string& input,
+                           std::chrono::milliseconds limit) {
+    arguments.insert(arguments.begin(), QUORVI_BIN_DIR "/quorvictl");
+    return RunProgram(arguments, input, limit);
+}
+
+ProgramResult Bench::Adb(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "adb");
+    return RunProgram(arguments);
+}
+
+}  // namespace quorvi::e2e

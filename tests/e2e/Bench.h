@@ -1,0 +1,96 @@
+// A workbench for end-to-end tests: a real adb server with a home of its own, and simulated phones
+// that it lists. Nothing of it is left when it goes, and nothing of the user's is touched.
+//
+//   Bench bench(1);
+//   bench.BringAgentUp(0);
+//   const ProgramResult info = bench.Suite({"info", "--json"});
+//
+// A test that uses it holds the lock `agent_port`: the forward to the agent has one fixed port.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "phone/PhoneServer.h"
+#include "tests/e2e/Process.h"
+
+namespace quorvi::e2e {
+
+// A directory that is there as long as its object.
+class TemporaryDirectory {
+  public:
+    TemporaryDirectory();
+    ~TemporaryDirectory();
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+// A variable of the environment, given back its value at the end.
+class EnvironmentVariable {
+  public:
+    EnvironmentVariable(std::string name, const std::string& value);
+    ~EnvironmentVariable();
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+
+  private:
+    std::string name_;
+    std::optional<std::string> before_;
+};
+
+class Bench {
+  public:
+    // Phones as delivered, one after the other, in the first free ports that adb servers look at.
+    explicit Bench(std::size_t phoneCount);
+    // Phones as given.
+    explicit Bench(std::vector<phone::PhoneOptions> phones);
+
+    // Why the bench does not stand; empty when it does.
+    [[nodiscard]] const std::string& Error() const { return error_; }
+
+    [[nodiscard]] std::uint16_t AdbServerPort() const { return serverPort_; }
+    // As `adb devices` names the phone.
+    [[nodiscard]] std::string Serial(std::size_t index);
+
+    // A line for the phone's control; its answer.
+    std::string Control(std::size_t index, std::string_view line);
+
+    // Forwards the agent's port to the phone and starts its agent, with no wait, as the suite does
+    // with waits. Empty, or what went wrong.
+    std::string BringAgentUp(std::size_t index);
+
+    // Runs quorvictl, or adb, in the bench's environment.
+    [[nodiscard]] ProgramResult Suite(std::vector<std::string> arguments,
+                                      const std::string& input = {},
+                                      std::chrono::milliseconds limit = std::chrono::seconds(20));
+    [[nodiscard]] ProgramResult Adb(std::vector<std::string> arguments);
+
+    // One request to the adb server: its answer behind OKAY, or nothing when it was not OKAY.
+    [[nodiscard]] std::optional<std::string> AskServer(std::string_view service) const;
+
+    // Until the server lists so many phones as ready; false when it takes too long.
+    [[nodiscard]] bool WaitForDevices(std::size_t count) const;
+
+  private:
+    [[nodiscard]] bool WaitForServer() const;
+
+    TemporaryDirectory home_;
+    std::uint16_t serverPort_;
+    EnvironmentVariable homeVariable_;
+    EnvironmentVariable portVariable_;
+    EnvironmentVariable scanVariable_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<phone::RunningPhones> phones_;
+    std::string error_;
+};
+
+}  // namespace quorvi::e2e
