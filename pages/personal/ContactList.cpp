@@ -1,0 +1,68 @@
+#include "pages/personal/ContactList.h"
+
+#include <utility>
+
+#include "pages/personal/ContactRecord.h"
+
+namespace quorvi {
+namespace {
+
+// Nothing for a photo that is too long or not all there; the cursor moves past it all the same.
+ContactPhoto TakePhoto(ReplyCursor& cursor, const std::shared_ptr<const ReplyBuffer>& reply) {
+    // Of the length, too, only the low 32 bits count.
+    const auto length = static_cast<std::uint32_t>(cursor.TakeUInt64());
+    const std::size_t offset = cursor.Offset();
+    cursor.SkipBytes(length);
+    if (cursor.Overran() || length > kContactPhotoCapacity || offset + length > reply->Received()) {
+        return {};
+    }
+    return {reply, offset, length};
+}
+
+}  // namespace
+
+ContactPhoto::ContactPhoto(const std::shared_ptr<const ReplyBuffer>& reply, std::size_t offset,
+                           std::size_t length)
+    : start_(length == 0 ? nullptr
+                         : std::shared_ptr<const std::byte>(reply, reply->Data() + offset)),
+      length_(static_cast<std::uint32_t>(length)) {}
+
+ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
+                             const AttributionOf& attribution) {
+    ContactList list;
+    ReplyCursor cursor(*reply);
+    do {
+        ContactListRow row;
+        row.contactId = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        row.secondId = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        auto name = cursor.TakeText();
+        if (!name) {
+            list.endedByAbsentName = true;
+            return list;
+        }
+        row.name = std::move(*name);
+        row.favourite = cursor.TakeUInt32() == 1;  // 2 is no favourite
+        row.number = cursor.TakeTextOrEmpty();
+        row.lastContact = ContactTimeText(cursor.TakeUInt64());
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        if (cursor.TakeUInt32() == 1) {
+            row.photo = TakePhoto(cursor, reply);
+        }
+        if (cursor.Overran()) {
+            return list;
+        }
+        row.attribution = attribution(row.number);
+        list.rows.push_back(std::move(row));
+    } while (!cursor.AtEnd());
+    return list;
+}
+
+Bytes DeleteContactsRequest(std::span<const std::uint32_t> ids) {
+    RequestBuilder request(AgentCommand::deleteContacts);
+    for (const std::uint32_t id : ids) {
+        request.BeginItem().AddUInt32(id);
+    }
+    return request.Take();
+}
+
+}  // namespace quorvi

@@ -1,0 +1,108 @@
+#include "pages/personal/ContactRecord.h"
+
+#include <utility>
+
+#include "base/Format.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::uint64_t kMillisecondsPerSecond = 1000;
+
+// Identifiers are 64 bits on the wire; the low 32 of them name the thing ever after.
+std::uint32_t TakeId(ReplyCursor& cursor) {
+    return static_cast<std::uint32_t>(cursor.TakeUInt64());
+}
+
+// Only 1 counts as set.
+bool TakeFlag(ReplyCursor& cursor) {
+    return cursor.TakeUInt32() == 1;
+}
+
+void SkipPhoto(ReplyCursor& cursor) {
+    if (TakeFlag(cursor)) {
+        cursor.SkipBytes(sizeof(std::uint64_t));  // row id
+        cursor.SkipText();
+    }
+}
+
+ContactField TakeField(ReplyCursor& cursor) {
+    ContactField field;
+    field.present = TakeFlag(cursor);
+    if (field.present) {
+        field.id = TakeId(cursor);
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        field.text = cursor.TakeTextOrEmpty();
+    }
+    return field;
+}
+
+void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
+    const std::int32_t count = cursor.TakeInt32();
+    // The count is a claim: what ends the list for certain is the end of what came.
+    for (std::int32_t i = 0; i < count && !cursor.AtEnd(); ++i) {
+        ContactItem item;
+        item.id = TakeId(cursor);
+        item.type = cursor.TakeInt32();
+        item.text = cursor.TakeTextOrEmpty();
+        if (!cursor.Overran()) {
+            items.push_back(std::move(item));
+        }
+    }
+}
+
+// Reads the single fields over those of `record` and adds list items behind its own. False when a
+// length pointed outside the reply; single fields are then as they were.
+bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
+    ContactRecord next;
+    next.id = TakeId(cursor);
+    next.favourite = TakeFlag(cursor);
+    next.lastContact = ContactTimeText(cursor.TakeUInt64());
+    next.timesContacted = static_cast<std::uint32_t>(cursor.TakeUInt64());
+    SkipPhoto(cursor);
+    next.structured = TakeField(cursor);
+    next.name = TakeField(cursor);
+    next.nickname = TakeField(cursor);
+    next.note = TakeField(cursor);
+    if (cursor.Overran()) {
+        return false;
+    }
+    for (const ContactRecord::List list : kContactLists) {
+        next.*list = std::move(record.*list);
+        TakeItems(cursor, next.*list);
+    }
+    record = std::move(next);
+    return !cursor.Overran();
+}
+
+}  // namespace
+
+const std::string& ContactField::Shown() const {
+    static const std::string nothing;
+    return present ? text : nothing;
+}
+
+Bytes ReadContactRequest(std::uint32_t id) {
+    return RequestBuilder(AgentCommand::readContact).BeginItem().AddUInt32(id).Take();
+}
+
+std::optional<ContactRecord> ParseContact(const ReplyBuffer& reply) {
+    ReplyCursor cursor(reply);
+    ContactRecord record;
+    if (!TakeRecord(cursor, record)) {
+        return std::nullopt;
+    }
+    while (!cursor.AtEnd()) {
+        static_cast<void>(TakeRecord(cursor, record));
+    }
+    return record;
+}
+
+std::string ContactTimeText(std::uint64_t milliseconds) {
+    if (milliseconds == 0) {
+        return "N/A";
+    }
+    return FormatUnixTime(static_cast<std::int64_t>(milliseconds / kMillisecondsPerSecond));
+}
+
+}  // namespace quorvi
