@@ -377,6 +377,14 @@ struct Metric {
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;
     static constexpr int questionLine = 22;
+    // announced feature, balloon inside the window, picture of the welcome tab
+    static constexpr int placeholderWidth = 320;
+    static constexpr int placeholderHeight = 220;
+    static constexpr int headlineLine = 28;
+    static constexpr int textLine = 20;
+    static constexpr int balloonWidth = 312;
+    static constexpr int balloonPaddingY = 14;
+    static constexpr int waveHeight = 120;
     // shadows and veils
     static constexpr int shadowMenuBlur = 16;
     static constexpr int shadowMenuDrop = 4;

@@ -1,9 +1,11 @@
 #include "ui/Page.h"
 
+#include "ui/ControlNumber.h"
+
 namespace quorvi {
 
 Page::Page(PageHost& host, int dialog, QWidget* parent) : QWidget(parent), host_(host) {
-    setObjectName(QStringLiteral("dialog %1").arg(dialog));
+    SetDialogNumber(*this, dialog);
 }
 
 }  // namespace quorvi

@@ -1,0 +1,79 @@
+#include "app/DesktopTray.h"
+
+#include <QIcon>
+
+#include "app/TrayMenu.h"
+#include "ui/SkinMenu.h"
+
+namespace quorvi {
+namespace {
+
+// How often it is looked whether a tray has come. Both ways of the platform answer from memory.
+constexpr int kWatchMs = 2000;
+constexpr int kBalloonMs = 10000;
+
+}  // namespace
+
+DesktopTray::DesktopTray() : menu_(std::make_unique<CSkinMenu>()) {
+    FillTrayMenu(*menu_);
+    // The desktop opens the menu itself: at the icon, and where its shell draws menus, in its way.
+    icon_.setContextMenu(menu_.get());
+    icon_.setIcon(QIcon(QStringLiteral(":/icons/logo.svg")));
+    connect(menu_.get(), &CSkinMenu::commandChosen, this,
+            [this](int command) { events_.command(static_cast<TrayCommand>(command)); });
+    connect(&icon_, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger) {
+                    events_.mouse(TrayMouse::leftDown);
+                } else if (reason == QSystemTrayIcon::DoubleClick) {
+                    events_.mouse(TrayMouse::leftDouble);
+                }
+            });
+    connect(&icon_, &QSystemTrayIcon::messageClicked, this,
+            [this] { events_.mouse(TrayMouse::leftDown); });
+    watch_.setInterval(kWatchMs);
+    connect(&watch_, &QTimer::timeout, this, &DesktopTray::Watch);
+}
+
+DesktopTray::~DesktopTray() = default;
+
+void DesktopTray::Listen(TrayEvents events) {
+    events_ = std::move(events);
+}
+
+bool DesktopTray::Available() const {
+    return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+void DesktopTray::Add(const QString& tip) {
+    icon_.setToolTip(tip);
+    available_ = Available();
+    icon_.setVisible(available_);
+    watch_.start();
+}
+
+bool DesktopTray::ShowBalloon(const QString& title, const QString& text) {
+    // Without a tray supportsMessages() still says true, and nothing shows.
+    if (!Available() || !icon_.isVisible() || !QSystemTrayIcon::supportsMessages()) {
+        return false;
+    }
+    icon_.showMessage(title, text, icon_.icon(), kBalloonMs);
+    return true;
+}
+
+void DesktopTray::Remove() {
+    watch_.stop();
+    icon_.hide();
+}
+
+void DesktopTray::Watch() {
+    const bool available = Available();
+    if (available && !available_) {
+        events_.recreated();
+    } else if (!available && available_) {
+        icon_.hide();
+    }
+    available_ = available;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,21 @@
+#include "app/EffectSounds.h"
+
+#include <QAudioDevice>
+#include <QMediaDevices>
+#include <QUrl>
+
+namespace quorvi {
+
+void EffectSounds::Play(Sound sound) {
+    if (QMediaDevices::defaultAudioOutput().isNull()) {
+        return;
+    }
+    std::unique_ptr<QSoundEffect>& effect = effects_[sound];
+    if (!effect) {
+        effect = std::make_unique<QSoundEffect>();
+        effect->setSource(QUrl(QStringLiteral("qrc:/sounds/%1.wav").arg(static_cast<int>(sound))));
+    }
+    effect->play();
+}
+
+}  // namespace quorvi

@@ -1,0 +1,20 @@
+// Sounds on the machine's own device.
+#pragma once
+
+#include <QSoundEffect>
+#include <map>
+#include <memory>
+
+#include "app/Sounds.h"
+
+namespace quorvi {
+
+class EffectSounds : public Sounds {
+  public:
+    void Play(Sound sound) override;
+
+  private:
+    std::map<Sound, std::unique_ptr<QSoundEffect>> effects_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,113 @@
+#include "app/Tour.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <cstdio>
+
+#include "app/MainDlg.h"
+#include "ui/Look.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kTickMs = 50;
+// How long the tour waits for the link, and at a stop for the page's load.
+constexpr int kLinkLimitMs = 30000;
+constexpr int kLoadLimitMs = 8000;
+// Time for a page to paint, a web view to lay itself out, a menu to fade in.
+constexpr int kSettleMs = 700;
+
+// A top-level widget over the window as it stands in the window's coordinates.
+void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
+    painter.drawPixmap(over.mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), over.grab());
+}
+
+}  // namespace
+
+Tour::Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
+           std::function<void(int)> done)
+    : window_(window), folder_(folder), stops_(std::move(stops)), done_(std::move(done)) {
+    tick_.setInterval(kTickMs);
+}
+
+void Tour::Start() {
+    folder_.mkpath(QStringLiteral("."));
+    since_.start();
+    connect(&tick_, &QTimer::timeout, this, &Tour::Wait);
+    tick_.start();
+}
+
+void Tour::Wait() {
+    if (window_.Banner() != BannerState::success && since_.elapsed() < kLinkLimitMs) {
+        return;
+    }
+    tick_.disconnect();
+    connect(&tick_, &QTimer::timeout, this, &Tour::Look);
+    Open();
+}
+
+void Tour::Open() {
+    if (at_ == stops_.size()) {
+        tick_.stop();
+        done_(failed_);
+        return;
+    }
+    since_.restart();
+    window_.HideBalloon();
+    // From a turn of its own, so that a dialog's own loop does not hold the tour.
+    QTimer::singleShot(0, &window_, [this] { stops_[at_].open(window_); });
+}
+
+void Tour::Look() {
+    if (at_ == stops_.size() || since_.elapsed() < kSettleMs) {
+        return;
+    }
+    if (IsQuiet() || since_.elapsed() > kLoadLimitMs) {
+        Take();
+        ++at_;
+        Open();
+    }
+}
+
+// Whether the load of the page that is shown, if it has one, is over.
+bool Tour::IsQuiet() const {
+    const PageRow* row = FindPage(window_.MainPage());
+    return row == nullptr || row->loadKey == PageRow::kNoKey ||
+           const_cast<CMainDlg&>(window_).LoadState().Value(row->loadKey) !=
+               PageLoadState::kRunning;
+}
+
+QPixmap Tour::Picture() const {
+    QPixmap picture = window_.grab();
+    QPainter painter(&picture);
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget* widget : widgets) {
+        if (widget != &window_ && widget->isVisible() &&
+            (widget->windowType() == Qt::Dialog || widget->windowType() == Qt::Popup)) {
+            if (widget->windowType() == Qt::Dialog) {
+                painter.fillRect(window_.rect(),
+                                 look::color(look::Color::ink, look::Metric::scrimPercent));
+            }
+            DrawOver(painter, window_, *widget);
+        }
+    }
+    return picture;
+}
+
+void Tour::Take() {
+    const QString path =
+        folder_.filePath(QString::fromStdString(stops_[at_].name) + QStringLiteral(".png"));
+    if (!Picture().save(path)) {
+        ++failed_;
+        std::fprintf(stderr, "tour: %s could not be written\n", qUtf8Printable(path));
+    }
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+    while (QWidget* dialog = QApplication::activeModalWidget()) {
+        dialog->close();
+    }
+}
+
+}  // namespace quorvi

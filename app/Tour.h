@@ -1,0 +1,56 @@
+// The tour: a picture of the window at each of its stops.
+#pragma once
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quorvi {
+
+class CMainDlg;
+
+// One picture. `open` brings the window there; it may run a menu or a dialog and return when that
+// is closed, which the tour does once the picture is taken.
+struct TourStop {
+    std::string name;  // of the file, without its ending
+    std::function<void(CMainDlg& window)> open;
+};
+
+// All stops, in order: the pages of the page table first. Whoever adds a dialog or a menu adds its
+// stop in app/TourStops.cpp.
+[[nodiscard]] std::vector<TourStop> TheTourStops();
+
+// Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
+// window and of what is open over it, and calls `done` with the number of pictures not written. The
+// window's thread.
+class Tour : public QObject {
+    Q_OBJECT
+  public:
+    Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
+         std::function<void(int failed)> done);
+
+    void Start();
+
+  private:
+    void Wait();
+    void Open();
+    void Look();
+    void Take();
+    [[nodiscard]] bool IsQuiet() const;
+    [[nodiscard]] QPixmap Picture() const;
+
+    CMainDlg& window_;
+    QDir folder_;
+    std::vector<TourStop> stops_;
+    std::function<void(int)> done_;
+    std::size_t at_ = 0;
+    int failed_ = 0;
+    QElapsedTimer since_;
+    QTimer tick_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,52 @@
+#include <fmt/format.h>
+
+#include "app/MainDlg.h"
+#include "app/Tour.h"
+#include "app/TrayMenu.h"
+#include "ui/Look.h"
+#include "ui/QtText.h"
+#include "ui/SkinMenu.h"
+
+namespace quorvi {
+namespace {
+
+void OpenTrayMenu(CMainDlg& window) {
+    auto* menu = new CSkinMenu(&window);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    FillTrayMenu(*menu);
+    menu->setActiveAction(menu->actions().at(1));
+    const QSize size = menu->sizeHint();
+    menu->popup(window.mapToGlobal(QPoint(window.width() - size.width() - look::Metric::gap5,
+                                          window.height() - size.height() - look::Metric::gap5)));
+}
+
+TourStop BannerStop(std::string name, std::u8string_view text, BannerState state) {
+    return {std::move(name), [text, state](CMainDlg& window) {
+                window.Post(Message::goToPage, 0, kPageDashboard);
+                window.ShowBanner(ToQString(text), state);
+            }};
+}
+
+}  // namespace
+
+std::vector<TourStop> TheTourStops() {
+    std::vector<TourStop> stops;
+    for (const PageRow& row : kPages) {
+        stops.push_back({fmt::format("page-{:02}", row.page), [&row](CMainDlg& window) {
+                             window.Post(Message::goToPage, TabOf(row), row.page);
+                         }});
+    }
+    stops.push_back({"menu-tray", &OpenTrayMenu});
+    stops.push_back({"balloon", [](CMainDlg& window) {
+                         window.ShowBalloon(ToQString(u8"奎维掌上工坊"),
+                                            ToQString(u8"检测到Android设备，正在尝试连接..."));
+                     }});
+    stops.push_back(BannerStop("link-working", u8"连接设备中...", BannerState::working));
+    stops.push_back(BannerStop("link-error", u8"【错误】没有找到Android设备", BannerState::error));
+    stops.push_back(BannerStop("link-green", u8"连接成功:)", BannerState::success));
+    stops.push_back(
+        BannerStop("link-removed", u8"【提示】检测到一个设备断开", BannerState::working));
+    return stops;
+}
+
+}  // namespace quorvi
