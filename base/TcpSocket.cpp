@@ -3,6 +3,7 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -19,6 +20,22 @@ std::ptrdiff_t ReceiveOnce(int descriptor, std::span<std::byte> bytes, int flags
             return count;
         }
     }
+}
+
+// A blocking connect. One that a signal interrupts goes on by itself, and is waited for.
+bool ConnectTo(int descriptor, const sockaddr_in& address) {
+    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+        return true;
+    }
+    if (errno != EINTR) {
+        return false;
+    }
+    pollfd connecting{.fd = descriptor, .events = POLLOUT, .revents = 0};
+    while (poll(&connecting, 1, -1) < 0 && errno == EINTR) {
+    }
+    int error = 0;
+    socklen_t size = sizeof error;
+    return getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
 }
 
 }  // namespace
@@ -47,8 +64,7 @@ TcpSocket TcpSocket::Connect(std::uint16_t port, Delay delay) {
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(socket.descriptor_, reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-        0) {
+    if (!ConnectTo(socket.descriptor_, address)) {
         socket.Close();
     }
     return socket;
