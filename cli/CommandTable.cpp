@@ -11,6 +11,27 @@ namespace {
 // One row a command, in the order of the help.
 constexpr Command kCommands[] = {
     {.words = "info", .synopsis = "", .summary = u8"手机的系统信息", .run = RunInfo},
+    {.words = "contacts show",
+     .synopsis = "ID",
+     .summary = u8"一个联系人的全部资料",
+     .fewest = 1,
+     .most = 1,
+     .run = RunContactsShow},
+    {.words = "contacts add",
+     .summary = u8"添加联系人，标准输入为编辑框内容的 JSON",
+     .run = RunContactsAdd},
+    {.words = "contacts update",
+     .synopsis = "ID",
+     .summary = u8"修改联系人，标准输入为编辑框内容的 JSON",
+     .fewest = 1,
+     .most = 1,
+     .run = RunContactsUpdate},
+    {.words = "contacts delete",
+     .synopsis = "ID [ID...]",
+     .summary = u8"删除联系人",
+     .fewest = 1,
+     .most = kAnyNumber,
+     .run = RunContactsDelete},
 };
 
 }  // namespace

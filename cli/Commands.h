@@ -5,6 +5,10 @@
 
 namespace quorvi::cli {
 
+Status RunContactsAdd(const Arguments& arguments, Output& output);
+Status RunContactsDelete(const Arguments& arguments, Output& output);
+Status RunContactsShow(const Arguments& arguments, Output& output);
+Status RunContactsUpdate(const Arguments& arguments, Output& output);
 Status RunInfo(const Arguments& arguments, Output& output);
 
 }  // namespace quorvi::cli

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "pages/personal/ContactRecord.h"
 
@@ -20,6 +21,9 @@ struct ContactTypedField {
 };
 
 inline constexpr std::size_t kContactFormPhones = 3;
+
+// Why a new contact is not saved.
+inline constexpr std::u8string_view kEmptyContactName = u8"错误: 联系人姓名不能为空";
 
 // The fields, ANSI, as the editor opens with them: texts empty, types at their defaults.
 struct ContactForm {

@@ -1,0 +1,24 @@
+// The contact editor's form as a JSON object.
+#pragma once
+
+#include <json/value.h>
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "pages/personal/ContactForm.h"
+
+namespace quorvi::cli {
+
+// Why an object is no form, naming the member. ANSI.
+struct FormComplaint {
+    std::string text;
+};
+
+// {favourite, name, nickname, note, phones: [up to three of {type, text}], im: {type, text},
+// email: {type, text}, website, organisation, address}; a member left out is a field left as the
+// editor opens with it. A member of another name, or of another kind, is refused.
+[[nodiscard]] std::variant<ContactForm, FormComplaint> ReadContactForm(std::string_view utf8);
+
+}  // namespace quorvi::cli

@@ -1,0 +1,189 @@
+#include <fmt/format.h>
+
+#include <iostream>
+#include <iterator>
+#include <memory>
+
+#include "agent/AgentSession.h"
+#include "base/Json.h"
+#include "base/Text.h"
+#include "cli/CommandLine.h"
+#include "cli/Commands.h"
+#include "cli/ContactFormInput.h"
+#include "cli/Output.h"
+#include "pages/personal/ContactForm.h"
+#include "pages/personal/ContactList.h"
+#include "pages/personal/ContactTypes.h"
+
+namespace quorvi::cli {
+namespace {
+
+// One list of a record, as it is named and labelled.
+struct NamedList {
+    const char* name;
+    ContactRecord::List items;
+    const ContactTypeTable& types;
+};
+const NamedList kLists[] = {
+    {"phones", &ContactRecord::phones, kPhoneTypes},
+    {"groups", &ContactRecord::groups, kGroupTypes},
+    {"emails", &ContactRecord::emails, kEmailTypes},
+    {"ims", &ContactRecord::ims, kImTypes},
+    {"websites", &ContactRecord::websites, kWebsiteTypes},
+    {"addresses", &ContactRecord::addresses, kAddressTypes},
+    {"organisations", &ContactRecord::organisations, kOrganisationTypes},
+};
+
+Json::Value DocumentOf(const ContactRecord& record) {
+    Json::Value document(Json::objectValue);
+    document["id"] = record.id;
+    document["favourite"] = record.favourite;
+    document["last_contact"] = JsonText(record.lastContact);
+    document["times_contacted"] = record.timesContacted;
+    document["structured"] = JsonText(record.structured.Shown());
+    document["name"] = JsonText(record.name.Shown());
+    document["nickname"] = JsonText(record.nickname.Shown());
+    document["note"] = JsonText(record.note.Shown());
+    for (const NamedList& list : kLists) {
+        Json::Value& items = document[list.name] = Json::Value(Json::arrayValue);
+        for (const ContactItem& item : record.*list.items) {
+            Json::Value row(Json::objectValue);
+            row["id"] = item.id;
+            row["type"] = item.type;
+            row["label"] = JsonText(list.types.Label(item.type));
+            row["text"] = JsonText(item.text);
+            items.append(std::move(row));
+        }
+    }
+    return document;
+}
+
+Table TableOf(const ContactRecord& record) {
+    Table table{u8"类型", u8"详细信息"};
+    table.AddRow({Ansi(u8"姓名："), record.name.Shown()});
+    table.AddRow({Ansi(u8"昵称："), record.nickname.Shown()});
+    table.AddRow({Ansi(u8"收藏："), Ansi(record.favourite ? u8"是" : u8"否")});
+    table.AddRow({Ansi(u8"联系次数："), std::to_string(record.timesContacted)});
+    table.AddRow({Ansi(u8"上次联系："), record.lastContact});
+    for (const NamedList& list : kLists) {
+        for (const ContactItem& item : record.*list.items) {
+            table.AddRow({list.types.Label(item.type), item.text});
+        }
+    }
+    table.AddRow({Ansi(u8"备注："), record.note.Shown()});
+    return table;
+}
+
+std::optional<std::uint32_t> IdOf(const std::string& operand, Output& output) {
+    const auto id = ReadId(operand);
+    if (!id) {
+        output.Complain(ToAnsi(operand) + Ansi(u8": 不是联系人的编号"));
+    }
+    return id;
+}
+
+// The contact of an id; `status` tells why there is none.
+std::optional<ContactRecord> ReadContact(std::uint32_t id, Output& output, Status& status) {
+    const PayloadReply reply = AgentSession().RunPayload(ReadContactRequest(id));
+    status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return std::nullopt;
+    }
+    auto record = reply.HasPayload() ? ParseContact(reply.buffer) : std::nullopt;
+    if (!record) {
+        output.Complain(std::to_string(id) + Ansi(u8": 没有这个联系人"));
+        status = Status::notFound;
+    }
+    return record;
+}
+
+// The form on standard input.
+std::optional<ContactForm> FormOfInput(Output& output) {
+    const std::string input(std::istreambuf_iterator<char>(std::cin), {});
+    auto form = ReadContactForm(input);
+    if (const auto* complaint = std::get_if<FormComplaint>(&form)) {
+        output.Complain(complaint->text);
+        return std::nullopt;
+    }
+    return std::get<ContactForm>(std::move(form));
+}
+
+Status Send(const Bytes& request, Output& output) {
+    return output.Report(AgentSession().RunAcknowledged(request).outcome);
+}
+
+}  // namespace
+
+Status RunContactsShow(const Arguments& arguments, Output& output) {
+    const auto id = IdOf(arguments.operands.front(), output);
+    if (!id) {
+        return Status::wrongUsage;
+    }
+    Status status{};
+    if (const auto record = ReadContact(*id, output, status)) {
+        output.Json() ? output.PrintDocument(DocumentOf(*record))
+                      : output.PrintTable(TableOf(*record));
+    }
+    return status;
+}
+
+Status RunContactsDelete(const Arguments& arguments, Output& output) {
+    std::vector<std::uint32_t> ids;
+    Json::Value deleted(Json::arrayValue);
+    for (const std::string& operand : arguments.operands) {
+        const auto id = IdOf(operand, output);
+        if (!id) {
+            return Status::wrongUsage;
+        }
+        ids.push_back(*id);
+        deleted.append(*id);
+    }
+    const Status status = Send(DeleteContactsRequest(ids), output);
+    if (status == Status::done && output.Json()) {
+        Json::Value document(Json::objectValue);
+        document["deleted"] = std::move(deleted);
+        output.PrintDocument(document);
+    }
+    return status;
+}
+
+Status RunContactsAdd(const Arguments&, Output& output) {
+    const auto form = FormOfInput(output);
+    if (!form) {
+        return Status::wrongUsage;
+    }
+    const auto record = RecordToAdd(*form);
+    if (!record) {
+        output.Complain(Ansi(kEmptyContactName));
+        return Status::wrongUsage;
+    }
+    const Status status = Send(AddContactRequest(*record), output);
+    if (status == Status::done && output.Json()) {
+        Json::Value document(Json::objectValue);
+        document["added"] = JsonText(form->name);
+        output.PrintDocument(document);
+    }
+    return status;
+}
+
+Status RunContactsUpdate(const Arguments& arguments, Output& output) {
+    const auto id = IdOf(arguments.operands.front(), output);
+    const auto form = id ? FormOfInput(output) : std::nullopt;
+    if (!form) {
+        return Status::wrongUsage;
+    }
+    Status status{};
+    auto loaded = ReadContact(*id, output, status);
+    if (!loaded) {
+        return status;
+    }
+    status = Send(UpdateContactRequest(RecordToUpdate(*std::move(loaded), *form)), output);
+    if (status == Status::done && output.Json()) {
+        Json::Value document(Json::objectValue);
+        document["updated"] = *id;
+        output.PrintDocument(document);
+    }
+    return status;
+}
+
+}  // namespace quorvi::cli
