@@ -1,0 +1,32 @@
+// Runs one adb command and brings its output back: for a command with a short result.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "link/ChildProcess.h"
+
+namespace quorvi {
+
+// Bytes of the output that are kept; for the install command one fewer.
+inline constexpr std::size_t kCaptureLimit = 4096;
+inline constexpr std::size_t kInstallCaptureLimit = 4095;
+
+struct Capture {
+    RunOutcome outcome = RunOutcome::noPipe;
+    // Standard output and error as they came, up to the limit.
+    std::string text;
+};
+
+// Runs a command line (see SplitCommandLine) and waits for its end without a time limit: never on
+// the window's thread. What goes beyond the limit is read and dropped, so that no amount of output
+// keeps the child from ending; a process that the child leaves behind with the pipe in its hands,
+// such as an adb server just started, is not waited for.
+[[nodiscard]] Capture RunAdbCapture(std::string_view command, std::size_t limit = kCaptureLimit);
+
+// Starts a command line and waits for nothing; its output goes nowhere. False if it could not be
+// started.
+bool LaunchAdb(std::string_view command);
+
+}  // namespace quorvi
