@@ -1,0 +1,52 @@
+// An adb that does what a test says: a script in a directory of its own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/LinkEnvironment.h"
+
+namespace quorvi {
+
+// An empty directory that goes with the object.
+class TemporaryDirectory {
+  public:
+    TemporaryDirectory();
+    ~TemporaryDirectory();
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+class FakeAdb {
+  public:
+    // `script`: the body of a shell script; "$*" are the arguments, "$dir" is a directory that the
+    // script may write to.
+    explicit FakeAdb(std::string_view script);
+
+    // The executable's path.
+    [[nodiscard]] std::string Path() const { return (directory_.Path() / "adb").string(); }
+    [[nodiscard]] const std::filesystem::path& Directory() const { return directory_.Path(); }
+
+    // The argument lines of the runs so far, in their order.
+    [[nodiscard]] std::vector<std::string> Runs() const;
+
+    // An environment with this adb in it, and with no server and no agent.
+    [[nodiscard]] LinkEnvironment Environment() const;
+
+  private:
+    TemporaryDirectory directory_;
+};
+
+// What this process holds now: descriptors, threads, children that ended and were not reaped.
+[[nodiscard]] int OpenDescriptors();
+[[nodiscard]] int RunningThreads();
+[[nodiscard]] int ZombieChildren();
+
+}  // namespace quorvi
