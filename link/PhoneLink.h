@@ -1,28 +1,43 @@
 // Brings the link to a phone up: find it, put the agent on it, start it, forward its port, ask its
 // version.
+//
+//   PhoneLink link(device, face, SystemClock());
+//   link.ConnectPhone(false);   // the face hears banners, LinkUp and, at last, LinkEnded
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "base/Clock.h"
 #include "link/DeviceContext.h"
+#include "link/LinkEnvironment.h"
 #include "link/LinkFace.h"
 
 namespace quorvi {
 
+// An agent of a lower version is replaced. The number is the whole of the compatibility rule.
+inline constexpr int kNewestAgentThreshold = 20;
+
+inline constexpr std::string_view kAgentPackage = "com.quorvi.Quorvi";
+
 class PhoneLink {
   public:
     // All three outlive the process's link threads: a worker may still run when the window is gone.
-    PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock);
+    // The environment differs in tests only.
+    PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock,
+              LinkEnvironment environment = {});
+    // Waits for nothing; what runs ends by itself.
     ~PhoneLink();
+    PhoneLink(const PhoneLink&) = delete;
+    PhoneLink& operator=(const PhoneLink&) = delete;
 
     // Starts the procedure on its own threads and returns at once; does nothing while a link worker
     // runs. `delay`: wait 3000 ms first, as after a USB arrival. Any thread.
     void ConnectPhone(bool delay);
 
   private:
-    struct State;
-    std::shared_ptr<State> state_;
+    class Procedure;
+    std::shared_ptr<Procedure> procedure_;
 };
 
 }  // namespace quorvi

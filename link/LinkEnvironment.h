@@ -1,0 +1,27 @@
+// Where the link finds what it works with. Differs from the defaults in tests only.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "agent/Wire.h"
+#include "base/ProgramPath.h"
+#include "link/AdbHostClient.h"
+#include "link/AdbPath.h"
+
+namespace quorvi {
+
+// The agent's package, a file beside the program's own.
+inline constexpr const char* kAgentPackageFile = "com.quorvi.Quorvi.apk";
+
+struct LinkEnvironment {
+    // Asked at each use.
+    std::function<std::string()> adbPath = AdbPath;
+    std::uint16_t hostPort = AdbServerPort();
+    std::uint16_t agentPort = AgentPort;
+    std::filesystem::path packageFile = ProgramDirectory() / kAgentPackageFile;
+};
+
+}  // namespace quorvi

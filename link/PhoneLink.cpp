@@ -1,0 +1,218 @@
+#include "link/PhoneLink.h"
+
+#include <fmt/format.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "base/Text.h"
+#include "link/AdbCapture.h"
+#include "link/AdbHostClient.h"
+#include "link/AdbOutput.h"
+#include "link/AdbPipe.h"
+#include "link/FindDevice.h"
+#include "link/LinkText.h"
+
+namespace quorvi {
+namespace {
+
+// The time that the adb server needs to see a phone that was just plugged in.
+constexpr std::chrono::milliseconds kArrivalDelay{3000};
+// The time that the agent needs to come up behind its start command.
+constexpr std::chrono::milliseconds kAgentStartDelay{3000};
+
+constexpr std::string_view kAgentActivity = ".Quorvi";
+
+constexpr int kNoAgentConnection = -1;
+
+}  // namespace
+
+// Three threads meet here: who calls ConnectPhone, the link worker, and the reader of the package
+// query, on which all that follows the query runs. Each holds the object, so that it lives until
+// the last of them is through.
+class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
+                             private CAdbPipeListener {
+  public:
+    Procedure(DeviceContext& device, LinkFace& face, Clock& clock, LinkEnvironment environment)
+        : device_(device), face_(face), clock_(clock), environment_(std::move(environment)) {}
+
+    void ConnectPhone(bool delay);
+
+  private:
+    // Counts what of the procedure still runs; the last to end tells the face.
+    void Enter() { ++running_; }
+    void Leave() {
+        if (--running_ == 0) {
+            face_.LinkEnded();
+        }
+    }
+
+    void RunWorker(bool delay);
+    void CheckAgentPackage();
+    void OnOutput(std::string_view text, AdbOutputKind kind) override;
+    void EndQuery();
+
+    // Of the rest of the procedure: whether the one retry is due.
+    enum class Next { nothing, retry };
+    [[nodiscard]] Next OnPackageList(std::string_view text);
+    [[nodiscard]] Next LinkAgent();
+    [[nodiscard]] int AgentVersion() const;
+    [[nodiscard]] Next InstallAgent(bool upgrade);
+
+    DeviceContext& device_;
+    LinkFace& face_;
+    Clock& clock_;
+    const LinkEnvironment environment_;
+
+    std::atomic<int> running_{0};
+    std::atomic<bool> workerRunning_{false};
+    std::atomic<bool> queryRunning_{false};
+    std::string queryText_;            // of the one query that runs
+    std::shared_ptr<Procedure> held_;  // by the query that runs
+    CAdbPipe pipe_{*this};
+};
+
+void PhoneLink::Procedure::ConnectPhone(bool delay) {
+    if (workerRunning_.exchange(true)) {
+        return;
+    }
+    Enter();
+    face_.ShowBanner(Ansi(u8"连接设备中..."), BannerState::working);
+    try {
+        std::thread([self = shared_from_this(), delay] { self->RunWorker(delay); }).detach();
+    } catch (const std::system_error&) {
+        workerRunning_ = false;
+        Leave();
+    }
+}
+
+void PhoneLink::Procedure::RunWorker(bool delay) {
+    if (delay) {
+        clock_.SleepFor(kArrivalDelay);
+    }
+    CheckAgentPackage();
+    workerRunning_ = false;
+    Leave();
+}
+
+void PhoneLink::Procedure::CheckAgentPackage() {
+    const FindDeviceResult found = FindDevice(
+        device_, [this](std::string_view title) { face_.ChooseDevice(title); }, environment_);
+    if (found != FindDeviceResult::found) {
+        face_.ShowBanner(BannerText(found), BannerState::error);
+        return;
+    }
+    if (queryRunning_.exchange(true)) {
+        return;
+    }
+    Enter();
+    pipe_.Stop();
+    queryText_.clear();
+    held_ = shared_from_this();
+    if (!pipe_.Start(fmt::format("{} -s {} shell {} {} package", environment_.adbPath(),
+                                 device_.Serial(), "pm", "list"))) {
+        held_.reset();
+        EndQuery();
+    }
+}
+
+void PhoneLink::Procedure::EndQuery() {
+    queryRunning_ = false;
+    Leave();
+}
+
+void PhoneLink::Procedure::OnOutput(std::string_view text, AdbOutputKind kind) {
+    if (kind == AdbOutputKind::data) {
+        queryText_.append(text);
+        return;
+    }
+    const std::shared_ptr<Procedure> self = std::move(held_);
+    if (kind == AdbOutputKind::failed) {
+        EndQuery();
+        return;
+    }
+    const Next next = OnPackageList(queryText_);
+    // The flag falls before the retry starts, so that the retry's own query finds it down.
+    queryRunning_ = false;
+    if (next == Next::retry) {
+        ConnectPhone(false);
+    }
+    Leave();
+}
+
+PhoneLink::Procedure::Next PhoneLink::Procedure::OnPackageList(std::string_view text) {
+    if (!HoldsPackage(text, kAgentPackage)) {
+        return InstallAgent(false);
+    }
+    // Whether the start works is not seen: an agent that does not come up does not answer.
+    LaunchAdb(fmt::format("{} -s {} shell {} start -n {}/{}", environment_.adbPath(),
+                          device_.Serial(), "am", kAgentPackage, kAgentActivity));
+    return LinkAgent();
+}
+
+PhoneLink::Procedure::Next PhoneLink::Procedure::LinkAgent() {
+    const bool stands = AdbHostClient(environment_.hostPort)
+                            .ForwardAgentPort(device_.Serial(), [this](ForwardEvent event) {
+                                if (event != ForwardEvent::standing) {
+                                    face_.ShowBanner(BannerText(event), BannerState::error);
+                                }
+                            });
+    if (!stands) {
+        return Next::nothing;
+    }
+    clock_.SleepFor(kAgentStartDelay);
+    const int version = AgentVersion();
+    if (version < 1) {
+        face_.ShowBanner(Ansi(u8"【错误】连接手机端失败"), BannerState::error);
+        return Next::nothing;
+    }
+    if (version < kNewestAgentThreshold) {
+        return InstallAgent(true);
+    }
+    face_.ShowBanner(Ansi(u8"连接成功:)"), BannerState::success);
+    face_.LinkUp();
+    return Next::nothing;
+}
+
+// The version; -1 if the connection failed, 0 if it was closed with no reply.
+int PhoneLink::Procedure::AgentVersion() const {
+    const AcknowledgedReply reply = AgentSession(environment_.agentPort)
+                                        .RunAcknowledged(BareRequest(AgentCommand::agentVersion));
+    return reply.outcome == SessionOutcome::connectFailed ? kNoAgentConnection
+                                                          : static_cast<int>(reply.word);
+}
+
+// Installs the agent over what is there. `upgrade` chooses the text only.
+PhoneLink::Procedure::Next PhoneLink::Procedure::InstallAgent(bool upgrade) {
+    face_.ShowBanner(Ansi(upgrade ? u8"【提示】正在升级手机端..." : u8"【提示】正在安装手机端..."),
+                     BannerState::working);
+    const std::string command =
+        fmt::format("{} -s {} install -r {}", environment_.adbPath(), device_.Serial(),
+                    QuoteBlanks(environment_.packageFile.string()));
+    std::fprintf(stderr, "%s\n", command.c_str());  // the debug channel
+    const Capture capture = RunAdbCapture(command, kInstallCaptureLimit);
+    const InstallResult result = capture.outcome == RunOutcome::started
+                                     ? ParseInstall(Trim(capture.text))
+                                     : InstallResult::noProcess;
+    face_.ShowBanner(BannerText(result),
+                     result == InstallResult::success ? BannerState::success : BannerState::error);
+    return device_.UseInstallRetry() ? Next::retry : Next::nothing;
+}
+
+PhoneLink::PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock,
+                     LinkEnvironment environment)
+    : procedure_(std::make_shared<Procedure>(device, face, clock, std::move(environment))) {}
+
+PhoneLink::~PhoneLink() = default;
+
+void PhoneLink::ConnectPhone(bool delay) {
+    procedure_->ConnectPhone(delay);
+}
+
+}  // namespace quorvi
