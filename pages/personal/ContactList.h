@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -13,6 +12,7 @@
 
 #include "agent/Reply.h"
 #include "agent/Request.h"
+#include "pages/personal/AttributionOf.h"
 
 namespace quorvi {
 
@@ -55,9 +55,6 @@ struct ContactList {
     // these, stays without redraw, and selects nothing.
     bool endedByAbsentName = false;
 };
-
-// The text under a number, both ANSI.
-using AttributionOf = std::function<std::string(std::string_view number)>;
 
 // Reads the run of records. A record with a length that points outside the reply ends the run and
 // is dropped. Any thread; `attribution` is called on it, once a row.

@@ -1,0 +1,96 @@
+#include "pages/personal/ContactGroups.h"
+
+#include <utility>
+
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+std::int32_t TakeGroupId(ReplyCursor& cursor) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(cursor.TakeUInt64()));
+}
+
+}  // namespace
+
+ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
+    ContactGroups groups;
+    ReplyCursor cursor(reply);
+    do {
+        ContactGroup group;
+        group.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        auto title = cursor.TakeText();
+        if (!title) {
+            groups.endedByAbsentTitle = true;
+            groups.absentRowId = group.id;
+            return groups;
+        }
+        group.title = std::move(*title);
+        group.account = cursor.TakeTextOrEmpty();
+        group.visible = cursor.TakeUInt32() == 1;
+        if (cursor.Overran()) {
+            return groups;
+        }
+        groups.rows.push_back(std::move(group));
+    } while (!cursor.AtEnd());
+    return groups;
+}
+
+std::string GroupVisibleText(bool visible) {
+    return visible ? Ansi(u8"是") : Ansi(u8"【隐藏】");
+}
+
+Bytes AddGroupRequest(std::string_view title) {
+    return RequestBuilder(AgentCommand::addGroup).BeginItem().AddText(title).Take();
+}
+
+Bytes RenameGroupRequest(std::uint32_t id, std::string_view title) {
+    return RequestBuilder(AgentCommand::renameGroup)
+        .BeginItem()
+        .AddUInt32(id)
+        .AddText(title)
+        .Take();
+}
+
+Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids) {
+    RequestBuilder request(AgentCommand::deleteGroups);
+    for (const std::uint32_t id : ids) {
+        request.BeginItem().AddUInt32(id);
+    }
+    return request.Take();
+}
+
+GroupNames InitialGroupNames() {
+    return {{kNoGroup, Ansi(u8"【未分组】")}};
+}
+
+void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names) {
+    ReplyCursor cursor(reply);
+    do {
+        const std::int32_t id = TakeGroupId(cursor);
+        auto title = cursor.TakeText();
+        if (!title || cursor.Overran()) {
+            return;
+        }
+        names[id] = std::move(*title);
+    } while (!cursor.AtEnd());
+}
+
+bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members) {
+    ReplyCursor cursor(reply);
+    do {
+        const std::int32_t id = TakeGroupId(cursor);
+        auto name = cursor.TakeText();
+        if (!name) {
+            return false;
+        }
+        std::string number = cursor.TakeTextOrEmpty();
+        if (cursor.Overran()) {
+            return true;
+        }
+        members[id][std::move(*name)] = std::move(number);
+    } while (!cursor.AtEnd());
+    return true;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,65 @@
+// The phone's contact groups: the list of the group dialog and the changes made there, and the two
+// readings from which the composer builds its tree.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "agent/Reply.h"
+#include "agent/Request.h"
+
+namespace quorvi {
+
+// One row of the dialog; texts are ANSI.
+struct ContactGroup {
+    std::uint32_t id = 0;
+    std::string title;
+    std::string account;
+    bool visible = false;
+};
+
+struct ContactGroups {
+    std::vector<ContactGroup> rows;
+    // A title of AbsentMark ended the reading. The list on the screen then has an empty row behind
+    // these, whose id is `absentRowId`, and stays without redraw.
+    bool endedByAbsentTitle = false;
+    std::uint32_t absentRowId = 0;
+};
+
+// Reads the reply of command 870140. A record with a length that points outside the reply ends the
+// run and is dropped. Any thread.
+[[nodiscard]] ContactGroups ParseContactGroups(const ReplyBuffer& reply);
+
+// What the column of visibility shows. ANSI.
+[[nodiscard]] std::string GroupVisibleText(bool visible);
+
+// The requests of commands 870121, 870122 and 870124. Titles are ANSI.
+[[nodiscard]] Bytes AddGroupRequest(std::string_view title);
+[[nodiscard]] Bytes RenameGroupRequest(std::uint32_t id, std::string_view title);
+[[nodiscard]] Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids);
+
+// The group id of contacts that are in no group.
+inline constexpr std::int32_t kNoGroup = -1;
+
+// From a group's id to its title. Signed, so that the contacts of no group come first.
+using GroupNames = std::map<std::int32_t, std::string>;
+
+// The names as they stand before the phone is asked: the entry of kNoGroup alone.
+[[nodiscard]] GroupNames InitialGroupNames();
+
+// Adds what the reply of command 870120 holds. A title of AbsentMark ends the reading.
+void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names);
+
+// From a group's id to its members, from name to number. Of two records with the same group and
+// name the later one's number stays.
+using GroupMembers = std::map<std::int32_t, std::map<std::string, std::string>>;
+
+// Adds what the reply of command 870150 holds. False when a name of AbsentMark ended the reading:
+// the tree is not built then.
+[[nodiscard]] bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members);
+
+}  // namespace quorvi

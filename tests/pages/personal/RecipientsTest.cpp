@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "pages/personal/Recipients.h"
+
+namespace quorvi {
+namespace {
+
+using Numbers = std::vector<std::string>;
+
+const GroupMembers kMembers{
+    {kNoGroup, {{"Wang", "10086"}}},
+    {4, {{"Gu", "13512340098"}, {"Lin", "+8613861234567"}}},
+    {9, {{"Lin", "+8613861234567"}}},
+};
+
+TEST(RecipientEntry, IsTheNameInQuotesAndTheNumberInAngles) {
+    EXPECT_EQ(RecipientEntry("Lin", "138"), "\"Lin\" <138>;");
+}
+
+TEST(RecipientNumbers, ReadsEntriesAndBareNumbers) {
+    EXPECT_EQ(RecipientNumbers("\"Lin\" <138>;10086;\"Gu\" <135>;"),
+              (Numbers{"138", "10086", "135"}));
+}
+
+TEST(RecipientNumbers, TheTrailingSemicolonEndsTheSplit) {
+    EXPECT_EQ(RecipientNumbers("\"Lin\" <138>;"), Numbers{"138"});
+    EXPECT_EQ(RecipientNumbers("138;;139"), Numbers{"138"});
+    EXPECT_EQ(RecipientNumbers(""), Numbers{});
+}
+
+TEST(RecipientNumbers, AnAngleThatIsNotClosedGivesWhatIsBehindIt) {
+    EXPECT_EQ(RecipientNumbers("\"Lin\" <138"), Numbers{"138"});
+}
+
+TEST(ResolveRecipient, ANumberThatAContactHasTurnsIntoItsEntry) {
+    EXPECT_EQ(ResolveRecipient("13512340098", kMembers), "\"Gu\" <13512340098>;");
+}
+
+TEST(ResolveRecipient, ACountryPrefixOnEitherSideIsNoDifference) {
+    EXPECT_EQ(ResolveRecipient("13861234567", kMembers), "\"Lin\" <13861234567>;");
+    EXPECT_EQ(ResolveRecipient("+8613512340098", kMembers), "\"Gu\" <+8613512340098>;");
+}
+
+TEST(ResolveRecipient, AShorterNumberHasToMatchInWhole) {
+    EXPECT_EQ(ResolveRecipient("10086", kMembers), "\"Wang\" <10086>;");
+    EXPECT_EQ(ResolveRecipient("0086", kMembers), std::nullopt);
+    EXPECT_EQ(ResolveRecipient("1340098", kMembers), std::nullopt);
+}
+
+TEST(ResolveRecipient, NothingTypedFindsNobodyEvenWithoutANumber) {
+    EXPECT_EQ(ResolveRecipient("", {{1, {{"Nobody", ""}}}}), std::nullopt);
+}
+
+TEST(ResolveRecipient, AnEntryInTheFieldIsNotResolvedAgain) {
+    EXPECT_EQ(ResolveRecipient("\"Gu\" <13512340098>;", kMembers), std::nullopt);
+}
+
+TEST(RecipientTree, ShowsGroupsBySignedIdWithTheirMembersByName) {
+    GroupNames names = InitialGroupNames();
+    names[4] = "Work";
+    names[5] = "Empty";
+    const auto tree = RecipientTree(names, kMembers);
+    ASSERT_EQ(tree.size(), 3u);
+    EXPECT_EQ(tree[0].text, Ansi(u8"【未分组】 [1]"));
+    EXPECT_EQ(tree[0].members, Numbers{"Wang [10086]"});
+    EXPECT_EQ(tree[1].text, "Work [2]");
+    EXPECT_EQ(tree[1].members, (Numbers{"Gu [13512340098]", "Lin [+8613861234567]"}));
+}
+
+TEST(RecipientTree, AGroupWithoutMembersGetsNoNodeAndOneWithoutTitleAnEmptyOne) {
+    const auto tree = RecipientTree({{5, "Empty"}}, {{9, {{"Lin", "138"}}}});
+    ASSERT_EQ(tree.size(), 1u);
+    EXPECT_EQ(tree[0].text, " [1]");
+}
+
+TEST(RecipientTree, AContactInTwoGroupsShowsTwice) {
+    const auto tree = RecipientTree({}, kMembers);
+    ASSERT_EQ(tree.size(), 3u);
+    EXPECT_EQ(tree[1].members[1], tree[2].members[0]);
+}
+
+TEST(RecipientOfNode, ReadsNameAndNumberBackWithTheBlankBehindTheName) {
+    EXPECT_EQ(RecipientOfNode("Lin [138]"), "\"Lin \" <138>;");
+}
+
+TEST(RecipientOfNode, ABracketInANameCutsTheName) {
+    EXPECT_EQ(RecipientOfNode("Lin[work] [138]"), "\"Lin\" <work] [138>;");
+}
+
+TEST(RecipientOfNode, TextWithoutBracketsHasNoNumber) {
+    EXPECT_EQ(RecipientOfNode("Lin"), "\"Lin\" <>;");
+}
+
+}  // namespace
+}  // namespace quorvi
