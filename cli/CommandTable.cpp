@@ -10,6 +10,12 @@ namespace {
 
 // One row a command, in the order of the help.
 constexpr Command kCommands[] = {
+    {.words = "devices", .summary = u8"adb 列出的手机", .run = RunDevices},
+    {.words = "link",
+     .synopsis = "[--serial S]",
+     .summary = u8"连接手机，逐行给出状态",
+     .options = {"--serial"},
+     .run = RunLink},
     {.words = "info", .synopsis = "", .summary = u8"手机的系统信息", .run = RunInfo},
     {.words = "contacts show",
      .synopsis = "ID",

@@ -9,6 +9,8 @@ Status RunContactsAdd(const Arguments& arguments, Output& output);
 Status RunContactsDelete(const Arguments& arguments, Output& output);
 Status RunContactsShow(const Arguments& arguments, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, Output& output);
+Status RunDevices(const Arguments& arguments, Output& output);
 Status RunInfo(const Arguments& arguments, Output& output);
+Status RunLink(const Arguments& arguments, Output& output);
 
 }  // namespace quorvi::cli

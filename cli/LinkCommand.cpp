@@ -1,0 +1,105 @@
+#include <algorithm>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "base/Clock.h"
+#include "base/Json.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Output.h"
+#include "link/DeviceContext.h"
+#include "link/DeviceList.h"
+#include "link/LinkFace.h"
+#include "link/PhoneLink.h"
+
+namespace quorvi::cli {
+namespace {
+
+// The face of the link procedure on the command line: a line for each change of the banner.
+class LinkLines final : public LinkFace {
+  public:
+    LinkLines(DeviceContext& device, std::optional<std::string> serial, Output& output)
+        : device_(device), serial_(std::move(serial)), output_(output) {}
+
+    void ShowBanner(std::string text, BannerState state) override {
+        const std::lock_guard lock(mutex_);
+        if (text == text_ && state == state_) {
+            return;
+        }
+        text_ = std::move(text);
+        state_ = state;
+        if (!output_.Json()) {
+            output_.PrintLine(text_);
+            return;
+        }
+        Json::Value line;
+        line["state"] = static_cast<int>(state_);
+        line["text"] = JsonText(text_);
+        output_.PrintJsonLine(line);
+    }
+
+    void ChooseDevice(std::string_view) override {
+        if (serial_) {
+            device_.SetSerial(*serial_);
+        } else {
+            output_.Complain(Ansi(u8"有多个设备，请用 --serial 选择"));
+        }
+    }
+
+    void LinkUp() override {}
+
+    void LinkEnded() override {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        changed_.notify_all();
+    }
+
+    // The state of the last banner.
+    BannerState WaitForEnd() {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return ended_; });
+        return state_;
+    }
+
+  private:
+    DeviceContext& device_;
+    const std::optional<std::string> serial_;
+    Output& output_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::string text_;
+    BannerState state_ = BannerState::working;
+    bool ended_ = false;
+};
+
+// False when adb lists its phones and this one is not among them. Where adb cannot list them, the
+// procedure itself tells why.
+bool MayBeThere(const std::string& serial) {
+    const SerialList list = ListSerials();
+    return list.outcome != RunOutcome::started ||
+           std::find(list.serials.begin(), list.serials.end(), serial) != list.serials.end();
+}
+
+}  // namespace
+
+Status RunLink(const Arguments& arguments, Output& output) {
+    std::optional<std::string> serial = arguments.Option("--serial");
+    if (serial) {
+        Utf8ToAnsi(*serial);
+        if (!MayBeThere(*serial)) {
+            output.Complain(Ansi(u8"没有找到设备 ") + *serial);
+            return Status::notFound;
+        }
+    }
+    // They outlive the link's threads, which nobody waits for at the end of the process.
+    static auto& device = *new DeviceContext;
+    static auto& face = *new LinkLines(device, std::move(serial), output);
+    static auto& link = *new PhoneLink(device, face, SystemClock());
+    link.ConnectPhone(false);
+    return face.WaitForEnd() == BannerState::success ? Status::done : Status::noLink;
+}
+
+}  // namespace quorvi::cli
