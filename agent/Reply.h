@@ -10,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "agent/Wire.h"
+
 namespace quorvi {
 
 // Gives a mapping of that many bytes back.

@@ -5,13 +5,11 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <vector>
 
 #include "agent/AgentCommand.h"
+#include "agent/Wire.h"
 
 namespace quorvi {
-
-using Bytes = std::vector<std::byte>;
 
 // The four bytes of a command that takes no arguments.
 [[nodiscard]] Bytes BareRequest(AgentCommand command);

@@ -4,9 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <vector>
 
 namespace quorvi {
+
+// A request, or any other run of bytes that is built up.
+using Bytes = std::vector<std::byte>;
 
 // TCP port of the agent on the phone, and of the forward to it on 127.0.0.1.
 inline constexpr std::uint16_t AgentPort = 50505;

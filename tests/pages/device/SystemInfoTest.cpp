@@ -1,44 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "agent/Request.h"
-#include "agent/Wire.h"
 #include "base/Text.h"
 #include "pages/device/SystemInfo.h"
+#include "tests/pages/ReplyBytes.h"
 
 namespace quorvi {
 namespace {
-
-// The bytes of a reply, field by field.
-class Reply {
-  public:
-    Reply() { Word(0); }  // the leading word that no reader looks at
-
-    Reply& Word(std::uint32_t value) {
-        std::byte out[4];
-        PackUInt32(value, out);
-        bytes_.insert(bytes_.end(), out, out + sizeof out);
-        return *this;
-    }
-    Reply& Long(std::uint64_t value) {
-        std::byte out[8];
-        PackUInt64(value, out);
-        bytes_.insert(bytes_.end(), out, out + sizeof out);
-        return *this;
-    }
-    Reply& Text(std::string_view utf8) {
-        Word(static_cast<std::uint32_t>(utf8.size()));
-        const auto raw = std::as_bytes(std::span(utf8));
-        bytes_.insert(bytes_.end(), raw.begin(), raw.end());
-        return *this;
-    }
-    Reply& Absent() { return Word(AbsentMark); }
-
-    [[nodiscard]] ReplyBuffer Buffer() const { return ReplyBuffer::Holding(bytes_); }
-    [[nodiscard]] Bytes Raw() const { return bytes_; }
-
-  private:
-    Bytes bytes_;
-};
 
 struct Words {
     std::uint32_t gps = 1;
@@ -47,8 +14,8 @@ struct Words {
     std::uint32_t gravity = 0;
 };
 
-Reply WholeReply(std::string_view battery = "82", Words words = {}) {
-    return Reply()
+ReplyBytes WholeReply(std::string_view battery = "82", Words words = {}) {
+    return ReplyBytes()
         .Text("Aurora S2")          // model
         .Long(93'784'000)           // 1 day, 2 hours, 3 minutes, 4 seconds
         .Text("Android 2.3.4")      // system version
@@ -69,11 +36,11 @@ Reply WholeReply(std::string_view battery = "82", Words words = {}) {
         .Word(128);  // brightness
 }
 
-std::string DashboardOf(const Reply& reply) {
+std::string DashboardOf(const ReplyBytes& reply) {
     return DashboardList(ParseSystemInfo(reply.Buffer()).value());
 }
 
-std::string RowOf(const Reply& reply, std::size_t row) {
+std::string RowOf(const ReplyBytes& reply, std::size_t row) {
     return SystemInfoTable(ParseSystemInfo(reply.Buffer()).value())[row].text;
 }
 
@@ -155,11 +122,11 @@ TEST(SystemInfo, BatteryTextThatIsNoNumberCountsAsZeroAndIsShownAsItIs) {
 }
 
 TEST(SystemInfo, AbsentModelGivesNothingToShow) {
-    EXPECT_FALSE(ParseSystemInfo(Reply().Absent().Long(0).Buffer()));
+    EXPECT_FALSE(ParseSystemInfo(ReplyBytes().Absent().Long(0).Buffer()));
 }
 
 TEST(SystemInfo, EmptyModelIsPresentAndShown) {
-    Reply reply = Reply().Text("").Long(0);
+    ReplyBytes reply = ReplyBytes().Text("").Long(0);
     for (int i = 0; i < 9; ++i) {
         reply.Absent();
     }
@@ -172,7 +139,7 @@ TEST(SystemInfo, EmptyModelIsPresentAndShown) {
 }
 
 TEST(SystemInfo, StateOf2IsOffInTheTableAndOnOnTheDashboard) {
-    const Reply reply = WholeReply("82", {.gps = 2, .bluetooth = 0, .wifi = 0, .gravity = 0});
+    const ReplyBytes reply = WholeReply("82", {.gps = 2, .bluetooth = 0, .wifi = 0, .gravity = 0});
     EXPECT_EQ(RowOf(reply, 11), Ansi(u8"已禁用"));
     const std::string list = DashboardOf(reply);
     EXPECT_NE(list.find(Ansi(u8">GPS状态</a></div><span>开启</span>")), std::string::npos);
@@ -206,7 +173,7 @@ TEST(SystemInfo, LengthThatPointsOutsideGivesNothing) {
         raw.resize(cut);
         EXPECT_FALSE(ParseSystemInfo(ReplyBuffer::Holding(raw))) << cut;
     }
-    EXPECT_FALSE(ParseSystemInfo(Reply().Word(0x7FFFFFFF).Long(0).Buffer()));
+    EXPECT_FALSE(ParseSystemInfo(ReplyBytes().Word(0x7FFFFFFF).Long(0).Buffer()));
 }
 
 TEST(SystemInfo, RestOfACutReplyReadsAsZero) {
