@@ -104,6 +104,33 @@ Answer RunAgent(Phone& phone, const Words& words) {
     return {};
 }
 
+struct Amount {
+    std::string_view name;
+    void (*set)(DataAmounts&, std::uint32_t);
+};
+
+constexpr std::array<Amount, 3> kAmounts{{
+    {"contacts", [](DataAmounts& amounts, std::uint32_t n) { amounts.contacts = n; }},
+    {"photo-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.photoBytes = n; }},
+    {"hostile", [](DataAmounts& amounts, std::uint32_t n) { amounts.hostile = n != 0; }},
+}};
+
+// "data contacts 10000 photo-bytes 20000"; "data" alone: as delivered.
+Answer RunData(Phone& phone, const Words& words) {
+    DataAmounts amounts;
+    for (std::size_t i = 1; i < words.size(); i += 2) {
+        const auto amount = std::find_if(kAmounts.begin(), kAmounts.end(),
+                                         [&](const Amount& row) { return row.name == words[i]; });
+        const auto number = i + 1 < words.size() ? ParseNumber(words[i + 1]) : std::nullopt;
+        if (amount == kAmounts.end() || !number) {
+            return Error("data [NAME NUMBER]...");
+        }
+        amount->set(amounts, *number);
+    }
+    phone.TheAgent().data.Fill(amounts);
+    return {};
+}
+
 Answer RunInstall(Phone& phone, const Words& words) {
     if (words.size() != 2) {
         return Error("install real|Success|CODE");
@@ -159,13 +186,16 @@ struct ControlCommand {
     std::string_view help;
 };
 
-constexpr std::array<ControlCommand, 10> kCommands{{
+constexpr std::array<ControlCommand, 11> kCommands{{
     {"status", RunStatus, "status                   what the phone is and does"},
     {"fault", RunFault,
      "fault COMMAND|all FAULT  misbehave at a command, by code or name; \"none\" ends it"},
     {"faults", RunFaults, "faults [clear]           list the faults, or end them all"},
     {"release", RunRelease, "release                  let stalled replies go on"},
     {"agent", RunAgent, "agent missing|version N|start|stop"},
+    {"data", RunData,
+     "data [NAME NUMBER]...    fill the phone anew: as delivered, or with contacts, photo-bytes, "
+     "hostile"},
     {"install", RunInstall,
      "install CODE|real        what pm install answers: a failure's code, or what is true"},
     {"unplug", RunUnplug, "unplug                   pull the cable"},

@@ -17,8 +17,12 @@ void Stop(int) {
 void Describe(quorvi::phone::PhoneServer& server) {
     for (std::size_t i = 0; i < server.Count(); ++i) {
         quorvi::phone::Phone& phone = server.At(i);
-        std::cout << "phone " << i + 1 << ": " << phone.TheHandset().Facts().fullModel << ", adb "
-                  << phone.AdbSerial() << " on port " << phone.AdbPort();
+        std::cout << "phone " << i + 1 << ": " << phone.TheHandset().Facts().fullModel;
+        if (phone.IsPlugged()) {
+            std::cout << ", adb " << phone.AdbSerial() << " on port " << phone.AdbPort();
+        } else {
+            std::cout << ", unplugged";
+        }
         if (phone.AgentPort() != 0) {
             std::cout << ", agent on port " << phone.AgentPort();
         }

@@ -66,7 +66,19 @@ bool AddCommand(Parsing& parsing, std::string command) {
     return true;
 }
 
-constexpr std::array<Option, 21> kOptions{{
+// All amounts are one command, since it fills the phone anew.
+bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value) {
+    const std::string amount = fmt::format(" {} {}", name, value);
+    for (std::string& command : parsing.phone.commands) {
+        if (command.starts_with("data ")) {
+            command += amount;
+            return true;
+        }
+    }
+    return AddCommand(parsing, "data" + amount);
+}
+
+constexpr std::array<Option, 24> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -123,6 +135,14 @@ constexpr std::array<Option, 21> kOptions{{
          return AddCommand(p, "fault " + ReplaceAll(value, ":", " "));
      },
      "misbehave from the start, as in 870101:cut:100 or all:close"},
+    {"--contacts", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "contacts", value); },
+     "N made-up contacts instead of a person's"},
+    {"--photo-bytes", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "photo-bytes", value); },
+     "a photo of N bytes with each of them"},
+    {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
+     "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",
      [](Parsing& p, const std::string& value) {
          p.phone.logFile = value;

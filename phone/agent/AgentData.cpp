@@ -23,7 +23,18 @@ PhoneFacts DeliveredFacts() {
 
 }  // namespace
 
-AgentData::AgentData(const Profile& delivered) : profile(delivered), facts(DeliveredFacts()) {}
+AgentData::AgentData(const Profile& delivered) : profile(delivered), facts(DeliveredFacts()) {
+    Fill({});
+}
+
+void AgentData::Fill(const DataAmounts& amounts) {
+    amounts_ = amounts;
+    book = amounts.contacts ? LargeAddressBook(*amounts.contacts, amounts.photoBytes)
+                            : DeliveredAddressBook();
+    if (amounts.hostile) {
+        AddHostileContacts(book);
+    }
+}
 
 std::uint64_t AgentData::MillisecondsSinceBoot() const {
     const auto up = std::chrono::steady_clock::now() - start_;

@@ -3,9 +3,12 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "phone/Profile.h"
+#include "phone/agent/AddressBook.h"
 
 namespace quorvi::phone {
 
@@ -26,17 +29,31 @@ struct PhoneFacts {
     std::uint32_t brightness = 112;  // 0 to 255
 };
 
+// How much the phone holds: what is delivered, or made up in the number asked for.
+struct DataAmounts {
+    std::optional<std::uint32_t> contacts;
+    // Of made-up contacts: bytes of each photo, 0 for none.
+    std::uint32_t photoBytes = 0;
+    bool hostile = false;
+};
+
 class AgentData {
   public:
     explicit AgentData(const Profile& profile);
 
+    // Fills the phone anew; what was changed on it is gone.
+    void Fill(const DataAmounts& amounts);
+    [[nodiscard]] const DataAmounts& Amounts() const { return amounts_; }
+
     Profile profile;
     std::uint32_t version = 0;
     PhoneFacts facts;
+    AddressBook book;
 
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 
   private:
+    DataAmounts amounts_;
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 

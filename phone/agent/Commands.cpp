@@ -13,11 +13,6 @@ namespace {
 
 // Commands that the agent knows of and does not answer yet.
 constexpr std::array kSilentCommands{
-    CommandRow{AgentCommand::listContacts, "listContacts", RequestForm::bare},
-    CommandRow{AgentCommand::readContact, "readContact", RequestForm::framed},
-    CommandRow{AgentCommand::addContact, "addContact", RequestForm::framed},
-    CommandRow{AgentCommand::updateContact, "updateContact", RequestForm::framed},
-    CommandRow{AgentCommand::deleteContacts, "deleteContacts", RequestForm::framed},
     CommandRow{AgentCommand::listGroupNames, "listGroupNames", RequestForm::bare},
     CommandRow{AgentCommand::addGroup, "addGroup", RequestForm::framed},
     CommandRow{AgentCommand::renameGroup, "renameGroup", RequestForm::framed},
@@ -56,7 +51,8 @@ constexpr std::array kSilentCommands{
 const std::vector<CommandRow>& AllCommands() {
     static const std::vector<CommandRow> rows = [] {
         std::vector<CommandRow> all;
-        for (const auto group : {PhoneCommands(), std::span<const CommandRow>(kSilentCommands)}) {
+        for (const auto group :
+             {PhoneCommands(), ContactCommands(), std::span<const CommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

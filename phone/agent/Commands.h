@@ -34,6 +34,7 @@ struct CommandRow {
 };
 
 [[nodiscard]] std::span<const CommandRow> PhoneCommands();
+[[nodiscard]] std::span<const CommandRow> ContactCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const CommandRow* FindCommand(std::uint32_t code);
