@@ -16,8 +16,9 @@
 #include "app/QtSettingsStore.h"
 #include "app/RunningInstance.h"
 #include "app/Tour.h"
+#include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
-#include "link/DeviceContext.h"
+#include "link/PhoneLink.h"
 #include "ui/Look.h"
 
 namespace quorvi {
@@ -77,6 +78,7 @@ int CPhoneSuiteApp::RunWindow() {
     }
 
     auto& device = *new DeviceContext;
+    PhoneLink* link = nullptr;
     auto& window = *new CMainDlg({
         .settings = settings,
         .tray = *new DesktopTray,
@@ -86,7 +88,7 @@ int CPhoneSuiteApp::RunWindow() {
         .pages = {.device = device},
         .makers = ThePageMakers(),
         .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
-        .connectPhone = [](bool) {},
+        .connectPhone = [&link](bool delay) { link->ConnectPhone(delay); },
         .watchUsb = [] {},
         .runDeviceManager = [](QWidget*, const QString&) {},
         .endProcess =
@@ -95,6 +97,7 @@ int CPhoneSuiteApp::RunWindow() {
                 EndProcess(0);
             },
     });
+    link = new PhoneLink(device, *new WindowLinkFace(window), SystemClock());
     window.SetStartHidden(hidden);
     window.OnInitDialog();
     if (!hidden) {
