@@ -17,6 +17,7 @@ constexpr Command kCommands[] = {
      .options = {"--serial"},
      .run = RunLink},
     {.words = "info", .synopsis = "", .summary = u8"手机的系统信息", .run = RunInfo},
+    {.words = "contacts list", .summary = u8"手机上的联系人", .run = RunContactsList},
     {.words = "contacts show",
      .synopsis = "ID",
      .summary = u8"一个联系人的全部资料",

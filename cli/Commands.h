@@ -7,6 +7,7 @@ namespace quorvi::cli {
 
 Status RunContactsAdd(const Arguments& arguments, Output& output);
 Status RunContactsDelete(const Arguments& arguments, Output& output);
+Status RunContactsList(const Arguments& arguments, Output& output);
 Status RunContactsShow(const Arguments& arguments, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, Output& output);
 Status RunDevices(const Arguments& arguments, Output& output);

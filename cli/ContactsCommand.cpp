@@ -14,6 +14,7 @@
 #include "pages/personal/ContactForm.h"
 #include "pages/personal/ContactList.h"
 #include "pages/personal/ContactTypes.h"
+#include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {
 namespace {
@@ -33,6 +34,31 @@ const NamedList kLists[] = {
     {"addresses", &ContactRecord::addresses, kAddressTypes},
     {"organisations", &ContactRecord::organisations, kOrganisationTypes},
 };
+
+Json::Value DocumentOf(const std::vector<ContactListRow>& rows) {
+    Json::Value document(Json::arrayValue);
+    for (const ContactListRow& row : rows) {
+        Json::Value item(Json::objectValue);
+        item["id"] = row.contactId;
+        item["name"] = JsonText(row.name);
+        item["number"] = JsonText(row.number);
+        item["attribution"] = JsonText(row.attribution);
+        item["favourite"] = row.favourite;
+        item["last_contact"] = JsonText(row.lastContact);
+        item["photo_bytes"] = static_cast<Json::UInt64>(row.photo.Bytes().size());
+        document.append(std::move(item));
+    }
+    return document;
+}
+
+Table TableOf(const std::vector<ContactListRow>& rows) {
+    Table table{u8"编号", u8"联系人", u8"号码", u8"归属地", u8"收藏", u8"上次联系时间"};
+    for (const ContactListRow& row : rows) {
+        table.AddRow({std::to_string(row.contactId), row.name, row.number, row.attribution,
+                      Ansi(row.favourite ? u8"★" : u8""), row.lastContact});
+    }
+    return table;
+}
 
 Json::Value DocumentOf(const ContactRecord& record) {
     Json::Value document(Json::objectValue);
@@ -113,6 +139,24 @@ Status Send(const Bytes& request, Output& output) {
 }
 
 }  // namespace
+
+Status RunContactsList(const Arguments&, Output& output) {
+    PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listContacts));
+    const Status status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return status;
+    }
+    ContactList list;
+    if (reply.HasPayload()) {
+        const CPhoneDb db;
+        list = ParseContactList(
+            std::make_shared<const ReplyBuffer>(std::move(reply.buffer)),
+            [&db](std::string_view number) { return std::string(NumberAttribution(number, db)); });
+    }
+    output.Json() ? output.PrintDocument(DocumentOf(list.rows))
+                  : output.PrintTable(TableOf(list.rows));
+    return Status::done;
+}
 
 Status RunContactsShow(const Arguments& arguments, Output& output) {
     const auto id = IdOf(arguments.operands.front(), output);

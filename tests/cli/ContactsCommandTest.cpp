@@ -94,6 +94,42 @@ ContactForm Form() {
     return form;
 }
 
+TEST_F(ContactsCommand, ListGivesEachRowWithItsAttribution) {
+    START_OR_SKIP({.bytes = Framed(Join({
+                       Word(0),         // leading word
+                       LongWord(7),     // contact id
+                       LongWord(9),     // second id
+                       Text("林远舟"),  // name
+                       Word(1),         // favourite
+                       Text("10086"),   // number
+                       LongWord(0),     // last contact
+                       Word(0),         // reserved
+                       Word(1),         // has photo
+                       LongWord(4),     // photo length
+                       Word(0),         // photo
+                   }))});
+    const Ended ended = Out("contacts list --json");
+    EXPECT_EQ(ended.status, 0);
+    const auto rows = ParseJson(ended.output);
+    ASSERT_TRUE(rows && rows->isArray() && rows->size() == 1u);
+    const Json::Value& row = (*rows)[0];
+    EXPECT_EQ(row["id"].asUInt(), 7u);
+    EXPECT_EQ(row["name"].asString(), "林远舟");
+    EXPECT_EQ(row["number"].asString(), "10086");
+    EXPECT_EQ(row["attribution"].asString(), "中国移动");
+    EXPECT_TRUE(row["favourite"].asBool());
+    EXPECT_EQ(row["last_contact"].asString(), "N/A");
+    EXPECT_EQ(row["photo_bytes"].asUInt(), 4u);
+    EXPECT_EQ(Request(0), Word(870101));
+}
+
+TEST_F(ContactsCommand, PhoneWithoutContactsGivesAnEmptyList) {
+    START_OR_SKIP({.bytes = Word(NoDataMark)});
+    const Ended ended = Out("contacts list --json");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.output, "[]\n");
+}
+
 TEST_F(ContactsCommand, ShowGivesTheRecordWithItsLabels) {
     START_OR_SKIP({.bytes = Framed(Contact())});
     const Ended ended = Out("contacts show 7 --json");
@@ -136,6 +172,7 @@ TEST_F(ContactsCommand, ContactThatIsNotThereIsStatusThree) {
 }
 
 TEST_F(ContactsCommand, WithoutALinkEveryCommandIsStatusTwo) {
+    EXPECT_EQ(Out("contacts list --json").status, 2);
     EXPECT_EQ(Out("contacts show 7 --json").status, 2);
     EXPECT_EQ(Out("contacts delete 7").status, 2);
     EXPECT_EQ(Out(Fed("contacts add", kForm)).status, 2);
