@@ -360,6 +360,10 @@ struct Metric {
     static constexpr int voidTitleLine = 22;
     static constexpr int voidLine = 20;
     static constexpr int loadBar = 2;
+    static constexpr int loadBarPercent = 45;  // of the list's width
+    static constexpr int loadBarFrom = 30;     // where its light is full, in percent
+    static constexpr int loadBarTo = 60;
+    static constexpr int loadBarRest = 50;
     static constexpr int loadRows = 4;
     static constexpr int skeletonLine = 10;
     static constexpr int skeletonRadius = 4;

@@ -1,0 +1,37 @@
+// The list's rows as Qt's views and assistive tools see them.
+#pragma once
+
+#include <QAbstractTableModel>
+
+namespace quorvi {
+
+class CSkinListCtrl;
+
+// Answers from the list's own CellAt; keeps nothing but the number of rows.
+class ListModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    explicit ListModel(CSkinListCtrl& list);
+
+    [[nodiscard]] int Rows() const { return rows_; }
+    void Reset(int rows);
+    void Append(int count);
+    void Remove(int row);
+    void Changed(int row);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  private:
+    [[nodiscard]] QString Words(int row, int column) const;
+
+    CSkinListCtrl& list_;
+    int rows_ = 0;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,455 @@
+// How a list is painted: rows first, cells on them, then what lies above both.
+#include <QPaintEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <array>
+
+#include "base/Format.h"
+#include "ui/FocusRing.h"
+#include "ui/ListModel.h"
+#include "ui/QtText.h"
+#include "ui/SkinListCtrl.h"
+
+namespace quorvi {
+
+using look::Color;
+using look::Metric;
+using look::Size;
+
+namespace {
+
+// What a cell is painted with.
+struct CellPaint {
+    QPainter& painter;
+    QRect area;
+    const Cell& cell;
+    const ListColumn& column;
+    bool linkHot = false;  // the cursor is over the cell's link
+    bool enabled = true;
+};
+
+Qt::Alignment AlignmentOf(CellAlign align) {
+    return Qt::AlignVCenter | (align == CellAlign::left ? Qt::AlignLeft : Qt::AlignHCenter);
+}
+
+// The cell without its padding.
+QRect Padded(const QRect& area, const ListColumn& column) {
+    return column.cells == CellAlign::left
+               ? area.adjusted(Metric::cellPadding, 0, -Metric::gap1, 0)
+               : area.adjusted(Metric::hairline, 0, -Metric::hairline, 0);
+}
+
+// One line, for a row: what comes after a line feed is not shown.
+QString OneLine(const QString& text) {
+    const qsizetype end = text.indexOf(QLatin1Char('\n'));
+    return end < 0 ? text : text.left(end);
+}
+
+void DrawLine(const CellPaint& paint, const QRect& area, const QString& text, const QFont& font,
+              Color ink) {
+    paint.painter.setFont(font);
+    paint.painter.setPen(look::color(paint.enabled ? ink : Color::inkOff));
+    paint.painter.drawText(
+        area, static_cast<int>(AlignmentOf(paint.column.cells)) | Qt::TextSingleLine,
+        QFontMetrics(font).elidedText(OneLine(text), Qt::ElideRight, area.width()));
+}
+
+// The two lines of a cell, 20 each, centred in the row.
+std::pair<QRect, QRect> Lines(const QRect& area) {
+    const int top = area.center().y() + 1 - Metric::cellLine;
+    return {QRect(area.left(), top, area.width(), Metric::cellLine),
+            QRect(area.left(), top + Metric::cellLine, area.width(), Metric::cellLine)};
+}
+
+QFont LinkFont(bool hot) {
+    QFont font = look::font(Size::s12);
+    font.setUnderline(hot);
+    return font;
+}
+
+void PaintText(const CellPaint& paint) {
+    DrawLine(paint, Padded(paint.area, paint.column), paint.cell.text, look::font(Size::s12),
+             paint.cell.ink);
+}
+
+void PaintTwoLines(const CellPaint& paint) {
+    const auto [first, second] = Lines(Padded(paint.area, paint.column));
+    DrawLine(paint, first, paint.cell.text, look::font(Size::s13), paint.cell.ink);
+    DrawLine(paint, second, paint.cell.second, look::font(Size::s12), paint.cell.secondInk);
+}
+
+void PaintTwoLinesLink(const CellPaint& paint) {
+    const auto [first, second] = Lines(Padded(paint.area, paint.column));
+    DrawLine(paint, first, paint.cell.text, look::font(Size::s12), paint.cell.ink);
+    DrawLine(paint, second, paint.cell.second, LinkFont(paint.linkHot), paint.cell.secondInk);
+}
+
+void PaintLink(const CellPaint& paint) {
+    DrawLine(paint, Padded(paint.area, paint.column), paint.cell.text, LinkFont(paint.linkHot),
+             paint.cell.ink);
+}
+
+void PaintIcon(const CellPaint& paint) {
+    look::drawIcon(paint.painter, paint.area, paint.cell.icon, Metric::rowIcon,
+                   look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
+}
+
+void PaintIconText(const CellPaint& paint) {
+    const QFont font = look::font(Size::s12);
+    const QRect area = Padded(paint.area, paint.column);
+    if (paint.cell.icon.isEmpty()) {
+        DrawLine(paint, area, paint.cell.text, font, paint.cell.ink);
+        return;
+    }
+    constexpr int mark = Metric::rowIcon + Metric::rowIconGap;
+    const int words = std::min(QFontMetrics(font).horizontalAdvance(OneLine(paint.cell.text)) + 1,
+                               area.width() - mark);
+    const int left = paint.column.cells == CellAlign::left
+                         ? area.left()
+                         : area.left() + (area.width() - mark - words) / 2;
+    look::drawIcon(paint.painter, QRectF(left, area.top(), Metric::rowIcon, area.height()),
+                   paint.cell.icon, Metric::rowIcon,
+                   look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
+    DrawLine(paint, QRect(left + mark, area.top(), words, area.height()), paint.cell.text, font,
+             paint.cell.ink);
+}
+
+void PaintStar(const CellPaint& paint) {
+    const bool on = paint.cell.value > 0;
+    look::drawIcon(paint.painter, paint.area, on ? u"star-on" : u"star-off", Metric::starCell,
+                   look::color(on ? Color::star : Color::ink3));
+}
+
+void PaintRating(const CellPaint& paint) {
+    const int value = paint.cell.value >= 0 && paint.cell.value <= 5 ? paint.cell.value : 0;
+    look::drawCentred(
+        paint.painter, paint.area,
+        look::picture(QStringLiteral("rating-%1").arg(value),
+                      {Metric::ratingWidth, Metric::ratingHeight}, look::scaleOf(paint.painter)));
+}
+
+void PaintProgressCell(const CellPaint& paint) {
+    if (paint.cell.value < 0 || paint.cell.value > 100) {
+        PaintText(paint);
+        return;
+    }
+    look::paintProgress(
+        paint.painter,
+        QRectF(paint.area.left() + Metric::progressInset,
+               paint.area.center().y() + 1 - Metric::progressHeight / 2.0,
+               paint.area.width() - 2 * Metric::progressInset, Metric::progressHeight),
+        paint.cell.value);
+}
+
+void PaintNothing(const CellPaint&) {}
+
+struct KindRow {
+    CellKind kind;
+    void (*paint)(const CellPaint&);
+};
+
+// Row i paints kind i. Picture and tick are the list's own.
+constexpr std::array<KindRow, 12> kPainters{{
+    {CellKind::text, PaintText},
+    {CellKind::twoLines, PaintTwoLines},
+    {CellKind::twoLinesLink, PaintTwoLinesLink},
+    {CellKind::link, PaintLink},
+    {CellKind::imageLink, PaintIcon},
+    {CellKind::picture, PaintNothing},
+    {CellKind::icon, PaintIcon},
+    {CellKind::iconText, PaintIconText},
+    {CellKind::star, PaintStar},
+    {CellKind::rating, PaintRating},
+    {CellKind::progress, PaintProgressCell},
+    {CellKind::check, PaintNothing},
+}};
+
+constexpr bool PaintersInOrder() {
+    for (std::size_t i = 0; i < kPainters.size(); ++i) {
+        if (static_cast<std::size_t>(kPainters[i].kind) != i) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(PaintersInOrder());
+
+// The blocks of a row that has not come yet, in percent of the column's width.
+struct BlockWidths {
+    int first;
+    int second;
+};
+constexpr std::array<BlockWidths, Metric::loadRows> kBlocks{
+    {{44, 75}, {54, 71}, {40, 78}, {47, 68}}};
+
+void Block(QPainter& painter, const QRect& rect) {
+    look::plate(painter, rect, Metric::skeletonRadius, look::color(Color::skeleton),
+                Qt::transparent);
+}
+
+QRect Centred(const QRect& area, int width, int height) {
+    return {area.center().x() + 1 - width / 2, area.center().y() + 1 - height / 2, width, height};
+}
+
+}  // namespace
+
+// ---- rows and cells ----------------------------------------------------------------------------
+
+void CSkinListCtrl::PaintRows(QPainter& painter, const QRect& dirty) const {
+    const int first = std::max(0, rowAt(dirty.top()));
+    const int current = CurrentRow();
+    for (int row = first; row < RowCount(); ++row) {
+        const QRect area = RowRect(row);
+        if (area.top() > dirty.bottom()) {
+            break;
+        }
+        const bool selected = row == current;
+        const bool hovered = row == hoverRow_;
+        if (selected || hovered) {
+            look::fill(painter, area, look::color(selected ? Color::rowSelected : Color::rowHover));
+            look::topLine(painter, area, look::color(Color::rowBorder));
+            look::bottomLine(painter, area, look::color(Color::rowBorder));
+        } else if (row % 2 == 0) {
+            look::fill(painter, area, look::color(Color::rowLight));
+        }
+        if (selected) {
+            QRect bar = area;
+            bar.setWidth(Metric::rowBar);
+            look::fill(painter, bar, look::color(Color::plum6));
+        }
+    }
+}
+
+void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int column) {
+    if (row >= RowCount()) {
+        return;
+    }
+    const ListColumn& kind = Column(column);
+    painter.save();
+    painter.setClipRect(rect);
+    if (kind.kind == CellKind::check) {
+        const int side = Metric::tickInRow;
+        look::paintTick(painter, Centred(rect, side, side),
+                        IsTicked(row) ? look::Tick::on : look::Tick::off, {.enabled = isEnabled()});
+    } else if (kind.kind == CellKind::picture) {
+        PaintPicture(painter, rect, row, column);
+    } else {
+        const Cell cell = CellAt(row, column);
+        kPainters[static_cast<std::size_t>(kind.kind)].paint(
+            {painter, rect, cell, kind, row == hoverRow_ && column == hoverColumn_, isEnabled()});
+    }
+    painter.restore();
+}
+
+void CSkinListCtrl::PaintPicture(QPainter& painter, const QRect& rect, int row, int column) {
+    const qreal scale = look::scaleOf(painter);
+    const int side = rowHeight_ >= Metric::rowTall ? Metric::rowPicture : Metric::rowIcon;
+    const RowPicture picture = PictureAt(row);
+    QPixmap shown;
+    if (!picture.bytes.empty()) {
+        shown = pictures_.Get(picture.id, picture.bytes, side, picture.rounded, scale);
+    }
+    if (shown.isNull()) {
+        const Cell cell = CellAt(row, column);
+        if (!cell.icon.isEmpty()) {
+            shown = look::picture(cell.icon, {side, side}, scale);
+        } else if (!picture.fallback.empty()) {
+            shown = look::picture(QStringView(picture.fallback), {side, side}, scale);
+        }
+    }
+    if (!shown.isNull()) {
+        QRect area = rect;
+        if (column == 0) {
+            area = QRect(rect.left() + Metric::rowPictureInset, rect.top(),
+                         rect.width() - 2 * Metric::rowPictureInset, rect.height());
+        }
+        look::drawCentred(painter, area, shown);
+    }
+}
+
+void CSkinListCtrl::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    const bool loading = state_ == ListState::loading;
+    if (!redraw_ && !frozen_.isNull()) {
+        painter.drawPixmap(0, 0, frozen_);
+    } else if (loading && (!redraw_ || RowCount() == 0)) {
+        PaintSkeleton(painter);
+    } else if (redraw_ && RowCount() == 0) {
+        PaintVoid(painter);
+    } else if (redraw_) {
+        PaintRows(painter, event->rect());
+        painter.end();
+        QTableView::paintEvent(event);
+        painter.begin(viewport());
+        if (FocusRing::ShownOn(this) && currentIndex().isValid()) {
+            look::innerRing(painter, RowRect(currentIndex().row()));
+        }
+    }
+    if (loading) {
+        PaintLoadBar(painter);
+    }
+}
+
+// ---- empty, loading, failed --------------------------------------------------------------------
+
+void CSkinListCtrl::PaintVoid(QPainter& painter) const {
+    const bool failed = state_ == ListState::failed;
+    const QString& headline = failed ? failedHeadline_ : emptyHeadline_;
+    const QString& sentence = failed ? failedSentence_ : emptySentence_;
+    constexpr int words = Metric::voidTitleLine + Metric::voidLine;
+    constexpr int whole = Metric::voidPictureHeight + Metric::voidGap + words;
+    const QRect area = viewport()->rect();
+    const bool picture = area.height() >= whole + 2 * Metric::gap2;
+    int top = area.center().y() - (picture ? whole : words) / 2;
+    if (picture) {
+        look::drawCentred(painter, QRect(area.left(), top, area.width(), Metric::voidPictureHeight),
+                          look::picture(failed ? u"load-failed" : u"empty-list",
+                                        {Metric::voidPictureWidth, Metric::voidPictureHeight},
+                                        look::scaleOf(painter)));
+        top += Metric::voidPictureHeight + Metric::voidGap;
+    }
+    painter.setFont(look::font(Size::s14, true));
+    painter.setPen(look::color(Color::ink));
+    painter.drawText(QRect(area.left(), top, area.width(), Metric::voidTitleLine), Qt::AlignCenter,
+                     headline);
+    painter.setFont(look::font(Size::s12));
+    painter.setPen(look::color(Color::ink2));
+    painter.drawText(
+        QRect(area.left(), top + Metric::voidTitleLine, area.width(), Metric::voidLine),
+        Qt::AlignCenter, sentence);
+}
+
+void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
+    for (int row = 0; row < Metric::loadRows; ++row) {
+        const BlockWidths& widths = kBlocks[static_cast<std::size_t>(row)];
+        for (int column = 0; column < ColumnCount(); ++column) {
+            if (isColumnHidden(column)) {
+                continue;
+            }
+            const ListColumn& kind = Column(column);
+            const QRect cell(columnViewportPosition(column), row * rowHeight_, columnWidth(column),
+                             rowHeight_);
+            const QRect area = Padded(cell, kind);
+            const auto line = [&](const QRect& where, int percent) {
+                const int width = area.width() * percent / 100;
+                QRect block = Centred(where, width, Metric::skeletonLine);
+                if (kind.cells == CellAlign::left) {
+                    block.moveLeft(area.left());
+                }
+                Block(painter, block);
+            };
+            switch (kind.kind) {
+                case CellKind::picture: {
+                    const int side =
+                        rowHeight_ >= Metric::rowTall ? Metric::rowPicture : Metric::rowIcon;
+                    Block(painter, Centred(cell, side, side));
+                    break;
+                }
+                case CellKind::check:
+                    Block(painter, Centred(cell, Metric::tickInRow, Metric::tickInRow));
+                    break;
+                case CellKind::star:
+                case CellKind::icon:
+                case CellKind::imageLink:
+                    Block(painter, Centred(cell, Metric::iconField, Metric::iconField));
+                    break;
+                case CellKind::twoLines:
+                case CellKind::twoLinesLink: {
+                    const auto [first, second] = Lines(area);
+                    line(first, widths.first);
+                    line(second, widths.second);
+                    break;
+                }
+                default:
+                    line(area, widths.first);
+            }
+        }
+    }
+    if (total_ > 0) {
+        const QString words = ToQString(FormatByteSize(have_)) + QStringLiteral(" / ") +
+                              ToQString(FormatByteSize(total_));
+        painter.setFont(look::font(Size::s12));
+        painter.setPen(look::color(Color::ink2));
+        painter.drawText(viewport()->rect().adjusted(0, 0, 0, -Metric::gap4),
+                         Qt::AlignHCenter | Qt::AlignBottom, words);
+    }
+}
+
+void CSkinListCtrl::PaintLoadBar(QPainter& painter) const {
+    const int width = viewport()->width();
+    QRectF bar(0, 0, width, Metric::loadBar);
+    if (total_ > 0) {
+        const double part =
+            static_cast<double>(std::min(have_, total_)) / static_cast<double>(total_);
+        bar.setWidth(width * part);
+        look::fill(painter, bar, look::color(Color::plum6));
+        return;
+    }
+    // A run of light from left to right; standing still in the middle where nothing may move.
+    const qreal length = width * Metric::loadBarPercent / 100.0;
+    const qreal phase = motion_.isActive() ? static_cast<qreal>(phase_) / Metric::motionLoadBar
+                                           : Metric::loadBarRest / 100.0;
+    const qreal left = -length + (width + length) * phase;
+    QLinearGradient light(left, 0, left + length, 0);
+    light.setColorAt(0, look::color(Color::plum6, 0));
+    light.setColorAt(Metric::loadBarFrom / 100.0, look::color(Color::plum6));
+    light.setColorAt(Metric::loadBarTo / 100.0, look::color(Color::plum6));
+    light.setColorAt(1, look::color(Color::plum6, 0));
+    painter.fillRect(QRectF(left, 0, length, Metric::loadBar), light);
+}
+
+// ---- links and tips ----------------------------------------------------------------------------
+
+// A text link is hit in its column, 6 pixels from either edge, as high as its text; an icon link in
+// its cell without 14 pixels at the sides and 20 above and below, or as much as the row has.
+QRect CSkinListCtrl::LinkRect(int row, int column) const {
+    if (row < 0 || row >= RowCount() || column < 0 || column >= ColumnCount()) {
+        return {};
+    }
+    const QRect cell = CellRect(row, column);
+    const int height = QFontMetrics(look::font(Size::s12)).height();
+    const auto words = [&](const QRect& line) {
+        const int spare = (line.height() - height) / 2;
+        return line.adjusted(Metric::linkPadding, spare, -Metric::linkPadding, -spare);
+    };
+    switch (Column(column).kind) {
+        case CellKind::link:
+            return words(cell);
+        case CellKind::twoLinesLink:
+            return words(Lines(cell).second);
+        case CellKind::imageLink: {
+            const int y = std::min(Metric::imageLinkInsetY, cell.height() / 4);
+            return cell.adjusted(Metric::imageLinkInsetX, y, -Metric::imageLinkInsetX, -y);
+        }
+        default:
+            return {};
+    }
+}
+
+// Shows a text that its cell cuts off.
+bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
+    const QModelIndex index = indexAt(at);
+    if (!index.isValid() || !redraw_) {
+        return false;
+    }
+    const ListColumn& column = Column(index.column());
+    const Cell cell = CellAt(index.row(), index.column());
+    const int space = Padded(CellRect(index.row(), index.column()), column).width();
+    const auto cut = [&](const QString& text, Size size) {
+        return QFontMetrics(look::font(size)).horizontalAdvance(OneLine(text)) > space;
+    };
+    const bool two = column.kind == CellKind::twoLines;
+    if (!cut(cell.text, two ? Size::s13 : Size::s12) && !cut(cell.second, Size::s12)) {
+        return false;
+    }
+    const QString whole = cell.second.isEmpty()
+                              ? OneLine(cell.text)
+                              : OneLine(cell.text) + QLatin1Char('\n') + OneLine(cell.second);
+    QToolTip::showText(global,
+                       whole.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")),
+                       viewport(), CellRect(index.row(), index.column()));
+    return true;
+}
+
+}  // namespace quorvi
