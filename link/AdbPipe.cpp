@@ -25,16 +25,17 @@ struct CAdbPipe::Run {
     CAdbPipeListener& listener;
     const std::chrono::milliseconds pollInterval;
     ChildProcess child;
-    FileDescriptor stopEvent;
     std::atomic<bool> stopping{false};
     std::atomic<std::thread::id> reader{};
 
     std::mutex mutex;
+    FileDescriptor stopEvent;  // closed by the reader when it is through
     std::condition_variable ended;
     bool done = false;
 
     void SignalStop() {
         stopping = true;
+        const std::lock_guard lock(mutex);
         const std::uint64_t one = 1;
         static_cast<void>(!write(stopEvent.Get(), &one, sizeof one));
     }
@@ -134,6 +135,7 @@ void CAdbPipe::Read(const std::shared_ptr<Run>& run) {
     run->child.Release();
     {
         const std::lock_guard lock(run->mutex);
+        run->stopEvent.Close();
         run->done = true;
     }
     run->ended.notify_all();

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "FakeAdb.h"
 #include "link/AdbPath.h"
+#include "tests/link/FakeAdb.h"
 
 namespace quorvi {
 namespace {

@@ -1,4 +1,4 @@
-#include "FakeAdb.h"
+#include "tests/link/FakeAdb.h"
 
 #include <stdlib.h>
 #include <unistd.h>
