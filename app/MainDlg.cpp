@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -24,11 +23,11 @@
 #include "app/Sounds.h"
 #include "app/StatusStrip.h"
 #include "app/TabStrip.h"
-#include "app/WindowShape.h"
 #include "ui/ControlNumber.h"
 #include "ui/Look.h"
 #include "ui/QtText.h"
 #include "ui/SkinFields.h"
+#include "ui/WindowFrame.h"
 
 namespace quorvi {
 namespace {
@@ -102,10 +101,10 @@ CMainDlg::~CMainDlg() {
 }
 
 void CMainDlg::BuildFrame() {
-    resize(Metric::windowWidth, Metric::windowHeight);
+    WindowFrame::Attach(*this);
+    resize(WindowFrame::Around(*this, QSize(Metric::windowWidth, Metric::windowHeight)));
     setMinimumSize(size());
     setAcceptDrops(true);
-    PrepareRoundCorners(*this);
 
     caption_ = new CaptionBar(this);
     tabs_ = new TabStrip(this);
@@ -290,7 +289,7 @@ void CMainDlg::OnSearch(int /*first*/, int /*second*/) {
 void CMainDlg::OnPageCommand(int first, int second) {
     switch (static_cast<PageCommand>(first)) {
         case PageCommand::openDeviceManager:
-            RunDeviceManager({});
+            RunDeviceManager({}, [] {});
             break;
         case PageCommand::openStoreItem:
             ForwardToPage(kPageStore, Message::openStoreItem, second);
@@ -344,8 +343,8 @@ void CMainDlg::OnUsbRemoval() {
     parts_.sounds.Play(Sound::removal);
 }
 
-void CMainDlg::RunDeviceManager(const QString& title) {
-    parts_.runDeviceManager(this, title);
+void CMainDlg::RunDeviceManager(const QString& title, std::function<void()> done) {
+    parts_.openDeviceManager(this, title, std::move(done));
 }
 
 // ---- caption, keys, drops ----------------------------------------------------------------------
@@ -361,7 +360,7 @@ void CMainDlg::OnCaptionButton(int control) {
         case CaptionBar::kMaximise:
             break;  // Its command does nothing at all: this is meant.
         case CaptionBar::kDeviceManager:
-            RunDeviceManager({});
+            RunDeviceManager({}, [] {});
             break;
         case CaptionBar::kDownloads:
             Post(Message::goToPage, 0, kPageDownloads);
@@ -394,7 +393,8 @@ bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
 
 void CMainDlg::mousePressEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
-    if (event->button() != Qt::LeftButton || at.y() >= Metric::captionHeight) {
+    if (event->button() != Qt::LeftButton ||
+        at.y() >= contentsRect().top() + Metric::captionHeight) {
         QWidget::mousePressEvent(event);
         return;
     }
@@ -433,45 +433,34 @@ void CMainDlg::dropEvent(QDropEvent* event) {
 // The grounds of the strips stand here and not in the strips: only the window knows its corners.
 void CMainDlg::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPainterPath shape = RoundShape(*this);
-    painter.fillPath(shape, look::color(Color::page));
-
-    const QRectF top(0, 0, width(), Metric::captionHeight);
-    const QRectF tabs(0, Metric::captionHeight, width(), Metric::tabsHeight);
-    const QRectF foot(0, height() - Metric::statusHeight, width(), Metric::statusHeight);
+    WindowFrame::Paint(painter, *this);
+    const QRect inside = contentsRect();
+    const QRect top(inside.topLeft(), QSize(inside.width(), Metric::captionHeight));
+    const QRect tabs = top.translated(0, top.height())
+                           .adjusted(0, 0, 0, Metric::tabsHeight - Metric::captionHeight);
+    const QRect foot = inside.adjusted(0, inside.height() - Metric::statusHeight, 0, 0);
+    const QRect bar(inside.left(), tabs.bottom() + 1, Metric::navWidth,
+                    foot.top() - tabs.bottom() - 1);
     QLinearGradient shade(tabs.topLeft(), tabs.bottomLeft());
     shade.setColorAt(0, look::color(Color::chrome1));
     shade.setColorAt(1, look::color(Color::chrome2));
-    const auto strip = [&](const QRectF& area, const QBrush& brush) {
-        QPainterPath part;
-        part.addRect(area);
-        painter.fillPath(part.intersected(shape), brush);
-    };
-    strip(top, look::color(Color::chrome1));
+
+    look::fill(painter, inside, look::color(Color::page));
+    look::fill(painter, top, look::color(Color::chrome1));
     painter.fillRect(tabs, shade);
     look::bottomLine(painter, tabs, look::color(Color::line));
-    const QRectF bar(0, tabs.bottom(), Metric::navWidth, foot.top() - tabs.bottom());
     look::fill(painter, bar, look::color(Color::surface));
     look::leftLine(painter, bar.translated(bar.width() - Metric::hairline, 0),
                    look::color(Color::line));
-    strip(foot, look::color(Color::chrome2));
+    look::fill(painter, foot, look::color(Color::chrome2));
     look::topLine(painter, foot, look::color(Color::line));
 }
 
 void CMainDlg::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layout()->activate();
-    ShapeRoundCorners(*this);
     for (const auto& [dialog, page] : pages_) {
         page->setGeometry(content_->rect());
-    }
-}
-
-void CMainDlg::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) {
-        ShapeRoundCorners(*this);
     }
 }
 

@@ -43,8 +43,10 @@ struct MainParts {
     std::function<void(bool delay)> connectPhone;
     // Asks to be told of USB events by OnUsbArrival and OnUsbRemoval; a failure is not looked at.
     std::function<void()> watchUsb;
-    // Runs the device manager dialog modally; an empty title leaves the dialog's own.
-    std::function<void(QWidget* parent, const QString& title)> runDeviceManager;
+    // Opens the device manager dialog, modal to the window, and returns at once; an empty title
+    // leaves the dialog's own. `done` is called when it has ended.
+    std::function<void(QWidget* parent, const QString& title, std::function<void()> done)>
+        openDeviceManager;
     // Ends the process, waiting for nobody.
     std::function<void()> endProcess;
 };
@@ -71,7 +73,7 @@ class CMainDlg : public QWidget, public PageHost {
     void LinkUp();
     void OnUsbArrival();
     void OnUsbRemoval();
-    void RunDeviceManager(const QString& title);
+    void RunDeviceManager(const QString& title, std::function<void()> done);
 
     // PageHost
     void SetStatus(const QString& text) override;
@@ -97,7 +99,6 @@ class CMainDlg : public QWidget, public PageHost {
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

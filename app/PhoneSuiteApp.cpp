@@ -90,7 +90,7 @@ int CPhoneSuiteApp::RunWindow() {
         .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
         .connectPhone = [&link](bool delay) { link->ConnectPhone(delay); },
         .watchUsb = [] {},
-        .runDeviceManager = [](QWidget*, const QString&) {},
+        .openDeviceManager = [](QWidget*, const QString&, std::function<void()> done) { done(); },
         .endProcess =
             [&settings] {
                 settings.Flush();

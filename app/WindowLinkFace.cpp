@@ -22,8 +22,7 @@ void WindowLinkFace::ChooseDevice(std::string_view title) {
     // A post to a window that is gone drops the promise, which ends the wait as well.
     PostToWindow(guard_,
                  [window = window_, title = std::string(title), chosen = std::move(chosen)] {
-                     window->RunDeviceManager(ToQString(title));
-                     chosen->set_value();
+                     window->RunDeviceManager(ToQString(title), [chosen] { chosen->set_value(); });
                  });
     done.wait();
 }

@@ -139,6 +139,7 @@ class MainDlgTest : public WidgetTest {
     MemorySettings settings_;
     DeviceContext device_;
     std::vector<std::string> steps_;  // what the window asked of the link, in order
+    std::function<void()> devicesDone_;
     int ended_ = 0;
     std::unique_ptr<CMainDlg> window_;
 
@@ -171,9 +172,10 @@ class MainDlgTest : public WidgetTest {
             .connectPhone =
                 [this](bool delay) { steps_.push_back(delay ? "connect later" : "connect"); },
             .watchUsb = [this] { steps_.push_back("watch"); },
-            .runDeviceManager =
-                [this](QWidget*, const QString& title) {
+            .openDeviceManager =
+                [this](QWidget*, const QString& title, const std::function<void()>& done) {
                     steps_.push_back("devices:" + title.toStdString());
+                    devicesDone_ = done;
                 },
             .endProcess = [this] { ++ended_; },
         });

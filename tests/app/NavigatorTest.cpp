@@ -268,7 +268,7 @@ TEST_F(Navigator, TheDownloadPagesItemCarriesTheTaskCount) {
 
 TEST_F(Navigator, PagesFillTheContentFrameAsTheWindowGrows) {
     EXPECT_EQ(window_->ShownPage()->size(), QSize(760, 462));
-    window_->resize(1200, 800);
+    window_->resize(window_->size() + QSize(240, 160));
     Settle();
     EXPECT_EQ(window_->ShownPage()->size(), QSize(1000, 622));
     Send(Message::goToPage, 1, 14);
