@@ -31,8 +31,11 @@ class Descriptor {
             ::close(value_);
         }
     }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : value_(std::exchange(other.value_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(value_, other.value_);
+        return *this;
+    }
 
     [[nodiscard]] bool IsOpen() const { return value_ >= 0; }
     [[nodiscard]] int Value() const { return value_; }
@@ -52,16 +55,29 @@ bool WriteAll(int descriptor, std::span<const std::byte> bytes) {
     return true;
 }
 
-// Puts the whole resource at `path` at once, so that another instance never maps half of it.
-void Extract(const std::filesystem::path& path, std::span<const std::byte> resource) {
+// Puts the whole resource at `path` at once, so that nobody ever maps half of it, and gives the
+// file open: another instance may have replaced it by its own before it is opened by name.
+Descriptor Extract(const std::filesystem::path& path, std::span<const std::byte> resource) {
     std::string draft = path.string() + ".XXXXXX";
-    const Descriptor file(::mkostemp(draft.data(), O_CLOEXEC));
-    if (!file.IsOpen()) {
-        return;
+    Descriptor file(::mkostemp(draft.data(), O_CLOEXEC));
+    if (file.IsOpen() && WriteAll(file.Value(), resource) &&
+        ::rename(draft.c_str(), path.c_str()) == 0) {
+        return file;
     }
-    if (!WriteAll(file.Value(), resource) || ::rename(draft.c_str(), path.c_str()) != 0) {
+    if (file.IsOpen()) {
         ::unlink(draft.c_str());
     }
+    return Descriptor(-1);
+}
+
+// What stands there, or an empty file if nothing does.
+Descriptor OpenExisting(const std::filesystem::path& path) {
+    constexpr int kRead = O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+    // Without O_CREAT first: the system refuses it for another user's file in a shared directory.
+    Descriptor file(::open(path.c_str(), kRead));
+    return file.IsOpen()
+               ? std::move(file)
+               : Descriptor(::open(path.c_str(), kRead | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR));
 }
 
 std::vector<std::byte> ReadDatabase(const std::filesystem::path& path) {
@@ -123,17 +139,15 @@ CPhoneDb& CPhoneDb::operator=(CPhoneDb&& other) noexcept {
 
 void CPhoneDb::Open(const std::filesystem::path& directory, std::span<const std::byte> resource) {
     const std::filesystem::path path = directory / kPhoneDbName;
-    ::unlink(path.c_str());
-    if (!resource.empty()) {
-        Extract(path, resource);
+    Descriptor file(-1);
+    if (resource.empty()) {
+        ::unlink(path.c_str());
+    } else {
+        file = Extract(path, resource);
     }
-    // Without O_CREAT first: the system refuses it for another user's file in a shared directory.
-    int opened = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
-    if (opened < 0) {
-        opened = ::open(path.c_str(), O_RDONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                        S_IRUSR | S_IWUSR);
+    if (!file.IsOpen()) {
+        file = OpenExisting(path);
     }
-    const Descriptor file(opened);
     struct stat status {};
     if (!file.IsOpen() || ::fstat(file.Value(), &status) != 0) {
         return;
