@@ -11,18 +11,19 @@ namespace quorvi {
 
 // How a cell is drawn and what a click on it means.
 enum class CellKind : std::uint8_t {
-    text,          // one line
-    twoLines,      // a line of 13 above one of 12
-    twoLinesLink,  // the same, the second line being a link
-    link,          // one line, a link
-    imageLink,     // an icon that is a link
-    picture,       // the row's picture, 48 by 48
-    icon,          // a named icon alone
-    iconText,      // a named icon with a line beside it
-    star,          // a star, filled when the cell's value is not 0
-    rating,        // five stars, filled by the cell's value 0 to 5; any other value counts as 0
-    progress,      // a progress bar when the cell's value is 0 to 100, else the text
-    check,         // the row's tick box; a click anywhere in the cell flips it
+    text,           // one line
+    twoLines,       // a line of 13 above one of 12
+    twoSmallLines,  // two lines of 12
+    twoLinesLink,   // two lines of 12, the second being a link
+    link,           // one line, a link
+    imageLink,      // an icon that is a link
+    picture,        // the row's picture, 48 by 48
+    icon,           // a named icon alone
+    iconText,       // a named icon with a line beside it
+    star,           // a star, filled when the cell's value is not 0
+    rating,         // five stars, filled by the cell's value 0 to 5; any other value counts as 0
+    progress,       // a progress bar when the cell's value is 0 to 100, else the text
+    check,          // the row's tick box; a click anywhere in the cell flips it
 };
 
 enum class CellAlign : std::uint8_t { centre, left };

@@ -73,9 +73,14 @@ void PaintText(const CellPaint& paint) {
              paint.cell.ink);
 }
 
+template <Size FirstLine>
 void PaintTwoLines(const CellPaint& paint) {
+    if (paint.area.height() < 2 * Metric::cellLine) {
+        PaintText(paint);  // a compact row has room for one
+        return;
+    }
     const auto [first, second] = Lines(Padded(paint.area, paint.column));
-    DrawLine(paint, first, paint.cell.text, look::font(Size::s13), paint.cell.ink);
+    DrawLine(paint, first, paint.cell.text, look::font(FirstLine), paint.cell.ink);
     DrawLine(paint, second, paint.cell.second, look::font(Size::s12), paint.cell.secondInk);
 }
 
@@ -150,9 +155,10 @@ struct KindRow {
 };
 
 // Row i paints kind i. Picture and tick are the list's own.
-constexpr std::array<KindRow, 12> kPainters{{
+constexpr std::array<KindRow, 13> kPainters{{
     {CellKind::text, PaintText},
-    {CellKind::twoLines, PaintTwoLines},
+    {CellKind::twoLines, PaintTwoLines<Size::s13>},
+    {CellKind::twoSmallLines, PaintTwoLines<Size::s12>},
     {CellKind::twoLinesLink, PaintTwoLinesLink},
     {CellKind::link, PaintLink},
     {CellKind::imageLink, PaintIcon},
@@ -355,6 +361,7 @@ void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
                     Block(painter, Centred(cell, Metric::iconField, Metric::iconField));
                     break;
                 case CellKind::twoLines:
+                case CellKind::twoSmallLines:
                 case CellKind::twoLinesLink: {
                     const auto [first, second] = Lines(area);
                     line(first, widths.first);

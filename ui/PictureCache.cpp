@@ -89,8 +89,9 @@ QPixmap PictureCache::Get(std::uint64_t id, std::string_view bytes, int side, bo
     }
     ++decodes_;
     const int pixels = static_cast<int>(std::lround(side * dpr));
-    QPixmap made =
-        QPixmap::fromImage(DecodePicture(bytes, pixels, rounded, look::Metric::radiusPanel * dpr));
+    QPixmap made = QPixmap::fromImage(DecodePicture(
+        bytes, pixels, rounded,
+        static_cast<qreal>(pixels) * look::Metric::radiusPanel / look::Metric::rowPicture));
     made.setDevicePixelRatio(dpr);
     const qsizetype cost = made.isNull() ? 1 : qsizetype{4} * pixels * pixels;
     pictures_.insert(id, new QPixmap(made), cost);

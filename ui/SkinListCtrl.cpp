@@ -12,6 +12,7 @@
 #include "ui/FocusRing.h"
 #include "ui/ListModel.h"
 #include "ui/QtText.h"
+#include "ui/RoundCorners.h"
 #include "ui/SkinHeader.h"
 
 namespace quorvi {
@@ -79,6 +80,7 @@ CSkinListCtrl::CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight,
     viewport()->setMouseTracking(true);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     LayColumns();
+    RoundCorners::Attach(*this);
 
     // The bar lies over the rows; the view's own stays hidden and leads.
     bar_->setFocusPolicy(Qt::NoFocus);

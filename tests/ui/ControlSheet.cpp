@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
+#include "tests/ui/SampleList.h"
 #include "ui/ControlNumber.h"
 #include "ui/Look.h"
 #include "ui/QtText.h"
@@ -171,6 +172,106 @@ void Save(QWidget& widget, const QString& path) {
     widget.grab().save(path);
 }
 
+// The contacts list as the mock-up has it: a list of 452 beside its page's detail.
+constexpr std::array<ListColumn, 5> kContactColumns{{
+    {u8"头像", 60, CellKind::picture},
+    {u8"联系人", 140, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {u8"收藏", 44, CellKind::star},
+    {u8"上次联系时间、归属地", 150, CellKind::twoSmallLines, CellAlign::left, CellAlign::centre},
+    {u8"选择", 44, CellKind::check},
+}};
+
+struct Contact {
+    std::u8string_view name;
+    std::string_view number;
+    std::string_view time;
+    std::u8string_view place;
+    bool favourite;
+};
+
+class ContactsSheet : public RecordListCtrl<Contact> {
+  public:
+    explicit ContactsSheet(QWidget* parent)
+        : RecordListCtrl(kContactColumns, look::Metric::rowTall, parent) {}
+
+  protected:
+    [[nodiscard]] Cell CellOf(const Contact& record, int column) const override {
+        switch (column) {
+            case 1:
+                return {.text = ToQString(record.name),
+                        .second = ToQString(record.number),
+                        .secondInk = Color::statedGrey};
+            case 2:
+                return {.value = record.favourite ? 1 : 0};
+            case 3:
+                return {.text = ToQString(record.time),
+                        .second = ToQString(record.place),
+                        .secondInk = Color::red};
+            default:
+                return {};
+        }
+    }
+};
+
+void SaveLists(const QString& folder) {
+    QWidget window;
+    window.setFixedSize(940, 500);
+    ContactsSheet contacts(&window);
+    contacts.setGeometry(8, 8, 452, 462);
+    contacts.SetRecords({{u8"林远舟", "13861234567", "2011-06-18 09:42:10", u8"江苏常州", true},
+                         {u8"顾晓棠", "13512340098", "2011-06-17 21:15:36", u8"广东深圳", true},
+                         {u8"何思远", "13980012345", "2011-06-12 22:11:08", u8"四川成都", false},
+                         {u8"沈一鸣", "13758880001", "2011-06-16 15:28:47", u8"浙江杭州", false},
+                         {u8"许清和许清和许清和许清和", "01065551234", "N/A", u8"北京", false},
+                         {u8"叶知秋", "15951230456", "2011-05-30 11:02:19", u8"江苏南京", false},
+                         {u8"周子衿", "13811112222", "2011-06-15 08:03:19", u8"北京", true},
+                         {u8"韩冬", "13811112223", "2011-06-15 08:03:19", u8"北京", true}});
+    contacts.SetTicked(2, true);
+    contacts.SetTicked(5, true);
+    contacts.SelectRow(0);
+    ContactsSheet focus(&window);
+    focus.setGeometry(472, 8, 452, 462);
+    focus.SetRecords(contacts.Records());
+    window.show();
+    focus.setFocus(Qt::TabFocusReason);
+    FocusRing::Show();
+    focus.SelectRow(2);
+    QTest::mouseMove(contacts.viewport(), contacts.CellRect(2, 1).center());
+    QTest::qWait(50);
+    Save(window, folder + QStringLiteral("/lists.png"));
+
+    QWidget states;
+    states.setFixedSize(1416, 340);
+    look::SetLessMotion(true);
+    int x = 4;
+    for (const ListState state : {ListState::idle, ListState::loading, ListState::failed}) {
+        auto* list = new ContactsSheet(&states);
+        list->setGeometry(x, 10, 452, 320);
+        list->SetState(state);
+        list->SetEmptyText(ToQString(u8"列表是空的"),
+                           ToQString(u8"手机上没有联系人，或者还没有获取"));
+        list->SetFailedText(ToQString(u8"没有连上手机"),
+                            ToQString(u8"请检查数据线，然后点“重新获取”"));
+        x += 472;
+    }
+    states.show();
+    QTest::qWait(50);
+    Save(states, folder + QStringLiteral("/list-states.png"));
+
+    SampleListCtrl apps;
+    apps.setFixedSize(760, 462);
+    apps.SetRecords(SampleRecords(40));
+    apps.show();
+    QTest::qWait(20);
+    Save(apps, folder + QStringLiteral("/list-kinds.png"));
+    SampleListCtrl compact(nullptr, look::Metric::rowCompact);
+    compact.setFixedSize(760, 200);
+    compact.SetRecords(SampleRecords(4));
+    compact.show();
+    QTest::qWait(20);
+    Save(compact, folder + QStringLiteral("/list-compact.png"));
+}
+
 int Run(const QString& folder) {
     Sheet sheet;
     sheet.show();
@@ -199,6 +300,8 @@ int Run(const QString& folder) {
     panel.show();
     QTest::qWait(20);
     Save(panel, folder + QStringLiteral("/group.png"));
+
+    SaveLists(folder);
 
     CSkinMenu menu;
     menu.SetStrip({QStringLiteral("find-target"), QStringLiteral("play"), QStringLiteral("pause"),
