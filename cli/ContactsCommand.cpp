@@ -7,9 +7,9 @@
 #include "agent/AgentSession.h"
 #include "base/Json.h"
 #include "base/Text.h"
-#include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/ContactFormInput.h"
+#include "cli/Exchange.h"
 #include "cli/Output.h"
 #include "pages/personal/ContactForm.h"
 #include "pages/personal/ContactList.h"
@@ -100,13 +100,7 @@ Table TableOf(const ContactRecord& record) {
     return table;
 }
 
-std::optional<std::uint32_t> IdOf(const std::string& operand, Output& output) {
-    const auto id = ReadId(operand);
-    if (!id) {
-        output.Complain(ToAnsi(operand) + Ansi(u8": 不是联系人的编号"));
-    }
-    return id;
-}
+constexpr std::u8string_view kNoContactId = u8"不是联系人的编号";
 
 // The contact of an id; `status` tells why there is none.
 std::optional<ContactRecord> ReadContact(std::uint32_t id, Output& output, Status& status) {
@@ -134,10 +128,6 @@ std::optional<ContactForm> FormOfInput(Output& output) {
     return std::get<ContactForm>(std::move(form));
 }
 
-Status Send(const Bytes& request, Output& output) {
-    return output.Report(AgentSession().RunAcknowledged(request).outcome);
-}
-
 }  // namespace
 
 Status RunContactsList(const Arguments&, Output& output) {
@@ -159,12 +149,12 @@ Status RunContactsList(const Arguments&, Output& output) {
 }
 
 Status RunContactsShow(const Arguments& arguments, Output& output) {
-    const auto id = IdOf(arguments.operands.front(), output);
-    if (!id) {
+    const auto ids = ReadIds(arguments.operands, kNoContactId, output);
+    if (!ids) {
         return Status::wrongUsage;
     }
     Status status{};
-    if (const auto record = ReadContact(*id, output, status)) {
+    if (const auto record = ReadContact(ids->front(), output, status)) {
         output.Json() ? output.PrintDocument(DocumentOf(*record))
                       : output.PrintTable(TableOf(*record));
     }
@@ -172,23 +162,9 @@ Status RunContactsShow(const Arguments& arguments, Output& output) {
 }
 
 Status RunContactsDelete(const Arguments& arguments, Output& output) {
-    std::vector<std::uint32_t> ids;
-    Json::Value deleted(Json::arrayValue);
-    for (const std::string& operand : arguments.operands) {
-        const auto id = IdOf(operand, output);
-        if (!id) {
-            return Status::wrongUsage;
-        }
-        ids.push_back(*id);
-        deleted.append(*id);
-    }
-    const Status status = Send(DeleteContactsRequest(ids), output);
-    if (status == Status::done && output.Json()) {
-        Json::Value document(Json::objectValue);
-        document["deleted"] = std::move(deleted);
-        output.PrintDocument(document);
-    }
-    return status;
+    const auto ids = ReadIds(arguments.operands, kNoContactId, output);
+    return ids ? SendAndTell(DeleteContactsRequest(*ids), "deleted", JsonIds(*ids), output)
+               : Status::wrongUsage;
 }
 
 Status RunContactsAdd(const Arguments&, Output& output) {
@@ -201,33 +177,22 @@ Status RunContactsAdd(const Arguments&, Output& output) {
         output.Complain(Ansi(kEmptyContactName));
         return Status::wrongUsage;
     }
-    const Status status = Send(AddContactRequest(*record), output);
-    if (status == Status::done && output.Json()) {
-        Json::Value document(Json::objectValue);
-        document["added"] = JsonText(form->name);
-        output.PrintDocument(document);
-    }
-    return status;
+    return SendAndTell(AddContactRequest(*record), "added", JsonText(form->name), output);
 }
 
 Status RunContactsUpdate(const Arguments& arguments, Output& output) {
-    const auto id = IdOf(arguments.operands.front(), output);
-    const auto form = id ? FormOfInput(output) : std::nullopt;
+    const auto ids = ReadIds(arguments.operands, kNoContactId, output);
+    const auto form = ids ? FormOfInput(output) : std::nullopt;
     if (!form) {
         return Status::wrongUsage;
     }
     Status status{};
-    auto loaded = ReadContact(*id, output, status);
+    auto loaded = ReadContact(ids->front(), output, status);
     if (!loaded) {
         return status;
     }
-    status = Send(UpdateContactRequest(RecordToUpdate(*std::move(loaded), *form)), output);
-    if (status == Status::done && output.Json()) {
-        Json::Value document(Json::objectValue);
-        document["updated"] = *id;
-        output.PrintDocument(document);
-    }
-    return status;
+    return SendAndTell(UpdateContactRequest(RecordToUpdate(*std::move(loaded), *form)), "updated",
+                       ids->front(), output);
 }
 
 }  // namespace quorvi::cli

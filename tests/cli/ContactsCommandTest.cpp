@@ -3,14 +3,11 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <memory>
-#include <utility>
 
-#include "agent/Wire.h"
 #include "base/Json.h"
 #include "base/Text.h"
 #include "pages/personal/ContactForm.h"
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/cli/AgentFixture.h"
 #include "tests/cli/RunProgram.h"
 
 namespace quorvi::cli {
@@ -49,27 +46,7 @@ Bytes Contact() {
     });
 }
 
-class ContactsCommand : public testing::Test {
-  protected:
-    // False when the suite's port belongs to somebody else.
-    bool Start(Answer answer) {
-        agent_ = std::make_unique<LoopbackAgent>(std::move(answer), AgentPort);
-        return agent_->Port() == AgentPort;
-    }
-    // What came over the nth connection.
-    Bytes Request(std::size_t nth) {
-        const auto exchanges = agent_->Exchanges(nth + 1);
-        return nth < exchanges.size() ? Join({exchanges[nth].firstPiece, exchanges[nth].rest})
-                                      : Bytes();
-    }
-
-    std::unique_ptr<LoopbackAgent> agent_;
-};
-
-#define START_OR_SKIP(...)                      \
-    if (!Start(__VA_ARGS__)) {                  \
-        GTEST_SKIP() << "port 50505 is in use"; \
-    }
+class ContactsCommand : public AgentFixture {};
 
 // A command with its standard input.
 std::string Fed(std::string_view arguments, std::string_view input) {

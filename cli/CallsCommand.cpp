@@ -1,0 +1,65 @@
+#include "agent/AgentSession.h"
+#include "base/Json.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Exchange.h"
+#include "pages/personal/CallLog.h"
+#include "refdata/NumberAttribution.h"
+
+namespace quorvi::cli {
+namespace {
+
+// What the page shows, without the line feed that stands behind it there.
+std::string DurationOf(const CallLogRow& row) {
+    return std::string(TrimRight(row.duration));
+}
+
+Json::Value DocumentOf(const CallLogRow& row) {
+    Json::Value item(Json::objectValue);
+    item["id"] = row.id;
+    item["name"] = JsonText(row.name);
+    item["number"] = JsonText(row.number);
+    item["attribution"] = JsonText(row.attribution);
+    item["date"] = JsonText(row.time);
+    item["duration"] = JsonText(DurationOf(row));
+    item["type"] = JsonText(CallTypeText(row.type));
+    return item;
+}
+
+}  // namespace
+
+Status RunCallsList(const Arguments&, Output& output) {
+    const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listCalls));
+    const Status status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return status;
+    }
+    CallLog log;
+    if (reply.HasPayload()) {
+        const CPhoneDb db;
+        log = ParseCallLog(reply.buffer, [&db](std::string_view number) {
+            return std::string(NumberAttribution(number, db));
+        });
+    }
+    Json::Value document(Json::arrayValue);
+    Table table{u8"编号", u8"联系人", u8"号码", u8"类型", u8"通话用时", u8"时间", u8"归属地"};
+    for (const CallLogRow& row : log.rows) {
+        document.append(DocumentOf(row));
+        table.AddRow({std::to_string(row.id), row.name, row.number, CallTypeText(row.type),
+                      DurationOf(row), row.time, row.attribution});
+    }
+    output.Json() ? output.PrintDocument(document) : output.PrintTable(table);
+    return Status::done;
+}
+
+Status RunCallsDelete(const Arguments& arguments, Output& output) {
+    const auto ids = ReadIds(arguments.operands, u8"不是通话记录的编号", output);
+    return ids ? SendAndTell(DeleteCallsRequest(*ids), "deleted", JsonIds(*ids), output)
+               : Status::wrongUsage;
+}
+
+Status RunCallsClear(const Arguments&, Output& output) {
+    return SendAndTell(DeleteAllCallsRequest(), "cleared", true, output);
+}
+
+}  // namespace quorvi::cli

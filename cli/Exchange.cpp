@@ -1,0 +1,46 @@
+#include "cli/Exchange.h"
+
+#include "agent/AgentSession.h"
+#include "base/Text.h"
+#include "cli/CommandLine.h"
+
+namespace quorvi::cli {
+
+std::optional<std::vector<std::uint32_t>> ReadIds(std::span<const std::string> operands,
+                                                  std::u8string_view isNot, Output& output) {
+    std::vector<std::uint32_t> ids;
+    for (const std::string& operand : operands) {
+        const auto id = ReadId(operand);
+        if (!id) {
+            output.Complain(ToAnsi(operand) + ": " + Ansi(isNot));
+            return std::nullopt;
+        }
+        ids.push_back(*id);
+    }
+    return ids;
+}
+
+Status Send(const Bytes& request, Output& output) {
+    return output.Report(AgentSession().RunAcknowledged(request).outcome);
+}
+
+Status SendAndTell(const Bytes& request, const char* word, const Json::Value& what,
+                   Output& output) {
+    const Status status = Send(request, output);
+    if (status == Status::done && output.Json()) {
+        Json::Value document(Json::objectValue);
+        document[word] = what;
+        output.PrintDocument(document);
+    }
+    return status;
+}
+
+Json::Value JsonIds(std::span<const std::uint32_t> ids) {
+    Json::Value values(Json::arrayValue);
+    for (const std::uint32_t id : ids) {
+        values.append(id);
+    }
+    return values;
+}
+
+}  // namespace quorvi::cli

@@ -1,0 +1,33 @@
+// What the commands that name records by id, and change them on the phone, have in common.
+#pragma once
+
+#include <json/value.h>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "agent/Request.h"
+#include "cli/Command.h"
+#include "cli/Output.h"
+
+namespace quorvi::cli {
+
+// The ids of operands; nothing, and a complaint that ends in `isNot` ("不是联系人的编号"), when one
+// is no id.
+[[nodiscard]] std::optional<std::vector<std::uint32_t>> ReadIds(
+    std::span<const std::string> operands, std::u8string_view isNot, Output& output);
+
+// Sends a request whose acknowledgement is not looked at; complains when there is no link.
+[[nodiscard]] Status Send(const Bytes& request, Output& output);
+
+// The same, and tells what was done with --json: {"word": what}.
+[[nodiscard]] Status SendAndTell(const Bytes& request, const char* word, const Json::Value& what,
+                                 Output& output);
+
+[[nodiscard]] Json::Value JsonIds(std::span<const std::uint32_t> ids);
+
+}  // namespace quorvi::cli

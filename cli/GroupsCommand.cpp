@@ -1,0 +1,68 @@
+#include "agent/AgentSession.h"
+#include "base/Json.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Exchange.h"
+#include "pages/personal/ContactGroups.h"
+
+namespace quorvi::cli {
+namespace {
+
+constexpr std::u8string_view kNoGroupId = u8"不是分组的编号";
+
+// A group without a title would be sent by no window either.
+bool HasTitle(const std::string& title, Output& output) {
+    if (title.empty()) {
+        output.Complain(Ansi(u8"分组的标题不能为空"));
+    }
+    return !title.empty();
+}
+
+}  // namespace
+
+Status RunGroupsList(const Arguments&, Output& output) {
+    const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listGroups));
+    const Status status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return status;
+    }
+    const ContactGroups groups =
+        reply.HasPayload() ? ParseContactGroups(reply.buffer) : ContactGroups();
+    Json::Value document(Json::arrayValue);
+    Table table{u8"编号", u8"标题", u8"所属账户", u8"可见"};
+    for (const ContactGroup& group : groups.rows) {
+        Json::Value item(Json::objectValue);
+        item["id"] = group.id;
+        item["title"] = JsonText(group.title);
+        item["account"] = JsonText(group.account);
+        item["visible"] = group.visible;
+        document.append(std::move(item));
+        table.AddRow({std::to_string(group.id), group.title, group.account,
+                      GroupVisibleText(group.visible)});
+    }
+    output.Json() ? output.PrintDocument(document) : output.PrintTable(table);
+    return Status::done;
+}
+
+Status RunGroupsAdd(const Arguments& arguments, Output& output) {
+    const std::string title = ToAnsi(arguments.operands[0]);
+    return HasTitle(title, output)
+               ? SendAndTell(AddGroupRequest(title), "added", JsonText(title), output)
+               : Status::wrongUsage;
+}
+
+Status RunGroupsRename(const Arguments& arguments, Output& output) {
+    const auto ids = ReadIds(std::span(arguments.operands).first(1), kNoGroupId, output);
+    const std::string title = ToAnsi(arguments.operands[1]);
+    return ids && HasTitle(title, output) ? SendAndTell(RenameGroupRequest(ids->front(), title),
+                                                        "renamed", ids->front(), output)
+                                          : Status::wrongUsage;
+}
+
+Status RunGroupsDelete(const Arguments& arguments, Output& output) {
+    const auto ids = ReadIds(arguments.operands, kNoGroupId, output);
+    return ids ? SendAndTell(DeleteGroupsRequest(*ids), "deleted", JsonIds(*ids), output)
+               : Status::wrongUsage;
+}
+
+}  // namespace quorvi::cli

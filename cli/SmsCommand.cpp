@@ -1,0 +1,126 @@
+#include "agent/AgentSession.h"
+#include "base/Json.h"
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Exchange.h"
+#include "pages/personal/Conversations.h"
+#include "pages/personal/OutgoingMessage.h"
+#include "refdata/NumberAttribution.h"
+
+namespace quorvi::cli {
+namespace {
+
+constexpr std::u8string_view kNoConversationId = u8"不是会话的编号";
+
+Json::Value DocumentOf(const Conversation& conversation) {
+    Json::Value item(Json::objectValue);
+    item["id"] = conversation.id;
+    item["name"] = JsonText(conversation.name);
+    item["number"] = JsonText(conversation.number);
+    item["attribution"] = JsonText(conversation.attribution);
+    item["date"] = JsonText(conversation.date);
+    item["text"] = JsonText(conversation.text);
+    return item;
+}
+
+Json::Value DocumentOf(const ConversationMessage& message) {
+    Json::Value item(Json::objectValue);
+    item["incoming"] = message.incoming;
+    item["address"] = JsonText(message.address);
+    item["date"] = JsonText(message.date);
+    item["text"] = JsonText(message.text);
+    return item;
+}
+
+// The numbers of --to: between commas, blanks around them taken away, empty ones left out.
+std::vector<std::string> NumbersOf(std::string_view list) {
+    std::vector<std::string> numbers;
+    for (const std::string_view part : SplitAt(list, ',')) {
+        if (const std::string_view number = Trim(part); !number.empty()) {
+            numbers.emplace_back(number);
+        }
+    }
+    return numbers;
+}
+
+}  // namespace
+
+Status RunSmsList(const Arguments&, Output& output) {
+    const PayloadReply reply =
+        AgentSession().RunPayload(BareRequest(AgentCommand::listConversations));
+    const Status status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return status;
+    }
+    ConversationList list;
+    if (reply.HasPayload()) {
+        const CPhoneDb db;
+        list = ParseConversations(reply.buffer, [&db](std::string_view number) {
+            return std::string(NumberAttribution(number, db));
+        });
+    }
+    Json::Value document(Json::arrayValue);
+    Table table{u8"编号", u8"联系人", u8"号码", u8"归属地", u8"时间", u8"内容"};
+    for (const Conversation& conversation : list.conversations) {
+        document.append(DocumentOf(conversation));
+        table.AddRow({std::to_string(conversation.id), conversation.name, conversation.number,
+                      conversation.attribution, conversation.date, conversation.text});
+    }
+    output.Json() ? output.PrintDocument(document) : output.PrintTable(table);
+    return Status::done;
+}
+
+Status RunSmsShow(const Arguments& arguments, Output& output) {
+    const auto ids = ReadIds(arguments.operands, kNoConversationId, output);
+    if (!ids) {
+        return Status::wrongUsage;
+    }
+    const PayloadReply reply = AgentSession().RunPayload(ReadConversationRequest(ids->front()));
+    const Status status = output.Report(reply.outcome);
+    if (status != Status::done) {
+        return status;
+    }
+    if (!reply.HasPayload()) {
+        output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
+        return Status::notFound;
+    }
+    const ConversationMessages read = ParseConversationMessages(reply.buffer);
+    Json::Value document(Json::arrayValue);
+    Table table{u8"方向", u8"对方", u8"时间", u8"内容"};
+    for (const ConversationMessage& message : read.messages) {
+        document.append(DocumentOf(message));
+        table.AddRow({Ansi(message.incoming ? u8"收到" : u8"发出"), message.address, message.date,
+                      message.text});
+    }
+    output.Json() ? output.PrintDocument(document) : output.PrintTable(table);
+    return Status::done;
+}
+
+Status RunSmsDelete(const Arguments& arguments, Output& output) {
+    const auto ids = ReadIds(arguments.operands, kNoConversationId, output);
+    if (!ids) {
+        return Status::wrongUsage;
+    }
+    if (ids->front() == kNoConversation) {  // stands for none, and is not sent
+        output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
+        return Status::notFound;
+    }
+    return SendAndTell(DeleteConversationRequest(ids->front()), "deleted", JsonIds(*ids), output);
+}
+
+Status RunSmsSend(const Arguments& arguments, Output& output) {
+    const std::vector<std::string> numbers = NumbersOf(arguments.Option("--to").value_or(""));
+    const std::string text = ToAnsi(arguments.Option("--text").value_or(""));
+    if (numbers.empty() || text.empty()) {
+        output.Complain(Ansi(numbers.empty() ? u8"没有收件人: --to 号码[,号码...]"
+                                             : u8"没有内容: --text 短信内容"));
+        return Status::wrongUsage;
+    }
+    Json::Value sent(Json::arrayValue);
+    for (const std::string& number : numbers) {
+        sent.append(JsonText(ToAnsi(number)));
+    }
+    return SendAndTell(SendMessageRequest(numbers, text), "sent", sent, output);
+}
+
+}  // namespace quorvi::cli
