@@ -98,8 +98,13 @@ Answer RunAgent(Phone& phone, const Words& words) {
         }
     } else if (verb == "stop") {
         handset.StopAgent();
+    } else if (verb == "crashes") {
+        handset.StopAgent();
+        handset.SetAgentCrashes(true);
+    } else if (verb == "works") {
+        handset.SetAgentCrashes(false);
     } else {
-        return Error("agent missing|version N|start|stop");
+        return Error("agent missing|version N|start|stop|crashes|works");
     }
     return {};
 }
@@ -192,7 +197,7 @@ constexpr std::array<ControlCommand, 11> kCommands{{
      "fault COMMAND|all FAULT  misbehave at a command, by code or name; \"none\" ends it"},
     {"faults", RunFaults, "faults [clear]           list the faults, or end them all"},
     {"release", RunRelease, "release                  let stalled replies go on"},
-    {"agent", RunAgent, "agent missing|version N|start|stop"},
+    {"agent", RunAgent, "agent missing|version N|start|stop|crashes|works"},
     {"data", RunData,
      "data [NAME NUMBER]...    fill the phone anew: as delivered, or with contacts, photo-bytes, "
      "hostile"},

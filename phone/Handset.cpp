@@ -165,8 +165,8 @@ void Handset::SetAgent(std::optional<std::uint32_t> version) {
 }
 
 bool Handset::StartAgent() {
-    agentRuns_ = agentVersion_.has_value();
-    return agentRuns_;
+    agentRuns_ = agentVersion_.has_value() && !agentCrashes_;
+    return agentVersion_.has_value();
 }
 
 }  // namespace quorvi::phone

@@ -56,8 +56,9 @@ class Handset {
     [[nodiscard]] std::optional<std::uint32_t> AgentVersion() const { return agentVersion_; }
     void SetAgent(std::optional<std::uint32_t> version);
     [[nodiscard]] bool AgentRuns() const { return agentRuns_; }
-    // False when it is not installed.
+    // False when it is not installed. One that crashes is stopped at once.
     bool StartAgent();
+    void SetAgentCrashes(bool crashes) { agentCrashes_ = crashes; }
     void StopAgent() { agentRuns_ = false; }
 
   private:
@@ -68,6 +69,7 @@ class Handset {
     std::optional<std::string> installResult_;
     std::optional<std::uint32_t> agentVersion_;
     bool agentRuns_ = false;
+    bool agentCrashes_ = false;
 };
 
 // The version that a stand-in package file states in its second line; nothing for other files.

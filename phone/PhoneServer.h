@@ -72,6 +72,7 @@ class RunningPhones {
 
     // Empty when all stand; otherwise why not.
     [[nodiscard]] const std::string& Error() const { return error_; }
+    [[nodiscard]] std::size_t Count() const { return server_.Count(); }
     [[nodiscard]] std::uint16_t AgentPort(std::size_t index);
     [[nodiscard]] std::uint16_t AdbPort(std::size_t index);
     [[nodiscard]] std::uint16_t ControlPort() const { return server_.ControlPort(); }

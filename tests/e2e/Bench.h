@@ -58,6 +58,8 @@ class Bench {
     [[nodiscard]] const std::string& Error() const { return error_; }
 
     [[nodiscard]] std::uint16_t AdbServerPort() const { return serverPort_; }
+    [[nodiscard]] pid_t ServerProcess() const { return server_->Id(); }
+    [[nodiscard]] std::size_t Count() const { return phones_->Count(); }
     // As `adb devices` names the phone.
     [[nodiscard]] std::string Serial(std::size_t index);
 

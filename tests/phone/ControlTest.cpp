@@ -28,7 +28,7 @@ TEST_F(ControlTest, SaysWhatIsWrong) {
     EXPECT_EQ(Say("fault 1 close"), "error: no command 1\n");
     EXPECT_EQ(Say("fault all explode"), "error: no fault explode\n");
     EXPECT_EQ(Say("dance"), "error: unknown command dance\n");
-    EXPECT_EQ(Say("agent"), "error: agent missing|version N|start|stop\n");
+    EXPECT_EQ(Say("agent"), "error: agent missing|version N|start|stop|crashes|works\n");
 }
 
 TEST_F(ControlTest, TakesAnEmptyLine) {
