@@ -11,6 +11,7 @@
 #include "app/CommandLine.h"
 #include "app/DesktopTray.h"
 #include "app/EffectSounds.h"
+#include "app/EndSignals.h"
 #include "app/MainDlg.h"
 #include "app/ProcessEnd.h"
 #include "app/QtSettingsStore.h"
@@ -98,6 +99,7 @@ int CPhoneSuiteApp::RunWindow() {
             },
     });
     link = new PhoneLink(device, *new WindowLinkFace(window), SystemClock());
+    ListenForEndSignals([&window] { window.EndDialog(); });
     window.SetStartHidden(hidden);
     window.OnInitDialog();
     if (!hidden) {

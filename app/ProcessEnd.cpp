@@ -5,7 +5,7 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <QMessageBox>
+#include <QApplication>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -15,6 +15,7 @@
 
 #include "base/ProgramPath.h"
 #include "ui/QtText.h"
+#include "ui/QuestionDlg.h"
 
 namespace quorvi {
 namespace {
@@ -91,8 +92,9 @@ void InstallApology() {
 }
 
 void ShowApology() {
-    QMessageBox::critical(nullptr, QStringLiteral("Quorvi"),
-                          ToQString(u8"很抱歉出现了小状况，Quorvi 需要重启下"));
+    ShowMessage(nullptr, QuestionDlg::Kind::error,
+                ToQString(u8"很抱歉出现了小状况，Quorvi 需要重启下"), [] { QApplication::quit(); });
+    QApplication::exec();
 }
 
 }  // namespace quorvi
