@@ -1,0 +1,46 @@
+// Reads any text as each kind of adb's output, whole and joined of pieces.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "link/AdbNames.h"
+#include "link/AdbOutput.h"
+#include "link/AdbPath.h"
+#include "link/DeviceList.h"
+
+namespace {
+
+void Require(bool held) {
+    if (!held) {
+        std::abort();
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+
+    for (const std::string& serial : quorvi::ParseDevices(text)) {
+        Require(serial.find('\n') == std::string::npos && serial.find(' ') == std::string::npos);
+        // A serial goes into a command line as it stands: it stays one argument, or less.
+        const auto arguments = quorvi::SplitCommandLine("adb -s " + serial + " shell getprop");
+        Require(arguments.size() >= 3 && arguments.size() <= 5 && arguments[0] == "adb");
+    }
+
+    const quorvi::DeviceRow row = quorvi::MakeDeviceRow("serial", text);
+    static_cast<void>(quorvi::HardwareText(row.properties));
+    static_cast<void>(quorvi::ApiLevelText(row.properties));
+    Require(row.record.brandImage >= 21000 && row.record.brandImage <= 21015);
+    Require(!row.record.androidVersion.empty());
+
+    const std::string_view package = "com.quorvi.Quorvi";
+    Require(!quorvi::HoldsPackage(text, package) || text.find(package) != std::string_view::npos);
+
+    const quorvi::InstallResult result = quorvi::ParseInstall(text);
+    Require((result == quorvi::InstallResult::success) ==
+            (text.find("Success") != std::string_view::npos));
+    Require(result != quorvi::InstallResult::noProcess);
+    return 0;
+}
