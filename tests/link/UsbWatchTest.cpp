@@ -1,0 +1,225 @@
+// Run under umockdev-wrapper, which puts the testbed's devices and events in place of the system's.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <umockdev.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "link/UsbWatch.h"
+#include "tests/link/FakeAdb.h"
+
+namespace quorvi {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// What a listener heard: "+path" and "-path".
+class Heard {
+  public:
+    UsbWatch::Listener Listener() {
+        return [this](const UsbEvent& event) {
+            const std::lock_guard lock(mutex_);
+            events_.push_back((event.kind == UsbEvent::Kind::arrival ? "+" : "-") +
+                              event.devicePath);
+            changed_.notify_all();
+        };
+    }
+    // The events so far: at least `count`, and what came in a moment behind them.
+    std::vector<std::string> Events(std::size_t count) {
+        std::unique_lock lock(mutex_);
+        changed_.wait_for(lock, 5s, [&] { return events_.size() >= count; });
+        changed_.wait_for(lock, 100ms, [&] { return events_.size() > count; });
+        return events_;
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<std::string> events_;
+};
+
+struct Interface {
+    const char* number;    // class, subclass and protocol as the attributes have them
+    const char* subclass;  //
+    const char* protocol;  //
+    const char* property;  // the same in the event
+};
+constexpr Interface kAdb{"ff", "42", "01", "255/66/1"};
+constexpr Interface kStorage{"08", "06", "50", "8/6/80"};
+constexpr Interface kVendor{"ff", "ff", "00", "255/255/0"};
+
+class UsbWatchTest : public testing::Test {
+  protected:
+    UsbWatchTest() : testbed_(umockdev_testbed_new()) {}
+    ~UsbWatchTest() override { g_object_unref(testbed_); }
+
+    std::string AddDevice(const char* name) {
+        gchar* const path = umockdev_testbed_add_device(
+            testbed_, "usb", name, nullptr,                    //
+            "idVendor", "0bb4", "idProduct", "0c87", nullptr,  // attributes
+            "DEVTYPE", "usb_device", nullptr);                 // properties
+        return Take(path);
+    }
+    std::string AddInterface(const std::string& device, const char* name, const Interface& is) {
+        gchar* const path = umockdev_testbed_add_device(
+            testbed_, "usb", name, device.c_str(),  //
+            "bInterfaceClass", is.number, "bInterfaceSubClass", is.subclass, "bInterfaceProtocol",
+            is.protocol, nullptr,                                            // attributes
+            "DEVTYPE", "usb_interface", "INTERFACE", is.property, nullptr);  // properties
+        return Take(path);
+    }
+    void Remove(const std::string& path) {
+        umockdev_testbed_uevent(testbed_, path.c_str(), "remove");
+        umockdev_testbed_remove_device(testbed_, path.c_str());
+    }
+    void Tell(const std::string& path, const char* action) {
+        umockdev_testbed_uevent(testbed_, path.c_str(), action);
+    }
+
+    Heard heard_;
+    UsbWatch watch_;
+
+  private:
+    static std::string Take(gchar* path) {
+        std::string taken(path);
+        g_free(path);
+        return taken;
+    }
+
+    UMockdevTestbed* testbed_;
+};
+
+TEST_F(UsbWatchTest, PhoneInAdbModeIsRecognised) {
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kStorage);
+    EXPECT_FALSE(IsAdbUsbDevice(phone));
+    AddInterface(phone, "1-1:1.1", kAdb);
+    EXPECT_TRUE(IsAdbUsbDevice(phone));
+}
+
+TEST_F(UsbWatchTest, OtherDevicesAreNoPhones) {
+    const std::string stick = AddDevice("1-1");
+    AddInterface(stick, "1-1:1.0", kStorage);
+    const std::string other = AddDevice("1-2");
+    AddInterface(other, "1-2:1.0", kVendor);
+    const std::string phone = AddDevice("1-3");
+    AddInterface(phone, "1-3:1.0", kAdb);
+    EXPECT_FALSE(IsAdbUsbDevice(stick));
+    EXPECT_FALSE(IsAdbUsbDevice(other));
+}
+
+TEST_F(UsbWatchTest, PathThatIsNoDeviceIsNoPhone) {
+    EXPECT_FALSE(IsAdbUsbDevice(""));
+    EXPECT_FALSE(IsAdbUsbDevice("/sys/devices/9-9"));
+    EXPECT_FALSE(IsAdbUsbDevice("\\\\?\\usb"));
+}
+
+TEST_F(UsbWatchTest, ArrivalIsToldOnceADevice) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kStorage);
+    const std::string adb = AddInterface(phone, "1-1:1.1", kAdb);
+    Tell(adb, "add");  // a second time
+    EXPECT_THAT(heard_.Events(1), ElementsAre("+" + phone));
+}
+
+TEST_F(UsbWatchTest, ArrivalOfAnotherDeviceIsNotTold) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const std::string stick = AddDevice("1-1");
+    const std::string storage = AddInterface(stick, "1-1:1.0", kStorage);
+    Remove(storage);
+    Remove(stick);
+    const std::string phone = AddDevice("1-2");
+    AddInterface(phone, "1-2:1.0", kAdb);
+    EXPECT_THAT(heard_.Events(1), ElementsAre("+" + phone));
+}
+
+TEST_F(UsbWatchTest, RemovalIsToldOnceADevice) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const std::string phone = AddDevice("1-1");
+    const std::string adb = AddInterface(phone, "1-1:1.0", kAdb);
+    ASSERT_EQ(heard_.Events(1).size(), 1U);
+    Remove(adb);
+    Remove(phone);
+    EXPECT_THAT(heard_.Events(2), ElementsAre("+" + phone, "-" + phone));
+}
+
+TEST_F(UsbWatchTest, RemovalRemembersWhatTheArrivalShowed) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kAdb);
+    ASSERT_EQ(heard_.Events(1).size(), 1U);
+    Remove(phone);  // with all below it, and no word of the interface
+    EXPECT_THAT(heard_.Events(2), ElementsAre("+" + phone, "-" + phone));
+}
+
+TEST_F(UsbWatchTest, PhoneThatWasThereBeforeIsToldWhenItGoes) {
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kAdb);
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    Remove(phone);
+    EXPECT_THAT(heard_.Events(1), ElementsAre("-" + phone));
+}
+
+TEST_F(UsbWatchTest, DeviceEventAloneShowsItsInterfaces) {
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kAdb);
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    Tell(phone, "add");
+    EXPECT_THAT(heard_.Events(1), ElementsAre("+" + phone));
+}
+
+TEST_F(UsbWatchTest, PhoneThatComesBackIsToldAgain) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    for (int round = 0; round < 2; ++round) {
+        const std::string phone = AddDevice("1-1");
+        const std::string adb = AddInterface(phone, "1-1:1.0", kAdb);
+        ASSERT_EQ(heard_.Events(2 * static_cast<std::size_t>(round) + 1).size(),
+                  2 * static_cast<std::size_t>(round) + 1);
+        Remove(adb);
+        Remove(phone);
+        ASSERT_EQ(heard_.Events(2 * static_cast<std::size_t>(round) + 2).size(),
+                  2 * static_cast<std::size_t>(round) + 2);
+    }
+}
+
+TEST_F(UsbWatchTest, TwoPhonesAreToldApart) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const std::string one = AddDevice("1-1");
+    AddInterface(one, "1-1:1.0", kAdb);
+    const std::string two = AddDevice("1-2");
+    const std::string adb = AddInterface(two, "1-2:1.0", kAdb);
+    ASSERT_EQ(heard_.Events(2).size(), 2U);
+    Remove(adb);
+    EXPECT_THAT(heard_.Events(3), ElementsAre("+" + one, "+" + two, "-" + two));
+}
+
+TEST_F(UsbWatchTest, StopIsQuickAndNothingIsHeardBehindIt) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    const auto begin = std::chrono::steady_clock::now();
+    watch_.Stop();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 500ms);
+    const std::string phone = AddDevice("1-1");
+    AddInterface(phone, "1-1:1.0", kAdb);
+    EXPECT_THAT(heard_.Events(0), IsEmpty());
+}
+
+TEST_F(UsbWatchTest, StartAndStopLeaveNothingBehind) {
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    watch_.Stop();
+    const int descriptors = OpenDescriptors();
+    for (int run = 0; run < 50; ++run) {
+        ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    }
+    watch_.Stop();
+    EXPECT_EQ(OpenDescriptors(), descriptors);
+}
+
+}  // namespace
+}  // namespace quorvi
