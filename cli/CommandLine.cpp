@@ -30,6 +30,11 @@ UsageError Refuse(const Command& command, std::u8string_view why, std::string_vi
     return {Ansi(why) + ToAnsi(what) + "\n" + UsageOf(command)};
 }
 
+// "-" alone stands for standard input, and a minus sign before a digit for a number.
+bool IsOption(std::string_view word) {
+    return word.size() > 1 && word[0] == '-' && !(word[1] >= '0' && word[1] <= '9');
+}
+
 bool Takes(const Command& command, std::string_view option) {
     return !option.empty() && std::find(command.options.begin(), command.options.end(), option) !=
                                   command.options.end();
@@ -41,7 +46,7 @@ std::variant<Call, HelpWanted, VersionWanted, UsageError> ReadArguments(
     bool options = true;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::string& word = words[i];
-        if (!options || word == "-" || !word.starts_with("-")) {
+        if (!options || !IsOption(word)) {
             call.arguments.operands.push_back(word);
         } else if (word == "--") {
             options = false;

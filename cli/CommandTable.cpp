@@ -84,6 +84,18 @@ constexpr Command kCommands[] = {
      .most = kAnyNumber,
      .run = RunCallsDelete},
     {.words = "calls clear", .summary = u8"删除全部通话记录", .run = RunCallsClear},
+    {.words = "number",
+     .synopsis = "NUMBER... | -",
+     .summary = u8"号码的归属地或类别，- 从标准输入逐行读取",
+     .fewest = 1,
+     .most = kAnyNumber,
+     .run = RunNumber},
+    {.words = "lunar",
+     .synopsis = "DATE... | -",
+     .summary = u8"公历日期的农历、节气和节日，- 从标准输入逐行读取",
+     .fewest = 1,
+     .most = kAnyNumber,
+     .run = RunLunar},
 };
 
 }  // namespace

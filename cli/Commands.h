@@ -20,6 +20,8 @@ Status RunGroupsList(const Arguments& arguments, Output& output);
 Status RunGroupsRename(const Arguments& arguments, Output& output);
 Status RunInfo(const Arguments& arguments, Output& output);
 Status RunLink(const Arguments& arguments, Output& output);
+Status RunLunar(const Arguments& arguments, Output& output);
+Status RunNumber(const Arguments& arguments, Output& output);
 Status RunSmsDelete(const Arguments& arguments, Output& output);
 Status RunSmsList(const Arguments& arguments, Output& output);
 Status RunSmsSend(const Arguments& arguments, Output& output);
