@@ -7,8 +7,8 @@
 namespace quorvi {
 namespace {
 
-// Bytes asked of the socket at a time.
-constexpr std::size_t kReceiveChunk = 256 * 1024;
+// Bytes asked of the socket at a time: about as many as the system holds for one.
+constexpr std::size_t kReceiveChunk = 4 * 1024 * 1024;
 
 struct FirstWord {
     bool came = false;
