@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/Format.h"
 #include "ui/FocusRing.h"
 #include "ui/ListModel.h"
 #include "ui/QtText.h"
@@ -189,11 +188,6 @@ struct BlockWidths {
 constexpr std::array<BlockWidths, Metric::loadRows> kBlocks{
     {{44, 75}, {54, 71}, {40, 78}, {47, 68}}};
 
-void Block(QPainter& painter, const QRect& rect) {
-    look::plate(painter, rect, Metric::skeletonRadius, look::color(Color::skeleton),
-                Qt::transparent);
-}
-
 QRect Centred(const QRect& area, int width, int height) {
     return {area.center().x() + 1 - width / 2, area.center().y() + 1 - height / 2, width, height};
 }
@@ -276,13 +270,13 @@ void CSkinListCtrl::PaintPicture(QPainter& painter, const QRect& rect, int row, 
 
 void CSkinListCtrl::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    const bool loading = state_ == ListState::loading;
+    const bool loading = status_->Get() == ListState::loading;
     if (!redraw_ && !frozen_.isNull()) {
         painter.drawPixmap(0, 0, frozen_);
     } else if (loading && (!redraw_ || RowCount() == 0)) {
         PaintSkeleton(painter);
     } else if (redraw_ && RowCount() == 0) {
-        PaintVoid(painter);
+        status_->PaintVoid(painter);
     } else if (redraw_) {
         PaintRows(painter, event->rect());
         painter.end();
@@ -293,38 +287,11 @@ void CSkinListCtrl::paintEvent(QPaintEvent* event) {
         }
     }
     if (loading) {
-        PaintLoadBar(painter);
+        status_->PaintBar(painter);
     }
 }
 
 // ---- empty, loading, failed --------------------------------------------------------------------
-
-void CSkinListCtrl::PaintVoid(QPainter& painter) const {
-    const bool failed = state_ == ListState::failed;
-    const QString& headline = failed ? failedHeadline_ : emptyHeadline_;
-    const QString& sentence = failed ? failedSentence_ : emptySentence_;
-    constexpr int words = Metric::voidTitleLine + Metric::voidLine;
-    constexpr int whole = Metric::voidPictureHeight + Metric::voidGap + words;
-    const QRect area = viewport()->rect();
-    const bool picture = area.height() >= whole + 2 * Metric::gap2;
-    int top = area.center().y() - (picture ? whole : words) / 2;
-    if (picture) {
-        look::drawCentred(painter, QRect(area.left(), top, area.width(), Metric::voidPictureHeight),
-                          look::picture(failed ? u"load-failed" : u"empty-list",
-                                        {Metric::voidPictureWidth, Metric::voidPictureHeight},
-                                        look::scaleOf(painter)));
-        top += Metric::voidPictureHeight + Metric::voidGap;
-    }
-    painter.setFont(look::font(Size::s14, true));
-    painter.setPen(look::color(Color::ink));
-    painter.drawText(QRect(area.left(), top, area.width(), Metric::voidTitleLine), Qt::AlignCenter,
-                     headline);
-    painter.setFont(look::font(Size::s12));
-    painter.setPen(look::color(Color::ink2));
-    painter.drawText(
-        QRect(area.left(), top + Metric::voidTitleLine, area.width(), Metric::voidLine),
-        Qt::AlignCenter, sentence);
-}
 
 void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
     for (int row = 0; row < Metric::loadRows; ++row) {
@@ -343,22 +310,24 @@ void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
                 if (kind.cells == CellAlign::left) {
                     block.moveLeft(area.left());
                 }
-                Block(painter, block);
+                ViewStatus::PaintBlock(painter, block);
             };
             switch (kind.kind) {
                 case CellKind::picture: {
                     const int side =
                         rowHeight_ >= Metric::rowTall ? Metric::rowPicture : Metric::rowIcon;
-                    Block(painter, Centred(cell, side, side));
+                    ViewStatus::PaintBlock(painter, Centred(cell, side, side));
                     break;
                 }
                 case CellKind::check:
-                    Block(painter, Centred(cell, Metric::tickInRow, Metric::tickInRow));
+                    ViewStatus::PaintBlock(painter,
+                                           Centred(cell, Metric::tickInRow, Metric::tickInRow));
                     break;
                 case CellKind::star:
                 case CellKind::icon:
                 case CellKind::imageLink:
-                    Block(painter, Centred(cell, Metric::iconField, Metric::iconField));
+                    ViewStatus::PaintBlock(painter,
+                                           Centred(cell, Metric::iconField, Metric::iconField));
                     break;
                 case CellKind::twoLines:
                 case CellKind::twoSmallLines:
@@ -373,37 +342,7 @@ void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
             }
         }
     }
-    if (total_ > 0) {
-        const QString words = ToQString(FormatByteSize(have_)) + QStringLiteral(" / ") +
-                              ToQString(FormatByteSize(total_));
-        painter.setFont(look::font(Size::s12));
-        painter.setPen(look::color(Color::ink2));
-        painter.drawText(viewport()->rect().adjusted(0, 0, 0, -Metric::gap4),
-                         Qt::AlignHCenter | Qt::AlignBottom, words);
-    }
-}
-
-void CSkinListCtrl::PaintLoadBar(QPainter& painter) const {
-    const int width = viewport()->width();
-    QRectF bar(0, 0, width, Metric::loadBar);
-    if (total_ > 0) {
-        const double part =
-            static_cast<double>(std::min(have_, total_)) / static_cast<double>(total_);
-        bar.setWidth(width * part);
-        look::fill(painter, bar, look::color(Color::plum6));
-        return;
-    }
-    // A run of light from left to right; standing still in the middle where nothing may move.
-    const qreal length = width * Metric::loadBarPercent / 100.0;
-    const qreal phase = motion_.isActive() ? static_cast<qreal>(phase_) / Metric::motionLoadBar
-                                           : Metric::loadBarRest / 100.0;
-    const qreal left = -length + (width + length) * phase;
-    QLinearGradient light(left, 0, left + length, 0);
-    light.setColorAt(0, look::color(Color::plum6, 0));
-    light.setColorAt(Metric::loadBarFrom / 100.0, look::color(Color::plum6));
-    light.setColorAt(Metric::loadBarTo / 100.0, look::color(Color::plum6));
-    light.setColorAt(1, look::color(Color::plum6, 0));
-    painter.fillRect(QRectF(left, 0, length, Metric::loadBar), light);
+    status_->PaintProgress(painter);
 }
 
 // ---- links and tips ----------------------------------------------------------------------------

@@ -20,12 +20,6 @@ namespace quorvi {
 using look::Color;
 using look::Metric;
 
-namespace {
-
-constexpr int kFrameInterval = 30;  // of the running bar, in milliseconds
-
-}  // namespace
-
 // Hands each cell to the list, which knows its record.
 class ListDelegate : public QStyledItemDelegate {
   public:
@@ -51,10 +45,7 @@ CSkinListCtrl::CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight,
       rowHeight_(rowHeight),
       model_(new ListModel(*this)),
       bar_(new QScrollBar(Qt::Vertical, this)),
-      emptyHeadline_(ToQString(u8"列表是空的")),
-      emptySentence_(ToQString(u8"手机上没有内容，或者还没有获取")),
-      failedHeadline_(ToQString(u8"没有连上手机")),
-      failedSentence_(ToQString(u8"请检查数据线，然后再次获取")) {
+      status_(new ViewStatus(viewport())) {
     setFont(look::font(look::Size::s12));
     setHorizontalHeader(new CSkinHeader(columns, this));
     verticalHeader()->hide();
@@ -202,45 +193,6 @@ void CSkinListCtrl::SetRedraw(bool on) {
     frozen_ = !on && RowCount() > 0 && isVisible() ? viewport()->grab() : QPixmap();
     redraw_ = on;
     viewport()->update();
-}
-
-void CSkinListCtrl::SetState(ListState state) {
-    state_ = state;
-    have_ = total_ = 0;
-    phase_ = 0;
-    if (state == ListState::loading && !look::LessMotion()) {
-        motion_.start(kFrameInterval, this);
-    } else {
-        motion_.stop();
-    }
-    viewport()->update();
-}
-
-void CSkinListCtrl::SetLoadProgress(std::uint64_t have, std::uint64_t total) {
-    have_ = have;
-    total_ = total;
-    viewport()->update();
-}
-
-void CSkinListCtrl::SetEmptyText(const QString& headline, const QString& sentence) {
-    emptyHeadline_ = headline;
-    emptySentence_ = sentence;
-    viewport()->update();
-}
-
-void CSkinListCtrl::SetFailedText(const QString& headline, const QString& sentence) {
-    failedHeadline_ = headline;
-    failedSentence_ = sentence;
-    viewport()->update();
-}
-
-void CSkinListCtrl::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != motion_.timerId()) {
-        QTableView::timerEvent(event);
-        return;
-    }
-    phase_ = (phase_ + kFrameInterval) % Metric::motionLoadBar;
-    viewport()->update(0, 0, viewport()->width(), Metric::loadBar + Metric::hairline);
 }
 
 // ---- geometry ----------------------------------------------------------------------------------

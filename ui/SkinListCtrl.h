@@ -1,7 +1,6 @@
 // The list of the kit.
 #pragma once
 
-#include <QBasicTimer>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QTableView>
@@ -11,17 +10,11 @@
 
 #include "ui/ListColumns.h"
 #include "ui/PictureCache.h"
+#include "ui/ViewStatus.h"
 
 namespace quorvi {
 
 class ListModel;
-
-// What a list without rows shows, or above its rows.
-enum class ListState : std::uint8_t {
-    idle,     // its rows, or that it is empty
-    loading,  // that work goes on
-    failed,   // that nothing could be fetched
-};
 
 // A list of rows of one height, drawn from the records of its page: row i is element i of the
 // page's vector. It owns no record; see RecordListCtrl for the class that does. The window's
@@ -58,13 +51,19 @@ class CSkinListCtrl : public QTableView {
     [[nodiscard]] bool Redraw() const { return redraw_; }
 
     // Shows what the list is at. A loading list shows it even while redraw is off.
-    void SetState(ListState state);
-    [[nodiscard]] ListState State() const { return state_; }
+    void SetState(ListState state) { status_->Set(state); }
+    [[nodiscard]] ListState State() const { return status_->Get(); }
     // How far the load has come, in bytes; a total of 0 means that it is not known.
-    void SetLoadProgress(std::uint64_t have, std::uint64_t total);
+    void SetLoadProgress(std::uint64_t have, std::uint64_t total) {
+        status_->SetProgress(have, total);
+    }
     // The sentences of the empty list and of the failed load. The latter names the refresh button.
-    void SetEmptyText(const QString& headline, const QString& sentence);
-    void SetFailedText(const QString& headline, const QString& sentence);
+    void SetEmptyText(const QString& headline, const QString& sentence) {
+        status_->SetEmptyText(headline, sentence);
+    }
+    void SetFailedText(const QString& headline, const QString& sentence) {
+        status_->SetFailedText(headline, sentence);
+    }
 
     // Where the link or tick box of a cell is hit, in the viewport's coordinates; empty for none.
     [[nodiscard]] QRect LinkRect(int row, int column) const;
@@ -106,7 +105,6 @@ class CSkinListCtrl : public QTableView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -123,9 +121,7 @@ class CSkinListCtrl : public QTableView {
     void PaintRows(QPainter& painter, const QRect& dirty) const;
     void PaintCell(QPainter& painter, const QRect& rect, int row, int column);
     void PaintPicture(QPainter& painter, const QRect& rect, int row, int column);
-    void PaintVoid(QPainter& painter) const;
     void PaintSkeleton(QPainter& painter) const;
-    void PaintLoadBar(QPainter& painter) const;
     void LayColumns();
     void FollowSelection();
     void UpdateRow(int row);
@@ -147,15 +143,7 @@ class CSkinListCtrl : public QTableView {
     int hoverColumn_ = -1;
     bool redraw_ = true;
     QPixmap frozen_;  // what is shown while redraw is off
-    ListState state_ = ListState::idle;
-    std::uint64_t have_ = 0;
-    std::uint64_t total_ = 0;
-    QBasicTimer motion_;
-    int phase_ = 0;  // of the running bar, in milliseconds
-    QString emptyHeadline_;
-    QString emptySentence_;
-    QString failedHeadline_;
-    QString failedSentence_;
+    ViewStatus* status_;
 };
 
 }  // namespace quorvi

@@ -11,6 +11,7 @@
 #include "ui/Look.h"
 #include "ui/SkinFields.h"
 #include "ui/SkinMenu.h"
+#include "ui/SkinTree.h"
 
 namespace quorvi {
 namespace {
@@ -153,6 +154,16 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
         }
     }
     return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_ShapedFrameContents && qobject_cast<const CSkinTree*>(widget) != nullptr) {
+        constexpr int padding = Metric::treePadding;
+        return rect.adjusted(padding, padding, -padding, -padding);
+    }
+    return rect;
 }
 
 QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

@@ -19,6 +19,7 @@
 #include "ui/SkinFields.h"
 #include "ui/SkinLabels.h"
 #include "ui/SkinMenu.h"
+#include "ui/SkinTree.h"
 
 namespace quorvi {
 namespace {
@@ -272,6 +273,39 @@ void SaveLists(const QString& folder) {
     Save(compact, folder + QStringLiteral("/list-compact.png"));
 }
 
+void SaveTrees(const QString& folder) {
+    QWidget window;
+    window.setFixedSize(460, 240);
+    CSkinTree tasks(&window);
+    tasks.setGeometry(8, 8, 176, 220);
+    tasks.SetNodes({{ToQString(u8"未完成的任务"),
+                     QStringLiteral("tasks"),
+                     {{ToQString(u8"正在下载"), QStringLiteral("play")},
+                      {ToQString(u8"安装转换"), QStringLiteral("app-manager")}}},
+                    {ToQString(u8"已完成的任务"),
+                     QStringLiteral("success"),
+                     {{ToQString(u8"已经完成"), QStringLiteral("select-all")}}}});
+    tasks.expandAll();
+    tasks.setCurrentItem(tasks.topLevelItem(0));
+    CSkinTree people(&window, CSkinTree::Ticks::each);
+    people.setGeometry(200, 8, 240, 220);
+    people.SetNodes({{ToQString(u8"朋友 [4]"),
+                      {},
+                      {{ToQString(u8"顾晓棠 [13512340098]")},
+                       {ToQString(u8"林远舟 [13861234567]")},
+                       {ToQString(u8"叶知秋 [15951230456]")},
+                       {ToQString(u8"周子衿周子衿周子衿 [13811112222]")}}},
+                     {ToQString(u8"同事 [12]"), {}, {{ToQString(u8"韩冬 [13811112223]")}}},
+                     {ToQString(u8"家人 [5]"), {}, {{ToQString(u8"何思远 [13980012345]")}}}});
+    people.topLevelItem(0)->setExpanded(true);
+    people.SetTicked(people.topLevelItem(0)->child(1), true);
+    people.SetTicked(people.topLevelItem(2), true);
+    people.setCurrentItem(people.topLevelItem(0)->child(1));
+    window.show();
+    QTest::qWait(50);
+    Save(window, folder + QStringLiteral("/trees.png"));
+}
+
 int Run(const QString& folder) {
     Sheet sheet;
     sheet.show();
@@ -302,6 +336,7 @@ int Run(const QString& folder) {
     Save(panel, folder + QStringLiteral("/group.png"));
 
     SaveLists(folder);
+    SaveTrees(folder);
 
     CSkinMenu menu;
     menu.SetStrip({QStringLiteral("find-target"), QStringLiteral("play"), QStringLiteral("pause"),
