@@ -29,17 +29,13 @@ Json::Value DocumentOf(const CallLogRow& row) {
 }  // namespace
 
 Status RunCallsList(const Arguments&, Output& output) {
-    const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listCalls));
-    const Status status = output.Report(reply.outcome);
+    const CPhoneDb db;
+    const auto [outcome, log] = FetchCallLog(AgentSession(), [&db](std::string_view number) {
+        return std::string(NumberAttribution(number, db));
+    });
+    const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
-    }
-    CallLog log;
-    if (reply.HasPayload()) {
-        const CPhoneDb db;
-        log = ParseCallLog(reply.buffer, [&db](std::string_view number) {
-            return std::string(NumberAttribution(number, db));
-        });
     }
     Json::Value document(Json::arrayValue);
     Table table{u8"编号", u8"联系人", u8"号码", u8"类型", u8"通话用时", u8"时间", u8"归属地"};

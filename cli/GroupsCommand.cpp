@@ -21,13 +21,11 @@ bool HasTitle(const std::string& title, Output& output) {
 }  // namespace
 
 Status RunGroupsList(const Arguments&, Output& output) {
-    const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listGroups));
-    const Status status = output.Report(reply.outcome);
+    const auto [outcome, groups] = FetchContactGroups(AgentSession());
+    const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
     }
-    const ContactGroups groups =
-        reply.HasPayload() ? ParseContactGroups(reply.buffer) : ContactGroups();
     Json::Value document(Json::arrayValue);
     Table table{u8"编号", u8"标题", u8"所属账户", u8"可见"};
     for (const ContactGroup& group : groups.rows) {

@@ -46,18 +46,13 @@ std::vector<std::string> NumbersOf(std::string_view list) {
 }  // namespace
 
 Status RunSmsList(const Arguments&, Output& output) {
-    const PayloadReply reply =
-        AgentSession().RunPayload(BareRequest(AgentCommand::listConversations));
-    const Status status = output.Report(reply.outcome);
+    const CPhoneDb db;
+    const auto [outcome, list] = FetchConversations(AgentSession(), [&db](std::string_view number) {
+        return std::string(NumberAttribution(number, db));
+    });
+    const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
-    }
-    ConversationList list;
-    if (reply.HasPayload()) {
-        const CPhoneDb db;
-        list = ParseConversations(reply.buffer, [&db](std::string_view number) {
-            return std::string(NumberAttribution(number, db));
-        });
     }
     Json::Value document(Json::arrayValue);
     Table table{u8"编号", u8"联系人", u8"号码", u8"归属地", u8"时间", u8"内容"};
@@ -75,16 +70,15 @@ Status RunSmsShow(const Arguments& arguments, Output& output) {
     if (!ids) {
         return Status::wrongUsage;
     }
-    const PayloadReply reply = AgentSession().RunPayload(ReadConversationRequest(ids->front()));
-    const Status status = output.Report(reply.outcome);
+    const auto [outcome, read] = FetchConversation(AgentSession(), ids->front());
+    const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
     }
-    if (!reply.HasPayload()) {
+    if (read.messages.empty()) {
         output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
         return Status::notFound;
     }
-    const ConversationMessages read = ParseConversationMessages(reply.buffer);
     Json::Value document(Json::arrayValue);
     Table table{u8"方向", u8"对方", u8"时间", u8"内容"};
     for (const ConversationMessage& message : read.messages) {

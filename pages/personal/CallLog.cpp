@@ -51,6 +51,13 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
     return log;
 }
 
+CallLogReply FetchCallLog(const AgentSession& session, const AttributionOf& attribution,
+                          const AgentSession::Progress& progress) {
+    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listCalls), progress);
+    return {reply.outcome,
+            reply.HasPayload() ? ParseCallLog(reply.buffer, attribution) : CallLog()};
+}
+
 std::string CallTypeText(std::uint32_t type) {
     for (const CallType& known : kCallTypes) {
         if (known.code == type) {

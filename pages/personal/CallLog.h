@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "pages/personal/AttributionOf.h"
@@ -35,6 +36,16 @@ struct CallLog {
 // Reads the run of records. A record with a length that points outside the reply ends the run and
 // is dropped. Any thread; `attribution` is called on it, once a row.
 [[nodiscard]] CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution);
+
+struct CallLogReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    CallLog log;
+};
+
+// One session that reads the log. Any thread.
+[[nodiscard]] CallLogReply FetchCallLog(const AgentSession& session,
+                                        const AttributionOf& attribution,
+                                        const AgentSession::Progress& progress = {});
 
 // What a call's type is called: 1 came in, 2 went out, 3 was missed. ANSI.
 [[nodiscard]] std::string CallTypeText(std::uint32_t type);

@@ -36,6 +36,12 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
     return groups;
 }
 
+ContactGroupsReply FetchContactGroups(const AgentSession& session,
+                                      const AgentSession::Progress& progress) {
+    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listGroups), progress);
+    return {reply.outcome, reply.HasPayload() ? ParseContactGroups(reply.buffer) : ContactGroups()};
+}
+
 std::string GroupVisibleText(bool visible) {
     return visible ? Ansi(u8"是") : Ansi(u8"【隐藏】");
 }
@@ -91,6 +97,20 @@ bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members) {
         members[id][std::move(*name)] = std::move(number);
     } while (!cursor.AtEnd());
     return true;
+}
+
+GroupTree FetchGroupTree(const AgentSession& session) {
+    GroupTree tree;
+    tree.names = InitialGroupNames();
+    const PayloadReply names = session.RunPayload(BareRequest(AgentCommand::listGroupNames));
+    if (names.HasPayload()) {
+        ReadGroupNames(names.buffer, tree.names);
+    }
+    const PayloadReply members = session.RunPayload(BareRequest(AgentCommand::listGroupMembers));
+    tree.complete = members.HasPayload() && ReadGroupMembers(members.buffer, tree.members);
+    tree.connected = names.outcome != SessionOutcome::connectFailed &&
+                     members.outcome != SessionOutcome::connectFailed;
+    return tree;
 }
 
 }  // namespace quorvi

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 
@@ -34,6 +35,15 @@ struct ContactGroups {
 // run and is dropped. Any thread.
 [[nodiscard]] ContactGroups ParseContactGroups(const ReplyBuffer& reply);
 
+struct ContactGroupsReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    ContactGroups groups;
+};
+
+// One session that reads the groups. Any thread.
+[[nodiscard]] ContactGroupsReply FetchContactGroups(const AgentSession& session,
+                                                    const AgentSession::Progress& progress = {});
+
 // What the column of visibility shows. ANSI.
 [[nodiscard]] std::string GroupVisibleText(bool visible);
 
@@ -57,6 +67,18 @@ void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names);
 // From a group's id to its members, from name to number. Of two records with the same group and
 // name the later one's number stays.
 using GroupMembers = std::map<std::int32_t, std::map<std::string, std::string>>;
+
+// Who is in which group, as the composer's tree shows it.
+struct GroupTree {
+    bool connected = true;  // both sessions found the phone
+    bool complete = false;  // the tree is to be built; see ReadGroupMembers
+    GroupNames names;
+    GroupMembers members;
+};
+
+// The two sessions that read it, names first. A phone without members gives a tree that is not to
+// be built. Any thread.
+[[nodiscard]] GroupTree FetchGroupTree(const AgentSession& session);
 
 // Adds what the reply of command 870150 holds. False when a name of AbsentMark ended the reading:
 // the tree is not built then.

@@ -53,6 +53,15 @@ ConversationList ParseConversations(const ReplyBuffer& reply, const AttributionO
     return list;
 }
 
+ConversationListReply FetchConversations(const AgentSession& session,
+                                         const AttributionOf& attribution,
+                                         const AgentSession::Progress& progress) {
+    const PayloadReply reply =
+        session.RunPayload(BareRequest(AgentCommand::listConversations), progress);
+    return {reply.outcome, reply.HasPayload() ? ParseConversations(reply.buffer, attribution)
+                                              : ConversationList()};
+}
+
 std::string ConversationsFragment(std::span<const Conversation> conversations) {
     const std::string deleteCaption = Ansi(u8"删除");
     std::string html;
@@ -118,6 +127,12 @@ ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
         conversation.messages.push_back(std::move(message));
     } while (!cursor.AtEnd());
     return conversation;
+}
+
+ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id) {
+    const PayloadReply reply = session.RunPayload(ReadConversationRequest(id));
+    return {reply.outcome,
+            reply.HasPayload() ? ParseConversationMessages(reply.buffer) : ConversationMessages()};
 }
 
 std::string ConversationFragment(std::span<const ConversationMessage> messages) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "pages/personal/AttributionOf.h"
@@ -35,6 +36,16 @@ struct ConversationList {
 // run and is dropped. Any thread; `attribution` is called on it, once a conversation.
 [[nodiscard]] ConversationList ParseConversations(const ReplyBuffer& reply,
                                                   const AttributionOf& attribution);
+
+struct ConversationListReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    ConversationList list;
+};
+
+// One session that reads the conversations. Any thread.
+[[nodiscard]] ConversationListReply FetchConversations(const AgentSession& session,
+                                                       const AttributionOf& attribution,
+                                                       const AgentSession::Progress& progress = {});
 
 // Inner HTML of the element "sms_ul": one block a conversation. ANSI, with the phone's texts
 // unescaped. Ids stand in the links as signed decimal numbers.
@@ -74,6 +85,14 @@ struct ConversationMessages {
 
 // Reads the reply of command 870202, as ParseConversations does.
 [[nodiscard]] ConversationMessages ParseConversationMessages(const ReplyBuffer& reply);
+
+struct ConversationReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    ConversationMessages conversation;
+};
+
+// One session that reads a conversation. Any thread.
+[[nodiscard]] ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id);
 
 // Inner HTML of the element "conversation_list". ANSI, with the phone's texts unescaped.
 [[nodiscard]] std::string ConversationFragment(std::span<const ConversationMessage> messages);
