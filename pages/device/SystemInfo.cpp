@@ -80,6 +80,11 @@ std::optional<SystemInfo> ParseSystemInfo(const ReplyBuffer& reply) {
     return info;
 }
 
+SystemInfoReply FetchSystemInfo(const AgentSession& session) {
+    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::systemInformation));
+    return {reply.outcome, reply.HasPayload() ? ParseSystemInfo(reply.buffer) : std::nullopt};
+}
+
 std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info) {
     const std::array<std::string, kSystemInfoRows> texts{
         info.model,

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 
 namespace quorvi {
@@ -41,6 +42,14 @@ struct SystemInfo {
 // Reads the single record of the reply. Nothing when the model is AbsentMark, or when a length
 // points outside the reply: what is shown then stays as it is.
 [[nodiscard]] std::optional<SystemInfo> ParseSystemInfo(const ReplyBuffer& reply);
+
+struct SystemInfoReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    std::optional<SystemInfo> info;
+};
+
+// Asks the phone. Blocks, so it runs on a worker.
+[[nodiscard]] SystemInfoReply FetchSystemInfo(const AgentSession& session);
 
 struct SystemInfoRow {
     std::string caption;

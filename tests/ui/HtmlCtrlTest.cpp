@@ -1,20 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QFile>
-#include <QImage>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
-#include <QWebEngineScript>
 #include <QWebEngineView>
 #include <csignal>
 #include <thread>
 
 #include "base/Text.h"
+#include "tests/ui/HtmlDriver.h"
 #include "ui/HtmlCtrl.h"
 #include "ui/HtmlTemplate.h"
 #include "ui/QtText.h"
@@ -22,8 +20,7 @@
 namespace quorvi {
 namespace {
 
-constexpr int kPatience = 30'000;  // ms: the machine may be busy
-constexpr int kGrace = 200;        // ms in which nothing is to happen
+constexpr int kGrace = 200;  // ms in which nothing is to happen
 
 // A web server on 127.0.0.1 that counts connections and answers every request with one page.
 class WebServer : public QTcpServer {
@@ -63,18 +60,6 @@ class Owner : public HtmlListener {
     std::vector<std::string> commands;
 };
 
-// In short turns: the browser posts events without end, and one long turn would not come back.
-bool WaitFor(const std::function<bool()>& met) {
-    const QDeadlineTimer patience(kPatience);
-    while (!met()) {
-        if (patience.hasExpired()) {
-            return false;
-        }
-        QTest::qWait(2);
-    }
-    return true;
-}
-
 class HtmlCtrl : public testing::Test {
   protected:
     CHtmlCtrlFix& Show(HtmlContent content = HtmlContent::local) {
@@ -89,39 +74,15 @@ class HtmlCtrl : public testing::Test {
         QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
         view.LoadFromText(Ansi(u8"<body><div id=block></div></body>"));
         view.show();
-        EXPECT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+        EXPECT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
         return view;
     }
 
-    // What a script of the program's own gives back.
-    QVariant Ask(const QString& script) {
-        QVariant answer;
-        bool answered = false;
-        view_->Browser()->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                                                [&](const QVariant& value) {
-                                                    answer = value;
-                                                    answered = true;
-                                                });
-        EXPECT_TRUE(WaitFor([&] { return answered; }));
-        return answer;
-    }
-
-    QString InnerHtml(const QString& id) {
-        return Ask(QStringLiteral("document.getElementById('%1')?.innerHTML").arg(id)).toString();
-    }
-
-    // A press with the mouse in the middle of the first element that the selector finds.
+    QVariant Ask(const QString& script) { return AskHtml(*view_, script); }
+    QString InnerHtml(const QString& id) { return quorvi::InnerHtml(*view_, id); }
     void Click(const QString& selector, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = {}) {
-        const QVariantList middle =
-            Ask(QStringLiteral("(e => { const r = e.getBoundingClientRect();"
-                               "return [r.x + r.width / 2, r.y + r.height / 2]; })"
-                               "(document.querySelector('%1'))")
-                    .arg(selector))
-                .toList();
-        ASSERT_EQ(middle.size(), 2) << selector.toStdString();
-        QTest::mouseClick(view_->Browser()->focusProxy(), button, modifiers,
-                          QPoint(middle[0].toInt(), middle[1].toInt()));
+        ClickHtml(*view_, selector, button, modifiers);
     }
 
     Owner owner_;
@@ -165,7 +126,7 @@ TEST_F(HtmlCtrl, DashboardSaysNotConnectedBeforeTheFirstRefresh) {
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     view.LoadFromResource(kDashboardTemplate);
     view.show();
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("manufacturer")), ToQString(u8"未连接"));
     // The pictures and the style sheet beside the template are there.
     EXPECT_GT(Ask(QStringLiteral("document.querySelector('.phone').naturalWidth")).toInt(), 0);
@@ -187,7 +148,7 @@ TEST_F(HtmlCtrl, WhatIsSetBeforeTheDocumentStandsIsSetWhenItDoes) {
     view.SetInnerHtml("block", "hidden");
     view.show();
     view.SetInnerHtml("block", "loading");
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("loading"));
 }
 
@@ -252,7 +213,7 @@ TEST_F(HtmlCtrl, TextBeyondTwoMegabytesLoads) {
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     view.LoadFromText("<body><i id=last></i><p>" + std::string(3'000'000, 'x') + "</p></body>");
     view.show();
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
     EXPECT_EQ(Ask(QStringLiteral("document.querySelector('p').innerText.length")).toInt(),
               3'000'000);
 }
@@ -267,7 +228,7 @@ TEST_P(PrivateLink, IsHandedOnAsText) {
     CHtmlCtrlFix& view = ShowBlock();
     view.SetInnerHtml("block", "<a href=\"" + std::string(GetParam().first) + "\">link</a>");
     Click(QStringLiteral("a"));
-    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
+    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(owner_.commands, std::vector{Ansi(GetParam().second)});
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
@@ -296,12 +257,12 @@ TEST_F(HtmlCtrl, LinkToABlankPageDoesNotLastingWipeTheView) {
     view.LoadFromResource(kContactTemplate);
     view.SetInnerHtml("block", "<a href='about:blank'>link</a><i>kept</i>");
     view.show();
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
     QSignalSpy moved(view.Browser(), &QWebEngineView::urlChanged);
     Click(QStringLiteral("a"));
-    ASSERT_TRUE(WaitFor([&] { return moved.count() >= 2; }));
+    ASSERT_TRUE(WaitForHtml([&] { return moved.count() >= 2; }));
     EXPECT_EQ(view.Browser()->url(), TemplateUrl(kContactTemplate));
-    EXPECT_TRUE(WaitFor([&] {
+    EXPECT_TRUE(WaitForHtml([&] {
         return Ask(QStringLiteral("document.querySelector('i')?.innerText")).toString() ==
                QStringLiteral("kept");
     }));
@@ -317,8 +278,8 @@ TEST_F(HtmlCtrl, DocumentComesBackWhenItsRendererIsKilled) {
     QSignalSpy gone(view.Browser()->page(), &QWebEnginePage::renderProcessTerminated);
     QSignalSpy loaded(view.Browser()->page(), &QWebEnginePage::loadFinished);
     kill(renderer, SIGKILL);
-    ASSERT_TRUE(WaitFor([&] { return gone.count() == 1; }));
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return gone.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() >= 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("<i>kept</i>"));
 }
 
@@ -328,7 +289,7 @@ TEST_F(HtmlCtrl, LocalViewsShareOneRenderer) {
     QSignalSpy loaded(&second, &CHtmlCtrlBase::documentLoaded);
     second.LoadFromResource(kConversationsTemplate);
     second.show();
-    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
     EXPECT_EQ(first.Browser()->page()->renderProcessPid(),
               second.Browser()->page()->renderProcessPid());
 }
@@ -357,7 +318,7 @@ TEST_P(HostileFragment, RunsNothingFetchesNothingAndStaysInTheView) {
     const bool clicked = fragment.contains(QStringLiteral("id=hit"));
     for (std::size_t i = 0; clicked && i < std::size(clicks); ++i) {
         // A view that was wiped by the click before comes back first.
-        ASSERT_TRUE(WaitFor([&] {
+        ASSERT_TRUE(WaitForHtml([&] {
             return Ask(QStringLiteral("document.querySelector('#hit') !== null")).toBool();
         }));
         Click(QStringLiteral("#hit"), clicks[i].first, clicks[i].second);
@@ -366,11 +327,11 @@ TEST_P(HostileFragment, RunsNothingFetchesNothingAndStaysInTheView) {
     QTest::qWait(kGrace);
     EXPECT_EQ(server_.connections, 0);
     EXPECT_TRUE(owner_.commands.empty());
-    EXPECT_TRUE(WaitFor([&] {
+    EXPECT_TRUE(WaitForHtml([&] {
         return view.Browser()->url().adjusted(QUrl::RemoveFragment) == BlankTemplateUrl();
     }));
     // A script that had run would have left its mark in the document, which all worlds share.
-    EXPECT_TRUE(WaitFor([&] {
+    EXPECT_TRUE(WaitForHtml([&] {
         return Ask(QStringLiteral("document.querySelector('b')?.innerText")).toString() ==
                QStringLiteral("shown");
     }));
@@ -468,7 +429,7 @@ class WebView : public HtmlCtrl {
     void Visit(const std::function<void()>& go) {
         QSignalSpy loaded(view_->Browser()->page(), &QWebEnginePage::loadFinished);
         go();
-        EXPECT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
+        EXPECT_TRUE(WaitForHtml([&] { return loaded.count() >= 1; }));
     }
     QString Path() const { return view_->Browser()->url().path(); }
 };
@@ -479,9 +440,9 @@ TEST_F(WebView, GoesBackAndHome) {
     Visit([&] { view.Navigate2(QUrl(server_.Url(QStringLiteral("second")))); });
     EXPECT_EQ(Path(), QStringLiteral("/second"));
     view.GoBack();
-    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/first"); }));
+    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/first"); }));
     view.GoHome();
-    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/home"); }));
+    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/home"); }));
 }
 
 TEST_F(WebView, PostsWhatItIsGiven) {
@@ -494,7 +455,7 @@ TEST_F(WebView, PostsWhatItIsGiven) {
 TEST_F(WebView, PrivateLinkOfASiteIsHandedOnAndTheSiteStays) {
     Open("<a id=hit href='qvh:com.example.apk'>get</a>");
     Click(QStringLiteral("#hit"));
-    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
+    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(owner_.commands, std::vector<std::string>{"com.example.apk"});
     EXPECT_EQ(Path(), QStringLiteral("/first"));
 }
@@ -502,7 +463,7 @@ TEST_F(WebView, PrivateLinkOfASiteIsHandedOnAndTheSiteStays) {
 TEST_F(WebView, NewWindowOfASiteOpensInTheSameView) {
     Open("<a id=hit target=_blank href='/other'>x</a>");
     Click(QStringLiteral("#hit"));
-    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/other"); }));
+    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/other"); }));
 }
 
 TEST_F(WebView, SiteLeadsToNoOtherScheme) {

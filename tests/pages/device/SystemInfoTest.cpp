@@ -2,50 +2,21 @@
 
 #include "base/Text.h"
 #include "pages/device/SystemInfo.h"
-#include "tests/pages/ReplyBytes.h"
+#include "tests/pages/device/SystemInfoReply.h"
 
 namespace quorvi {
 namespace {
 
-struct Words {
-    std::uint32_t gps = 1;
-    std::uint32_t bluetooth = 0;
-    std::uint32_t wifi = 1;
-    std::uint32_t gravity = 0;
-};
-
-ReplyBytes WholeReply(std::string_view battery = "82", Words words = {}) {
-    return ReplyBytes()
-        .Text("Aurora S2")          // model
-        .Long(93'784'000)           // 1 day, 2 hours, 3 minutes, 4 seconds
-        .Text("Android 2.3.4")      // system version
-        .Text("356938035643809")    // IMEI
-        .Text("460001234567890")    // IMSI
-        .Text("480*800")            // resolution
-        .Text(battery)              // battery level
-        .Text("ARMv7 1.2GHz")       // CPU
-        .Text("1024MB")             // RAM
-        .Text("4GB")                // ROM
-        .Text("5.62 GB / 7.39 GB")  // SD card
-        .Word(words.gps)
-        .Word(words.bluetooth)
-        .Word(words.wifi)
-        .Word(words.gravity)
-        .Text("中国移动")  // mobile network
-        .Text("home-wifi")
-        .Word(128);  // brightness
-}
-
-std::string DashboardOf(const ReplyBytes& reply) {
+std::string DashboardOf(const WireBytes& reply) {
     return DashboardList(ParseSystemInfo(reply.Buffer()).value());
 }
 
-std::string RowOf(const ReplyBytes& reply, std::size_t row) {
+std::string RowOf(const WireBytes& reply, std::size_t row) {
     return SystemInfoTable(ParseSystemInfo(reply.Buffer()).value())[row].text;
 }
 
 TEST(SystemInfo, EachFieldStandsInItsRowOfTheTable) {
-    const auto rows = SystemInfoTable(ParseSystemInfo(WholeReply().Buffer()).value());
+    const auto rows = SystemInfoTable(ParseSystemInfo(WholeSystemInfo().Buffer()).value());
     const std::pair<std::u8string_view, std::u8string_view> expected[] = {
         {u8"手机型号", u8"Aurora S2"},
         {u8"运行时间", u8"1 天 02 小时 03 分 \n"},
@@ -75,13 +46,13 @@ TEST(SystemInfo, EachFieldStandsInItsRowOfTheTable) {
 }
 
 TEST(SystemInfo, DashboardHeaderLinksTheModelToTheDeviceManager) {
-    const SystemInfo info = ParseSystemInfo(WholeReply().Buffer()).value();
+    const SystemInfo info = ParseSystemInfo(WholeSystemInfo().Buffer()).value();
     EXPECT_EQ(DashboardHeader(info), "<a href='qvh:device'>Aurora S2</a>");
 }
 
 TEST(SystemInfo, DashboardListIsExactToTheByte) {
     EXPECT_EQ(
-        DashboardOf(WholeReply()),
+        DashboardOf(WholeSystemInfo()),
         Ansi(u8"<li><div class='icon'><a href='qvh:os'><img src='w_os.gif' alt='' /></a></div>"
              u8"<div class='label'><a href='qvh:os'>操作系统</a></div>"
              u8"<span id='status_os'>Android 2.3.4</span></li>"
@@ -115,23 +86,23 @@ TEST(SystemInfo, BatteryImageChangesAt15And31And70) {
 }
 
 TEST(SystemInfo, BatteryTextThatIsNoNumberCountsAsZeroAndIsShownAsItIs) {
-    const std::string list = DashboardOf(WholeReply("unknown"));
+    const std::string list = DashboardOf(WholeSystemInfo("unknown"));
     EXPECT_NE(list.find("w_battery_none.gif"), std::string::npos);
     EXPECT_NE(list.find("<span>unknown %</span>"), std::string::npos);
-    EXPECT_EQ(RowOf(WholeReply("unknown"), 6), "unknown %");
+    EXPECT_EQ(RowOf(WholeSystemInfo("unknown"), 6), "unknown %");
 }
 
 TEST(SystemInfo, AbsentModelGivesNothingToShow) {
-    EXPECT_FALSE(ParseSystemInfo(ReplyBytes().Absent().Long(0).Buffer()));
+    EXPECT_FALSE(ParseSystemInfo(LeadingWord().Absent().U64(0).Buffer()));
 }
 
 TEST(SystemInfo, EmptyModelIsPresentAndShown) {
-    ReplyBytes reply = ReplyBytes().Text("").Long(0);
+    WireBytes reply = LeadingWord().Text("").U64(0);
     for (int i = 0; i < 9; ++i) {
         reply.Absent();
     }
     const auto info =
-        ParseSystemInfo(reply.Word(0).Word(0).Word(0).Word(0).Absent().Absent().Word(0).Buffer());
+        ParseSystemInfo(reply.U32(0).U32(0).U32(0).U32(0).Absent().Absent().U32(0).Buffer());
     ASSERT_TRUE(info);
     EXPECT_EQ(DashboardHeader(*info), "<a href='qvh:device'></a>");
     EXPECT_EQ(SystemInfoTable(*info)[6].text, " %");  // an absent level is an empty text
@@ -139,14 +110,15 @@ TEST(SystemInfo, EmptyModelIsPresentAndShown) {
 }
 
 TEST(SystemInfo, StateOf2IsOffInTheTableAndOnOnTheDashboard) {
-    const ReplyBytes reply = WholeReply("82", {.gps = 2, .bluetooth = 0, .wifi = 0, .gravity = 0});
+    const WireBytes reply =
+        WholeSystemInfo("82", {.gps = 2, .bluetooth = 0, .wifi = 0, .gravity = 0});
     EXPECT_EQ(RowOf(reply, 11), Ansi(u8"已禁用"));
     const std::string list = DashboardOf(reply);
     EXPECT_NE(list.find(Ansi(u8">GPS状态</a></div><span>开启</span>")), std::string::npos);
 }
 
 TEST(SystemInfo, BrightnessIsSignedAndUnchecked) {
-    Bytes raw = WholeReply().Raw();
+    Bytes raw = WholeSystemInfo().Get();
     PackUInt32(0xFFFFFFFF, raw.data() + raw.size() - 4);
     const auto info = ParseSystemInfo(ReplyBuffer::Holding(raw));
     ASSERT_TRUE(info);
@@ -168,16 +140,16 @@ TEST(SystemInfo, MarkupFromThePhoneIsNotEscaped) {
 }
 
 TEST(SystemInfo, LengthThatPointsOutsideGivesNothing) {
-    for (std::size_t cut = 0; cut < WholeReply().Raw().size(); ++cut) {
-        Bytes raw = WholeReply().Raw();
+    for (std::size_t cut = 0; cut < WholeSystemInfo().Get().size(); ++cut) {
+        Bytes raw = WholeSystemInfo().Get();
         raw.resize(cut);
         EXPECT_FALSE(ParseSystemInfo(ReplyBuffer::Holding(raw))) << cut;
     }
-    EXPECT_FALSE(ParseSystemInfo(ReplyBytes().Word(0x7FFFFFFF).Long(0).Buffer()));
+    EXPECT_FALSE(ParseSystemInfo(LeadingWord().U32(0x7FFFFFFF).U64(0).Buffer()));
 }
 
 TEST(SystemInfo, RestOfACutReplyReadsAsZero) {
-    const Bytes raw = WholeReply().Raw();
+    const Bytes raw = WholeSystemInfo().Get();
     ReplyBuffer cut(static_cast<std::uint32_t>(raw.size()));
     constexpr std::size_t kCame = 4 + 4 + 9 + 8;  // leading word, model, time since boot
     std::copy_n(raw.begin(), kCame, cut.Room().begin());

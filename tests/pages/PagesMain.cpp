@@ -1,0 +1,17 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include "ui/HtmlSite.h"
+#include "ui/Look.h"
+
+// The one application object of the pages' tests.
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QStandardPaths::setTestModeEnabled(true);
+    quorvi::PrepareHtmlViews();
+    QApplication application(argc, argv);
+    quorvi::look::Apply(application);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,64 @@
+// Drives an HTML view as a user does, and reads what it shows.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDeadlineTimer>
+#include <QTest>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+#include <functional>
+
+#include "ui/HtmlCtrl.h"
+
+namespace quorvi {
+
+inline constexpr int kHtmlPatience = 30'000;  // ms: the machine may be busy
+
+// In short turns: the browser posts events without end, and one long turn would not come back.
+[[nodiscard]] inline bool WaitForHtml(const std::function<bool()>& met) {
+    const QDeadlineTimer patience(kHtmlPatience);
+    while (!met()) {
+        if (patience.hasExpired()) {
+            return false;
+        }
+        QTest::qWait(2);
+    }
+    return true;
+}
+
+// What a script of the program's own gives back.
+[[nodiscard]] inline QVariant AskHtml(const CHtmlCtrlBase& view, const QString& script) {
+    QVariant answer;
+    bool answered = false;
+    view.Browser()->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                                          [&](const QVariant& value) {
+                                              answer = value;
+                                              answered = true;
+                                          });
+    EXPECT_TRUE(WaitForHtml([&] { return answered; }));
+    return answer;
+}
+
+[[nodiscard]] inline QString InnerHtml(const CHtmlCtrlBase& view, const QString& id) {
+    return AskHtml(view, QStringLiteral("document.getElementById('%1')?.innerHTML").arg(id))
+        .toString();
+}
+
+// A press with the mouse in the middle of the first element that the selector finds.
+inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
+                      Qt::MouseButton button = Qt::LeftButton,
+                      Qt::KeyboardModifiers modifiers = {}) {
+    const QVariantList middle =
+        AskHtml(view, QStringLiteral("(e => { const r = e.getBoundingClientRect();"
+                                     "return [r.x + r.width / 2, r.y + r.height / 2]; })"
+                                     "(document.querySelector(\"%1\"))")
+                          .arg(selector))
+            .toList();
+    ASSERT_EQ(middle.size(), 2) << selector.toStdString();
+    QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers,
+                      QPoint(middle[0].toInt(), middle[1].toInt()));
+}
+
+}  // namespace quorvi
