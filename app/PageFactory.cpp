@@ -1,12 +1,27 @@
 #include "app/PageFactory.h"
 
 #include "app/PlaceholderPage.h"
+#include "pages/device/HomePage.h"
+#include "pages/device/SystemInfoPage.h"
 #include "ui/QtText.h"
 
 namespace quorvi {
 
+namespace {
+
+// Makes a page that needs nothing but its host.
+template <typename P>
+Page* Make(PageHost& host, const PageParts& /*parts*/, QWidget* parent) {
+    return new P(host, parent);
+}
+
+}  // namespace
+
 PageMakers ThePageMakers() {
-    return {};
+    return {
+        {130, &Make<CHomePage>},
+        {135, &Make<CSystemInfoPage>},
+    };
 }
 
 Page* MakePageOf(const PageRow& row, const PageMakers& makers, PageHost& host,

@@ -1,7 +1,5 @@
 #include "app/PhoneSuiteApp.h"
 
-#include <unistd.h>
-
 #include <QApplication>
 #include <cstring>
 #include <string>
@@ -20,6 +18,7 @@
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
 #include "link/PhoneLink.h"
+#include "ui/HtmlSite.h"
 #include "ui/Look.h"
 
 namespace quorvi {
@@ -30,13 +29,9 @@ constexpr const char* kTourOption = "--tour";
 constexpr std::string_view kContrast = "contrast";
 
 void PrepareQt() {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QCoreApplication::setOrganizationName(QStringLiteral("Quorvi"));
     QCoreApplication::setApplicationName(QStringLiteral("Quorvi"));
-    // The HTML views' sandbox does not start for root; every other user keeps it.
-    if (::geteuid() == 0) {
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    }
+    PrepareHtmlViews();
 }
 
 }  // namespace

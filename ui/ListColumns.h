@@ -14,6 +14,7 @@ enum class CellKind : std::uint8_t {
     text,           // one line
     twoLines,       // a line of 13 above one of 12
     twoSmallLines,  // two lines of 12
+    captioned,      // the first line in the second ink, and the second beside it in the first
     twoLinesLink,   // two lines of 12, the second being a link
     link,           // one line, a link
     imageLink,      // an icon that is a link

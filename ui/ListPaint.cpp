@@ -83,6 +83,14 @@ void PaintTwoLines(const CellPaint& paint) {
     DrawLine(paint, second, paint.cell.second, look::font(Size::s12), paint.cell.secondInk);
 }
 
+void PaintCaptioned(const CellPaint& paint) {
+    const QRect area = Padded(paint.area, paint.column);
+    const QFont font = look::font(Size::s12);
+    DrawLine(paint, area, paint.cell.text, font, paint.cell.secondInk);
+    DrawLine(paint, area.adjusted(Metric::rowCaption, 0, 0, 0), paint.cell.second, font,
+             paint.cell.ink);
+}
+
 void PaintTwoLinesLink(const CellPaint& paint) {
     const auto [first, second] = Lines(Padded(paint.area, paint.column));
     DrawLine(paint, first, paint.cell.text, look::font(Size::s12), paint.cell.ink);
@@ -154,10 +162,11 @@ struct KindRow {
 };
 
 // Row i paints kind i. Picture and tick are the list's own.
-constexpr std::array<KindRow, 13> kPainters{{
+constexpr std::array<KindRow, 14> kPainters{{
     {CellKind::text, PaintText},
     {CellKind::twoLines, PaintTwoLines<Size::s13>},
     {CellKind::twoSmallLines, PaintTwoLines<Size::s12>},
+    {CellKind::captioned, PaintCaptioned},
     {CellKind::twoLinesLink, PaintTwoLinesLink},
     {CellKind::link, PaintLink},
     {CellKind::imageLink, PaintIcon},
@@ -382,11 +391,12 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     const ListColumn& column = Column(index.column());
     const Cell cell = CellAt(index.row(), index.column());
     const int space = Padded(CellRect(index.row(), index.column()), column).width();
-    const auto cut = [&](const QString& text, Size size) {
-        return QFontMetrics(look::font(size)).horizontalAdvance(OneLine(text)) > space;
+    const auto cut = [&](const QString& text, Size size, int before = 0) {
+        return before + QFontMetrics(look::font(size)).horizontalAdvance(OneLine(text)) > space;
     };
     const bool two = column.kind == CellKind::twoLines;
-    if (!cut(cell.text, two ? Size::s13 : Size::s12) && !cut(cell.second, Size::s12)) {
+    const int before = column.kind == CellKind::captioned ? Metric::rowCaption : 0;
+    if (!cut(cell.text, two ? Size::s13 : Size::s12) && !cut(cell.second, Size::s12, before)) {
         return false;
     }
     const QString whole = cell.second.isEmpty()

@@ -334,6 +334,7 @@ struct Metric {
     static constexpr int rowPictureInset = 6;
     static constexpr int rowIcon = 18;
     static constexpr int rowIconGap = 8;
+    static constexpr int rowCaption = 88;  // what a captioned cell's value stands behind
     static constexpr int rowBar = 3;
     static constexpr int starCell = 18;
     static constexpr int ratingWidth = 120;
