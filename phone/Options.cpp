@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 24> kOptions{{
+constexpr std::array<Option, 27> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -141,6 +141,15 @@ constexpr std::array<Option, 24> kOptions{{
     {"--photo-bytes", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "photo-bytes", value); },
      "a photo of N bytes with each of them"},
+    {"--conversations", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "conversations", value); },
+     "N made-up conversations instead of a person's"},
+    {"--messages", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "messages", value); },
+     "N messages in the newest of them"},
+    {"--calls", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "calls", value); },
+     "N made-up calls instead of a person's"},
     {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
      "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",

@@ -38,12 +38,25 @@ constexpr std::size_t kMegabyte = 1024 * 1024;
 
 }  // namespace
 
+bool IsSameNumber(std::string_view a, std::string_view b) {
+    return LastDigits(a) == LastDigits(b);
+}
+
 Contact* AddressBook::Find(std::uint64_t id) {
     return FindById(contacts, id);
 }
 
 ContactGroup* AddressBook::FindGroup(std::uint64_t id) {
     return FindById(groups, id);
+}
+
+void AddressBook::RemoveGroup(std::uint64_t id) {
+    std::erase_if(groups, [&](const ContactGroup& group) { return group.id == id; });
+    for (Contact& contact : contacts) {
+        std::erase_if(contact.List(ContactList::groups), [&](const ContactEntry& entry) {
+            return static_cast<std::uint64_t>(entry.type) == id;
+        });
+    }
 }
 
 std::string AddressBook::GroupTitle(std::uint64_t id) const {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "phone/Channel.h"
@@ -58,6 +59,9 @@ struct ContactGroup {
     std::uint32_t visible = 1;
 };
 
+// Whether two numbers are one: by their last eleven digits.
+[[nodiscard]] bool IsSameNumber(std::string_view a, std::string_view b);
+
 class AddressBook {
   public:
     std::vector<Contact> contacts;
@@ -65,6 +69,8 @@ class AddressBook {
 
     [[nodiscard]] Contact* Find(std::uint64_t id);
     [[nodiscard]] ContactGroup* FindGroup(std::uint64_t id);
+    // Its members stay, without it.
+    void RemoveGroup(std::uint64_t id);
     // Empty for a group that is gone.
     [[nodiscard]] std::string GroupTitle(std::uint64_t id) const;
     // The name of the contact with that number, compared by its last eleven digits; nothing when

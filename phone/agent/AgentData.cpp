@@ -31,8 +31,12 @@ void AgentData::Fill(const DataAmounts& amounts) {
     amounts_ = amounts;
     book = amounts.contacts ? LargeAddressBook(*amounts.contacts, amounts.photoBytes)
                             : DeliveredAddressBook();
+    messages = amounts.conversations ? LargeMessageStore(*amounts.conversations, amounts.messages)
+                                     : DeliveredMessages();
+    calls = amounts.calls ? LargeCallRecords(*amounts.calls) : DeliveredCalls(book);
     if (amounts.hostile) {
         AddHostileContacts(book);
+        AddHostileMessages(messages);
     }
 }
 

@@ -9,6 +9,8 @@
 
 #include "phone/Profile.h"
 #include "phone/agent/AddressBook.h"
+#include "phone/agent/CallRecords.h"
+#include "phone/agent/MessageStore.h"
 
 namespace quorvi::phone {
 
@@ -31,9 +33,13 @@ struct PhoneFacts {
 
 // How much the phone holds: what is delivered, or made up in the number asked for.
 struct DataAmounts {
-    std::optional<std::uint32_t> contacts;
+    std::optional<std::uint32_t> contacts{};
     // Of made-up contacts: bytes of each photo, 0 for none.
     std::uint32_t photoBytes = 0;
+    std::optional<std::uint32_t> conversations{};
+    // Of the newest made-up conversation.
+    std::uint32_t messages = 1;
+    std::optional<std::uint32_t> calls{};
     bool hostile = false;
 };
 
@@ -49,6 +55,8 @@ class AgentData {
     std::uint32_t version = 0;
     PhoneFacts facts;
     AddressBook book;
+    MessageStore messages;
+    CallRecords calls;
 
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 

@@ -13,19 +13,6 @@ namespace {
 
 // Commands that the agent knows of and does not answer yet.
 constexpr std::array kSilentCommands{
-    CommandRow{AgentCommand::listGroupNames, "listGroupNames", RequestForm::bare},
-    CommandRow{AgentCommand::addGroup, "addGroup", RequestForm::framed},
-    CommandRow{AgentCommand::renameGroup, "renameGroup", RequestForm::framed},
-    CommandRow{AgentCommand::deleteGroups, "deleteGroups", RequestForm::framed},
-    CommandRow{AgentCommand::listGroups, "listGroups", RequestForm::bare},
-    CommandRow{AgentCommand::listGroupMembers, "listGroupMembers", RequestForm::bare},
-    CommandRow{AgentCommand::listConversations, "listConversations", RequestForm::bare},
-    CommandRow{AgentCommand::readConversation, "readConversation", RequestForm::conversation},
-    CommandRow{AgentCommand::sendMessage, "sendMessage", RequestForm::framed},
-    CommandRow{AgentCommand::deleteConversation, "deleteConversation", RequestForm::framed},
-    CommandRow{AgentCommand::listCalls, "listCalls", RequestForm::bare},
-    CommandRow{AgentCommand::deleteCalls, "deleteCalls", RequestForm::framed},
-    CommandRow{AgentCommand::deleteAllCalls, "deleteAllCalls", RequestForm::framed},
     CommandRow{AgentCommand::listAlarms, "listAlarms", RequestForm::bare},
     CommandRow{AgentCommand::addAlarm, "addAlarm", RequestForm::framed},
     CommandRow{AgentCommand::updateAlarm, "updateAlarm", RequestForm::framed},
@@ -52,7 +39,8 @@ const std::vector<CommandRow>& AllCommands() {
     static const std::vector<CommandRow> rows = [] {
         std::vector<CommandRow> all;
         for (const auto group :
-             {PhoneCommands(), ContactCommands(), std::span<const CommandRow>(kSilentCommands)}) {
+             {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
+              CallCommands(), std::span<const CommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

@@ -35,6 +35,9 @@ struct CommandRow {
 
 [[nodiscard]] std::span<const CommandRow> PhoneCommands();
 [[nodiscard]] std::span<const CommandRow> ContactCommands();
+[[nodiscard]] std::span<const CommandRow> GroupCommands();
+[[nodiscard]] std::span<const CommandRow> MessageCommands();
+[[nodiscard]] std::span<const CommandRow> CallCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const CommandRow* FindCommand(std::uint32_t code);

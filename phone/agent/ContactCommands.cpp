@@ -16,20 +16,10 @@ enum class RowOperation : std::uint32_t { add = 0, remove = 1, update = 2, leave
 // The id of a row that is not on the phone yet: a 32-bit -1 with its sign carried on.
 constexpr std::uint64_t kNewRow = ~std::uint64_t{0};
 
-void Deviate(Exchange& exchange, std::string what) {
-    exchange.deviations.push_back(std::move(what));
-}
-
-void ExpectOneItem(Exchange& exchange) {
-    if (exchange.items != 1) {
-        Deviate(exchange, fmt::format("item count {} for a single object", exchange.items));
-    }
-}
-
 bool TakeFlag(Exchange& exchange, std::string_view name) {
     const std::uint32_t flag = exchange.request.UInt32();
     if (flag > 1) {
-        Deviate(exchange, fmt::format("{} flag is {}", name, flag));
+        exchange.Deviate(fmt::format("{} flag is {}", name, flag));
     }
     return flag == 1;
 }
@@ -68,7 +58,7 @@ void WriteText(ReplyWriter& reply, const std::optional<ContactText>& field) {
 }
 
 void ReadContact(Exchange& exchange) {
-    ExpectOneItem(exchange);
+    exchange.ExpectOneItem();
     const std::uint32_t id = exchange.request.UInt32();
     const Contact* contact = exchange.data.book.Find(id);
     exchange.note = fmt::format("contact {}", id);
@@ -104,11 +94,11 @@ void ReadContact(Exchange& exchange) {
 // A row of a new contact: eight zero bytes for its id, one word, the text.
 ContactEntry TakeNewRow(Exchange& exchange, bool wordIsType) {
     if (const auto id = exchange.request.UInt64(); id != 0) {
-        Deviate(exchange, fmt::format("a new contact's row has the id {}", id));
+        exchange.Deviate(fmt::format("a new contact's row has the id {}", id));
     }
     const std::uint32_t word = exchange.request.UInt32();
     if (!wordIsType && word != 0) {
-        Deviate(exchange, fmt::format("a text's word is {}", word));
+        exchange.Deviate(fmt::format("a text's word is {}", word));
     }
     return {exchange.data.book.NewRow(), static_cast<std::int32_t>(word), exchange.request.Text()};
 }
@@ -122,22 +112,22 @@ std::optional<ContactText> TakeNewText(Exchange& exchange, std::string_view name
 }
 
 void AddContact(Exchange& exchange) {
-    ExpectOneItem(exchange);
+    exchange.ExpectOneItem();
     Contact contact;
     contact.favourite = TakeFlag(exchange, "favourite");
     if (TakeFlag(exchange, "structured")) {
-        Deviate(exchange, "a new contact has a structured field");
+        exchange.Deviate("a new contact has a structured field");
     }
     contact.name = TakeNewText(exchange, "name");
     if (!contact.name) {
-        Deviate(exchange, "a new contact has no name");
+        exchange.Deviate("a new contact has no name");
     }
     contact.nickname = TakeNewText(exchange, "nickname");
     contact.note = TakeNewText(exchange, "note");
     for (std::size_t list = 0; list < kContactLists; ++list) {
         const std::uint32_t count = exchange.request.UInt32();
         if (list == static_cast<std::size_t>(ContactList::groups) && count != 0) {
-            Deviate(exchange, fmt::format("a new contact is in {} groups", count));
+            exchange.Deviate(fmt::format("a new contact is in {} groups", count));
         }
         for (std::uint32_t i = 0; i < count && !exchange.request.Overran(); ++i) {
             contact.lists[list].push_back(TakeNewRow(exchange, true));
@@ -154,7 +144,7 @@ void AddContact(Exchange& exchange) {
 RowOperation TakeOperation(Exchange& exchange) {
     const std::uint32_t operation = exchange.request.UInt32();
     if (operation > static_cast<std::uint32_t>(RowOperation::leave)) {
-        Deviate(exchange, fmt::format("operation {}", operation));
+        exchange.Deviate(fmt::format("operation {}", operation));
         return RowOperation::leave;
     }
     return static_cast<RowOperation>(operation);
@@ -169,7 +159,7 @@ void UpdateText(Exchange& exchange, std::string_view name, std::optional<Contact
     const std::uint64_t row = exchange.request.UInt64();
     const RowOperation operation = TakeOperation(exchange);
     if (const auto word = exchange.request.UInt32(); word != 0) {
-        Deviate(exchange, fmt::format("a text's word is {}", word));
+        exchange.Deviate(fmt::format("a text's word is {}", word));
     }
     std::string text = exchange.request.Text();
     switch (operation) {
@@ -181,7 +171,7 @@ void UpdateText(Exchange& exchange, std::string_view name, std::optional<Contact
             break;
         case RowOperation::update:
             if (!field || field->row != row) {
-                Deviate(exchange, fmt::format("{} has no row {}", name, row));
+                exchange.Deviate(fmt::format("{} has no row {}", name, row));
             }
             field = ContactText{row, std::move(text)};
             break;
@@ -200,7 +190,7 @@ void UpdateEntry(Exchange& exchange, std::vector<ContactEntry>& list) {
     }
     if (operation == RowOperation::add) {
         if (row != kNewRow) {
-            Deviate(exchange, fmt::format("a row to add has the id {}", row));
+            exchange.Deviate(fmt::format("a row to add has the id {}", row));
         }
         list.push_back({exchange.data.book.NewRow(), type, std::move(text)});
         return;
@@ -208,7 +198,7 @@ void UpdateEntry(Exchange& exchange, std::vector<ContactEntry>& list) {
     const auto found = std::find_if(list.begin(), list.end(),
                                     [&](const ContactEntry& entry) { return entry.row == row; });
     if (found == list.end()) {
-        Deviate(exchange, fmt::format("no row {}", row));
+        exchange.Deviate(fmt::format("no row {}", row));
     } else if (operation == RowOperation::remove) {
         list.erase(found);
     } else {
@@ -218,7 +208,7 @@ void UpdateEntry(Exchange& exchange, std::vector<ContactEntry>& list) {
 }
 
 void UpdateContact(Exchange& exchange) {
-    ExpectOneItem(exchange);
+    exchange.ExpectOneItem();
     exchange.reply.Word(1);
     const std::uint32_t id = exchange.request.UInt32();
     exchange.note = fmt::format("contact {}", id);

@@ -1,5 +1,7 @@
 #include "phone/agent/Exchange.h"
 
+#include <fmt/format.h>
+
 #include "phone/adb/Packet.h"
 
 namespace quorvi::phone {
@@ -11,6 +13,12 @@ constexpr std::uint32_t kLeadingWord = 0x51564C57;
 constexpr std::size_t kWordBytes = 4;
 
 }  // namespace
+
+void Exchange::ExpectOneItem() {
+    if (items != 1) {
+        Deviate(fmt::format("item count {} for a single object", items));
+    }
+}
 
 std::span<const std::byte> RequestReader::Take(std::size_t count) {
     if (count > rest_.size()) {

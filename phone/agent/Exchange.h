@@ -86,6 +86,10 @@ struct Exchange {
     // What the log says of it beside its frame.
     std::vector<std::string> deviations;
     std::string note;
+
+    void Deviate(std::string what) { deviations.push_back(std::move(what)); }
+    // Names any item count but 1.
+    void ExpectOneItem();
 };
 
 }  // namespace quorvi::phone
