@@ -37,6 +37,18 @@ constexpr BrandRow kBrands[] = {
     {"sonyericsson", 21013}, {"zte", 21014},
 };
 
+// The bodies are neutral and stand for no maker.
+struct PictureRow {
+    int image;
+    std::string_view picture;
+};
+constexpr PictureRow kPictures[] = {
+    {21000, "phone-a"}, {21002, "phone-e"}, {21003, "phone-c"}, {21004, "phone-b"},
+    {21006, "phone-a"}, {21007, "phone-e"}, {21008, "phone-c"}, {21009, "phone-a"},
+    {21010, "phone-d"}, {21011, "phone-e"}, {21012, "phone-d"}, {21013, "phone-e"},
+    {21014, "phone-a"}, {21015, "phone-d"},
+};
+
 // The first row whose word occurs decides.
 struct LocalName {
     std::string_view word;
@@ -66,6 +78,15 @@ int BrandImageId(std::string_view manufacturer) {
         }
     }
     return kOtherBrandImage;
+}
+
+std::string_view BrandPicture(int brandImage) {
+    for (const PictureRow& row : kPictures) {
+        if (row.image == brandImage) {
+            return row.picture;
+        }
+    }
+    return BrandPicture(kOtherBrandImage);
 }
 
 std::string CleanModelName(std::string_view model) {

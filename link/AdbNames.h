@@ -16,6 +16,10 @@ inline constexpr int kOtherBrandImage = 21004;
 // that occurs anywhere in the text, whatever its case.
 [[nodiscard]] int BrandImageId(std::string_view manufacturer);
 
+// Name of the picture, among the suite's own, that stands for a brand image; that of
+// kOtherBrandImage for a number that is none. ASCII.
+[[nodiscard]] std::string_view BrandPicture(int brandImage);
+
 // `model` without "meizu_".
 [[nodiscard]] std::string CleanModelName(std::string_view model);
 

@@ -378,6 +378,9 @@ struct Metric {
     static constexpr int dialogFooter = 56;
     static constexpr int formCaption = 64;
     static constexpr int formGap = 10;
+    static constexpr int deviceWidth = 632;
+    static constexpr int deviceHeight = 388;
+    static constexpr int deviceCombo = 180;
     static constexpr int questionWidth = 400;
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;

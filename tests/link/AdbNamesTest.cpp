@@ -53,6 +53,20 @@ TEST(BrandImageId, UnknownAndEmptyBrandsShareAnImage) {
     EXPECT_EQ(BrandImageId(""), 21004);
 }
 
+TEST(BrandPicture, EachBrandImageHasAPicture) {
+    constexpr std::pair<const char*, const char*> kTable[] = {
+        {"acer", "phone-a"},    {"lenovo", "phone-a"},       {"nokia", "phone-a"},
+        {"zte", "phone-a"},     {"google", "phone-b"},       {"motorola", "phone-c"},
+        {"dopod", "phone-c"},   {"philips", "phone-d"},      {"sharp", "phone-d"},
+        {"htc", "phone-d"},     {"apple", "phone-e"},        {"meizu", "phone-e"},
+        {"samsung", "phone-e"}, {"sonyericsson", "phone-e"},
+    };
+    for (const auto& [word, picture] : kTable) {
+        EXPECT_EQ(BrandPicture(BrandImageId(word)), picture) << word;
+    }
+    EXPECT_EQ(BrandPicture(0), "phone-b");
+}
+
 TEST(CleanModelName, PrefixOfOneBrandIsRemoved) {
     EXPECT_EQ(CleanModelName("meizu_m9"), "m9");
     EXPECT_EQ(CleanModelName("Meizu_m9"), "Meizu_m9");
