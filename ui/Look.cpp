@@ -3,16 +3,19 @@
 #include <QApplication>
 #include <QPalette>
 #include <QWidget>
+#include <algorithm>
 
+#include "ui/DesktopWishes.h"
 #include "ui/FocusRing.h"
 #include "ui/SkinStyle.h"
 
 namespace quorvi::look {
 namespace {
 
-bool& ReadableFlag() {
-    static bool on = false;
-    return on;
+// Who asks for readable inks, by reason.
+std::array<bool, 2>& InkReasons() {
+    static std::array<bool, 2> asked{};
+    return asked;
 }
 
 bool& LessMotionFlag() {
@@ -69,23 +72,24 @@ QPalette Palette() {
 
 }  // namespace
 
-void SetReadableInks(bool on) {
-    if (ReadableFlag() == on) {
+void SetReadableInks(bool on, InkReason reason) {
+    const bool before = ReadableInks();
+    InkReasons()[static_cast<std::size_t>(reason)] = on;
+    if (ReadableInks() == before) {
         return;
     }
-    ReadableFlag() = on;
     for (QWidget* widget : QApplication::allWidgets()) {
         widget->update();
     }
 }
 
 bool ReadableInks() {
-    return ReadableFlag();
+    return std::ranges::find(InkReasons(), true) != InkReasons().end();
 }
 
 QColor color(Color color) {
     const ColorRow& row = RowOf(color);
-    return QColor::fromRgb(ReadableFlag() ? RowOf(row.readable).value : row.value);
+    return QColor::fromRgb(ReadableInks() ? RowOf(row.readable).value : row.value);
 }
 
 QColor color(Color color, int percent) {
@@ -117,6 +121,7 @@ void Apply(QApplication& application) {
     application.setFont(font(Size::s13));
     application.setPalette(Palette());
     new FocusRing(&application);
+    (new DesktopWishes(&application))->Ask();
 }
 
 }  // namespace quorvi::look

@@ -194,10 +194,14 @@ constexpr bool ColorRowsInOrder() {
 }
 static_assert(ColorRowsInOrder());
 
-// Whether text is drawn with inks of at least 4.5 to 1 on every ground instead of the stated
-// values. Set when the desktop asks for high contrast, or the settings value `contrast` is 1.
-// Repaints every window.
-void SetReadableInks(bool on);
+// Who asks for readable inks.
+enum class InkReason : std::uint8_t {
+    settings,  // the settings value `contrast` is 1
+    desktop,   // the desktop asks for high contrast
+};
+// Text is drawn with inks of at least 4.5 to 1 on every ground instead of the stated values while
+// anyone asks for them. Repaints every window.
+void SetReadableInks(bool on, InkReason reason = InkReason::settings);
 [[nodiscard]] bool ReadableInks();
 
 // The value drawn for a colour, at the moment.

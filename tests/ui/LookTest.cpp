@@ -1,6 +1,7 @@
 // The token table is the only place of colours, and every icon can be drawn from it.
 #include <gtest/gtest.h>
 
+#include <QDBusVariant>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -9,6 +10,7 @@
 #include <set>
 
 #include "tests/ui/QtMain.h"
+#include "ui/DesktopWishes.h"
 #include "ui/Look.h"
 
 namespace quorvi {
@@ -25,7 +27,11 @@ QString ReadAll(const QString& path) {
 
 class LookTest : public QtTest {
   protected:
-    void TearDown() override { look::SetReadableInks(false); }
+    void TearDown() override {
+        look::SetReadableInks(false);
+        look::SetReadableInks(false, look::InkReason::desktop);
+        look::SetLessMotion(false);
+    }
 };
 
 TEST_F(LookTest, ColoursGivenAsValuesAreDrawnWithThem) {
@@ -58,6 +64,35 @@ TEST_F(LookTest, ReadableInksLeaveAllOtherColoursAlone) {
             EXPECT_EQ(look::color(row.color).rgb(), before[std::string(row.token)]) << row.token;
         }
     }
+}
+
+TEST_F(LookTest, ReadableInksStayWhileAnyoneAsksForThem) {
+    look::SetReadableInks(true, look::InkReason::settings);
+    look::SetReadableInks(true, look::InkReason::desktop);
+    look::SetReadableInks(false, look::InkReason::desktop);
+    EXPECT_TRUE(look::ReadableInks());
+    look::SetReadableInks(false, look::InkReason::settings);
+    EXPECT_FALSE(look::ReadableInks());
+}
+
+TEST_F(LookTest, TheDesktopAsksForHighContrast) {
+    const QString group = QStringLiteral("org.freedesktop.appearance");
+    const QString key = QStringLiteral("contrast");
+    // The portal hands the value over in a variant within a variant.
+    DesktopWishes::Take(group, key, QVariant::fromValue(QDBusVariant(QVariant::fromValue(1U))));
+    EXPECT_TRUE(look::ReadableInks());
+    DesktopWishes::Take(group, key, 0U);
+    EXPECT_FALSE(look::ReadableInks());
+    DesktopWishes::Take(group, QStringLiteral("color-scheme"), 1U);
+    EXPECT_FALSE(look::ReadableInks());
+}
+
+TEST_F(LookTest, TheDesktopAsksForLessMotion) {
+    const QString group = QStringLiteral("org.gnome.desktop.interface");
+    DesktopWishes::Take(group, QStringLiteral("enable-animations"), false);
+    EXPECT_TRUE(look::LessMotion());
+    DesktopWishes::Take(group, QStringLiteral("enable-animations"), true);
+    EXPECT_FALSE(look::LessMotion());
 }
 
 TEST_F(LookTest, RowColoursAreTheStatedOnes) {
