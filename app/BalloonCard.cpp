@@ -1,10 +1,14 @@
 #include "app/BalloonCard.h"
 
+#include <QGuiApplication>
 #include <QPainter>
-#include <QTextLayout>
+#include <QPainterPath>
+#include <QScreen>
 #include <QVariantAnimation>
+#include <algorithm>
 
 #include "ui/Look.h"
+#include "ui/WindowFrame.h"
 
 namespace quorvi {
 namespace {
@@ -16,23 +20,30 @@ using look::Size;
 constexpr int kStandsMs = 5000;
 constexpr int kLogo = Metric::iconMessage;
 constexpr int kPaddingY = Metric::balloonPaddingY;
-constexpr int kWidth = Metric::balloonWidth;
 constexpr int kLine = Metric::textLine;
-// Room around the card for its shadow.
-constexpr int kMargin = Metric::shadowMenuBlur;
-constexpr int kTextX = Metric::gap4 + kLogo + Metric::gap3;
-constexpr int kTextWidth = kWidth - kTextX - Metric::gap4;
+// What of the card's width is no text.
+constexpr int kBesideText = Metric::gap4 + kLogo + Metric::gap3 + Metric::gap4;
 
-QRect TextBounds(const QString& text) {
-    return QFontMetrics(look::font(Size::s12))
-        .boundingRect(QRect(0, 0, kTextWidth, kWidth), Qt::TextWrapAnywhere | Qt::TextWordWrap,
-                      text);
+// The text's room: one line where that fits, else as many as it takes.
+QSize TextRoom(const QString& text) {
+    constexpr int least = Metric::balloonWidth - kBesideText;
+    constexpr int most = Metric::balloonMaxWidth - kBesideText;
+    const QFontMetrics metrics(look::font(Size::s12));
+    const int width = std::clamp(metrics.horizontalAdvance(text) + 1, least, most);
+    const QRect bounds = metrics.boundingRect(QRect(0, 0, width, Metric::balloonMaxWidth),
+                                              Qt::TextWrapAnywhere | Qt::TextWordWrap, text);
+    return {width, bounds.height()};
 }
 
 }  // namespace
 
-BalloonCard::BalloonCard(QWidget* parent) : QWidget(parent), fade_(new QVariantAnimation(this)) {
+BalloonCard::BalloonCard(QWidget* parent)
+    : QWidget(parent, parent == nullptr ? Qt::ToolTip | Qt::FramelessWindowHint : Qt::Widget),
+      margin_(parent != nullptr || WindowFrame::HasCompositor() ? Metric::shadowMenuBlur : 0),
+      fade_(new QVariantAnimation(this)) {
     setObjectName(QStringLiteral("balloon"));
+    setAttribute(Qt::WA_TranslucentBackground, margin_ > 0);
+    setAttribute(Qt::WA_ShowWithoutActivating);
     hide();
     goes_.setSingleShot(true);
     goes_.setInterval(kStandsMs);
@@ -43,7 +54,9 @@ BalloonCard::BalloonCard(QWidget* parent) : QWidget(parent), fade_(new QVariantA
         update();
     });
     connect(fade_, &QVariantAnimation::finished, this, [this] { setVisible(opacity_ > 0); });
-    parent->installEventFilter(this);
+    if (parent != nullptr) {
+        parent->installEventFilter(this);
+    }
 }
 
 void BalloonCard::Show(const QString& title, const QString& text) {
@@ -58,14 +71,35 @@ void BalloonCard::Show(const QString& title, const QString& text) {
     update();
 }
 
+// Of the card with its margin: in the window the lower right, on the screen beside the icon, on the
+// side that has room.
+QPoint BalloonCard::Corner(QSize size) const {
+    const QPoint margin(margin_, margin_);
+    if (const QWidget* window = parentWidget()) {
+        return QPoint(window->width() - size.width() - Metric::pageInset,
+                      window->height() - size.height() - Metric::statusHeight - Metric::gap2) +
+               margin;
+    }
+    const QScreen* screen = QGuiApplication::screenAt(icon_.center());
+    const QRect room = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->geometry();
+    const int x = std::clamp(icon_.center().x() - size.width() / 2, room.left() + Metric::gap2,
+                             room.right() - size.width() - Metric::gap2);
+    const bool above = icon_.center().y() > room.center().y();
+    const int y =
+        above ? icon_.top() - Metric::gap2 - size.height() : icon_.bottom() + Metric::gap2;
+    return QPoint(x, y) + (above ? QPoint(0, margin_) : QPoint(0, -margin_));
+}
+
 void BalloonCard::Place() {
-    const int height = std::max(kLogo, kLine + TextBounds(text_).height()) + 2 * kPaddingY;
-    const QSize size(kWidth + 2 * kMargin, height + 2 * kMargin);
-    const QWidget& window = *parentWidget();
-    setGeometry(QRect(
-        QPoint(window.width() - size.width() + kMargin - Metric::pageInset,
-               window.height() - size.height() + kMargin - Metric::statusHeight - Metric::gap2),
-        size));
+    const QSize text = TextRoom(text_);
+    const int height = std::max(kLogo, kLine + text.height()) + 2 * kPaddingY;
+    const QSize size(text.width() + kBesideText + 2 * margin_, height + 2 * margin_);
+    setGeometry(QRect(Corner(size), size));
+    if (margin_ == 0) {
+        QPainterPath path;
+        path.addRoundedRect(rect(), Metric::radiusPanel, Metric::radiusPanel);
+        setMask(QRegion(path.toFillPolygon().toPolygon()));
+    }
 }
 
 void BalloonCard::FadeTo(double opacity) {
@@ -91,13 +125,13 @@ void BalloonCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(opacity_);
-    const QRectF card = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    const QRectF card = QRectF(rect()).adjusted(margin_, margin_, -margin_, -margin_);
 
     // A soft shadow: rings of falling strength around the card.
     QColor shade = look::color(Color::plum8);
     painter.setPen(Qt::NoPen);
-    for (int ring = kMargin; ring > 0; --ring) {
-        const double nearness = 1.0 - static_cast<double>(ring) / kMargin;
+    for (int ring = margin_; ring > 0; --ring) {
+        const double nearness = 1.0 - static_cast<double>(ring) / margin_;
         shade.setAlphaF(
             static_cast<float>(nearness * nearness * Metric::shadowMenuPercent / 100 / 5));
         painter.setBrush(shade);

@@ -1,4 +1,5 @@
-// A balloon inside the window, where the desktop has no place for one.
+// A balloon that the suite paints itself: at its tray icon, or inside the window where the desktop
+// has no place for one.
 #pragma once
 
 #include <QTimer>
@@ -8,13 +9,16 @@ class QVariantAnimation;
 
 namespace quorvi {
 
-// Stands at the lower right of its parent, fades in, goes by itself or at a click.
+// With a parent it stands at the parent's lower right, without one it is a window of its own. Fades
+// in, goes by itself or at a click.
 class BalloonCard : public QWidget {
     Q_OBJECT
   public:
     explicit BalloonCard(QWidget* parent);
 
     void Show(const QString& title, const QString& text);
+    // For a card without a parent: beside `icon`, in screen coordinates, before it is shown.
+    void PointAt(const QRect& icon) { icon_ = icon; }
     [[nodiscard]] const QString& Title() const { return title_; }
     [[nodiscard]] const QString& Text() const { return text_; }
 
@@ -25,9 +29,12 @@ class BalloonCard : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
+    [[nodiscard]] QPoint Corner(QSize size) const;
     void Place();
     void FadeTo(double opacity);
 
+    const int margin_;  // room around the card for its shadow
+    QRect icon_;
     QString title_;
     QString text_;
     double opacity_ = 0;

@@ -2,6 +2,7 @@
 
 #include <QIcon>
 
+#include "app/BalloonCard.h"
 #include "app/TrayMenu.h"
 #include "ui/SkinMenu.h"
 
@@ -11,6 +12,7 @@ namespace {
 // How often it is looked whether a tray has come. Both ways of the platform answer from memory.
 constexpr int kWatchMs = 2000;
 constexpr int kBalloonMs = 10000;
+constexpr int kEmbedMs = 250;
 
 }  // namespace
 
@@ -29,8 +31,6 @@ DesktopTray::DesktopTray() : menu_(std::make_unique<CSkinMenu>()) {
                     events_.mouse(TrayMouse::leftDouble);
                 }
             });
-    connect(&icon_, &QSystemTrayIcon::messageClicked, this,
-            [this] { events_.mouse(TrayMouse::leftDown); });
     watch_.setInterval(kWatchMs);
     connect(&watch_, &QTimer::timeout, this, &DesktopTray::Watch);
 }
@@ -57,7 +57,19 @@ bool DesktopTray::ShowBalloon(const QString& title, const QString& text) {
     if (!Available() || !icon_.isVisible() || !QSystemTrayIcon::supportsMessages()) {
         return false;
     }
-    icon_.showMessage(title, text, icon_.icon(), kBalloonMs);
+    if (icon_.geometry().isEmpty()) {
+        // An icon that the desktop's shell draws: the shell shows the balloon too.
+        icon_.showMessage(title, text, icon_.icon(), kBalloonMs);
+        return true;
+    }
+    // An icon that was just added has its place a moment later.
+    QTimer::singleShot(kEmbedMs, this, [this, title, text] {
+        if (!balloon_) {
+            balloon_ = std::make_unique<BalloonCard>(nullptr);
+        }
+        balloon_->PointAt(icon_.geometry());
+        balloon_->Show(title, text);
+    });
     return true;
 }
 

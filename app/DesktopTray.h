@@ -10,6 +10,7 @@
 
 namespace quorvi {
 
+class BalloonCard;
 class CSkinMenu;
 
 class DesktopTray : public QObject, public Tray {
@@ -30,6 +31,7 @@ class DesktopTray : public QObject, public Tray {
     TrayEvents events_;
     QSystemTrayIcon icon_;
     std::unique_ptr<CSkinMenu> menu_;
+    std::unique_ptr<BalloonCard> balloon_;
     QTimer watch_;
     bool available_ = false;
 };

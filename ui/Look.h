@@ -395,6 +395,7 @@ struct Metric {
     static constexpr int headlineLine = 28;
     static constexpr int textLine = 20;
     static constexpr int balloonWidth = 312;
+    static constexpr int balloonMaxWidth = 420;
     static constexpr int balloonPaddingY = 14;
     static constexpr int waveHeight = 120;
     // shadows and veils
