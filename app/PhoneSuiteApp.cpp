@@ -1,6 +1,7 @@
 #include "app/PhoneSuiteApp.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -18,7 +19,9 @@
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
 #include "link/PhoneLink.h"
+#include "link/UsbWatch.h"
 #include "ui/HtmlSite.h"
+#include "ui/Job.h"
 #include "ui/Look.h"
 
 namespace quorvi {
@@ -33,6 +36,65 @@ void PrepareQt() {
     QCoreApplication::setApplicationName(QStringLiteral("Quorvi"));
     PrepareHtmlViews();
 }
+
+// All that the window stands on, and the window. Made once and never torn down: the process ends
+// under workers that still use it.
+class Suite {
+  public:
+    explicit Suite(RunningInstance& instance)
+        : window_(Parts(instance)), face_(window_), link_(device_, face_, SystemClock()) {
+        if (settings_.ReadNumber(kSettingsKey, kContrast) == 1U) {
+            look::SetReadableInks(true);
+        }
+        ListenForEndSignals([this] { window_.EndDialog(); });
+    }
+
+    [[nodiscard]] CMainDlg& Window() { return window_; }
+
+  private:
+    MainParts Parts(RunningInstance& instance) {
+        return {
+            .settings = settings_,
+            .tray = tray_,
+            .notifier = notifier_,
+            .sounds = sounds_,
+            .instance = instance,
+            .pages = {.device = device_},
+            .makers = ThePageMakers(),
+            .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
+            .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },
+            .watchUsb = [this] { usb_.Start([this](const UsbEvent& event) { OnUsb(event); }); },
+            .openDeviceManager = [](QWidget*, const QString&,
+                                    std::function<void()> done) { done(); },
+            .endProcess =
+                [this] {
+                    settings_.Flush();
+                    EndProcess(0);
+                },
+        };
+    }
+
+    // On the watch's thread.
+    void OnUsb(const UsbEvent& event) {
+        PostToWindow(&window_, [this, kind = event.kind] {
+            if (kind == UsbEvent::Kind::arrival) {
+                window_.OnUsbArrival();
+            } else {
+                window_.OnUsbRemoval();
+            }
+        });
+    }
+
+    QtSettingsStore settings_;
+    DeviceContext device_;
+    DesktopTray tray_;
+    BusNotifier notifier_;
+    EffectSounds sounds_;
+    UsbWatch usb_;
+    CMainDlg window_;
+    WindowLinkFace face_;
+    PhoneLink link_;
+};
 
 }  // namespace
 
@@ -58,8 +120,6 @@ int CPhoneSuiteApp::RunWindow() {
         tourFolder_.isEmpty() &&
         StartsHidden(CommandText(std::vector<std::string>(argv_ + 1, argv_ + argc_)));
 
-    // What the window stands on is made once and never torn down: the process ends under workers
-    // that still use it.
     auto& application = *new QApplication(argc_, argv_);
     QApplication::setQuitOnLastWindowClosed(false);
     auto& instance = *new LocalSocketInstance;
@@ -67,34 +127,8 @@ int CPhoneSuiteApp::RunWindow() {
         return 0;
     }
     SetCodePage(TheDeployment().codePage);
-    auto& settings = *new QtSettingsStore;
     look::Apply(application);
-    if (settings.ReadNumber(kSettingsKey, kContrast) == 1U) {
-        look::SetReadableInks(true);
-    }
-
-    auto& device = *new DeviceContext;
-    PhoneLink* link = nullptr;
-    auto& window = *new CMainDlg({
-        .settings = settings,
-        .tray = *new DesktopTray,
-        .notifier = *new BusNotifier,
-        .sounds = *new EffectSounds,
-        .instance = instance,
-        .pages = {.device = device},
-        .makers = ThePageMakers(),
-        .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
-        .connectPhone = [&link](bool delay) { link->ConnectPhone(delay); },
-        .watchUsb = [] {},
-        .openDeviceManager = [](QWidget*, const QString&, std::function<void()> done) { done(); },
-        .endProcess =
-            [&settings] {
-                settings.Flush();
-                EndProcess(0);
-            },
-    });
-    link = new PhoneLink(device, *new WindowLinkFace(window), SystemClock());
-    ListenForEndSignals([&window] { window.EndDialog(); });
+    CMainDlg& window = (new Suite(instance))->Window();
     window.SetStartHidden(hidden);
     window.OnInitDialog();
     if (!hidden) {
