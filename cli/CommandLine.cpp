@@ -13,7 +13,7 @@ namespace {
 // The command whose words the line starts with, and how many words that takes.
 std::pair<const Command*, std::size_t> FindCommand(std::span<const std::string> words,
                                                    std::span<const Command> commands) {
-    const std::string one = words[0];
+    const std::string& one = words[0];
     const std::string two = words.size() > 1 ? words[0] + " " + words[1] : std::string();
     for (const Command& command : commands) {
         if (command.words == two) {
