@@ -1,0 +1,146 @@
+// Every fault of the agent against every command of quorvictl that speaks to it: the program ends,
+// with the status of its kind, and the same command works right after.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/e2e/Bench.h"
+
+namespace quorvi::e2e {
+namespace {
+
+struct Asked {
+    const char* name;
+    std::vector<std::string> arguments;
+    const char* code;  // the command of the agent that misbehaves
+    const char* input = "";
+};
+
+void PrintTo(const Asked& asked, std::ostream* out) {
+    *out << asked.name;
+}
+
+constexpr const char* kFaults[] = {
+    "nodata",
+    "absent",
+    "close",
+    "cut 2",
+    "cut 4",
+    "cut 9",
+    "cut 33",
+    "reset",
+    "reset 21",
+    "trickle 50 1",
+    "delay 50",
+    "length 3000000000 10",
+    "length 4294967295 10",
+    "length 1",
+    "length 4",
+    "length 13",
+    "length 40",
+    "string 0 4294967295",
+    "string 0 2147483647",
+    "string 1 3000000000",
+    "string 2 70000",
+    "word 0",
+};
+
+class FaultMatrix : public testing::TestWithParam<Asked> {
+  protected:
+    static void SetUpTestSuite() { bench_ = std::make_unique<Bench>(1); }
+    static void TearDownTestSuite() { bench_.reset(); }
+
+    void SetUp() override {
+        ASSERT_EQ(bench_->Error(), "");
+        Restore();
+    }
+
+    static void Restore() {
+        bench_->Control(0, "faults clear");
+        bench_->Control(0, "data");
+        ASSERT_TRUE(bench_->WaitForDevices(1));
+        ASSERT_EQ(bench_->BringAgentUp(0), "");
+    }
+
+    static ProgramResult Run(std::chrono::milliseconds limit = std::chrono::seconds(20)) {
+        return bench_->Suite(GetParam().arguments, GetParam().input, limit);
+    }
+
+    static void Misbehave(const char* words) {
+        ASSERT_EQ(bench_->Control(0, std::string("fault ") + GetParam().code + " " + words),
+                  "ok\n");
+    }
+
+    static std::unique_ptr<Bench> bench_;
+};
+
+std::unique_ptr<Bench> FaultMatrix::bench_;
+
+TEST_P(FaultMatrix, EndsAndWorksRightAfter) {
+    for (const char* fault : kFaults) {
+        Misbehave(fault);
+        const ProgramResult ill = Run();
+        EXPECT_FALSE(ill.timedOut) << fault;
+        EXPECT_GE(ill.status, 0) << fault << ": " << ill.messages;
+        EXPECT_LE(ill.status, 3) << fault;
+        Restore();
+        EXPECT_EQ(Run().status, 0) << "after " << fault;
+        bench_->Control(0, "data");
+    }
+    EXPECT_EQ(bench_->Control(0, "deviations"), "ok\n");
+}
+
+// The cable is pulled inside the reply: the forward goes with it.
+TEST_P(FaultMatrix, EndsWhenTheCableIsPulled) {
+    Misbehave("unplug 9");
+    const ProgramResult ill = Run();
+    EXPECT_FALSE(ill.timedOut);
+    EXPECT_GE(ill.status, 0) << ill.messages;
+    EXPECT_EQ(Run().status, 2);
+    Restore();
+    EXPECT_EQ(Run().status, 0);
+}
+
+TEST_P(FaultMatrix, WaitsForAStalledReplyAndWorksRightAfter) {
+    for (const char* stall : {"stall", "stall 2"}) {
+        Misbehave(stall);
+        EXPECT_TRUE(Run(std::chrono::milliseconds(400)).timedOut) << stall;
+        Restore();
+        EXPECT_EQ(Run().status, 0) << "after " << stall;
+        bench_->Control(0, "data");
+    }
+}
+
+TEST_P(FaultMatrix, HasNoLinkWithoutAPhone) {
+    bench_->Control(0, "unplug");
+    ASSERT_TRUE(bench_->WaitForDevices(0));
+    EXPECT_EQ(Run().status, 2);
+    bench_->Control(0, "plug");
+}
+
+constexpr const char* kForm = R"({"name": "林远舟", "phones": [{"type": 2, "text": "110"}]})";
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, FaultMatrix,
+    testing::Values(Asked{"Info", {"info"}, "870004"},
+                    Asked{"ContactsList", {"contacts", "list"}, "870101"},
+                    Asked{"ContactsShow", {"contacts", "show", "1"}, "870102"},
+                    Asked{"ContactsAdd", {"contacts", "add"}, "870103", kForm},
+                    Asked{"ContactsUpdate", {"contacts", "update", "1"}, "870104", kForm},
+                    Asked{"ContactsUpdateLoad", {"contacts", "update", "1"}, "870102", kForm},
+                    Asked{"ContactsDelete", {"contacts", "delete", "1", "2"}, "870106"},
+                    Asked{"GroupsList", {"groups", "list"}, "870140"},
+                    Asked{"GroupsAdd", {"groups", "add", "x"}, "870121"},
+                    Asked{"GroupsRename", {"groups", "rename", "1", "x"}, "870122"},
+                    Asked{"GroupsDelete", {"groups", "delete", "1"}, "870124"},
+                    Asked{"SmsList", {"sms", "list"}, "870201"},
+                    Asked{"SmsShow", {"sms", "show", "12"}, "870202"},
+                    Asked{"SmsSend", {"sms", "send", "--to", "110", "--text", "x"}, "870204"},
+                    Asked{"SmsDelete", {"sms", "delete", "12"}, "870206"},
+                    Asked{"CallsList", {"calls", "list"}, "870301"},
+                    Asked{"CallsDelete", {"calls", "delete", "1"}, "870303"},
+                    Asked{"CallsClear", {"calls", "clear"}, "870304"}),
+    [](const auto& test) { return test.param.name; });
+
+}  // namespace
+}  // namespace quorvi::e2e
