@@ -11,8 +11,7 @@ namespace detail {
 // With QUORVI_CONTROL_NUMBERS=1 the number is what assistive tools read as the description; without
 // it descriptions are for people.
 inline void DescribeByNumber(QWidget& widget) {
-    static const bool asked = qEnvironmentVariableIntValue("QUORVI_CONTROL_NUMBERS") == 1;
-    if (asked) {
+    if (qEnvironmentVariableIntValue("QUORVI_CONTROL_NUMBERS") == 1) {
         widget.setAccessibleDescription(widget.objectName());
     }
 }
