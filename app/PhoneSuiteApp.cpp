@@ -18,6 +18,7 @@
 #include "app/Tour.h"
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
+#include "link/DeviceManagerDlg.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
 #include "ui/HtmlSite.h"
@@ -64,8 +65,10 @@ class Suite {
             .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
             .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },
             .watchUsb = [this] { usb_.Start([this](const UsbEvent& event) { OnUsb(event); }); },
-            .openDeviceManager = [](QWidget*, const QString&,
-                                    std::function<void()> done) { done(); },
+            .openDeviceManager =
+                [this](QWidget* parent, const QString& title, std::function<void()> done) {
+                    OpenDeviceManager(parent, title, std::move(done));
+                },
             .endProcess =
                 [this] {
                     settings_.Flush();
@@ -83,6 +86,12 @@ class Suite {
                 window_.OnUsbRemoval();
             }
         });
+    }
+
+    void OpenDeviceManager(QWidget* parent, const QString& title, std::function<void()> done) {
+        auto* dialog = new CDeviceManagerDlg(
+            device_, [this](const QString& text) { window_.SetStatus(text); }, title, parent);
+        dialog->Open([done = std::move(done)](int) { done(); });
     }
 
     QtSettingsStore settings_;
