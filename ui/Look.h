@@ -398,6 +398,15 @@ struct Metric {
     static constexpr int balloonMaxWidth = 420;
     static constexpr int balloonPaddingY = 14;
     static constexpr int waveHeight = 120;
+    // calendar
+    static constexpr int calendarYearWidth = 92;
+    static constexpr int calendarDayWidth = 76;
+    static constexpr int calendarNumberLine = 24;
+    static constexpr int calendarNoteLine = 18;
+    static constexpr int calendarChosenLine = 2;  // of white, inside the chosen day's hairline
+    static constexpr int calendarTodayInset = 6;
+    static constexpr int calendarPanel = 64;
+    static constexpr int calendarPanelRule = 28;
     // shadows and veils
     static constexpr int shadowMenuBlur = 16;
     static constexpr int shadowMenuDrop = 4;
