@@ -3,6 +3,7 @@
 #include "app/PlaceholderPage.h"
 #include "pages/device/HomePage.h"
 #include "pages/device/SystemInfoPage.h"
+#include "refdata/CalendarPage.h"
 #include "ui/QtText.h"
 
 namespace quorvi {
@@ -21,6 +22,7 @@ PageMakers ThePageMakers() {
     return {
         {130, &Make<CHomePage>},
         {135, &Make<CSystemInfoPage>},
+        {404, &Make<CCalendarPage>},
     };
 }
 

@@ -94,7 +94,7 @@ QStringList MonthNames() {
 
 }  // namespace
 
-CalendarPage::CalendarPage(PageHost& host, QWidget* parent, std::function<CalendarDate()> today)
+CCalendarPage::CCalendarPage(PageHost& host, QWidget* parent, std::function<CalendarDate()> today)
     : Page(host, kDialog, parent),
       today_(std::move(today)),
       years_(SetControlNumber(new CSkinCombo, kYearBox, ToQString(u8"年"))),
@@ -117,7 +117,7 @@ CalendarPage::CalendarPage(PageHost& host, QWidget* parent, std::function<Calend
     ShowDate(today_());
 }
 
-QWidget* CalendarPage::MakeBar() {
+QWidget* CCalendarPage::MakeBar() {
     auto* bar = new QWidget(this);
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -146,7 +146,7 @@ QWidget* CalendarPage::MakeBar() {
     return bar;
 }
 
-QWidget* CalendarPage::MakePanel() {
+QWidget* CCalendarPage::MakePanel() {
     auto* panel = new Panel(this);
     panel->setFixedHeight(Metric::calendarPanel);
     auto* layout = new QHBoxLayout(panel);
@@ -158,7 +158,7 @@ QWidget* CalendarPage::MakePanel() {
     return panel;
 }
 
-void CalendarPage::ShowDate(int year, int month, int day) {
+void CCalendarPage::ShowDate(int year, int month, int day) {
     Fill(*years_, Numbers(kFirstCalendarYear, kLastCalendarYear), year - kFirstCalendarYear);
     Fill(*months_, MonthNames(), month - 1);
     Fill(*days_, Numbers(1, GregorianMonthDays(year, month)), day - 1);
@@ -168,13 +168,13 @@ void CalendarPage::ShowDate(int year, int month, int day) {
     grid_->SetMonthDate(year, month, day);
 }
 
-CalendarDate CalendarPage::SelectedDate() const {
+CalendarDate CCalendarPage::SelectedDate() const {
     return {years_->currentIndex() + kFirstCalendarYear, months_->currentIndex() + 1,
             days_->currentIndex() + 1};
 }
 
 // Beyond the years of the first box there is nowhere to go.
-void CalendarPage::Step(int days) {
+void CCalendarPage::Step(int days) {
     if (const auto date = StepBySeconds(SelectedDate(), days)) {
         ShowDate(*date);
     }
