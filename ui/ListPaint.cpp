@@ -1,13 +1,12 @@
 // How a list is painted: rows first, cells on them, then what lies above both.
 #include <QPaintEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 #include <array>
 
 #include "ui/FocusRing.h"
 #include "ui/ListModel.h"
-#include "ui/QtText.h"
+#include "ui/PlainTip.h"
 #include "ui/SkinListCtrl.h"
 
 namespace quorvi {
@@ -374,7 +373,8 @@ QRect CSkinListCtrl::LinkRect(int row, int column) const {
         case CellKind::twoLinesLink:
             return words(Lines(cell).second);
         case CellKind::imageLink: {
-            const int y = std::min(Metric::imageLinkInsetY, cell.height() / 4);
+            const int y =
+                std::min(Metric::imageLinkInsetY, (cell.height() - Metric::iconField) / 2);
             return cell.adjusted(Metric::imageLinkInsetX, y, -Metric::imageLinkInsetX, -y);
         }
         default:
@@ -402,9 +402,7 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     const QString whole = cell.second.isEmpty()
                               ? OneLine(cell.text)
                               : OneLine(cell.text) + QLatin1Char('\n') + OneLine(cell.second);
-    QToolTip::showText(global,
-                       whole.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")),
-                       viewport(), CellRect(index.row(), index.column()));
+    ShowPlainTip(global, whole, viewport(), CellRect(index.row(), index.column()));
     return true;
 }
 

@@ -15,6 +15,9 @@ class RecordListCtrl : public CSkinListCtrl {
   public:
     using CSkinListCtrl::CSkinListCtrl;
 
+    // Makes room for records that are appended one by one.
+    void Reserve(std::size_t count) { records_.reserve(count); }
+
     // Shows these records in place of all others, unticked, nothing selected.
     void SetRecords(std::vector<Record> records) {
         records_ = std::move(records);

@@ -3,10 +3,11 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QToolTip>
 #include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "ui/PlainTip.h"
 
 namespace quorvi {
 
@@ -77,7 +78,7 @@ void CSkinStateLabel::paintEvent(QPaintEvent*) {
 
 bool CSkinStateLabel::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && sizeHint().width() > width()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        ShowPlainTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
         return true;
     }
     return QLabel::event(event);

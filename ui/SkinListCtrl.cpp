@@ -190,7 +190,7 @@ void CSkinListCtrl::SetRedraw(bool on) {
         return;
     }
     // A list without rows stays blank, not "empty": what it holds is not known while redraw is off.
-    frozen_ = !on && RowCount() > 0 && isVisible() ? viewport()->grab() : QPixmap();
+    frozen_ = !on && RowCount() > 0 ? viewport()->grab() : QPixmap();
     redraw_ = on;
     viewport()->update();
 }

@@ -4,10 +4,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
-#include <QToolTip>
 
 #include "ui/FocusRing.h"
 #include "ui/Look.h"
+#include "ui/PlainTip.h"
 #include "ui/RoundCorners.h"
 
 namespace quorvi {
@@ -160,7 +160,7 @@ void CSkinTree::SetRedraw(bool on) {
     if (redraw_ == on) {
         return;
     }
-    frozen_ = !on && topLevelItemCount() > 0 && isVisible() ? viewport()->grab() : QPixmap();
+    frozen_ = !on && topLevelItemCount() > 0 ? viewport()->grab() : QPixmap();
     redraw_ = on;
     viewport()->update();
 }
@@ -295,7 +295,7 @@ bool CSkinTree::viewportEvent(QEvent* event) {
             space -= Metric::iconField + Metric::treeCellPadding;
         }
         if (index.isValid() && fontMetrics().horizontalAdvance(text) > space) {
-            QToolTip::showText(help->globalPos(), text.toHtmlEscaped(), viewport());
+            ShowPlainTip(help->globalPos(), text, viewport());
         } else {
             QToolTip::hideText();
         }

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <functional>
 
@@ -349,6 +350,14 @@ int Run(const QString& folder) {
     QTest::qWait(50);
     Save(menu, folder + QStringLiteral("/menu.png"));
     menu.close();
+
+    QToolTip::showText(QPoint(40, 40), ToQString(u8"最小化"));
+    QTest::qWait(50);
+    for (QWidget* each : QApplication::topLevelWidgets()) {
+        if (each->inherits("QTipLabel")) {
+            Save(*each, folder + QStringLiteral("/tip.png"));
+        }
+    }
 
     CSkinCombo combo;
     combo.addItems({ToQString(u8"个人"), ToQString(u8"手机"), ToQString(u8"公司电话")});

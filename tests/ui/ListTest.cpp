@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "tests/ui/QtMain.h"
 #include "tests/ui/SampleList.h"
@@ -116,7 +118,7 @@ TEST_F(ListTest, ATextLinkIsHitSixPixelsFromItsColumnsEdges) {
 TEST_F(ListTest, AnImageLinkIsHitFourteenAndTwentyPixelsInside) {
     Fill(1);
     const QRect cell = list_->CellRect(0, kSampleImageLink);
-    EXPECT_EQ(list_->LinkRect(0, kSampleImageLink), cell.adjusted(14, 15, -14, -15));
+    EXPECT_EQ(list_->LinkRect(0, kSampleImageLink), cell.adjusted(14, 20, -14, -20));
 }
 
 TEST_F(ListTest, TheCursorIsTheHandOverALinkAndTheArrowElsewhere) {
@@ -478,6 +480,24 @@ TEST_F(ListTest, ALongPhotoIsCroppedAndNotStretched) {
     EXPECT_EQ(shown.pixelColor(2, 24), look::color(look::Color::green));
     EXPECT_EQ(shown.pixelColor(45, 24), look::color(look::Color::green));
     EXPECT_EQ(qAlpha(shown.pixel(0, 0)), 0);  // the corner is round
+}
+
+// ---- tool tips ---------------------------------------------------------------------------------
+
+TEST_F(ListTest, ATextThatIsCutOffShowsWholeInATip) {
+    Fill(2);
+    const QString name = QStringLiteral("<b>一二三四五六七八九十一二三四五六七八九十</b>");
+    list_->Edit(1, [&](SampleRecord& record) { record.name = name; });
+    const auto ask = [&](int row) {
+        const QPoint at = list_->CellRect(row, kSampleName).center();
+        QHelpEvent help(QEvent::ToolTip, at, list_->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(list_->viewport(), &help);
+        return QToolTip::text();
+    };
+    const QString tip = ask(1);
+    EXPECT_TRUE(tip.contains(name.toHtmlEscaped())) << tip.toStdString();
+    QToolTip::hideText();
+    EXPECT_FALSE(ask(0).contains(QStringLiteral("联系人 0")));
 }
 
 // ---- what is read out --------------------------------------------------------------------------
