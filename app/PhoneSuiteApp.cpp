@@ -35,6 +35,8 @@ constexpr std::string_view kContrast = "contrast";
 void PrepareQt() {
     QCoreApplication::setOrganizationName(QStringLiteral("Quorvi"));
     QCoreApplication::setApplicationName(QStringLiteral("Quorvi"));
+    // The engine of the HTML views tells at length how it was started.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     PrepareHtmlViews();
 }
 

@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include "app/MainDlg.h"
-#include "ui/Look.h"
 
 namespace quorvi {
 namespace {
@@ -21,6 +20,15 @@ constexpr int kSettleMs = 700;
 // A top-level widget over the window as it stands in the window's coordinates.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
     painter.drawPixmap(over.mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), over.grab());
+}
+
+// Closes what `top` gives until nothing, or one that stays, is left.
+void CloseAll(QWidget* (*top)()) {
+    QWidget* last = nullptr;
+    for (QWidget* widget = top(); widget != nullptr && widget != last; widget = top()) {
+        last = widget;
+        widget->close();
+    }
 }
 
 }  // namespace
@@ -85,10 +93,6 @@ QPixmap Tour::Picture() const {
     for (QWidget* widget : widgets) {
         if (widget != &window_ && widget->isVisible() &&
             (widget->windowType() == Qt::Dialog || widget->windowType() == Qt::Popup)) {
-            if (widget->windowType() == Qt::Dialog) {
-                painter.fillRect(window_.rect(),
-                                 look::color(look::Color::ink, look::Metric::scrimPercent));
-            }
             DrawOver(painter, window_, *widget);
         }
     }
@@ -102,12 +106,8 @@ void Tour::Take() {
         ++failed_;
         std::fprintf(stderr, "tour: %s could not be written\n", qUtf8Printable(path));
     }
-    while (QWidget* popup = QApplication::activePopupWidget()) {
-        popup->close();
-    }
-    while (QWidget* dialog = QApplication::activeModalWidget()) {
-        dialog->close();
-    }
+    CloseAll(&QApplication::activePopupWidget);
+    CloseAll(&QApplication::activeModalWidget);
 }
 
 }  // namespace quorvi
