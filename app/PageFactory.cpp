@@ -1,6 +1,7 @@
 #include "app/PageFactory.h"
 
 #include "app/PlaceholderPage.h"
+#include "app/SettingsPage.h"
 #include "pages/device/HomePage.h"
 #include "pages/device/SystemInfoPage.h"
 #include "refdata/CalendarPage.h"
@@ -16,12 +17,17 @@ Page* Make(PageHost& host, const PageParts& /*parts*/, QWidget* parent) {
     return new P(host, parent);
 }
 
+Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
+    return new CSettingsPage(host, parts.desktop, parent);
+}
+
 }  // namespace
 
 PageMakers ThePageMakers() {
     return {
         {130, &Make<CHomePage>},
         {135, &Make<CSystemInfoPage>},
+        {202, &MakeSettings},
         {404, &Make<CCalendarPage>},
     };
 }

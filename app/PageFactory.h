@@ -3,17 +3,20 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 
 #include "app/PageTable.h"
 #include "ui/Page.h"
 
 namespace quorvi {
 
+class DesktopIntegration;
 class DeviceContext;
 
 // What pages are made from, beside their host. Grows with what pages need of the suite.
 struct PageParts {
     DeviceContext& device;
+    std::shared_ptr<DesktopIntegration> desktop = {};
 };
 
 using MakePage = std::function<Page*(PageHost& host, const PageParts& parts, QWidget* parent)>;

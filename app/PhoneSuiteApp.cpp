@@ -1,6 +1,7 @@
 #include "app/PhoneSuiteApp.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLoggingCategory>
 #include <cstring>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "app/BusNotifier.h"
 #include "app/CommandLine.h"
+#include "app/DesktopIntegration.h"
 #include "app/DesktopTray.h"
 #include "app/EffectSounds.h"
 #include "app/EndSignals.h"
@@ -18,6 +20,7 @@
 #include "app/Tour.h"
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
+#include "base/ProgramPath.h"
 #include "link/DeviceManagerDlg.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
@@ -38,6 +41,13 @@ void PrepareQt() {
     // The engine of the HTML views tells at length how it was started.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     PrepareHtmlViews();
+}
+
+std::shared_ptr<DesktopIntegration> UserDesktop() {
+    QFile icon(QStringLiteral(":/icons/logo.svg"));
+    static_cast<void>(icon.open(QIODevice::ReadOnly));
+    return std::make_shared<FreedesktopIntegration>(UserDesktopFolders(), ProgramPath(),
+                                                    icon.readAll().toStdString());
 }
 
 // All that the window stands on, and the window. Made once and never torn down: the process ends
@@ -62,7 +72,7 @@ class Suite {
             .notifier = notifier_,
             .sounds = sounds_,
             .instance = instance,
-            .pages = {.device = device_},
+            .pages = {.device = device_, .desktop = UserDesktop()},
             .makers = ThePageMakers(),
             .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
             .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },

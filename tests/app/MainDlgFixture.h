@@ -14,6 +14,7 @@
 #include "app/Sounds.h"
 #include "link/DeviceContext.h"
 #include "tests/app/WidgetTest.h"
+#include "tests/base/MemorySettings.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
 
@@ -73,36 +74,6 @@ class FakeInstance : public RunningInstance {
     [[nodiscard]] bool ShowOther() override { return false; }
     void Announce(std::function<void()> shower) override { show = std::move(shower); }
     void Withdraw() override { show = nullptr; }
-};
-
-class MemorySettings : public SettingsStore {
-  public:
-    [[nodiscard]] std::optional<std::string> ReadText(std::string_view,
-                                                      std::string_view name) const override {
-        const auto found = texts_.find(std::string(name));
-        return found == texts_.end() ? std::nullopt : std::optional(found->second);
-    }
-    [[nodiscard]] std::optional<std::uint32_t> ReadNumber(std::string_view,
-                                                          std::string_view name) const override {
-        const auto found = numbers_.find(std::string(name));
-        return found == numbers_.end() ? std::nullopt : std::optional(found->second);
-    }
-    bool WriteText(std::string_view, std::string_view name, std::string_view text) override {
-        texts_[std::string(name)] = text;
-        return true;
-    }
-    bool WriteNumber(std::string_view, std::string_view name, std::uint32_t value) override {
-        numbers_[std::string(name)] = value;
-        return true;
-    }
-    void Delete(std::string_view, std::string_view name) override {
-        texts_.erase(std::string(name));
-        numbers_.erase(std::string(name));
-    }
-
-  private:
-    std::map<std::string, std::string> texts_;
-    std::map<std::string, std::uint32_t> numbers_;
 };
 
 // A page that notes what it is told.

@@ -1,0 +1,97 @@
+#include "app/DesktopIntegration.h"
+
+#include <system_error>
+
+#include "app/DesktopEntry.h"
+#include "app/SmallFile.h"
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::u8string_view kProgramName = u8"奎维掌上工坊";
+constexpr std::string_view kProtocolName = "QuorviProtocol";
+constexpr std::string_view kSchemeType = "x-scheme-handler/quorvi";
+constexpr std::string_view kAutoRunId = "quorvi.desktop";
+constexpr std::string_view kProtocolId = "quorvi-protocol.desktop";
+constexpr std::string_view kIconFile = "quorvi.svg";
+
+std::string ProgramName() {
+    return {reinterpret_cast<const char*>(kProgramName.data()), kProgramName.size()};
+}
+
+}  // namespace
+
+FreedesktopIntegration::FreedesktopIntegration(DesktopFolders folders,
+                                               std::filesystem::path program, std::string iconSvg)
+    : folders_(std::move(folders)), program_(std::move(program)), iconSvg_(std::move(iconSvg)) {}
+
+std::filesystem::path FreedesktopIntegration::AutoRunFile() const {
+    return folders_.config / "autostart" / kAutoRunId;
+}
+
+std::filesystem::path FreedesktopIntegration::ShortcutFile() const {
+    return folders_.desktop / (ProgramName() + ".desktop");
+}
+
+std::filesystem::path FreedesktopIntegration::ProtocolFile() const {
+    return folders_.data / "applications" / kProtocolId;
+}
+
+std::string FreedesktopIntegration::AutoRunCommand() const {
+    return ExecPath(program_.native()) + " /hide";
+}
+
+std::string FreedesktopIntegration::InstallIcon() const {
+    const std::filesystem::path file =
+        folders_.data / "icons" / "hicolor" / "scalable" / "apps" / kIconFile;
+    return ReplaceFile(file, iconSvg_) ? file.native() : std::string();
+}
+
+bool FreedesktopIntegration::AutoRuns() const {
+    constexpr std::string_view kGroup = "Desktop Entry";
+    const std::string file = ReadSmallFile(AutoRunFile()).value_or(std::string());
+    // The desktop's own settings switch an entry off by one of these.
+    const bool off =
+        EqualsNoCase(EntryValue(file, kGroup, "Hidden").value_or(""), "true") ||
+        EqualsNoCase(EntryValue(file, kGroup, "X-GNOME-Autostart-enabled").value_or(""), "false");
+    return !off && EqualsNoCase(EntryValue(file, kGroup, "Exec").value_or(""), AutoRunCommand());
+}
+
+void FreedesktopIntegration::SetAutoRun(bool on) {
+    if (on) {
+        const DesktopEntry entry{
+            .name = ProgramName(), .exec = AutoRunCommand(), .icon = InstallIcon()};
+        ReplaceFile(AutoRunFile(), entry.Text());
+    } else {
+        std::error_code ignored;
+        std::filesystem::remove(AutoRunFile(), ignored);
+    }
+}
+
+void FreedesktopIntegration::MakeShortcut() {
+    const DesktopEntry entry{
+        .name = ProgramName(), .exec = ExecPath(program_.native()), .icon = InstallIcon()};
+    ReplaceFile(ShortcutFile(), entry.Text(), FileMode::executable);
+}
+
+void FreedesktopIntegration::RegisterProtocol() {
+    const DesktopEntry entry{.name = ProgramName(),
+                             .comment = std::string(kProtocolName),
+                             .exec = ExecPath(program_.native()) + " %u",
+                             .icon = InstallIcon(),
+                             .mimeType = std::string(kSchemeType) + ";",
+                             .hidden = true};
+    if (!ReplaceFile(ProtocolFile(), entry.Text())) {
+        return;
+    }
+    // A list that is there and cannot be read is left alone.
+    const std::filesystem::path list = folders_.config / "mimeapps.list";
+    std::error_code failed;
+    const auto text = ReadSmallFile(list);
+    if (text || !std::filesystem::exists(list, failed)) {
+        ReplaceFile(list, WithDefaultApplication(text.value_or(""), kSchemeType, kProtocolId));
+    }
+}
+
+}  // namespace quorvi

@@ -1,0 +1,59 @@
+// The settings of the suite: the start with the desktop, and the repair of what ties the program to
+// it.
+#pragma once
+
+#include <memory>
+
+#include "app/DesktopIntegration.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+class QAbstractButton;
+
+namespace quorvi {
+
+class CSkinButton;
+class CSkinCheck;
+class CSkinProgress;
+class CSkinRadio;
+class CSkinStateLabel;
+
+// Page 3, dialog 202. No failure of it is reported: the box shows what is there afterwards.
+//
+// Controls 1017, 1018 and 1019 are never shown. They stay, and so does the stored choice
+// `exit_mode` behind two of them, which nothing else looks at.
+class CSettingsPage : public Page {
+    Q_OBJECT
+  public:
+    CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
+                  QWidget* parent = nullptr);
+
+  private:
+    void OnInitDialog();
+    // Shows what is written: whether the desktop starts the program, and `exit_mode`.
+    void LoadSettings();
+    void OnAutoRun();
+    void OnExitHide();
+    void OnExitQuit();
+    void OnRepair();
+
+    // Runs `work(desktop)` on a worker and then `done` on the window's thread; the page's controls
+    // are disabled meanwhile.
+    template <typename Work, typename Done>
+    void Run(Work work, Done done);
+    void SetBusy(bool busy);
+
+    std::shared_ptr<DesktopIntegration> desktop_;
+    PageLoad job_{*this};
+    QPointer<QWidget> focus_;  // what had the focus before the controls were disabled
+
+    CSkinCheck* autoRun_;
+    CSkinCheck* autoRunOnUsb_;
+    CSkinRadio* exitHide_;
+    CSkinRadio* exitQuit_;
+    CSkinButton* repair_;
+    CSkinProgress* progress_;
+    CSkinStateLabel* repairText_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,25 @@
+// Files of the user's configuration, read and replaced whole.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorvi {
+
+// Nothing that is read this way is larger.
+inline constexpr std::size_t kSmallFileBytes = 1024 * 1024;
+
+// The bytes of a file; nothing when it cannot be read or is larger than kSmallFileBytes.
+[[nodiscard]] std::optional<std::string> ReadSmallFile(const std::filesystem::path& file);
+
+enum class FileMode { plain, executable };
+
+// Puts `text` in the place of the file in one step, making its folder where it is missing. What a
+// link points to is replaced, and not the link. False when it could not be written: then the file
+// is as it was.
+bool ReplaceFile(const std::filesystem::path& file, std::string_view text,
+                 FileMode mode = FileMode::plain);
+
+}  // namespace quorvi

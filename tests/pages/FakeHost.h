@@ -1,0 +1,38 @@
+// A main window that keeps what its pages tell it.
+#pragma once
+
+#include <QStringList>
+#include <tuple>
+#include <vector>
+
+#include "tests/base/MemorySettings.h"
+#include "ui/Page.h"
+
+namespace quorvi {
+
+class FakeHost : public PageHost {
+  public:
+    using Posted = std::tuple<Message, int, int>;
+
+    void SetStatus(const QString& text) override { statuses.append(text); }
+    void Post(Message message, int first, int second) override {
+        posted.emplace_back(message, first, second);
+    }
+    void ShowBalloon(const QString& title, const QString& text) override {
+        balloons.append(title + QLatin1Char('|') + text);
+    }
+    void SetTaskCount(int tasks) override { taskCount = tasks; }
+    PageLoadState& LoadState() override { return loadState; }
+    PageSelection& Selection() override { return selection; }
+    SettingsStore& Settings() override { return settings; }
+
+    QStringList statuses;
+    QStringList balloons;
+    std::vector<Posted> posted;
+    int taskCount = 0;
+    PageLoadState loadState;
+    PageSelection selection;
+    MemorySettings settings;
+};
+
+}  // namespace quorvi
