@@ -3,6 +3,7 @@
 #include "app/MainDlg.h"
 #include "app/Tour.h"
 #include "app/TrayMenu.h"
+#include "refdata/NumberQueryDlg.h"
 #include "ui/Look.h"
 #include "ui/QtText.h"
 #include "ui/SkinMenu.h"
@@ -39,6 +40,8 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back({"menu-tray", &OpenTrayMenu});
     stops.push_back(
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});
+    stops.push_back(
+        {"dialog-number-query", [](CMainDlg& window) { (new CNumberQueryDlg(&window))->Open(); }});
     stops.push_back({"balloon", [](CMainDlg& window) {
                          window.ShowBalloon(ToQString(u8"奎维掌上工坊"),
                                             ToQString(u8"检测到Android设备，正在尝试连接..."));
