@@ -2,7 +2,6 @@
 
 #include <iostream>
 #include <iterator>
-#include <memory>
 
 #include "agent/AgentSession.h"
 #include "base/Json.h"
@@ -104,17 +103,13 @@ constexpr std::u8string_view kNoContactId = u8"不是联系人的编号";
 
 // The contact of an id; `status` tells why there is none.
 std::optional<ContactRecord> ReadContact(std::uint32_t id, Output& output, Status& status) {
-    const PayloadReply reply = AgentSession().RunPayload(ReadContactRequest(id));
+    ContactReply reply = FetchContact(AgentSession(), id);
     status = output.Report(reply.outcome);
-    if (status != Status::done) {
-        return std::nullopt;
-    }
-    auto record = reply.HasPayload() ? ParseContact(reply.buffer) : std::nullopt;
-    if (!record) {
+    if (status == Status::done && !reply.record) {
         output.Complain(std::to_string(id) + Ansi(u8": 没有这个联系人"));
         status = Status::notFound;
     }
-    return record;
+    return std::move(reply.record);
 }
 
 // The form on standard input.
@@ -131,21 +126,16 @@ std::optional<ContactForm> FormOfInput(Output& output) {
 }  // namespace
 
 Status RunContactsList(const Arguments&, Output& output) {
-    PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listContacts));
+    const CPhoneDb db;
+    const ContactListReply reply = FetchContactList(AgentSession(), [&db](std::string_view number) {
+        return std::string(NumberAttribution(number, db));
+    });
     const Status status = output.Report(reply.outcome);
-    if (status != Status::done) {
-        return status;
+    if (status == Status::done) {
+        output.Json() ? output.PrintDocument(DocumentOf(reply.list.rows))
+                      : output.PrintTable(TableOf(reply.list.rows));
     }
-    ContactList list;
-    if (reply.HasPayload()) {
-        const CPhoneDb db;
-        list = ParseContactList(
-            std::make_shared<const ReplyBuffer>(std::move(reply.buffer)),
-            [&db](std::string_view number) { return std::string(NumberAttribution(number, db)); });
-    }
-    output.Json() ? output.PrintDocument(DocumentOf(list.rows))
-                  : output.PrintTable(TableOf(list.rows));
-    return Status::done;
+    return status;
 }
 
 Status RunContactsShow(const Arguments& arguments, Output& output) {

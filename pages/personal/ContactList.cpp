@@ -57,6 +57,17 @@ ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
     return list;
 }
 
+ContactListReply FetchContactList(const AgentSession& session, const AttributionOf& attribution,
+                                  const AgentSession::Progress& progress) {
+    PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listContacts), progress);
+    ContactListReply result{reply.outcome, {}};
+    if (reply.HasPayload()) {
+        result.list = ParseContactList(std::make_shared<const ReplyBuffer>(std::move(reply.buffer)),
+                                       attribution);
+    }
+    return result;
+}
+
 Bytes DeleteContactsRequest(std::span<const std::uint32_t> ids) {
     RequestBuilder request(AgentCommand::deleteContacts);
     for (const std::uint32_t id : ids) {

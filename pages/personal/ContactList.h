@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "pages/personal/AttributionOf.h"
@@ -60,6 +61,16 @@ struct ContactList {
 // is dropped. Any thread; `attribution` is called on it, once a row.
 [[nodiscard]] ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
                                            const AttributionOf& attribution);
+
+struct ContactListReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    ContactList list;
+};
+
+// One session that reads the list. Any thread.
+[[nodiscard]] ContactListReply FetchContactList(const AgentSession& session,
+                                                const AttributionOf& attribution,
+                                                const AgentSession::Progress& progress = {});
 
 // The request of command 870106.
 [[nodiscard]] Bytes DeleteContactsRequest(std::span<const std::uint32_t> ids);

@@ -98,6 +98,11 @@ std::optional<ContactRecord> ParseContact(const ReplyBuffer& reply) {
     return record;
 }
 
+ContactReply FetchContact(const AgentSession& session, std::uint32_t id) {
+    const PayloadReply reply = session.RunPayload(ReadContactRequest(id));
+    return {reply.outcome, reply.HasPayload() ? ParseContact(reply.buffer) : std::nullopt};
+}
+
 std::string ContactTimeText(std::uint64_t milliseconds) {
     if (milliseconds == 0) {
         return "N/A";

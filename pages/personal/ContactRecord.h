@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 
@@ -78,6 +79,14 @@ inline constexpr ContactRecord::List kContactLists[] = {
 // its list items behind those of the one before. A length that points outside the reply ends the
 // reading; nothing when that befalls the first record. All text is turned to ANSI.
 [[nodiscard]] std::optional<ContactRecord> ParseContact(const ReplyBuffer& reply);
+
+struct ContactReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    std::optional<ContactRecord> record;
+};
+
+// One session that reads a contact. Any thread.
+[[nodiscard]] ContactReply FetchContact(const AgentSession& session, std::uint32_t id);
 
 // The time of the last contact, from milliseconds since 1970: local time, or "N/A" for 0.
 [[nodiscard]] std::string ContactTimeText(std::uint64_t milliseconds);
