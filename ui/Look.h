@@ -300,6 +300,8 @@ struct Metric {
     static constexpr int badgeRight = 10;
     static constexpr int pageX = 188;
     static constexpr int pageWidth = 760;
+    static constexpr int contactList = 452;
+    static constexpr int contactDetail = 300;
     static constexpr int commandsY = 100;
     static constexpr int contentY = 142;
     static constexpr int contentHeight = 462;
@@ -385,6 +387,9 @@ struct Metric {
     static constexpr int deviceWidth = 632;
     static constexpr int deviceHeight = 388;
     static constexpr int deviceCombo = 180;
+    static constexpr int editorWidth = 720;
+    static constexpr int editorHeight = 404;
+    static constexpr int editorCombo = 96;
     static constexpr int questionWidth = 400;
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;

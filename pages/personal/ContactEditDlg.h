@@ -1,0 +1,73 @@
+// The contact editor: adds a contact, or changes one by the difference to what was loaded.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "agent/Wire.h"
+#include "pages/personal/ContactForm.h"
+#include "pages/personal/ContactTypes.h"
+#include "ui/Page.h"
+#include "ui/SkinDialog.h"
+
+namespace quorvi {
+
+class CSkinCheck;
+class CSkinCombo;
+class CSkinEdit;
+class CSkinTextEdit;
+
+// Dialog 540. Ends with Accepted once a save has been sent, or could not be because there is no
+// link; with Rejected otherwise. While it speaks to the phone its fields and 保存 are disabled;
+// 取消 never is. The window's thread.
+class CContactEditDlg : public SkinDialog {
+    Q_OBJECT
+  public:
+    // Add mode.
+    CContactEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort = AgentPort);
+    // Update mode: loads the contact at once.
+    CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent,
+                    std::uint16_t agentPort = AgentPort);
+
+    // The form as it is filled in, and the other way round.
+    [[nodiscard]] ContactForm Form() const;
+    void SetForm(const ContactForm& form);
+
+  private:
+    // A field with a combo box before it.
+    struct TypedField {
+        CSkinCombo* type = nullptr;
+        CSkinEdit* text = nullptr;
+    };
+
+    void BuildControls();
+    CSkinEdit* Edit(int number, const QString& name);
+    CSkinTextEdit* TextEdit(int number, const QString& name);
+    TypedField Typed(int typeNumber, int textNumber, const QString& name,
+                     const ContactTypeTable& types);
+    void Load();
+    void Save();
+    void Send(Bytes request);
+    void SetBusy(bool busy);
+
+    PageHost& host_;
+    bool adds_;
+    std::uint32_t contactId_ = 0;
+    std::uint16_t agentPort_;
+    ContactRecord record_;  // update mode: as it was loaded
+
+    CSkinEdit* name_ = nullptr;
+    CSkinEdit* nickname_ = nullptr;
+    std::array<TypedField, kContactFormPhones> phones_;
+    TypedField im_;
+    TypedField email_;
+    CSkinEdit* address_ = nullptr;
+    CSkinEdit* organisation_ = nullptr;
+    CSkinTextEdit* website_ = nullptr;
+    CSkinTextEdit* note_ = nullptr;
+    CSkinCheck* favourite_ = nullptr;
+    CSkinStateLabel* state_ = nullptr;
+    CSkinButton* save_ = nullptr;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,280 @@
+#include "pages/personal/ContactPage.h"
+
+#include <QHBoxLayout>
+#include <chrono>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "pages/personal/ContactEditDlg.h"
+#include "pages/personal/ContactFragment.h"
+#include "refdata/NumberAttribution.h"
+#include "ui/ControlNumber.h"
+#include "ui/HtmlTemplate.h"
+#include "ui/QtText.h"
+#include "ui/QuestionDlg.h"
+#include "ui/SkinMenu.h"
+
+namespace quorvi {
+
+using look::Metric;
+
+namespace {
+
+constexpr int kDialog = 132;
+constexpr int kList = 1067;
+constexpr int kView = 1370;
+
+enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
+
+// How often the window hears how far a load has come.
+constexpr std::chrono::milliseconds kProgressPause{50};
+
+// Hands the session's progress on to the list, at a pace that a window can follow.
+AgentSession::Progress ProgressTo(const LoadProgress& progress, CContactListCtrl* list) {
+    using Clock = std::chrono::steady_clock;
+    return [progress, list, last = Clock::time_point{}](std::uint32_t received,
+                                                        std::uint32_t length) mutable {
+        if (const auto now = Clock::now(); now - last >= kProgressPause) {
+            last = now;
+            progress([list, received, length] { list->SetLoadProgress(received, length); });
+        }
+    };
+}
+
+// A reply without anything to parse ends the list's worker early: redraw stays off.
+bool EndsEarly(const ContactListReply& reply) {
+    switch (reply.outcome) {
+        case SessionOutcome::noData:
+        case SessionOutcome::noReply:
+        case SessionOutcome::receiveFailed:
+            return true;
+        default:
+            return reply.list.endedByAbsentName;
+    }
+}
+
+}  // namespace
+
+struct CContactPage::Loaded {
+    ContactListReply reply;
+    PhoneDb phoneDb;
+};
+
+CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      listLoad_(*this, host.LoadState(), kLoadKey),
+      list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
+      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)) {
+    list_->SetEmptyText(ToQString(u8"列表是空的"), ToQString(u8"手机上没有联系人，或者还没有获取"));
+    list_->SetFailedText(ToQString(u8"没有连上手机"),
+                         ToQString(u8"请检查数据线，然后点“重新获取”"));
+    view_->setAccessibleName(ToQString(u8"联系人详细信息"));
+    view_->LoadFromResource(kContactTemplate);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins({});
+    row->setSpacing(Metric::gap2);
+    row->addWidget(list_, Metric::contactList);
+    row->addWidget(view_, Metric::contactDetail);
+
+    detailTimer_.setSingleShot(true);
+    connect(&detailTimer_, &QTimer::timeout, this, &CContactPage::RefreshDetail);
+    connect(list_, &CSkinListCtrl::rowClicked, this, &CContactPage::Select);
+    // The selection by key leads to the same as a click.
+    connect(list_, &CSkinListCtrl::rowSelected, this, [this](int selected) {
+        if (!selecting_) {
+            Select(selected);
+        }
+    });
+    connect(list_, &CSkinListCtrl::rowOpened, this, &CContactPage::EditSelected);
+    connect(list_, &CSkinListCtrl::menuAsked, this,
+            [this](int, const QPoint& at) { OpenMenu(at); });
+}
+
+void CContactPage::RefreshContacts() {
+    listLoad_.Start(
+        [this] {
+            list_->Clear();
+            list_->SetRedraw(false);
+            list_->SetState(ListState::loading);
+        },
+        [port = agentPort_, db = phoneDb_, list = list_](const LoadProgress& progress) mutable {
+            if (!db) {
+                db = std::make_shared<const CPhoneDb>();
+            }
+            return Loaded{FetchContactList(
+                              AgentSession(port),
+                              [&db](std::string_view number) {
+                                  return std::string(NumberAttribution(number, *db));
+                              },
+                              ProgressTo(progress, list)),
+                          db};
+        },
+        [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
+}
+
+void CContactPage::ShowLoaded(Loaded&& loaded) {
+    phoneDb_ = std::move(loaded.phoneDb);
+    const bool connected = loaded.reply.outcome != SessionOutcome::connectFailed;
+    const bool endsEarly = EndsEarly(loaded.reply);
+    if (!connected) {
+        Host().SetStatus(ToQString(u8"【X】连接错误"));
+    }
+    list_->Show(std::move(loaded.reply.list));
+    list_->SetState(connected ? ListState::idle : ListState::failed);
+    if (endsEarly) {
+        // The list is empty or incomplete, and stays without redraw until a later load gets
+        // further; nothing is selected and no detail is fetched. This is meant.
+        return;
+    }
+    list_->SetRedraw(true);
+    if (const ContactListRow* first = list_->ContactAt(0)) {
+        Host().Selection().Set(PageSelection::kContact, first->contactId);
+        list_->setFocus();
+        selecting_ = true;
+        list_->SelectRow(0);
+        selecting_ = false;
+    }
+    detailTimer_.start(0);
+}
+
+void CContactPage::Select(int row) {
+    if (const ContactListRow* contact = list_->ContactAt(row)) {
+        Host().Selection().Set(PageSelection::kContact, contact->contactId);
+        RefreshDetail();
+    }
+}
+
+void CContactPage::RefreshDetail() {
+    detailLoad_.Start(
+        [port = agentPort_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
+         document = view_->Document()] {
+            const ContactReply reply = FetchContact(AgentSession(port), id);
+            if (reply.record) {
+                document.SetInnerHtml("block", ContactFragment(*reply.record));
+            }
+            return reply.outcome;
+        },
+        [this](SessionOutcome outcome) {
+            if (outcome == SessionOutcome::connectFailed) {
+                Host().SetStatus(ToQString(u8"【X】连接错误"));
+            }
+        });
+}
+
+void CContactPage::OnCommand(int index) {
+    switch (index) {
+        case commandRefresh:
+            RefreshContacts();
+            break;
+        case commandAdd:
+            AddContact();
+            break;
+        case commandDelete:
+            DeleteTicked();
+            break;
+        default:
+            break;
+    }
+}
+
+void CContactPage::OpenMenu(const QPoint& at) {
+    auto* menu = new CSkinMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->SetStrip(
+        {QStringLiteral("add-contact"), QStringLiteral("edit"), QStringLiteral("delete")});
+    menu->AddItem(CSkinMenu::normal, menuAdd, 0, ToQString(u8"添加联系人"));
+    menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
+    menu->AddItem(CSkinMenu::normal, menuDelete, 2, ToQString(u8"删除选择的"));
+    connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
+        switch (command) {
+            case menuAdd:
+                AddContact();
+                break;
+            case menuEdit:
+                EditSelected();
+                break;
+            case menuDelete:
+                DeleteSelected();
+                break;
+            default:
+                break;
+        }
+    });
+    menu->popup(at);
+}
+
+void CContactPage::AddContact() {
+    RunEditor(new CContactEditDlg(Host(), this, agentPort_));
+}
+
+void CContactPage::EditSelected() {
+    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+        RunEditor(new CContactEditDlg(Host(), contact->contactId, this, agentPort_));
+    }
+}
+
+void CContactPage::RunEditor(SkinDialog* editor) {
+    editor->Open([this](int result) {
+        if (result == QDialog::Accepted) {
+            RefreshContacts();
+        } else {
+            list_->viewport()->update();
+            view_->update();
+        }
+    });
+}
+
+void CContactPage::DeleteTicked() {
+    std::vector<std::uint32_t> ids;
+    for (const int row : list_->TickedRows()) {
+        if (const ContactListRow* contact = list_->ContactAt(row)) {
+            ids.push_back(contact->contactId);
+        }
+    }
+    Delete(std::move(ids));
+}
+
+void CContactPage::DeleteSelected() {
+    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+        Delete({contact->contactId});
+    }
+}
+
+void CContactPage::Delete(std::vector<std::uint32_t> ids) {
+    if (deleting_) {
+        return;
+    }
+    if (ids.empty()) {
+        (new CNothingCheckedDlg(this))->Open();
+        return;
+    }
+    const QString question =
+        ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
+    (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
+        if (result == QDialog::Accepted) {
+            SendDelete(ids);
+        }
+    });
+}
+
+void CContactPage::SendDelete(const std::vector<std::uint32_t>& ids) {
+    deleting_ = true;
+    setEnabled(false);
+    RunJob(
+        this,
+        [port = agentPort_, request = DeleteContactsRequest(ids)] {
+            return AgentSession(port).RunAcknowledged(request);
+        },
+        [this](AcknowledgedReply&& reply) {
+            deleting_ = false;
+            setEnabled(true);
+            if (!reply.Connected()) {
+                Host().SetStatus(ToQString(u8"【X】连接错误"));
+            }
+            RefreshContacts();
+        });
+}
+
+}  // namespace quorvi
