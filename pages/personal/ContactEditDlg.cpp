@@ -223,8 +223,7 @@ void CContactEditDlg::Load() {
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
     SetBusy(true);
     RunJob(
-        this,
-        [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
+        this, [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
         [this](ContactReply&& reply) {
             SetBusy(false);
             if (reply.outcome == SessionOutcome::connectFailed) {

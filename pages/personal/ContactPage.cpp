@@ -250,8 +250,7 @@ void CContactPage::Delete(std::vector<std::uint32_t> ids) {
         (new CNothingCheckedDlg(this))->Open();
         return;
     }
-    const QString question =
-        ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
+    const QString question = ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
     (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
         if (result == QDialog::Accepted) {
             SendDelete(ids);

@@ -1,0 +1,228 @@
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+
+#include "base/Text.h"
+#include "pages/personal/ContactEditDlg.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/PageTest.h"
+#include "tests/pages/ScriptedAgent.h"
+#include "tests/pages/personal/ContactReplies.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+namespace {
+
+const QString kConnectError = ToQString(u8"【X】连接错误");
+
+class ContactEditor : public PageTest {
+  protected:
+    void SetUp() override {
+        agent_.AnswerAcknowledged(AgentCommand::addContact);
+        agent_.AnswerAcknowledged(AgentCommand::updateContact);
+    }
+    ~ContactEditor() override { delete dialog_; }
+
+    void OpenToAdd() { Show(new CContactEditDlg(host_, nullptr, agent_.Port())); }
+    void OpenToUpdate(std::uint16_t port) { Show(new CContactEditDlg(host_, 7, nullptr, port)); }
+    // With the contact loaded.
+    void OpenLoaded(const WireBytes& contact) {
+        agent_.AnswerPayload(AgentCommand::readContact, contact.Get());
+        OpenToUpdate(agent_.Port());
+        ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    }
+    void Show(CContactEditDlg* dialog) {
+        dialog_ = dialog;
+        dialog_->Open([this](int result) { results_.push_back(result); });
+    }
+
+    QLineEdit* Edit(int number) { return FindControl<QLineEdit>(dialog_, number); }
+    QPlainTextEdit* Area(int number) { return FindControl<QPlainTextEdit>(dialog_, number); }
+    QComboBox* Combo(int number) { return FindControl<QComboBox>(dialog_, number); }
+    QAbstractButton* Button(int number) { return FindControl<QAbstractButton>(dialog_, number); }
+    QString State() { return FindControl<QLabel>(dialog_, 1109)->text(); }
+    bool Ended(int result) {
+        return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
+    }
+
+    ScriptedAgent agent_;
+    QPointer<CContactEditDlg> dialog_;
+    std::vector<int> results_;
+};
+
+TEST_F(ContactEditor, OpensToAddWithItsDefaults) {
+    OpenToAdd();
+    EXPECT_EQ(dialog_->objectName(), QStringLiteral("dialog 540"));
+    EXPECT_EQ(dialog_->windowTitle(), ToQString(u8"添加联系人 - Quorvi"));
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    EXPECT_EQ(Combo(1380)->currentText(), ToQString(u8"手机"));
+    EXPECT_EQ(Combo(1382)->currentText(), ToQString(u8"公司电话"));
+    EXPECT_EQ(Combo(1383)->currentText(), ToQString(u8"个人"));
+    EXPECT_EQ(Combo(1235)->currentText(), QStringLiteral("QQ"));
+    EXPECT_EQ(Combo(1385)->currentText(), ToQString(u8"个人"));
+    EXPECT_EQ(Combo(1380)->count(), 8);
+    EXPECT_EQ(Combo(1235)->count(), 10);
+    EXPECT_EQ(Combo(1385)->count(), 5);
+    for (const int number : {1149, 1152, 1150, 1151, 1240, 1236, 1242, 1243, 1244}) {
+        EXPECT_EQ(Edit(number)->text(), QString()) << number;
+        EXPECT_FALSE(Edit(number)->accessibleName().isEmpty()) << number;
+    }
+    EXPECT_FALSE(Button(1224)->isChecked());
+}
+
+TEST_F(ContactEditor, EmptyNameIsRefusedAndNothingSent) {
+    OpenToAdd();
+    Edit(1150)->setText(QStringLiteral("111"));
+    Button(1020)->click();
+    EXPECT_EQ(State(), ToQString(u8"错误: 联系人姓名不能为空"));
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_TRUE(agent_.Requests().empty());
+    // The next try begins with the state as it was.
+    Edit(1149)->setText(QStringLiteral(" "));
+    Button(1020)->click();
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+}
+
+TEST_F(ContactEditor, AddSendsEveryControlAsTheFormSays) {
+    OpenToAdd();
+    ContactForm form;
+    form.favourite = true;
+    form.name = Ansi(u8"林");
+    form.nickname = "n1";
+    form.note = "n2\nn3";
+    form.phones = {{{7, "p1"}, {0, "p2"}, {4, "p3"}}};
+    form.im = {-1, "i"};
+    form.email = {3, Ansi(u8"邮")};
+    form.website = "w";
+    form.organisation = "o";
+    form.address = "a";
+    Button(1224)->click();
+    Edit(1149)->setText(ToQString(u8"林"));
+    Edit(1152)->setText(QStringLiteral("n1"));
+    Area(1381)->setPlainText(QStringLiteral("n2\nn3"));
+    Edit(1150)->setText(QStringLiteral("p1"));
+    Combo(1380)->setCurrentText(ToQString(u8"其他"));
+    Edit(1151)->setText(QStringLiteral("p2"));
+    Combo(1382)->setCurrentText(ToQString(u8"自定义"));
+    Edit(1240)->setText(QStringLiteral("p3"));
+    Combo(1383)->setCurrentText(ToQString(u8"公司传真"));
+    Edit(1236)->setText(QStringLiteral("i"));
+    Combo(1235)->setCurrentText(ToQString(u8"自定义"));
+    Edit(1242)->setText(ToQString(u8"邮"));
+    Combo(1385)->setCurrentText(ToQString(u8"其他"));
+    Area(1245)->setPlainText(QStringLiteral("w"));
+    Edit(1244)->setText(QStringLiteral("o"));
+    Edit(1243)->setText(QStringLiteral("a"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests(),
+              (std::vector<Bytes>{AddContactRequest(RecordToAdd(form).value())}));
+}
+
+TEST_F(ContactEditor, CancelSendsNothing) {
+    OpenToAdd();
+    Edit(1149)->setText(QStringLiteral("A"));
+    Button(1021)->click();
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    EXPECT_TRUE(agent_.Requests().empty());
+}
+
+TEST_F(ContactEditor, LoadShowsTheContactAndASaveSendsTheDifference) {
+    const WireBytes contact = ContactPayload(7, "林远舟",
+                                             {{.id = 80, .type = 2, .text = "111"},
+                                              {.id = 81, .type = 19, .text = "222"},
+                                              {.id = 82, .type = 1, .text = "333"},
+                                              {.id = 83, .type = 7, .text = "444"}});
+    OpenLoaded(contact);
+    EXPECT_EQ(dialog_->windowTitle(), ToQString(u8"修改联系人 - Quorvi"));
+    EXPECT_EQ(Edit(1149)->text(), ToQString(u8"林远舟"));
+    EXPECT_EQ(Edit(1150)->text(), QStringLiteral("111"));
+    EXPECT_EQ(Edit(1151)->text(), QStringLiteral("222"));
+    EXPECT_EQ(Combo(1382)->currentText(), ToQString(u8"自定义"));  // a type that it lacks
+    EXPECT_EQ(Edit(1240)->text(), QStringLiteral("333"));
+    Edit(1150)->clear();
+    Edit(1243)->setText(QStringLiteral("a"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ContactRecord loaded = ParseContact(contact.Buffer()).value();
+    ContactForm form = FormOf(loaded);
+    form.phones[0].text.clear();
+    form.address = "a";
+    EXPECT_EQ(agent_.Requests(AgentCommand::readContact).at(0), ReadContactRequest(7));
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact),
+              (std::vector<Bytes>{UpdateContactRequest(RecordToUpdate(loaded, form))}));
+}
+
+TEST_F(ContactEditor, EmptyNameIsSavedWhenAContactIsChanged) {
+    OpenLoaded(ContactPayload(7, "A"));
+    Edit(1149)->clear();
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact).size(), 1u);
+}
+
+TEST_F(ContactEditor, NoDataLeavesTheFieldsEmptyWithoutAMessage) {
+    agent_.AnswerNoData(AgentCommand::readContact);
+    OpenToUpdate(agent_.Port());
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    EXPECT_EQ(Edit(1149)->text(), QString());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    // A save then sends new rows to the contact.
+    Edit(1149)->setText(QStringLiteral("A"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ContactRecord empty;
+    empty.id = 7;
+    ContactForm form;
+    form.name = "A";
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact).at(0),
+              UpdateContactRequest(RecordToUpdate(empty, form)));
+}
+
+TEST_F(ContactEditor, ConnectFailureAtTheLoadIsToldAndLeavesTheFieldsEmpty) {
+    OpenToUpdate(UnusedPort());
+    ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+    EXPECT_EQ(Edit(1149)->text(), QString());
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
+TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {
+    OpenToUpdate(UnusedPort());
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(host_.statuses, (QStringList{kConnectError, kConnectError}));
+}
+
+TEST_F(ContactEditor, StalledPhoneLeavesTheWayOut) {
+    agent_.Hold(AgentCommand::readContact);
+    OpenToUpdate(agent_.Port());
+    ASSERT_TRUE(WaitFor([&] { return agent_.Requests().size() == 1; }));
+    EXPECT_FALSE(Edit(1149)->isEnabled());
+    EXPECT_FALSE(Button(1020)->isEnabled());
+    EXPECT_TRUE(Button(1021)->isEnabled());
+    Button(1021)->click();
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    agent_.Release();
+}
+
+TEST_F(ContactEditor, SaveOnceStartedCannotBePressedAgain) {
+    agent_.Hold(AgentCommand::addContact);
+    OpenToAdd();
+    Edit(1149)->setText(QStringLiteral("A"));
+    Button(1020)->click();
+    EXPECT_FALSE(Button(1020)->isEnabled());
+    Button(1020)->click();
+    agent_.Release();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests().size(), 1u);
+}
+
+}  // namespace
+}  // namespace quorvi
