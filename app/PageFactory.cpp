@@ -4,6 +4,7 @@
 #include "app/SettingsPage.h"
 #include "pages/device/HomePage.h"
 #include "pages/device/SystemInfoPage.h"
+#include "pages/personal/ContactPage.h"
 #include "refdata/CalendarPage.h"
 #include "ui/QtText.h"
 
@@ -26,6 +27,7 @@ Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
 PageMakers ThePageMakers() {
     return {
         {130, &Make<CHomePage>},
+        {132, &Make<CContactPage>},
         {135, &Make<CSystemInfoPage>},
         {202, &MakeSettings},
         {404, &Make<CCalendarPage>},
