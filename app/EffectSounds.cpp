@@ -4,7 +4,16 @@
 #include <QMediaDevices>
 #include <QUrl>
 
+// In a static library resources are found only once they are asked for; outside of namespaces.
+static void FindSounds() {
+    Q_INIT_RESOURCE(sounds);
+}
+
 namespace quorvi {
+
+EffectSounds::EffectSounds() {
+    FindSounds();
+}
 
 void EffectSounds::Play(Sound sound) {
     if (QMediaDevices::defaultAudioOutput().isNull()) {

@@ -11,6 +11,7 @@ namespace quorvi {
 
 class EffectSounds : public Sounds {
   public:
+    EffectSounds();
     void Play(Sound sound) override;
 
   private:

@@ -129,8 +129,20 @@ class MainDlgTest : public WidgetTest {
         return makers;
     }
 
+    // What stands behind the window's asking; a test may put its own here before it makes the
+    // window.
+    std::function<void(bool)> connectPhone_ = [this](bool delay) {
+        steps_.push_back(delay ? "connect later" : "connect");
+    };
+    std::function<void(QWidget*, const QString&, std::function<void()>)> openDeviceManager_ =
+        [this](QWidget*, const QString& title, const std::function<void()>& done) {
+            steps_.push_back("devices:" + title.toStdString());
+            devicesDone_ = done;
+        };
+
     template <typename Window = CMainDlg>
-    Window& MakeWindow(bool hidden = false) {
+    Window& MakeWindow(bool hidden = false,
+                       const std::function<void(CMainDlg&)>& beforeInit = nullptr) {
         auto window = std::make_unique<Window>(MainParts{
             .settings = settings_,
             .tray = tray_,
@@ -140,19 +152,17 @@ class MainDlgTest : public WidgetTest {
             .pages = {.device = device_},
             .makers = Probes(),
             .siteAddress = QStringLiteral("http://www.quorvi.example/"),
-            .connectPhone =
-                [this](bool delay) { steps_.push_back(delay ? "connect later" : "connect"); },
+            .connectPhone = connectPhone_,
             .watchUsb = [this] { steps_.push_back("watch"); },
-            .openDeviceManager =
-                [this](QWidget*, const QString& title, const std::function<void()>& done) {
-                    steps_.push_back("devices:" + title.toStdString());
-                    devicesDone_ = done;
-                },
+            .openDeviceManager = openDeviceManager_,
             .endProcess = [this] { ++ended_; },
         });
         Window& made = *window;
         window_ = std::move(window);
         made.SetStartHidden(hidden);
+        if (beforeInit) {
+            beforeInit(made);
+        }
         made.OnInitDialog();
         if (!hidden) {
             made.show();

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <functional>
 
+#include "ui/Look.h"
+
 namespace quorvi {
 
 // Makes the process's one QApplication at the first test that needs it.
@@ -21,7 +23,11 @@ class WidgetTest : public ::testing::Test {
         static int argc = 1;
         static char name[] = "test";
         static char* argv[] = {name, nullptr};
-        static auto* const application = new QApplication(argc, argv);
+        static auto* const application = [] {
+            auto* made = new QApplication(argc, argv);
+            look::Apply(*made);
+            return made;
+        }();
         return *application;
     }
 
