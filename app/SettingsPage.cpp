@@ -86,7 +86,9 @@ CSettingsPage::CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration>
     startRows->setContentsMargins({});
     startRows->setSpacing(Metric::gap1);
     startRows->addWidget(autoRun_, 0, Qt::AlignLeft);
-    startRows->addWidget(Line(u8"随桌面一起启动，隐藏在系统托盘中等待手机连接", Color::ink2));
+    auto* startHint = Line(u8"随桌面一起启动，隐藏在系统托盘中等待手机连接", Color::ink2);
+    startHint->setIndent(Metric::tick + Metric::tickGap);  // under the caption of its box
+    startRows->addWidget(startHint);
     startRows->addWidget(Hidden(autoRunOnUsb_));
     startRows->addWidget(Hidden(Line(u8"关闭主窗口时", Color::ink)));
     startRows->addWidget(Hidden(exitHide_));

@@ -20,9 +20,10 @@ QRectF MarkRect(const QWidget& widget) {
 }
 
 QSize MarkSize(const QAbstractButton& button) {
-    const int text = button.text().isEmpty()
-                         ? 0
-                         : Metric::tickGap + button.fontMetrics().horizontalAdvance(button.text());
+    const int text =
+        button.text().isEmpty()
+            ? 0
+            : Metric::tickGap + button.fontMetrics().horizontalAdvance(button.text()) + 1;
     return {Metric::tick + text, Metric::hitHeight};
 }
 

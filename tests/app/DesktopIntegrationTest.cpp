@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <map>
+#include <thread>
 
 #include "app/DesktopEntry.h"
 #include "app/DesktopIntegration.h"
@@ -100,6 +103,27 @@ TEST_F(Desktop, ProtocolStartsTheProgramWithTheLinkAsItsArgument) {
     EXPECT_EQ(EntryValue(list, "Default Applications", "x-scheme-handler/quorvi"),
               "quorvi-protocol.desktop;");
     EXPECT_EQ(EntryValue(list, "Default Applications", "text/html"), "w.desktop");
+}
+
+// The desktop's own launcher reads what was written: a program at the most awkward of paths is
+// started with the link as its one argument.
+TEST_F(Desktop, LinkThatTheDesktopOpensReachesTheProgram) {
+    if (std::system("command -v gio >/dev/null") != 0) {
+        GTEST_SKIP() << "the desktop's launcher is not installed";
+    }
+    const std::filesystem::path program = home_.Path() / "a $HOME `x` \"奎 维\" \\" / "quorvi";
+    const std::filesystem::path told = home_.Path() / "told";
+    ReplaceFile(program, "#!/bin/sh\nprintf '%s|%s' \"$#\" \"$1\" >\"" + told.native() + "\"\n",
+                FileMode::executable);
+    Of(program.native()).RegisterProtocol();
+    const std::string open = "env XDG_CONFIG_HOME='" + folders_.config.native() +
+                             "' XDG_DATA_HOME='" + folders_.data.native() +
+                             "' gio open 'quorvi:show?a=1/hide'";
+    ASSERT_EQ(std::system(open.c_str()), 0);
+    for (int wait = 0; wait < 200 && Read(told) == "none"; ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    EXPECT_EQ(Read(told), "1|quorvi:show?a=1/hide");
 }
 
 TEST_F(Desktop, IconThatLaunchersNameIsThere) {
