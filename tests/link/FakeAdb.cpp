@@ -3,10 +3,12 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 namespace quorvi {
 namespace {
@@ -66,6 +68,19 @@ int OpenDescriptors() {
 
 int RunningThreads() {
     return CountEntries("/proc/self/task");
+}
+
+int SettledThreads() {
+    constexpr int kStillLooks = 20;
+    constexpr int kMostLooks = 500;
+    int threads = RunningThreads();
+    for (int look = 0, still = 0; still < kStillLooks && look < kMostLooks; ++look) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        const int now = RunningThreads();
+        still = now == threads ? still + 1 : 0;
+        threads = now;
+    }
+    return threads;
 }
 
 int ZombieChildren() {

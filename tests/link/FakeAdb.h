@@ -47,6 +47,8 @@ class FakeAdb {
 // What this process holds now: descriptors, threads, children that ended and were not reaped.
 [[nodiscard]] int OpenDescriptors();
 [[nodiscard]] int RunningThreads();
+// The same once it stands still: threads of what ran before are gone.
+[[nodiscard]] int SettledThreads();
 [[nodiscard]] int ZombieChildren();
 
 }  // namespace quorvi

@@ -433,27 +433,18 @@ TEST_F(PhoneLinkTest, EndOfTheLinkWaitsForNobody) {
 TEST_F(PhoneLinkTest, HundredConnectsLeaveNothingBehind) {
     AgentHasVersion(20);
     Connect();
-    const auto settled = [](int threads) {
-        for (int tries = 0; tries < 2000; ++tries) {
-            if (RunningThreads() <= threads && ZombieChildren() == 0) {
-                return true;
-            }
-            std::this_thread::sleep_for(5ms);
-        }
-        return false;
-    };
-    constexpr int kOwnThreads = 3;  // the test's, the server's, the agent's
-    ASSERT_TRUE(settled(kOwnThreads));
     ASSERT_EQ(agent->Exchanges(1).size(), 1U);  // the agent's own end is closed
+    const int threads = SettledThreads();
     const int descriptors = OpenDescriptors();
     PhoneLink link(device, face, clock, environment);
     for (int run = 0; run < 100; ++run) {
         link.ConnectPhone(false);
         ASSERT_TRUE(face.Ended(run + 2));
     }
-    EXPECT_TRUE(settled(kOwnThreads));
     EXPECT_EQ(agent->Exchanges(101).size(), 101U);
+    EXPECT_EQ(SettledThreads(), threads);
     EXPECT_EQ(OpenDescriptors(), descriptors);
+    EXPECT_EQ(ZombieChildren(), 0);
 }
 
 }  // namespace
