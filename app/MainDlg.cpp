@@ -323,6 +323,7 @@ BannerState CMainDlg::Banner() const {
 }
 
 void CMainDlg::LinkUp() {
+    hasLinked_ = true;
     timer1_.start();
     parts_.sounds.Play(Sound::linkUp);
 }

@@ -84,6 +84,8 @@ class CMainDlg : public QWidget, public PageHost {
     [[nodiscard]] PageSelection& Selection() override { return selection_; }
     [[nodiscard]] SettingsStore& Settings() override { return parts_.settings; }
 
+    // Whether the link has stood since the start.
+    [[nodiscard]] bool HasLinked() const { return hasLinked_; }
     // The page number that is shown, and its window.
     [[nodiscard]] int MainPage() const { return navigation_.MainPage(); }
     [[nodiscard]] Page* ShownPage() const { return shownPage_; }
@@ -147,6 +149,7 @@ class CMainDlg : public QWidget, public PageHost {
     Page* shownPage_ = nullptr;
     bool startHidden_ = false;
     bool ending_ = false;
+    bool hasLinked_ = false;
     std::optional<QPoint> dragFrom_;  // where the desktop does not move windows: pointer to corner
 
     CaptionBar* caption_ = nullptr;

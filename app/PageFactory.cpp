@@ -26,11 +26,8 @@ Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
 
 PageMakers ThePageMakers() {
     return {
-        {130, &Make<CHomePage>},
-        {132, &Make<CContactPage>},
-        {135, &Make<CSystemInfoPage>},
-        {202, &MakeSettings},
-        {404, &Make<CCalendarPage>},
+        {130, &Make<CHomePage>}, {132, &Make<CContactPage>},  {135, &Make<CSystemInfoPage>},
+        {202, &MakeSettings},    {404, &Make<CCalendarPage>},
     };
 }
 

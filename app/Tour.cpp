@@ -47,7 +47,8 @@ void Tour::Start() {
 }
 
 void Tour::Wait() {
-    if (window_.Banner() != BannerState::success && since_.elapsed() < kLinkLimitMs) {
+    // A green banner is not enough: an agent that was just installed shows one as well.
+    if (!window_.HasLinked() && since_.elapsed() < kLinkLimitMs) {
         return;
     }
     tick_.disconnect();
