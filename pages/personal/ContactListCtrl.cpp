@@ -58,7 +58,7 @@ Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
         case kLastContact:
             return {.text = Shown(row.lastContact),
                     .second = Shown(row.attribution),
-                    .secondInk = Color::statedRed};
+                    .secondInk = Color::red};
         default:
             return {};
     }
