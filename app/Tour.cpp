@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "app/MainDlg.h"
+#include "ui/HtmlCtrl.h"
 
 namespace quorvi {
 namespace {
@@ -13,9 +14,17 @@ namespace {
 constexpr int kTickMs = 50;
 // How long the tour waits for the link, and at a stop for the page's load.
 constexpr int kLinkLimitMs = 30000;
+// An error that stands so long stays: only an install is tried again, and at once.
+constexpr int kErrorLimitMs = 5000;
 constexpr int kLoadLimitMs = 8000;
 // Time for a page to paint, a web view to lay itself out, a menu to fade in.
 constexpr int kSettleMs = 700;
+
+// For who started the tour: how far it is.
+void Say(const std::string& what) {
+    std::printf("%s\n", what.c_str());
+    std::fflush(stdout);
+}
 
 // A top-level widget over the window as it stands in the window's coordinates.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
@@ -42,13 +51,21 @@ Tour::Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
 void Tour::Start() {
     folder_.mkpath(QStringLiteral("."));
     since_.start();
+    sinceError_.start();
+    if (const auto* view = window_.findChild<CHtmlCtrlBase*>()) {
+        connect(view, &CHtmlCtrlBase::documentLoaded, this, [] { Say("shown"); });
+    }
     connect(&tick_, &QTimer::timeout, this, &Tour::Wait);
     tick_.start();
 }
 
 void Tour::Wait() {
+    if (window_.Banner() != BannerState::error) {
+        sinceError_.restart();
+    }
     // A green banner is not enough: an agent that was just installed shows one as well.
-    if (!window_.HasLinked() && since_.elapsed() < kLinkLimitMs) {
+    const bool over = since_.elapsed() > kLinkLimitMs || sinceError_.elapsed() > kErrorLimitMs;
+    if (!window_.HasLinked() && !over) {
         return;
     }
     tick_.disconnect();
@@ -107,6 +124,7 @@ void Tour::Take() {
         ++failed_;
         std::fprintf(stderr, "tour: %s could not be written\n", qUtf8Printable(path));
     }
+    Say(stops_[at_].name);
     CloseAll(&QApplication::activePopupWidget);
     CloseAll(&QApplication::activeModalWidget);
 }

@@ -25,8 +25,9 @@ struct TourStop {
 [[nodiscard]] std::vector<TourStop> TheTourStops();
 
 // Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
-// window and of what is open over it, and calls `done` with the number of pictures not written. The
-// window's thread.
+// window and of what is open over it, and calls `done` with the number of pictures not written.
+// Says on standard output "shown" when the window's first page is there, and each stop's name
+// behind its picture. The window's thread.
 class Tour : public QObject {
     Q_OBJECT
   public:
@@ -50,6 +51,7 @@ class Tour : public QObject {
     std::size_t at_ = 0;
     int failed_ = 0;
     QElapsedTimer since_;
+    QElapsedTimer sinceError_;
     QTimer tick_;
 };
 
