@@ -1,5 +1,6 @@
 #include "app/MainDlg.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -67,6 +68,14 @@ QStringList LocalFiles(const QMimeData& data) {
     return paths;
 }
 
+// Assistive tools take a plain widget for a box; this one is a window.
+QAccessibleInterface* MakeAccessible(const QString& name, QObject* object) {
+    if (name == QLatin1StringView(CMainDlg::staticMetaObject.className())) {
+        return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Window);
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 const std::array<CMainDlg::Handler, 7> CMainDlg::kHandlers = {{
@@ -81,6 +90,7 @@ const std::array<CMainDlg::Handler, 7> CMainDlg::kHandlers = {{
 
 CMainDlg::CMainDlg(MainParts parts)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), parts_(std::move(parts)) {
+    QAccessible::installFactory(&MakeAccessible);
     SetDialogNumber(*this, kDialog);
     BuildFrame();
     timer1_.setSingleShot(true);

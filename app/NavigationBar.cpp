@@ -100,9 +100,13 @@ NavigationBar::NavigationBar(QWidget* parent) : QListWidget(parent) {
     for (std::size_t item = 0; item < kItemCount; ++item) {
         addItem(QString());
     }
-    connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0) {
-            Q_EMIT chosen(row);
+    // Mouse, keys and assistive tools all end in the selection.
+    connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+        const QList<QListWidgetItem*> selected = selectedItems();
+        if (selected.isEmpty()) {
+            Show(tab_, item_);
+        } else {
+            Q_EMIT chosen(row(selected.constFirst()));
         }
     });
 }
@@ -121,7 +125,8 @@ void NavigationBar::Show(int tab, int item) {
         }
         SetTaskCount(tasks_);
     }
-    setCurrentRow(item);
+    item_ = item;
+    setCurrentRow(item, QItemSelectionModel::ClearAndSelect);
     viewport()->update();
 }
 

@@ -26,6 +26,7 @@ class NavigationBar : public QListWidget {
 
   private:
     int tab_ = -1;
+    int item_ = 0;  // highlighted
     int tasks_ = 0;
     bool welcome_ = true;  // the tab whose bar carries a picture at its foot
 };

@@ -1,5 +1,6 @@
 // The navigator, driven by control number.
 #include <QAbstractButton>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -133,6 +134,17 @@ TEST_F(Navigator, KeysMoveThroughTabsAndItems) {
     QTest::keyClick(&Items(), Qt::Key_Down);
     Settle();
     EXPECT_EQ(window_->MainPage(), 11);
+}
+
+TEST_F(Navigator, AssistiveToolsChooseItemsBySelection) {
+    const auto row = [&](int item) { return Items().model()->index(item, 0); };
+    Items().selectionModel()->select(row(2), QItemSelectionModel::ClearAndSelect);
+    Settle();
+    EXPECT_EQ(window_->MainPage(), 2);
+    Items().selectionModel()->select(row(2), QItemSelectionModel::Toggle);
+    Settle();
+    EXPECT_EQ(window_->MainPage(), 2);
+    EXPECT_TRUE(Items().selectionModel()->isSelected(row(2)));
 }
 
 TEST_F(Navigator, APageLoadsAtItsFirstShowAndNeverAgainByItself) {
