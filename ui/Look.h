@@ -394,6 +394,14 @@ struct Metric {
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;
     static constexpr int questionLine = 22;
+    static constexpr int groupsWidth = 632;
+    static constexpr int groupsHeight = 420;
+    static constexpr int groupEditWidth = 400;
+    static constexpr int groupEditHeight = 158;
+    static constexpr int composerWidth = 760;
+    static constexpr int composerHeight = 540;
+    static constexpr int composerTree = 216;
+    static constexpr int composerText = 72;
     // announced feature, balloon inside the window, picture of the welcome tab
     static constexpr int placeholderWidth = 320;
     static constexpr int placeholderHeight = 220;

@@ -4,17 +4,19 @@
 namespace quorvi {
 
 enum class Message : int {
-    tray = 1034,           // from the tray icon
-    goToPage = 1074,       // first: tab, second: page number
-    search = 1124,         // from the search box
-    selectTab = 1125,      // second: tab
-    commandButton = 1126,  // second: index 0 to 3
-    selectItem = 1127,     // second: item
-    dropFiles = 1174,      // to the file manager page
-    openStoreItem = 1275,  // to the store page, second: item number
-    startCapture = 1276,   // to the screen capture page
-    pageCommand = 2024,    // first: PageCommand, second: its argument
-    dashboardLink = 2025,  // the dashboard to itself, first: action
+    tray = 1034,            // from the tray icon
+    goToPage = 1074,        // first: tab, second: page number
+    search = 1124,          // from the search box
+    selectTab = 1125,       // second: tab
+    commandButton = 1126,   // second: index 0 to 3
+    selectItem = 1127,      // second: item
+    dropFiles = 1174,       // to the file manager page
+    documentLoaded = 1175,  // an HTML view to its parent, first: 0
+    openStoreItem = 1275,   // to the store page, second: item number
+    startCapture = 1276,    // to the screen capture page
+    pageCommand = 2024,     // first: PageCommand, second: its argument
+    dashboardLink = 2025,   // the dashboard to itself, first: action
+    conversation = 2026,    // the SMS page to itself, first: 0 view, 1 delete, second: id
 };
 
 // First arguments of Message::pageCommand.

@@ -3,6 +3,12 @@
 #include "base/Text.h"
 
 namespace quorvi {
+namespace {
+
+// Bytes of a text that a cell shows: more than its width can hold.
+constexpr std::size_t kShownBytes = 1024;
+
+}  // namespace
 
 QString ToQString(std::string_view ansi) {
     return QString::fromStdString(ToUtf8(ansi));
@@ -11,6 +17,10 @@ QString ToQString(std::string_view ansi) {
 QString ToQString(std::u8string_view text) {
     return QString::fromUtf8(reinterpret_cast<const char*>(text.data()),
                              static_cast<qsizetype>(text.size()));
+}
+
+QString ToShownQString(std::string_view ansi) {
+    return ToQString(ansi.substr(0, kShownBytes));
 }
 
 std::string FromQString(const QString& text) {

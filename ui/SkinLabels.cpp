@@ -88,6 +88,16 @@ ConnectionBannerLabel::ConnectionBannerLabel(QWidget* parent) : CSkinStateLabel(
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
+FormCaption::FormCaption(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setFont(look::font(Size::s13));
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setFixedSize(Metric::formCaption, Metric::fieldHeight);
+    QPalette ink = palette();
+    ink.setColor(QPalette::WindowText, look::color(Color::ink2));
+    setPalette(ink);
+}
+
 CSkinProgress::CSkinProgress(QWidget* parent) : QProgressBar(parent) {
     setRange(0, 100);
     setValue(0);

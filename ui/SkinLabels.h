@@ -43,6 +43,13 @@ class ConnectionBannerLabel : public CSkinStateLabel {
     explicit ConnectionBannerLabel(QWidget* parent = nullptr);
 };
 
+// The caption before a field of a form, 64 wide, right aligned.
+class FormCaption : public QLabel {
+    Q_OBJECT
+  public:
+    explicit FormCaption(const QString& text, QWidget* parent = nullptr);
+};
+
 // A progress bar that draws "38 %".
 class CSkinProgress : public QProgressBar {
     Q_OBJECT
