@@ -1,0 +1,44 @@
+// What all pages do alike with a session of theirs: its progress, its failure in words, and what
+// its outcome means for a list.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+
+#include "agent/AgentSession.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+// Tells the user that no connection to the agent was to be had. The window's thread.
+void ShowConnectError(PageHost& host);
+
+// How often the window hears how far a load has come.
+inline constexpr std::chrono::milliseconds kProgressPause{50};
+
+// Hands the session's progress on to a view with SetLoadProgress, at a pace that a window can
+// follow.
+template <typename View>
+[[nodiscard]] AgentSession::Progress ProgressTo(const LoadProgress& progress, View* view) {
+    using Clock = std::chrono::steady_clock;
+    return [progress, view, last = Clock::time_point{}](std::uint32_t received,
+                                                        std::uint32_t length) mutable {
+        if (const auto now = Clock::now(); now - last >= kProgressPause) {
+            last = now;
+            progress([view, received, length] { view->SetLoadProgress(received, length); });
+        }
+    };
+}
+
+// True when the reply holds nothing to parse although the agent was reached: the worker of a list
+// ends early then, and leaves the list's redraw off. This is meant.
+[[nodiscard]] bool EndsEarly(SessionOutcome outcome);
+
+// Sends a command that changes something on the phone, off the window's thread. `controls` is
+// disabled meanwhile; a failed connect is shown in the status; then `done` follows, unless
+// `controls` is gone. The window's thread.
+void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
+                std::function<void(const AcknowledgedReply& reply)> done);
+
+}  // namespace quorvi

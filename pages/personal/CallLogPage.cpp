@@ -1,0 +1,122 @@
+#include "pages/personal/CallLogPage.h"
+
+#include <QVBoxLayout>
+#include <string>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "pages/PageSession.h"
+#include "refdata/NumberAttribution.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/QuestionDlg.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kDialog = 368;
+constexpr int kList = 1072;
+
+}  // namespace
+
+struct CCallLogPage::Loaded {
+    CallLogReply reply;
+    PhoneDb phoneDb;
+};
+
+CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      load_(*this, host.LoadState(), kLoadKey),
+      list_(SetControlNumber(new CCallLogListCtrl(this), kList, ToQString(u8"通话记录"))) {
+    list_->SetEmptyText(ToQString(u8"列表是空的"),
+                        ToQString(u8"手机上没有通话记录，或者还没有获取"));
+    list_->SetFailedText(ToQString(u8"没有连上手机"),
+                         ToQString(u8"请检查数据线，然后点“刷新通话记录”"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(list_);
+}
+
+void CCallLogPage::RefreshCallLog() {
+    load_.Start(
+        [this] {
+            list_->Clear();
+            list_->SetRedraw(false);
+            list_->SetState(ListState::loading);
+        },
+        [port = agentPort_, db = phoneDb_, list = list_](const LoadProgress& progress) mutable {
+            if (!db) {
+                db = std::make_shared<const CPhoneDb>();
+            }
+            return Loaded{FetchCallLog(
+                              AgentSession(port),
+                              [&db](std::string_view number) {
+                                  return std::string(NumberAttribution(number, *db));
+                              },
+                              ProgressTo(progress, list)),
+                          db};
+        },
+        [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
+}
+
+void CCallLogPage::ShowLoaded(Loaded&& loaded) {
+    phoneDb_ = std::move(loaded.phoneDb);
+    CallLogReply& reply = loaded.reply;
+    const bool connected = reply.outcome != SessionOutcome::connectFailed;
+    const bool endsEarly = EndsEarly(reply.outcome) || reply.log.endedByAbsentNumber;
+    if (!connected) {
+        ShowConnectError(Host());
+    }
+    list_->Show(std::move(reply.log));
+    list_->SetState(connected ? ListState::idle : ListState::failed);
+    // A list that ended early is empty or incomplete, and stays without redraw until a later load
+    // gets further. This is meant.
+    if (!endsEarly) {
+        list_->SetRedraw(true);
+    }
+}
+
+void CCallLogPage::OnCommand(int index) {
+    if (!isEnabled()) {
+        return;  // a delete is on its way
+    }
+    switch (index) {
+        case commandRefresh:
+            RefreshCallLog();
+            break;
+        case commandDelete:
+            DeleteTicked();
+            break;
+        case commandDeleteAll:
+            DeleteAll();
+            break;
+        default:
+            break;
+    }
+}
+
+void CCallLogPage::DeleteTicked() {
+    const std::vector<std::uint32_t> ids = list_->TickedIds();
+    if (ids.empty()) {
+        (new CNothingCheckedDlg(this))->Open();
+        return;
+    }
+    AskAndSend(ToQString(u8"您真的要删除选择的【 %1 】条通话记录吗？").arg(ids.size()),
+               DeleteCallsRequest(ids));
+}
+
+void CCallLogPage::DeleteAll() {
+    AskAndSend(ToQString(u8"您真的要删除【 所有 】通话记录吗？"), DeleteAllCallsRequest());
+}
+
+void CCallLogPage::AskAndSend(const QString& question, Bytes request) {
+    (new CConfirmDeleteDlg(question, this))->Open([this, request = std::move(request)](int result) {
+        if (result == QDialog::Accepted) {
+            SendChange(Host(), *this, agentPort_, request,
+                       [this](const AcknowledgedReply&) { RefreshCallLog(); });
+        }
+    });
+}
+
+}  // namespace quorvi
