@@ -1,0 +1,39 @@
+// The title of a contact group, to be given or changed.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "agent/Wire.h"
+#include "ui/Page.h"
+#include "ui/SkinDialog.h"
+
+namespace quorvi {
+
+class CSkinEdit;
+
+// Dialog 681. 确定 ends with Accepted whatever happens: nothing is sent for an empty title, an
+// unchanged one is sent all the same, and a failed connect shows in the status. The window's
+// thread.
+class CGroupEditDlg : public SkinDialog {
+    Q_OBJECT
+  public:
+    // Adds a group.
+    CGroupEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort = AgentPort);
+    // Renames one; `title` is ANSI and stands in the field at first.
+    CGroupEditDlg(PageHost& host, std::uint32_t groupId, std::string_view title, QWidget* parent,
+                  std::uint16_t agentPort = AgentPort);
+
+  private:
+    void BuildControls();
+    void Save();
+
+    PageHost& host_;
+    std::optional<std::uint32_t> groupId_;  // nothing: adds
+    std::uint16_t agentPort_;
+    CSkinEdit* title_ = nullptr;
+    CSkinButton* ok_ = nullptr;
+};
+
+}  // namespace quorvi
