@@ -22,6 +22,10 @@ std::string TakeDate(ReplyCursor& cursor) {
     return FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
 }
 
+bool HadPayload(SessionOutcome outcome) {
+    return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
+}
+
 std::string SignedText(std::uint32_t id) {
     return std::to_string(static_cast<std::int32_t>(id));
 }
@@ -60,6 +64,10 @@ ConversationListReply FetchConversations(const AgentSession& session,
         session.RunPayload(BareRequest(AgentCommand::listConversations), progress);
     return {reply.outcome, reply.HasPayload() ? ParseConversations(reply.buffer, attribution)
                                               : ConversationList()};
+}
+
+bool IsWhole(const ConversationListReply& reply) {
+    return HadPayload(reply.outcome) && !reply.list.endedByAbsentName;
 }
 
 std::string ConversationsFragment(std::span<const Conversation> conversations) {
@@ -133,6 +141,10 @@ ConversationReply FetchConversation(const AgentSession& session, std::uint32_t i
     const PayloadReply reply = session.RunPayload(ReadConversationRequest(id));
     return {reply.outcome,
             reply.HasPayload() ? ParseConversationMessages(reply.buffer) : ConversationMessages()};
+}
+
+bool IsWhole(const ConversationReply& reply) {
+    return HadPayload(reply.outcome) && !reply.conversation.endedByAbsentAddress;
 }
 
 std::string ConversationFragment(std::span<const ConversationMessage> messages) {

@@ -47,6 +47,9 @@ struct ConversationListReply {
                                                        const AttributionOf& attribution,
                                                        const AgentSession::Progress& progress = {});
 
+// Whether it was read to its end: that is what the view comes to show.
+[[nodiscard]] bool IsWhole(const ConversationListReply& reply);
+
 // Inner HTML of the element "sms_ul": one block a conversation. ANSI, with the phone's texts
 // unescaped. Ids stand in the links as signed decimal numbers.
 [[nodiscard]] std::string ConversationsFragment(std::span<const Conversation> conversations);
@@ -93,6 +96,8 @@ struct ConversationReply {
 
 // One session that reads a conversation. Any thread.
 [[nodiscard]] ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id);
+
+[[nodiscard]] bool IsWhole(const ConversationReply& reply);
 
 // Inner HTML of the element "conversation_list". ANSI, with the phone's texts unescaped.
 [[nodiscard]] std::string ConversationFragment(std::span<const ConversationMessage> messages);
