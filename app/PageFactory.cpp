@@ -4,7 +4,9 @@
 #include "app/SettingsPage.h"
 #include "pages/device/HomePage.h"
 #include "pages/device/SystemInfoPage.h"
+#include "pages/personal/CallLogPage.h"
 #include "pages/personal/ContactPage.h"
+#include "pages/personal/SmsPage.h"
 #include "refdata/CalendarPage.h"
 #include "ui/QtText.h"
 
@@ -26,8 +28,9 @@ Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
 
 PageMakers ThePageMakers() {
     return {
-        {130, &Make<CHomePage>}, {132, &Make<CContactPage>},  {135, &Make<CSystemInfoPage>},
-        {202, &MakeSettings},    {404, &Make<CCalendarPage>},
+        {130, &Make<CHomePage>},     {132, &Make<CContactPage>}, {135, &Make<CSystemInfoPage>},
+        {202, &MakeSettings},        {368, &Make<CCallLogPage>}, {397, &Make<CSmsPage>},
+        {404, &Make<CCalendarPage>},
     };
 }
 

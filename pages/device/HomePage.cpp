@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 
 #include "base/Text.h"
+#include "pages/PageSession.h"
 #include "pages/device/DashboardLink.h"
 #include "ui/HtmlTemplate.h"
 #include "ui/QtText.h"
@@ -52,7 +53,7 @@ void CHomePage::Refresh() {
 
 void CHomePage::Show(const SystemInfoReply& reply) {
     if (reply.outcome == SessionOutcome::connectFailed) {
-        Host().SetStatus(ToQString(u8"【X】连接错误"));
+        ShowConnectError(Host());
     } else if (reply.info) {
         view_->SetInnerHtml("manufacturer", DashboardHeader(*reply.info));
         view_->SetInnerHtml("info_ul", DashboardList(*reply.info));

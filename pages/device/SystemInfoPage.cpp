@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Text.h"
+#include "pages/PageSession.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
 #include "ui/RecordListCtrl.h"
@@ -79,7 +80,7 @@ void CSystemInfoPage::Load() {
 void CSystemInfoPage::Show(const SystemInfoReply& reply) {
     list_->SetState(ListState::idle);
     if (reply.outcome == SessionOutcome::connectFailed) {
-        Host().SetStatus(ToQString(u8"【X】连接错误"));
+        ShowConnectError(Host());
     } else if (reply.info) {
         const auto rows = SystemInfoTable(*reply.info);
         for (std::size_t i = 0; i < rows.size(); ++i) {

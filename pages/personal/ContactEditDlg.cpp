@@ -4,18 +4,19 @@
 #include <utility>
 
 #include "agent/AgentSession.h"
+#include "pages/PageSession.h"
 #include "ui/ControlNumber.h"
 #include "ui/Job.h"
 #include "ui/QtText.h"
 #include "ui/SkinChecks.h"
 #include "ui/SkinFields.h"
+#include "ui/SkinLabels.h"
 
 namespace quorvi {
 
 using look::ButtonKind;
 using look::Color;
 using look::Metric;
-using look::Size;
 
 namespace {
 
@@ -45,18 +46,6 @@ constexpr int kState = 1109;
 enum Column { leftCaption, combo, leftField, rightCaption, rightField };
 constexpr int kWebsiteRows = 2;
 constexpr int kNoteRows = 3;
-
-class Caption : public QLabel {
-  public:
-    Caption(const QString& text, QWidget* parent) : QLabel(text, parent) {
-        setFont(look::font(Size::s13));
-        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setFixedSize(Metric::formCaption, Metric::fieldHeight);
-        QPalette ink = palette();
-        ink.setColor(QPalette::WindowText, look::color(Color::ink2));
-        setPalette(ink);
-    }
-};
 
 }  // namespace
 
@@ -107,7 +96,7 @@ void CContactEditDlg::BuildControls() {
     grid->setColumnStretch(leftField, 1);
     grid->setColumnStretch(rightField, 1);
     const auto caption = [&](int row, int column, std::u8string_view text) {
-        grid->addWidget(new Caption(ToQString(text), Body()), row, column, Qt::AlignTop);
+        grid->addWidget(new FormCaption(ToQString(text), Body()), row, column, Qt::AlignTop);
     };
 
     // Created in the order of the Tab key.
@@ -123,7 +112,7 @@ void CContactEditDlg::BuildControls() {
         grid->addWidget(field.text, row++, leftField);
         return field;
     };
-    auto* phone = new Caption({}, Body());
+    auto* phone = new FormCaption({}, Body());
     phone->setPixmap(look::icon(u"call", Metric::iconButton, Color::ink2, devicePixelRatioF()));
     grid->addWidget(phone, row, leftCaption);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
@@ -227,7 +216,7 @@ void CContactEditDlg::Load() {
         [this](ContactReply&& reply) {
             SetBusy(false);
             if (reply.outcome == SessionOutcome::connectFailed) {
-                host_.SetStatus(ToQString(u8"【X】连接错误"));
+                ShowConnectError(host_);
             }
             if (reply.record) {
                 record_ = *std::move(reply.record);
@@ -254,17 +243,8 @@ void CContactEditDlg::Save() {
 
 void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
-    RunJob(
-        this,
-        [port = agentPort_, request = std::move(request)] {
-            return AgentSession(port).RunAcknowledged(request);
-        },
-        [this](AcknowledgedReply&& reply) {
-            if (!reply.Connected()) {
-                host_.SetStatus(ToQString(u8"【X】连接错误"));
-            }
-            accept();
-        });
+    SendChange(host_, *Body(), agentPort_, std::move(request),
+               [this](const AcknowledgedReply&) { accept(); });
 }
 
 }  // namespace quorvi

@@ -22,14 +22,6 @@ constexpr std::array<ListColumn, 5> kColumns{{
     {u8"选择", 44, CellKind::check},
 }};
 
-// Bytes of a text that a cell shows: more than its width can hold, and little enough that a name of
-// a megabyte costs nothing.
-constexpr std::size_t kShownBytes = 1024;
-
-QString Shown(std::string_view ansi) {
-    return ToQString(ansi.substr(0, kShownBytes));
-}
-
 }  // namespace
 
 CContactListCtrl::CContactListCtrl(QWidget* parent)
@@ -50,14 +42,14 @@ const ContactListRow* CContactListCtrl::ContactAt(int row) const {
 Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
     switch (column) {
         case kContact:
-            return {.text = Shown(row.name),
-                    .second = Shown(row.number),
+            return {.text = ToShownQString(row.name),
+                    .second = ToShownQString(row.number),
                     .secondInk = Color::statedGrey};
         case kFavourite:
             return {.value = row.favourite ? 1 : 0};
         case kLastContact:
-            return {.text = Shown(row.lastContact),
-                    .second = Shown(row.attribution),
+            return {.text = ToShownQString(row.lastContact),
+                    .second = ToShownQString(row.attribution),
                     .secondInk = Color::red};
         default:
             return {};

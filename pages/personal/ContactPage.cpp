@@ -1,12 +1,13 @@
 #include "pages/personal/ContactPage.h"
 
 #include <QHBoxLayout>
-#include <chrono>
 #include <utility>
 
 #include "agent/AgentSession.h"
+#include "pages/PageSession.h"
 #include "pages/personal/ContactEditDlg.h"
 #include "pages/personal/ContactFragment.h"
+#include "pages/personal/ContactGroupDlg.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/ControlNumber.h"
 #include "ui/HtmlTemplate.h"
@@ -25,33 +26,6 @@ constexpr int kList = 1067;
 constexpr int kView = 1370;
 
 enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
-
-// How often the window hears how far a load has come.
-constexpr std::chrono::milliseconds kProgressPause{50};
-
-// Hands the session's progress on to the list, at a pace that a window can follow.
-AgentSession::Progress ProgressTo(const LoadProgress& progress, CContactListCtrl* list) {
-    using Clock = std::chrono::steady_clock;
-    return [progress, list, last = Clock::time_point{}](std::uint32_t received,
-                                                        std::uint32_t length) mutable {
-        if (const auto now = Clock::now(); now - last >= kProgressPause) {
-            last = now;
-            progress([list, received, length] { list->SetLoadProgress(received, length); });
-        }
-    };
-}
-
-// A reply without anything to parse ends the list's worker early: redraw stays off.
-bool EndsEarly(const ContactListReply& reply) {
-    switch (reply.outcome) {
-        case SessionOutcome::noData:
-        case SessionOutcome::noReply:
-        case SessionOutcome::receiveFailed:
-            return true;
-        default:
-            return reply.list.endedByAbsentName;
-    }
-}
 
 }  // namespace
 
@@ -117,9 +91,9 @@ void CContactPage::RefreshContacts() {
 void CContactPage::ShowLoaded(Loaded&& loaded) {
     phoneDb_ = std::move(loaded.phoneDb);
     const bool connected = loaded.reply.outcome != SessionOutcome::connectFailed;
-    const bool endsEarly = EndsEarly(loaded.reply);
+    const bool endsEarly = EndsEarly(loaded.reply.outcome) || loaded.reply.list.endedByAbsentName;
     if (!connected) {
-        Host().SetStatus(ToQString(u8"【X】连接错误"));
+        ShowConnectError(Host());
     }
     list_->Show(std::move(loaded.reply.list));
     list_->SetState(connected ? ListState::idle : ListState::failed);
@@ -158,18 +132,24 @@ void CContactPage::RefreshDetail() {
         },
         [this](SessionOutcome outcome) {
             if (outcome == SessionOutcome::connectFailed) {
-                Host().SetStatus(ToQString(u8"【X】连接错误"));
+                ShowConnectError(Host());
             }
         });
 }
 
 void CContactPage::OnCommand(int index) {
+    if (!isEnabled()) {
+        return;  // a delete is on its way
+    }
     switch (index) {
         case commandRefresh:
             RefreshContacts();
             break;
         case commandAdd:
             AddContact();
+            break;
+        case commandGroups:
+            (new CContactGroupDlg(Host(), this, agentPort_))->Open();
             break;
         case commandDelete:
             DeleteTicked();
@@ -243,9 +223,6 @@ void CContactPage::DeleteSelected() {
 }
 
 void CContactPage::Delete(std::vector<std::uint32_t> ids) {
-    if (deleting_) {
-        return;
-    }
     if (ids.empty()) {
         (new CNothingCheckedDlg(this))->Open();
         return;
@@ -253,27 +230,10 @@ void CContactPage::Delete(std::vector<std::uint32_t> ids) {
     const QString question = ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
     (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
         if (result == QDialog::Accepted) {
-            SendDelete(ids);
+            SendChange(Host(), *this, agentPort_, DeleteContactsRequest(ids),
+                       [this](const AcknowledgedReply&) { RefreshContacts(); });
         }
     });
-}
-
-void CContactPage::SendDelete(const std::vector<std::uint32_t>& ids) {
-    deleting_ = true;
-    setEnabled(false);
-    RunJob(
-        this,
-        [port = agentPort_, request = DeleteContactsRequest(ids)] {
-            return AgentSession(port).RunAcknowledged(request);
-        },
-        [this](AcknowledgedReply&& reply) {
-            deleting_ = false;
-            setEnabled(true);
-            if (!reply.Connected()) {
-                Host().SetStatus(ToQString(u8"【X】连接错误"));
-            }
-            RefreshContacts();
-        });
 }
 
 }  // namespace quorvi

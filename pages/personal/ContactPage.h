@@ -55,13 +55,11 @@ class CContactPage : public Page, private HtmlListener {
     void OpenMenu(const QPoint& at);
     void RunEditor(SkinDialog* editor);
     void Delete(std::vector<std::uint32_t> ids);
-    void SendDelete(const std::vector<std::uint32_t>& ids);
 
     std::uint16_t agentPort_;
     PhoneDb phoneDb_;
     PageLoad listLoad_;
     PageLoad detailLoad_{*this};
-    bool deleting_ = false;
     bool selecting_ = false;  // the page itself moves the selection
     QTimer detailTimer_;      // timer 0: the detail after a fill
     CContactListCtrl* list_;
