@@ -18,8 +18,12 @@ AgentCommand CommandOf(const Bytes& request) {
     return static_cast<AgentCommand>(request.size() < 4 ? 0 : ReadUInt32(request.data()));
 }
 
-// A bare request is its four bytes; any other says how long it is.
+// A bare request is its four bytes; any other says how long it is, but for one that is its code and
+// an id.
 bool IsWhole(const Bytes& request) {
+    if (CommandOf(request) == AgentCommand::readConversation) {
+        return request.size() >= 8;
+    }
     return request.size() == 4 ||
            (request.size() >= 8 && request.size() >= ReadUInt32(request.data() + 4));
 }

@@ -1,0 +1,358 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "base/Text.h"
+#include "pages/personal/SmsComposeDlg.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/DialogDriver.h"
+#include "tests/pages/PageTest.h"
+#include "tests/pages/ScriptedAgent.h"
+#include "tests/pages/personal/MessageReplies.h"
+#include "tests/ui/HtmlDriver.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/SkinTree.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kComposer = 550;
+
+const QString kConnectError = ToQString(u8"【X】连接错误");
+
+class Composer : public PageTest {
+  protected:
+    void SetUp() override {
+        agent_.AnswerPayload(AgentCommand::readConversation,
+                             MessagesPayload({{}, {.incoming = 0, .text = "收到"}}).Get());
+        agent_.AnswerPayload(AgentCommand::listGroupNames,
+                             WireBytes().U32(0).U64(5).Text("朋友").Get());
+        agent_.AnswerPayload(AgentCommand::listGroupMembers,
+                             MembersPayload({{5, "林远舟", "13861234567"},
+                                             {5, "叶知秋", "15951230456"},
+                                             {-1, "顾晓棠", "10010"},
+                                             {9, "林远舟", "13861234567"}})
+                                 .Get());
+        agent_.AnswerAcknowledged(AgentCommand::sendMessage);
+    }
+    ~Composer() override { delete dialog_; }
+
+    void OpenAt(std::uint16_t port, std::uint32_t conversation = kNoConversation) {
+        dialog_ = new CSmsComposeDlg(host_, conversation, nullptr, port);
+        dialog_->Open([this](int result) { results_.push_back(result); });
+    }
+    // With all that it reads read.
+    void OpenLoaded(std::uint32_t conversation = kNoConversation) {
+        OpenAt(agent_.Port(), conversation);
+        ASSERT_TRUE(WaitForTree());
+    }
+    [[nodiscard]] bool WaitForTree() {
+        return WaitFor([&] { return Tree().Status().Get() != ListState::loading; });
+    }
+
+    CSkinTree& Tree() { return *FindControl<CSkinTree>(dialog_, 1338); }
+    CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(dialog_, 1359); }
+    QLineEdit& Recipients() { return *FindControl<QLineEdit>(dialog_, 1337); }
+    QPlainTextEdit& Text() { return *FindControl<QPlainTextEdit>(dialog_, 1271); }
+    QString Length() {
+        return dialog_->findChild<QLabel*>(QStringLiteral("messageLength"))->text();
+    }
+    // Flips a node's tick with the mouse.
+    void Tick(QTreeWidgetItem* node) {
+        Tree().scrollToItem(node);
+        QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, Tree().TickRect(node).center());
+    }
+    QTreeWidgetItem* Group(int index) { return Tree().topLevelItem(index); }
+    bool Ended(int result) {
+        return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
+    }
+    std::vector<Bytes> Sent() { return agent_.Requests(AgentCommand::sendMessage); }
+
+    ScriptedAgent agent_;
+    QPointer<CSmsComposeDlg> dialog_;
+    std::vector<int> results_;
+};
+
+TEST_F(Composer, NumbersAreTheControls) {
+    OpenLoaded();
+    EXPECT_EQ(dialog_->objectName(), QStringLiteral("dialog 550"));
+    for (const int number : {1359, 1338, 1337, 1271, 1030, 1021}) {
+        EXPECT_NE(FindControl(dialog_, number), nullptr) << number;
+    }
+}
+
+TEST_F(Composer, ANewMessageReadsTheTreeAndNoConversation) {
+    OpenLoaded();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::readConversation).empty());
+    EXPECT_EQ(agent_.Requests(),
+              (std::vector<Bytes>{Word(870120), Word(870150)}));  // names before members
+}
+
+TEST_F(Composer, TheTreeShowsGroupsBySignedIdWithTheirMembersByName) {
+    OpenLoaded();
+    ASSERT_EQ(Tree().topLevelItemCount(), 3);
+    EXPECT_EQ(Group(0)->text(0), ToQString(u8"【未分组】 [1]"));
+    EXPECT_EQ(Group(1)->text(0), ToQString(u8"朋友 [2]"));
+    EXPECT_EQ(Group(2)->text(0), QStringLiteral(" [1]"));  // a group without a title
+    EXPECT_EQ(Group(0)->child(0)->text(0), ToQString(u8"顾晓棠 [10010]"));
+    EXPECT_TRUE(Group(0)->isExpanded());  // the first, only
+    EXPECT_FALSE(Group(1)->isExpanded());
+}
+
+TEST_F(Composer, AConversationIsReadFirstAndScrolledToItsEnd) {
+    std::vector<ListedMessage> messages(50);
+    messages.back().text = "last";
+    agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload(messages).Get());
+    OpenLoaded(7);
+    const auto requests = agent_.Requests();
+    ASSERT_EQ(requests.size(), 3u);
+    EXPECT_EQ(requests[0], Join({Word(870202), Word(7)}));
+    ASSERT_TRUE(WaitFor(
+        [&] { return InnerHtml(View(), QStringLiteral("conversation_list")).contains(u"last"); }));
+    EXPECT_TRUE(AskHtml(View(), QStringLiteral("scrollY > 0 && scrollY + innerHeight >= "
+                                               "document.documentElement.scrollHeight - 1"))
+                    .toBool());
+}
+
+TEST_F(Composer, ThePartyIsResolvedAgainstTheTree) {
+    OpenLoaded(7);
+    EXPECT_EQ(Recipients().text(), ToQString(u8"\"林远舟\" <13861234567>;"));
+}
+
+TEST_F(Composer, ThePartyIsTheFirstMessagesAddressEvenIfItWentOut) {
+    agent_.AnswerPayload(
+        AgentCommand::readConversation,
+        MessagesPayload({{.incoming = 0, .address = "111"}, {.address = "222"}}).Get());
+    OpenLoaded(7);
+    EXPECT_EQ(Recipients().text(), QStringLiteral("111"));
+}
+
+TEST_F(Composer, AConversationWithoutDataShowsNothing) {
+    agent_.AnswerNoData(AgentCommand::readConversation);
+    OpenLoaded(7);
+    EXPECT_EQ(InnerHtml(View(), QStringLiteral("conversation_list")), QString());
+    EXPECT_EQ(Recipients().text(), QString());
+    EXPECT_TRUE(Recipients().isEnabled());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(Composer, AnAbsentAddressDropsWhatWasBuilt) {
+    agent_.AnswerPayload(AgentCommand::readConversation,
+                         MessagesPayload({{}}).U64(2).U32(1).Absent().Get());
+    OpenLoaded(7);
+    EXPECT_EQ(InnerHtml(View(), QStringLiteral("conversation_list")), QString());
+    EXPECT_EQ(Recipients().text(), QString());
+}
+
+TEST_F(Composer, WithoutAPhoneItSaysSoAndStaysOpenForTyping) {
+    OpenAt(UnusedPort(), 7);
+    ASSERT_TRUE(WaitForTree());
+    EXPECT_EQ(host_.statuses, (QStringList{kConnectError, kConnectError}));
+    EXPECT_EQ(Tree().topLevelItemCount(), 0);
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_TRUE(Recipients().isEnabled());
+}
+
+TEST_F(Composer, WithoutMembersTheTreeStaysEmpty) {
+    agent_.AnswerNoData(AgentCommand::listGroupMembers);
+    OpenLoaded();
+    EXPECT_EQ(Tree().topLevelItemCount(), 0);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(Composer, AnAbsentNameStopsTheTreeFromBeingBuilt) {
+    agent_.AnswerPayload(AgentCommand::listGroupMembers,
+                         MembersPayload({{5, "林远舟", "13861234567"}}).U64(5).Absent().Get());
+    OpenLoaded();
+    EXPECT_EQ(Tree().topLevelItemCount(), 0);
+}
+
+TEST_F(Composer, OtherArgumentsOfTheLoadedMessageAreIgnored) {
+    OpenLoaded();
+    dialog_->OnMessage(Message::documentLoaded, 1);
+    QTest::qWait(50);
+    EXPECT_EQ(agent_.Requests().size(), 2u);
+}
+
+TEST_F(Composer, TypingAContactsNumberTurnsItIntoTheNameForm) {
+    OpenLoaded();
+    QTest::keyClicks(&Recipients(), QStringLiteral("13861234567"));
+    EXPECT_EQ(Recipients().text(), ToQString(u8"\"林远舟\" <13861234567>;"));
+}
+
+TEST_F(Composer, ACountryPrefixIsNoDifference) {
+    OpenLoaded();
+    Recipients().setText(QStringLiteral("+8613861234567"));
+    EXPECT_EQ(Recipients().text(), ToQString(u8"\"林远舟\" <+8613861234567>;"));
+}
+
+TEST_F(Composer, AShorterNumberHasToMatchInWhole) {
+    OpenLoaded();
+    Recipients().setText(QStringLiteral("0010"));
+    EXPECT_EQ(Recipients().text(), QStringLiteral("0010"));
+    Recipients().setText(QStringLiteral("10010"));
+    EXPECT_EQ(Recipients().text(), ToQString(u8"\"顾晓棠\" <10010>;"));
+}
+
+TEST_F(Composer, TicksRebuildTheRecipientsFromNothing) {
+    OpenLoaded();
+    Recipients().setText(QStringLiteral("typed"));
+    Tick(Group(0)->child(0));
+    // The blank before the bracket belongs to the name that is read back.
+    EXPECT_EQ(Recipients().text(), ToQString(u8"\"顾晓棠 \" <10010>;"));
+    Tick(Group(0)->child(0));
+    EXPECT_EQ(Recipients().text(), QString());
+}
+
+TEST_F(Composer, AGroupsTickTicksItsMembers) {
+    OpenLoaded();
+    Tick(Group(1));
+    EXPECT_EQ(RecipientNumbers(FromQString(Recipients().text())),
+              (std::vector<std::string>{"13861234567", "15951230456"}));
+    Tick(Group(1));
+    EXPECT_EQ(Recipients().text(), QString());
+}
+
+TEST_F(Composer, AContactInTwoGroupsTickedTwiceGivesTwoEntries) {
+    OpenLoaded();
+    Tick(Group(2));
+    Group(1)->setExpanded(true);
+    for (int i = 0; i < 2; ++i) {
+        if (Group(1)->child(i)->text(0).contains(u"13861234567")) {
+            Tick(Group(1)->child(i));
+        }
+    }
+    EXPECT_EQ(RecipientNumbers(FromQString(Recipients().text())),
+              (std::vector<std::string>{"13861234567", "13861234567"}));
+}
+
+TEST_F(Composer, ABracketInANameCutsTheName) {
+    agent_.AnswerPayload(AgentCommand::listGroupMembers,
+                         MembersPayload({{-1, "A[b]", "10010"}}).Get());
+    OpenLoaded();
+    Tick(Group(0));
+    EXPECT_EQ(Recipients().text(), QStringLiteral("\"A\" <b] [10010>;"));
+}
+
+TEST_F(Composer, SendsTheTextToEachNumberAndEndsWithOk) {
+    OpenLoaded();
+    Tick(Group(1));
+    Text().setPlainText(ToQString(u8"你好"));
+    PressIn(kComposer, 1030);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ASSERT_EQ(Sent().size(), 1u);
+    EXPECT_EQ(Sent()[0], Join({Word(870204), Word(52), Word(2),  // code, total, count
+                               quorvi::Text("13861234567"), quorvi::Text("15951230456"),
+                               quorvi::Text("你好")}));
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(Composer, AnEmptyTextOrNobodyToSendToDoesNothing) {
+    OpenLoaded();
+    PressIn(kComposer, 1030);
+    Text().setPlainText(QStringLiteral("text"));
+    PressIn(kComposer, 1030);
+    Text().clear();
+    Recipients().setText(QStringLiteral("10010"));
+    PressIn(kComposer, 1030);
+    QTest::qWait(50);
+    EXPECT_TRUE(Sent().empty());
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(Composer, ASendThatFindsNoPhoneIsToldAndEndsWithOk) {
+    OpenAt(UnusedPort());
+    ASSERT_TRUE(WaitForTree());
+    host_.statuses.clear();
+    Text().setPlainText(QStringLiteral("text"));
+    Recipients().setText(QStringLiteral("10010"));
+    PressIn(kComposer, 1030);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+}
+
+TEST_F(Composer, ItsControlsAreDisabledWhileAMessageIsOnItsWay) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::sendMessage);
+    Text().setPlainText(QStringLiteral("text"));
+    Recipients().setText(QStringLiteral("10010"));
+    PressIn(kComposer, 1030);
+    ASSERT_TRUE(WaitFor([&] { return Sent().size() == 1; }));
+    EXPECT_FALSE(Text().isEnabled());
+    EXPECT_FALSE(FindControl(dialog_, 1030)->isEnabled());
+    PressIn(kComposer, 1030);  // a second press sends nothing
+    agent_.Release();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(Sent().size(), 1u);
+}
+
+TEST_F(Composer, EnterInTheRecipientsFieldDoesNotSend) {
+    OpenLoaded();
+    Text().setPlainText(QStringLiteral("text"));
+    Recipients().setText(QStringLiteral("10010"));
+    QTest::keyClick(&Recipients(), Qt::Key_Return);
+    QTest::qWait(50);
+    EXPECT_TRUE(Sent().empty());
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
+TEST_F(Composer, CancelAndTheCloseButtonEndWithCancel) {
+    OpenLoaded();
+    PressIn(kComposer, 1021);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    OpenAt(agent_.Port());
+    OpenDialog(kComposer)->close();
+    EXPECT_EQ(results_.back(), QDialog::Rejected);
+}
+
+TEST_F(Composer, TellsHowLongTheMessageWillBe) {
+    OpenLoaded();
+    EXPECT_EQ(Length(), ToQString(u8"0 字\n0 条短信"));
+    Text().setPlainText(ToQString(u8"你好"));
+    EXPECT_EQ(Length(), ToQString(u8"2 字\n1 条短信"));
+    Text().setPlainText(QString(71, QChar(u'你')));
+    EXPECT_EQ(Length(), ToQString(u8"71 字\n2 条短信"));
+    Text().setPlainText(QString(160, QLatin1Char('a')));
+    EXPECT_EQ(Length(), ToQString(u8"160 字\n1 条短信"));
+}
+
+// The sessions that the composer runs one after the other.
+class ComposerStalled : public Composer, public testing::WithParamInterface<AgentCommand> {};
+
+TEST_P(ComposerStalled, MayBeClosedWhileThePhoneHoldsItsReply) {
+    agent_.Hold(GetParam());
+    OpenAt(agent_.Port(), 7);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(GetParam()).empty(); }));
+    PressIn(kComposer, 1021);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    agent_.Release();
+    QTest::qWait(50);
+}
+
+INSTANTIATE_TEST_SUITE_P(Conversation_Names_Members, ComposerStalled,
+                         testing::Values(AgentCommand::readConversation,
+                                         AgentCommand::listGroupNames,
+                                         AgentCommand::listGroupMembers));
+
+// Bytes of the members' reply that come before it stalls, and the close with it.
+class ComposerCut : public Composer, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(ComposerCut, MayBeClosedAtEveryStepOfAStalledReply) {
+    Bytes reply = Framed(MembersPayload({{5, "A", "1"}}).Get());
+    reply.resize(std::min(GetParam(), reply.size()));
+    agent_.Answer(AgentCommand::listGroupMembers, {reply, ScriptedAgent::End::wait});
+    OpenAt(agent_.Port());
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::listGroupMembers).empty(); }));
+    QTest::qWait(10);
+    PressIn(kComposer, 1021);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachByte, ComposerCut, testing::Range<std::size_t>(0, 26));
+
+}  // namespace
+}  // namespace quorvi
