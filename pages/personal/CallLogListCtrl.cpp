@@ -78,7 +78,7 @@ Cell CCallLogListCtrl::CellOf(const CallLogRow& row, int column) const {
         case kTime:
             return {.text = ToQString(row.time),
                     .second = ToShownQString(row.attribution),
-                    .secondInk = Color::statedRed};
+                    .secondInk = Color::red};
         case kId:
             return {.text = ToQString(CallIdText(row.id))};
         default:
