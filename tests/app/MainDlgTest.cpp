@@ -7,6 +7,7 @@
 #include "app/BalloonCard.h"
 #include "app/MainDlg.h"
 #include "tests/app/MainDlgFixture.h"
+#include "ui/SkinDialog.h"
 
 namespace quorvi {
 namespace {
@@ -71,6 +72,18 @@ TEST_F(MainWindow, ASecondStartShowsAMinimisedWindow) {
     Settle();
     EXPECT_TRUE(window_->isVisible());
     EXPECT_FALSE(window_->isMinimized());
+}
+
+TEST_F(MainWindow, ASecondStartWhileADialogIsOpenOnlyShowsTheMainWindow) {
+    MakeWindow();
+    SkinDialog dialog(533, QStringLiteral("dialog"), window_.get());
+    dialog.QDialog::open();
+    window_->hide();
+    instance_.show();
+    Settle();
+    EXPECT_TRUE(window_->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+    dialog.close();
 }
 
 TEST_F(MainWindow, TheTraysLeftButtonShowsAHiddenStartForGood) {
