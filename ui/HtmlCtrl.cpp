@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineHttpRequest>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 #include <QWebEngineView>
 #include <algorithm>
@@ -97,6 +98,7 @@ void CHtmlCtrlBase::CreateBrowser() {
     site->setBackgroundColor(look::color(look::Color::page));
     view_->setPage(site);
     connect(site, &QWebEnginePage::loadFinished, this, [this] { OnLoadFinished(); });
+    connect(site, &QWebEnginePage::loadingChanged, this, &CHtmlCtrlBase::OnLoadingChanged);
     connect(site, &QWebEnginePage::urlChanged, this, &CHtmlCtrlBase::OnUrlChanged);
     connect(site, &QWebEnginePage::renderProcessTerminated, this, [this] { Revive(); });
     layout()->addWidget(view_);
@@ -146,6 +148,19 @@ void CHtmlCtrlBase::OnUrlChanged(const QUrl& url) {
     if (content_ == HtmlContent::local && WithoutFragment(url) != document_) {
         ready_ = false;
         QTimer::singleShot(0, this, &CHtmlCtrlBase::Begin);
+    }
+}
+
+void CHtmlCtrlBase::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
+    using Domain = QWebEngineLoadingInfo::ErrorDomain;
+    // A load that gave way to another has failed too, and so has a page that a site answers with an
+    // error's number: neither is in these domains.
+    const bool unreachable = info.status() == QWebEngineLoadingInfo::LoadFailedStatus &&
+                             (info.errorDomain() == Domain::ConnectionErrorDomain ||
+                              info.errorDomain() == Domain::CertificateErrorDomain ||
+                              info.errorDomain() == Domain::DnsErrorDomain);
+    if (content_ == HtmlContent::web && unreachable) {
+        view_->load(TemplateUrl(kUnreachableTemplate));
     }
 }
 

@@ -13,6 +13,7 @@
 #include "ui/HtmlEdit.h"
 #include "ui/HtmlSite.h"
 
+class QWebEngineLoadingInfo;
 class QWebEngineView;
 
 namespace quorvi {
@@ -49,7 +50,8 @@ class CHtmlCtrlBase : public QWidget {
     void LoadFromResource(int resourceId);
     void LoadFromText(std::string_view html);
 
-    // Go to a URL, with a POST when `postData` is not empty. Web views only.
+    // Go to a URL, with a POST when `postData` is not empty. Web views only. In place of a site
+    // that does not answer template 663 is shown, and GoBack leads to what was shown before it.
     void Navigate2(const QUrl& url, std::string_view postData = {});
     void SetHome(const QUrl& url) { home_ = url; }
     void GoHome() { Navigate2(home_); }
@@ -84,6 +86,7 @@ class CHtmlCtrlBase : public QWidget {
     void Edit(HtmlEdit edit);
     void OnLoadFinished();
     void OnUrlChanged(const QUrl& url);
+    void OnLoadingChanged(const QWebEngineLoadingInfo& info);
 
     HtmlContent content_;
     QUrl document_;

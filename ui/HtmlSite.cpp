@@ -50,7 +50,7 @@ void SetUpWeb(QWebEngineProfile& profile) {
     QWebEngineSettings& settings = *profile.settings();
     for (const auto attribute :
          {QWebEngineSettings::PluginsEnabled, QWebEngineSettings::PdfViewerEnabled,
-          QWebEngineSettings::HyperlinkAuditingEnabled,
+          QWebEngineSettings::HyperlinkAuditingEnabled, QWebEngineSettings::ErrorPageEnabled,
           QWebEngineSettings::NavigateOnDropEnabled}) {
         settings.setAttribute(attribute, false);
     }
@@ -113,10 +113,9 @@ bool CDocHostSite::acceptNavigationRequest(const QUrl& url, NavigationType type,
         }
         return false;
     }
-    if (content_ == HtmlContent::web) {
-        return IsWebLink(encoded);
-    }
-    return type == NavigationTypeTyped && url.scheme() == QStringLiteral("qrc");
+    // A template is loaded by the program, and by no link.
+    return (content_ == HtmlContent::web && IsWebLink(encoded)) ||
+           (type == NavigationTypeTyped && url.scheme() == QStringLiteral("qrc"));
 }
 
 QWebEnginePage* CDocHostSite::createWindow(WebWindowType /*type*/) {

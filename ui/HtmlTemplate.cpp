@@ -14,6 +14,7 @@ constexpr std::array kTemplates{
     Template{kDashboardTemplate, "dashboard.html"},
     Template{kConversationsTemplate, "conversations.html"},
     Template{kConversationTemplate, "conversation.html"},
+    Template{kUnreachableTemplate, "unreachable.html"},
     Template{kContactTemplate, "contact.html"},
 };
 

@@ -9,6 +9,7 @@ namespace quorvi {
 inline constexpr int kDashboardTemplate = 660;      // elements "manufacturer" and "info_ul"
 inline constexpr int kConversationsTemplate = 661;  // element "sms_ul"
 inline constexpr int kConversationTemplate = 662;   // element "conversation_list"
+inline constexpr int kUnreachableTemplate = 663;    // in place of a site that does not answer
 inline constexpr int kContactTemplate = 680;        // element "block"
 
 // Where a template stands, its pictures beside it; an empty URL for a number that is none.

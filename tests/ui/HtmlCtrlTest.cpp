@@ -103,6 +103,7 @@ TEST_F(HtmlCtrl, EachTemplateHasItsElementsAndItsContentPolicy) {
         {kDashboardTemplate, {QStringLiteral("manufacturer"), QStringLiteral("info_ul")}},
         {kConversationsTemplate, {QStringLiteral("sms_ul")}},
         {kConversationTemplate, {QStringLiteral("conversation_list")}},
+        {kUnreachableTemplate, {}},
         {kContactTemplate, {QStringLiteral("block")}},
     };
     for (const auto& [number, ids] : templates) {
@@ -471,6 +472,22 @@ TEST_F(WebView, SiteLeadsToNoOtherScheme) {
     Click(QStringLiteral("#hit"));
     QTest::qWait(kGrace);
     EXPECT_EQ(Path(), QStringLiteral("/first"));
+}
+
+TEST_F(WebView, SiteThatDoesNotAnswerGivesWayToATemplateAndBackLeadsBeforeIt) {
+    CHtmlCtrlFix& view = Open("<p>page</p>");
+    QTcpServer closed;
+    closed.listen(QHostAddress::LocalHost);
+    const QUrl nobody(QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort()));
+    closed.close();
+    view.Navigate2(nobody);
+    ASSERT_TRUE(WaitForHtml([&] { return view.Browser()->url() == TemplateUrl(663); }));
+    EXPECT_TRUE(WaitForHtml([&] {
+        return Ask(QStringLiteral("document.querySelector('h1')?.innerText")).toString() ==
+               ToQString(u8"网页打不开");
+    }));
+    view.GoBack();
+    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/first"); }));
 }
 
 TEST_F(WebView, LocalViewGoesToNoUrl) {
