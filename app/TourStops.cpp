@@ -1,5 +1,8 @@
 #include <fmt/format.h>
 
+#include <array>
+#include <string_view>
+
 #include "app/MainDlg.h"
 #include "app/Tour.h"
 #include "app/TrayMenu.h"
@@ -28,6 +31,21 @@ TourStop BannerStop(std::string name, std::u8string_view text, BannerState state
             }};
 }
 
+// What a command button opens, on a page that was visited before.
+struct CommandStop {
+    std::string_view name;
+    int page;
+    int command;
+};
+
+constexpr std::array<CommandStop, 5> kCommandStops = {{
+    {"dialog-contact-editor", 10, 1},
+    {"dialog-contact-groups", 10, 2},
+    {"dialog-nothing-checked", 10, 3},
+    {"dialog-sms-composer", 11, 1},
+    {"dialog-confirm-delete", 12, 2},
+}};
+
 }  // namespace
 
 std::vector<TourStop> TheTourStops() {
@@ -35,6 +53,12 @@ std::vector<TourStop> TheTourStops() {
     for (const PageRow& row : kPages) {
         stops.push_back({fmt::format("page-{:02}", row.page), [&row](CMainDlg& window) {
                              window.Post(Message::goToPage, TabOf(row), row.page);
+                         }});
+    }
+    for (const CommandStop& stop : kCommandStops) {
+        stops.push_back({std::string(stop.name), [stop](CMainDlg& window) {
+                             window.Post(Message::goToPage, TabOf(*FindPage(stop.page)), stop.page);
+                             window.Post(Message::commandButton, 0, stop.command);
                          }});
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
