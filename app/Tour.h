@@ -23,6 +23,8 @@ struct TourStop {
 // All stops, in order: the pages of the page table first. Whoever adds a dialog or a menu adds its
 // stop in app/TourStops.cpp.
 [[nodiscard]] std::vector<TourStop> TheTourStops();
+// Those of the contacts page beyond the page itself.
+[[nodiscard]] std::vector<TourStop> ContactStops();
 
 // Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
 // window and of what is open over it, and calls `done` with the number of pictures not written.

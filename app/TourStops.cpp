@@ -69,6 +69,9 @@ std::vector<TourStop> TheTourStops() {
                              window.Post(Message::commandButton, 0, stop.command);
                          }});
     }
+    for (TourStop& stop : ContactStops()) {
+        stops.push_back(std::move(stop));
+    }
     stops.push_back({"menu-tray", &OpenTrayMenu});
     stops.push_back(
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});

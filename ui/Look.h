@@ -390,6 +390,8 @@ struct Metric {
     static constexpr int editorWidth = 720;
     static constexpr int editorHeight = 404;
     static constexpr int editorCombo = 96;
+    static constexpr int editorLeftField = 175;
+    static constexpr int editorRightField = 237;
     static constexpr int questionWidth = 400;
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;

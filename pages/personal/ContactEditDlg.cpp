@@ -43,7 +43,7 @@ constexpr int kState = 1109;
 
 // The form's grid: a column of captions, of combos and of fields at the left, of captions and of
 // fields at the right.
-enum Column { leftCaption, combo, leftField, rightCaption, rightField };
+enum Column { leftCaption, combo, leftField, between, rightCaption, rightField };
 constexpr int kWebsiteRows = 2;
 constexpr int kNoteRows = 3;
 
@@ -93,8 +93,9 @@ void CContactEditDlg::BuildControls() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(Metric::gap2);
     grid->setVerticalSpacing(Metric::formGap);
-    grid->setColumnStretch(leftField, 1);
-    grid->setColumnStretch(rightField, 1);
+    // The left fields with their combos are a little wider than the right ones.
+    grid->setColumnStretch(leftField, Metric::editorLeftField);
+    grid->setColumnStretch(rightField, Metric::editorRightField);
     const auto caption = [&](int row, int column, std::u8string_view text) {
         grid->addWidget(new FormCaption(ToQString(text), Body()), row, column, Qt::AlignTop);
     };
@@ -141,10 +142,13 @@ void CContactEditDlg::BuildControls() {
     for (int line = 0; line < grid->rowCount(); ++line) {
         grid->setRowMinimumHeight(line, Metric::fieldHeight);
     }
+    grid->setRowStretch(grid->rowCount(), 1);
 
     state_ = SetControlNumber(new CSkinStateLabel(ToQString(u8"就绪"), this), kState);
     favourite_ = SetControlNumber(new CSkinCheck(ToQString(u8"设为收藏"), this), kFavourite,
                                   ToQString(u8"设为收藏"));
+    // The tick box stands under the fields.
+    state_->setMinimumWidth(Metric::formCaption);
     AddToFooter(state_);
     AddToFooter(favourite_);
     save_ = AddButton(kSave, ToQString(u8"保存"), ButtonKind::primary);

@@ -10,6 +10,7 @@
 #include "pages/personal/ContactGroupDlg.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/ControlNumber.h"
+#include "ui/HtmlFrame.h"
 #include "ui/HtmlTemplate.h"
 #include "ui/QtText.h"
 #include "ui/QuestionDlg.h"
@@ -50,7 +51,7 @@ CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentP
     row->setContentsMargins({});
     row->setSpacing(Metric::gap2);
     row->addWidget(list_, Metric::contactList);
-    row->addWidget(view_, Metric::contactDetail);
+    row->addWidget(new HtmlFrame(*view_, this), Metric::contactDetail);
 
     detailTimer_.setSingleShot(true);
     connect(&detailTimer_, &QTimer::timeout, this, &CContactPage::RefreshDetail);
