@@ -40,18 +40,20 @@ CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentP
       agentPort_(agentPort),
       listLoad_(*this, host.LoadState(), kLoadKey),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
-      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)) {
+      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
+      frame_(new HtmlFrame(*view_, this)) {
     list_->SetEmptyText(ToQString(u8"列表是空的"), ToQString(u8"手机上没有联系人，或者还没有获取"));
     list_->SetFailedText(ToQString(u8"没有连上手机"),
                          ToQString(u8"请检查数据线，然后点“重新获取”"));
     view_->setAccessibleName(ToQString(u8"联系人详细信息"));
     view_->LoadFromResource(kContactTemplate);
+    frame_->SetFilled();  // the template says what to do while nothing is selected
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(Metric::gap2);
     row->addWidget(list_, Metric::contactList);
-    row->addWidget(new HtmlFrame(*view_, this), Metric::contactDetail);
+    row->addWidget(frame_, Metric::contactDetail);
 
     detailTimer_.setSingleShot(true);
     connect(&detailTimer_, &QTimer::timeout, this, &CContactPage::RefreshDetail);
@@ -123,6 +125,7 @@ void CContactPage::Select(int row) {
 
 void CContactPage::RefreshDetail() {
     detailLoad_.Start(
+        [this] { frame_->SetState(ListState::loading); },
         [port = agentPort_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
          document = view_->Document()] {
             const ContactReply reply = FetchContact(AgentSession(port), id);
@@ -132,6 +135,7 @@ void CContactPage::RefreshDetail() {
             return reply.outcome;
         },
         [this](SessionOutcome outcome) {
+            frame_->SetState(ListState::idle);
             if (outcome == SessionOutcome::connectFailed) {
                 ShowConnectError(Host());
             }

@@ -15,6 +15,7 @@
 
 namespace quorvi {
 
+class HtmlFrame;
 class SkinDialog;
 
 // Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
@@ -64,6 +65,7 @@ class CContactPage : public Page, private HtmlListener {
     QTimer detailTimer_;      // timer 0: the detail after a fill
     CContactListCtrl* list_;
     CHtmlCtrlFix* view_;
+    HtmlFrame* frame_;
 };
 
 }  // namespace quorvi
