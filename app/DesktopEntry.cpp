@@ -5,7 +5,6 @@
 namespace quorvi {
 namespace {
 
-constexpr std::string_view kEntryGroup = "Desktop Entry";
 constexpr std::string_view kDefaultsGroup = "Default Applications";
 
 // A value of the format: control characters and the backslash that writes them.
@@ -92,7 +91,8 @@ std::string ExecPath(std::string_view program) {
 }
 
 std::string DesktopEntry::Text() const {
-    std::string text = "[Desktop Entry]\nType=Application\n";
+    std::string text = "[" + std::string(kEntryGroup) + "]\n";
+    AddLine(text, "Type", "Application");
     AddLine(text, "Name", Escaped(name));
     AddLine(text, "Comment", Escaped(comment));
     AddLine(text, "Exec", exec);

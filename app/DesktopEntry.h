@@ -8,6 +8,9 @@
 
 namespace quorvi {
 
+// The group of a launcher's values.
+inline constexpr std::string_view kEntryGroup = "Desktop Entry";
+
 // The words of an `Exec` line that start this program: its path in double quotes, with all that the
 // format reserves written so that it stands for itself.
 [[nodiscard]] std::string ExecPath(std::string_view program);
@@ -24,7 +27,7 @@ struct DesktopEntry {
     [[nodiscard]] std::string Text() const;
 };
 
-// The value of a key in a group ("Desktop Entry") of such a file as it is written there; nothing
+// The value of a key in a group of such a file as it is written there; nothing
 // when there is none. The first counts.
 [[nodiscard]] std::optional<std::string> EntryValue(std::string_view file, std::string_view group,
                                                     std::string_view key);

@@ -49,13 +49,14 @@ std::string FreedesktopIntegration::InstallIcon() const {
 }
 
 bool FreedesktopIntegration::AutoRuns() const {
-    constexpr std::string_view kGroup = "Desktop Entry";
     const std::string file = ReadSmallFile(AutoRunFile()).value_or(std::string());
     // The desktop's own settings switch an entry off by one of these.
     const bool off =
-        EqualsNoCase(EntryValue(file, kGroup, "Hidden").value_or(""), "true") ||
-        EqualsNoCase(EntryValue(file, kGroup, "X-GNOME-Autostart-enabled").value_or(""), "false");
-    return !off && EqualsNoCase(EntryValue(file, kGroup, "Exec").value_or(""), AutoRunCommand());
+        EqualsNoCase(EntryValue(file, kEntryGroup, "Hidden").value_or(""), "true") ||
+        EqualsNoCase(EntryValue(file, kEntryGroup, "X-GNOME-Autostart-enabled").value_or(""),
+                     "false");
+    return !off &&
+           EqualsNoCase(EntryValue(file, kEntryGroup, "Exec").value_or(""), AutoRunCommand());
 }
 
 void FreedesktopIntegration::SetAutoRun(bool on) {
