@@ -1,5 +1,6 @@
 #include "ui/HtmlCtrl.h"
 
+#include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
@@ -151,6 +152,35 @@ void CHtmlCtrlBase::OnUrlChanged(const QUrl& url) {
     }
 }
 
+bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && content_ == HtmlContent::local) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Space && key->modifiers() == Qt::NoModifier) {
+            OnSpace(watched);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CHtmlCtrlBase::OnSpace(QObject* receiver) {
+    view_->page()->runJavaScript(
+        QStringLiteral("document.activeElement?.matches('a[href]')"),
+        QWebEngineScript::ApplicationWorld,
+        [receiver = QPointer<QObject>(receiver)](const QVariant& onLink) {
+            if (!receiver) {
+                return;
+            }
+            // Straight to the receiver: on the common way the window takes Enter for itself.
+            const int key = onLink.toBool() ? Qt::Key_Return : Qt::Key_Space;
+            const QString text = onLink.toBool() ? QStringLiteral("\r") : QStringLiteral(" ");
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+            receiver->event(&press);
+            receiver->event(&release);
+        });
+}
+
 void CHtmlCtrlBase::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
     using Domain = QWebEngineLoadingInfo::ErrorDomain;
     // A load that gave way to another has failed too, and so has a page that a site answers with an
@@ -169,6 +199,9 @@ void CHtmlCtrlBase::OnLoadFinished() {
         return;
     }
     ready_ = true;
+    if (QWidget* keys = view_->focusProxy(); keys != nullptr) {
+        keys->installEventFilter(this);  // the browser may have made it anew
+    }
     for (const HtmlEdit& edit : edits_) {
         view_->page()->runJavaScript(edit.script, QWebEngineScript::ApplicationWorld);
     }

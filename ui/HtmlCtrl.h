@@ -36,8 +36,9 @@ class WatchedDocumentCookie {
     QPointer<QObject> view_;  // looked at on the window's thread only
 };
 
-// The window's thread, WatchedDocumentCookie excepted. The browser itself is made when the control
-// is first shown; what is asked of it before is kept until then.
+// The window's thread, WatchedDocumentCookie excepted. In a local view Space opens the link that
+// has the focus, as Enter does where the window lets it through. The browser itself is made when
+// the control is first shown; what is asked of it before is kept until then.
 class CHtmlCtrlBase : public QWidget {
     Q_OBJECT
   public:
@@ -75,6 +76,7 @@ class CHtmlCtrlBase : public QWidget {
     virtual void OnAppCmd(const std::string& text) = 0;
 
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     friend class WatchedDocumentCookie;
@@ -84,6 +86,7 @@ class CHtmlCtrlBase : public QWidget {
     void Begin();
     void Revive();
     void Edit(HtmlEdit edit);
+    void OnSpace(QObject* receiver);
     void OnLoadFinished();
     void OnUrlChanged(const QUrl& url);
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);

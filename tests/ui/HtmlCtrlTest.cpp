@@ -243,6 +243,35 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair{"qvh:100%", std::u8string_view(u8"100%")},
                     std::pair{"qvh:", std::u8string_view(u8"")}));
 
+TEST_F(HtmlCtrl, SpaceOpensTheLinkThatTheTabKeyHasReached) {
+    CHtmlCtrlFix& view = ShowBlock();
+    view.SetInnerHtml("block", "<a href='qvh:1'>one</a> <a href='qvh:2'>two</a>");
+    view.activateWindow();
+    view.setFocus();
+    ASSERT_TRUE(WaitForHtml([&] { return Ask(QStringLiteral("document.hasFocus()")).toBool(); }));
+    QWidget* keys = view.Browser()->focusProxy();
+    for (const char* id : {"1", "2"}) {
+        QTest::keyClick(keys, Qt::Key_Tab);
+        ASSERT_TRUE(WaitForHtml([&] {
+            return Ask(QStringLiteral("document.activeElement?.href")).toString() ==
+                   QStringLiteral("qvh:") + QLatin1String(id);
+        }));
+    }
+    QTest::keyClick(keys, Qt::Key_Space);
+    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
+    EXPECT_EQ(owner_.commands, std::vector<std::string>{"2"});
+}
+
+TEST_F(HtmlCtrl, SpaceScrollsWhereNoLinkHasTheFocus) {
+    CHtmlCtrlFix& view = ShowBlock();
+    view.SetInnerHtml("block", "<div style='height:5000px'>x</div>");
+    view.activateWindow();
+    view.setFocus();
+    Ask(QStringLiteral("0"));
+    QTest::keyClick(view.Browser()->focusProxy(), Qt::Key_Space);
+    EXPECT_TRUE(WaitForHtml([&] { return Ask(QStringLiteral("window.scrollY")).toInt() > 100; }));
+}
+
 TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
     CHtmlCtrlFix& view = ShowBlock();
     view.SetInnerHtml("block", "<a href='qvhx:refresh'>link</a>");
