@@ -172,7 +172,8 @@ TEST(CAdbPipe, StopFromTheListenerAtTheEndDoesNotDeadlock) {
     ASSERT_TRUE(pipe.Start("echo x"));
     ASSERT_TRUE(listener.Heard(AdbOutputKind::finished));
     EXPECT_FALSE(waited);
-    // And the pipe can be used again.
+    // And the pipe can be used again. Nothing stops it from inside now: the Stop below waits.
+    listener.react = nullptr;
     ASSERT_TRUE(pipe.Start("echo y"));
     pipe.Stop();
 }
