@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include "app/MainDlg.h"
-#include "ui/HtmlCtrl.h"
 
 namespace quorvi {
 namespace {
@@ -19,12 +18,6 @@ constexpr int kErrorLimitMs = 5000;
 constexpr int kLoadLimitMs = 8000;
 // Time for a page to paint, a web view to lay itself out, a menu to fade in.
 constexpr int kSettleMs = 700;
-
-// For who started the tour: how far it is.
-void Say(const std::string& what) {
-    std::printf("%s\n", what.c_str());
-    std::fflush(stdout);
-}
 
 // A top-level widget over the window as it stands in the window's coordinates.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
@@ -52,9 +45,6 @@ void Tour::Start() {
     folder_.mkpath(QStringLiteral("."));
     since_.start();
     sinceError_.start();
-    if (const auto* view = window_.findChild<CHtmlCtrlBase*>()) {
-        connect(view, &CHtmlCtrlBase::documentLoaded, this, [] { Say("shown"); });
-    }
     connect(&tick_, &QTimer::timeout, this, &Tour::Wait);
     tick_.start();
 }
@@ -124,7 +114,6 @@ void Tour::Take() {
         ++failed_;
         std::fprintf(stderr, "tour: %s could not be written\n", qUtf8Printable(path));
     }
-    Say(stops_[at_].name);
     CloseAll(&QApplication::activePopupWidget);
     CloseAll(&QApplication::activeModalWidget);
 }

@@ -28,8 +28,7 @@ struct TourStop {
 
 // Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
 // window and of what is open over it, and calls `done` with the number of pictures not written.
-// Says on standard output "shown" when the window's first page is there, and each stop's name
-// behind its picture. The window's thread.
+// The window's thread.
 class Tour : public QObject {
     Q_OBJECT
   public:
