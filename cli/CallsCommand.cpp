@@ -29,10 +29,7 @@ Json::Value DocumentOf(const CallLogRow& row) {
 }  // namespace
 
 Status RunCallsList(const Arguments&, Output& output) {
-    const CPhoneDb db;
-    const auto [outcome, log] = FetchCallLog(AgentSession(), [&db](std::string_view number) {
-        return std::string(NumberAttribution(number, db));
-    });
+    const auto [outcome, log] = FetchCallLog(AgentSession(), MakeNumberAttribution());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;

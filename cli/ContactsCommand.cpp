@@ -126,10 +126,7 @@ std::optional<ContactForm> FormOfInput(Output& output) {
 }  // namespace
 
 Status RunContactsList(const Arguments&, Output& output) {
-    const CPhoneDb db;
-    const ContactListReply reply = FetchContactList(AgentSession(), [&db](std::string_view number) {
-        return std::string(NumberAttribution(number, db));
-    });
+    const ContactListReply reply = FetchContactList(AgentSession(), MakeNumberAttribution());
     const Status status = output.Report(reply.outcome);
     if (status == Status::done) {
         output.Json() ? output.PrintDocument(DocumentOf(reply.list.rows))

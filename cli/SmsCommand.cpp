@@ -46,10 +46,7 @@ std::vector<std::string> NumbersOf(std::string_view list) {
 }  // namespace
 
 Status RunSmsList(const Arguments&, Output& output) {
-    const CPhoneDb db;
-    const auto [outcome, list] = FetchConversations(AgentSession(), [&db](std::string_view number) {
-        return std::string(NumberAttribution(number, db));
-    });
+    const auto [outcome, list] = FetchConversations(AgentSession(), MakeNumberAttribution());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
 
 #include "base/Text.h"
@@ -187,6 +190,17 @@ ClassifiedNumber ClassifyNumber(std::string_view number, const CPhoneDb& db) {
         }
     }
     return ByLength({digits.data(), length}, db);
+}
+
+AttributionOf MakeNumberAttribution() {
+    struct Data {
+        std::once_flag made;
+        std::optional<CPhoneDb> db;
+    };
+    return [data = std::make_shared<Data>()](std::string_view number) {
+        std::call_once(data->made, [&] { data->db.emplace(); });
+        return std::string(NumberAttribution(number, *data->db));
+    };
 }
 
 }  // namespace quorvi

@@ -1,6 +1,8 @@
 // What kind of number a phone number is: a place, a service, a company, or a mark of bulk messages.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "refdata/PhoneDb.h"
@@ -22,5 +24,11 @@ struct ClassifiedNumber {
                                                         const CPhoneDb& db) {
     return ClassifyNumber(number, db).caption;
 }
+
+// How a reader of records asks for the text under a number, both ANSI. Any thread.
+using AttributionOf = std::function<std::string(std::string_view number)>;
+
+// Asks a CPhoneDb of its own, which the first call makes: work for a worker. Copies share it.
+[[nodiscard]] AttributionOf MakeNumberAttribution();
 
 }  // namespace quorvi

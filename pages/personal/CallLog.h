@@ -10,7 +10,7 @@
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
-#include "pages/personal/AttributionOf.h"
+#include "refdata/NumberAttribution.h"
 
 namespace quorvi {
 

@@ -6,7 +6,6 @@
 
 #include "agent/AgentSession.h"
 #include "pages/PageSession.h"
-#include "refdata/NumberAttribution.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
 #include "ui/QuestionDlg.h"
@@ -18,11 +17,6 @@ constexpr int kDialog = 368;
 constexpr int kList = 1072;
 
 }  // namespace
-
-struct CCallLogPage::Loaded {
-    CallLogReply reply;
-    PhoneDb phoneDb;
-};
 
 CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
     : Page(host, kDialog, parent),
@@ -45,24 +39,14 @@ void CCallLogPage::RefreshCallLog() {
             list_->SetRedraw(false);
             list_->SetState(ListState::loading);
         },
-        [port = agentPort_, db = phoneDb_, list = list_](const LoadProgress& progress) mutable {
-            if (!db) {
-                db = std::make_shared<const CPhoneDb>();
-            }
-            return Loaded{FetchCallLog(
-                              AgentSession(port),
-                              [&db](std::string_view number) {
-                                  return std::string(NumberAttribution(number, *db));
-                              },
-                              ProgressTo(progress, list)),
-                          db};
+        [port = agentPort_, attribution = attribution_,
+         list = list_](const LoadProgress& progress) {
+            return FetchCallLog(AgentSession(port), attribution, ProgressTo(progress, list));
         },
-        [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
+        [this](CallLogReply&& reply) { ShowLoaded(std::move(reply)); });
 }
 
-void CCallLogPage::ShowLoaded(Loaded&& loaded) {
-    phoneDb_ = std::move(loaded.phoneDb);
-    CallLogReply& reply = loaded.reply;
+void CCallLogPage::ShowLoaded(CallLogReply&& reply) {
     const bool connected = reply.outcome != SessionOutcome::connectFailed;
     const bool endsEarly = EndsEarly(reply.outcome) || reply.log.endedByAbsentNumber;
     if (!connected) {

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 
 #include "agent/Wire.h"
 #include "pages/personal/CallLogListCtrl.h"
-#include "refdata/PhoneDb.h"
+#include "refdata/NumberAttribution.h"
 #include "ui/Page.h"
 #include "ui/PageLoad.h"
 
@@ -34,15 +33,11 @@ class CCallLogPage : public Page {
     void DeleteAll();
 
   private:
-    // The number data, made by the first worker that needs it and kept as long as the page.
-    using PhoneDb = std::shared_ptr<const CPhoneDb>;
-    struct Loaded;
-
-    void ShowLoaded(Loaded&& loaded);
+    void ShowLoaded(CallLogReply&& reply);
     void AskAndSend(const QString& question, Bytes request);
 
     std::uint16_t agentPort_;
-    PhoneDb phoneDb_;
+    AttributionOf attribution_ = MakeNumberAttribution();
     PageLoad load_;
     CCallLogListCtrl* list_;
 };

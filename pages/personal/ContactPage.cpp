@@ -8,7 +8,6 @@
 #include "pages/personal/ContactEditDlg.h"
 #include "pages/personal/ContactFragment.h"
 #include "pages/personal/ContactGroupDlg.h"
-#include "refdata/NumberAttribution.h"
 #include "ui/ControlNumber.h"
 #include "ui/HtmlFrame.h"
 #include "ui/HtmlTemplate.h"
@@ -29,11 +28,6 @@ constexpr int kView = 1370;
 enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 
 }  // namespace
-
-struct CContactPage::Loaded {
-    ContactListReply reply;
-    PhoneDb phoneDb;
-};
 
 CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
     : Page(host, kDialog, parent),
@@ -76,29 +70,20 @@ void CContactPage::RefreshContacts() {
             list_->SetRedraw(false);
             list_->SetState(ListState::loading);
         },
-        [port = agentPort_, db = phoneDb_, list = list_](const LoadProgress& progress) mutable {
-            if (!db) {
-                db = std::make_shared<const CPhoneDb>();
-            }
-            return Loaded{FetchContactList(
-                              AgentSession(port),
-                              [&db](std::string_view number) {
-                                  return std::string(NumberAttribution(number, *db));
-                              },
-                              ProgressTo(progress, list)),
-                          db};
+        [port = agentPort_, attribution = attribution_,
+         list = list_](const LoadProgress& progress) {
+            return FetchContactList(AgentSession(port), attribution, ProgressTo(progress, list));
         },
-        [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
+        [this](ContactListReply&& reply) { ShowLoaded(std::move(reply)); });
 }
 
-void CContactPage::ShowLoaded(Loaded&& loaded) {
-    phoneDb_ = std::move(loaded.phoneDb);
-    const bool connected = loaded.reply.outcome != SessionOutcome::connectFailed;
-    const bool endsEarly = EndsEarly(loaded.reply.outcome) || loaded.reply.list.endedByAbsentName;
+void CContactPage::ShowLoaded(ContactListReply&& reply) {
+    const bool connected = reply.outcome != SessionOutcome::connectFailed;
+    const bool endsEarly = EndsEarly(reply.outcome) || reply.list.endedByAbsentName;
     if (!connected) {
         ShowConnectError(Host());
     }
-    list_->Show(std::move(loaded.reply.list));
+    list_->Show(std::move(reply.list));
     list_->SetState(connected ? ListState::idle : ListState::failed);
     if (endsEarly) {
         // The list is empty or incomplete, and stays without redraw until a later load gets

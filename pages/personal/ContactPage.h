@@ -3,12 +3,11 @@
 
 #include <QTimer>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "agent/Wire.h"
 #include "pages/personal/ContactListCtrl.h"
-#include "refdata/PhoneDb.h"
+#include "refdata/NumberAttribution.h"
 #include "ui/HtmlCtrl.h"
 #include "ui/Page.h"
 #include "ui/PageLoad.h"
@@ -46,19 +45,15 @@ class CContactPage : public Page, private HtmlListener {
     void DeleteSelected();
 
   private:
-    // The number data, made by the first worker that needs it and kept as long as the page.
-    using PhoneDb = std::shared_ptr<const CPhoneDb>;
-    struct Loaded;
-
     void OnAppCmd(const std::string&) override {}  // the view holds no links of the page's own
-    void ShowLoaded(Loaded&& loaded);
+    void ShowLoaded(ContactListReply&& reply);
     void Select(int row);
     void OpenMenu(const QPoint& at);
     void RunEditor(SkinDialog* editor);
     void Delete(std::vector<std::uint32_t> ids);
 
     std::uint16_t agentPort_;
-    PhoneDb phoneDb_;
+    AttributionOf attribution_ = MakeNumberAttribution();
     PageLoad listLoad_;
     PageLoad detailLoad_{*this};
     bool selecting_ = false;  // the page itself moves the selection

@@ -7,7 +7,6 @@
 #include "pages/PageSession.h"
 #include "pages/personal/Conversations.h"
 #include "pages/personal/SmsComposeDlg.h"
-#include "refdata/NumberAttribution.h"
 #include "ui/HtmlFrame.h"
 #include "ui/HtmlTemplate.h"
 #include "ui/QtText.h"
@@ -26,7 +25,6 @@ enum { kViewConversation = 0, kDeleteConversation = 1 };
 struct CSmsPage::Loaded {
     SessionOutcome outcome;
     bool shown;  // the fragment has been set
-    PhoneDb phoneDb;
 };
 
 CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
@@ -45,31 +43,23 @@ CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
 }
 
 void CSmsPage::RefreshSms() {
-    load_.Start([this] { frame_->SetState(ListState::loading); },
-                [port = agentPort_, db = phoneDb_, frame = frame_,
-                 document = view_->Document()](const LoadProgress& progress) mutable {
-                    if (!db) {
-                        db = std::make_shared<const CPhoneDb>();
-                    }
-                    const ConversationListReply reply = FetchConversations(
-                        AgentSession(port),
-                        [&db](std::string_view number) {
-                            return std::string(NumberAttribution(number, *db));
-                        },
-                        ProgressTo(progress, frame));
-                    const bool shown = IsWhole(reply);
-                    if (shown) {
-                        document.SetInnerHtml("sms_ul",
-                                              ConversationsFragment(reply.list.conversations),
-                                              HtmlScroll::top);
-                    }
-                    return Loaded{reply.outcome, shown, db};
-                },
-                [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
+    load_.Start(
+        [this] { frame_->SetState(ListState::loading); },
+        [port = agentPort_, attribution = attribution_, frame = frame_,
+         document = view_->Document()](const LoadProgress& progress) {
+            const ConversationListReply reply =
+                FetchConversations(AgentSession(port), attribution, ProgressTo(progress, frame));
+            const bool shown = IsWhole(reply);
+            if (shown) {
+                document.SetInnerHtml("sms_ul", ConversationsFragment(reply.list.conversations),
+                                      HtmlScroll::top);
+            }
+            return Loaded{reply.outcome, shown};
+        },
+        [this](const Loaded& loaded) { ShowLoaded(loaded); });
 }
 
-void CSmsPage::ShowLoaded(Loaded&& loaded) {
-    phoneDb_ = std::move(loaded.phoneDb);
+void CSmsPage::ShowLoaded(const Loaded& loaded) {
     const bool connected = loaded.outcome != SessionOutcome::connectFailed;
     if (!connected) {
         ShowConnectError(Host());

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "agent/Wire.h"
-#include "refdata/PhoneDb.h"
+#include "refdata/NumberAttribution.h"
 #include "ui/HtmlCtrl.h"
 #include "ui/Page.h"
 #include "ui/PageLoad.h"
@@ -40,16 +39,14 @@ class CSmsPage : public Page, private HtmlListener {
     void Compose(std::uint32_t conversation);
 
   private:
-    // The number data, made by the first worker that needs it and kept as long as the page.
-    using PhoneDb = std::shared_ptr<const CPhoneDb>;
     struct Loaded;
 
     void OnAppCmd(const std::string& text) override;
-    void ShowLoaded(Loaded&& loaded);
+    void ShowLoaded(const Loaded& loaded);
     void Delete(std::uint32_t conversation);
 
     std::uint16_t agentPort_;
-    PhoneDb phoneDb_;
+    AttributionOf attribution_ = MakeNumberAttribution();
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;

@@ -1,6 +1,10 @@
 // What stands beside a number, by its length and its leading digits.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
 #include "base/Text.h"
 #include "refdata/NumberAttribution.h"
 #include "tests/refdata/SmallPhoneDb.h"
@@ -263,6 +267,26 @@ TEST_F(NumberAttribution, PlacesComeWithTheirAreaCode) {
     EXPECT_EQ(ClassifyNumber("18612340000", db_).areaCode, 0);
     EXPECT_EQ(ClassifyNumber("10086", db_).areaCode, 0);
     EXPECT_EQ(ClassifyNumber("06001234567", db_).areaCode, 0);  // no area has code 600
+}
+
+// ---- the number data of one who asks -----------------------------------------------------------
+
+TEST(MakeNumberAttribution, ReadsTheNumberDataAtTheFirstCallAndSharesThemWithItsCopies) {
+    const ScratchDirectory scratch;
+    ASSERT_EQ(::setenv("TMPDIR", scratch.Path().c_str(), 1), 0);
+    const std::filesystem::path file = scratch.Path() / "phone.db";
+
+    const AttributionOf first = MakeNumberAttribution();
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(first("13901012345"), Ansi(u8"北京"));
+    EXPECT_TRUE(std::filesystem::remove(file));
+
+    const AttributionOf copy = first;
+    std::thread([&copy] { EXPECT_EQ(copy("10086"), Ansi(u8"中国移动")); }).join();
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(MakeNumberAttribution()("13901012345"), Ansi(u8"北京"));
+    EXPECT_TRUE(std::filesystem::exists(file));
+    ::unsetenv("TMPDIR");
 }
 
 }  // namespace
