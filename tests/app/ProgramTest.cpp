@@ -67,14 +67,12 @@ class Program : public WidgetTest {
     }
     // Waits until a started program can be found and its adb command hangs.
     void WaitUntilUp() const {
-        ASSERT_TRUE(WaitFor(
-            [&] {
-                return !QDir(Runtime())
-                            .entryList({QStringLiteral("Quorvi*")}, QDir::System | QDir::AllEntries)
-                            .isEmpty() &&
-                       !ProcessesWith(Mark()).empty();
-            },
-            kStartLimitMs));
+        ASSERT_TRUE(WaitFor([&] {
+            return !QDir(Runtime())
+                        .entryList({QStringLiteral("Quorvi*")}, QDir::System | QDir::AllEntries)
+                        .isEmpty() &&
+                   !ProcessesWith(Mark()).empty();
+        }));
     }
 };
 

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QTest>
-#include <functional>
 
+#include "tests/ui/WaitFor.h"
 #include "ui/Look.h"
 
 namespace quorvi {
@@ -15,8 +13,6 @@ namespace quorvi {
 // Makes the process's one QApplication at the first test that needs it.
 class WidgetTest : public ::testing::Test {
   protected:
-    static constexpr int kPatienceMs = 5000;
-
     WidgetTest() { Application(); }
 
     static QApplication& Application() {
@@ -29,20 +25,6 @@ class WidgetTest : public ::testing::Test {
             return made;
         }();
         return *application;
-    }
-
-    // Runs the window's thread until `reached` holds; false when it does not in good time.
-    [[nodiscard]] static bool WaitFor(const std::function<bool()>& reached,
-                                      int patienceMs = kPatienceMs) {
-        QElapsedTimer timer;
-        timer.start();
-        while (!reached()) {
-            if (timer.elapsed() > patienceMs) {
-                return false;
-            }
-            QTest::qWait(1);
-        }
-        return true;
     }
 
     // Lets all that is posted happen.

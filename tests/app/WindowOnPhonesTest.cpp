@@ -12,7 +12,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kLinkLimitMs = 30000;
 constexpr int kConnect = 1215;
 
 // The window's face, which notes that nothing of the procedure runs any more.
@@ -63,7 +62,7 @@ class WindowOnPhones : public MainDlgTest {
         return environment;
     }
     [[nodiscard]] bool WaitForEnd() {
-        const bool ended = WaitFor([this] { return face_->ended.load(); }, kLinkLimitMs);
+        const bool ended = WaitFor([this] { return face_->ended.load(); });
         Settle();
         return ended;
     }
@@ -72,12 +71,11 @@ class WindowOnPhones : public MainDlgTest {
     }
     // Opens with as many rows as there are phones.
     [[nodiscard]] QAbstractItemView* WaitForRows(int rows) const {
-        if (!WaitFor([&] { return Manager() != nullptr; }, kLinkLimitMs)) {
+        if (!WaitFor([&] { return Manager() != nullptr; })) {
             return nullptr;
         }
         auto* list = Manager()->findChild<QAbstractItemView*>();
-        const bool filled =
-            WaitFor([&] { return list->model()->rowCount() == rows; }, kLinkLimitMs);
+        const bool filled = WaitFor([&] { return list->model()->rowCount() == rows; });
         return filled ? list : nullptr;
     }
 };

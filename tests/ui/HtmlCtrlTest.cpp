@@ -74,7 +74,7 @@ class HtmlCtrl : public testing::Test {
         QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
         view.LoadFromText(Ansi(u8"<body><div id=block></div></body>"));
         view.show();
-        EXPECT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+        EXPECT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
         return view;
     }
 
@@ -127,7 +127,7 @@ TEST_F(HtmlCtrl, DashboardSaysNotConnectedBeforeTheFirstRefresh) {
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     view.LoadFromResource(kDashboardTemplate);
     view.show();
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("manufacturer")), ToQString(u8"未连接"));
     // The pictures and the style sheet beside the template are there.
     EXPECT_GT(Ask(QStringLiteral("document.querySelector('.phone').naturalWidth")).toInt(), 0);
@@ -149,7 +149,7 @@ TEST_F(HtmlCtrl, WhatIsSetBeforeTheDocumentStandsIsSetWhenItDoes) {
     view.SetInnerHtml("block", "hidden");
     view.show();
     view.SetInnerHtml("block", "loading");
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("loading"));
 }
 
@@ -214,7 +214,7 @@ TEST_F(HtmlCtrl, TextBeyondTwoMegabytesLoads) {
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     view.LoadFromText("<body><i id=last></i><p>" + std::string(3'000'000, 'x') + "</p></body>");
     view.show();
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
     EXPECT_EQ(Ask(QStringLiteral("document.querySelector('p').innerText.length")).toInt(),
               3'000'000);
 }
@@ -229,7 +229,7 @@ TEST_P(PrivateLink, IsHandedOnAsText) {
     CHtmlCtrlFix& view = ShowBlock();
     view.SetInnerHtml("block", "<a href=\"" + std::string(GetParam().first) + "\">link</a>");
     Click(QStringLiteral("a"));
-    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(owner_.commands, std::vector{Ansi(GetParam().second)});
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
@@ -248,17 +248,17 @@ TEST_F(HtmlCtrl, SpaceOpensTheLinkThatTheTabKeyHasReached) {
     view.SetInnerHtml("block", "<a href='qvh:1'>one</a> <a href='qvh:2'>two</a>");
     view.activateWindow();
     view.setFocus();
-    ASSERT_TRUE(WaitForHtml([&] { return Ask(QStringLiteral("document.hasFocus()")).toBool(); }));
+    ASSERT_TRUE(WaitFor([&] { return Ask(QStringLiteral("document.hasFocus()")).toBool(); }));
     QWidget* keys = view.Browser()->focusProxy();
     for (const char* id : {"1", "2"}) {
         QTest::keyClick(keys, Qt::Key_Tab);
-        ASSERT_TRUE(WaitForHtml([&] {
+        ASSERT_TRUE(WaitFor([&] {
             return Ask(QStringLiteral("document.activeElement?.href")).toString() ==
                    QStringLiteral("qvh:") + QLatin1String(id);
         }));
     }
     QTest::keyClick(keys, Qt::Key_Space);
-    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(owner_.commands, std::vector<std::string>{"2"});
 }
 
@@ -269,7 +269,7 @@ TEST_F(HtmlCtrl, SpaceScrollsWhereNoLinkHasTheFocus) {
     view.setFocus();
     Ask(QStringLiteral("0"));
     QTest::keyClick(view.Browser()->focusProxy(), Qt::Key_Space);
-    EXPECT_TRUE(WaitForHtml([&] { return Ask(QStringLiteral("window.scrollY")).toInt() > 100; }));
+    EXPECT_TRUE(WaitFor([&] { return Ask(QStringLiteral("window.scrollY")).toInt() > 100; }));
 }
 
 TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
@@ -287,12 +287,12 @@ TEST_F(HtmlCtrl, LinkToABlankPageDoesNotLastingWipeTheView) {
     view.LoadFromResource(kContactTemplate);
     view.SetInnerHtml("block", "<a href='about:blank'>link</a><i>kept</i>");
     view.show();
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
     QSignalSpy moved(view.Browser(), &QWebEngineView::urlChanged);
     Click(QStringLiteral("a"));
-    ASSERT_TRUE(WaitForHtml([&] { return moved.count() >= 2; }));
+    ASSERT_TRUE(WaitFor([&] { return moved.count() >= 2; }));
     EXPECT_EQ(view.Browser()->url(), TemplateUrl(kContactTemplate));
-    EXPECT_TRUE(WaitForHtml([&] {
+    EXPECT_TRUE(WaitFor([&] {
         return Ask(QStringLiteral("document.querySelector('i')?.innerText")).toString() ==
                QStringLiteral("kept");
     }));
@@ -308,8 +308,8 @@ TEST_F(HtmlCtrl, DocumentComesBackWhenItsRendererIsKilled) {
     QSignalSpy gone(view.Browser()->page(), &QWebEnginePage::renderProcessTerminated);
     QSignalSpy loaded(view.Browser()->page(), &QWebEnginePage::loadFinished);
     kill(renderer, SIGKILL);
-    ASSERT_TRUE(WaitForHtml([&] { return gone.count() == 1; }));
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() >= 1; }));
+    ASSERT_TRUE(WaitFor([&] { return gone.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("<i>kept</i>"));
 }
 
@@ -319,7 +319,7 @@ TEST_F(HtmlCtrl, LocalViewsShareOneRenderer) {
     QSignalSpy loaded(&second, &CHtmlCtrlBase::documentLoaded);
     second.LoadFromResource(kConversationsTemplate);
     second.show();
-    ASSERT_TRUE(WaitForHtml([&] { return loaded.count() == 1; }));
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
     EXPECT_EQ(first.Browser()->page()->renderProcessPid(),
               second.Browser()->page()->renderProcessPid());
 }
@@ -348,7 +348,7 @@ TEST_P(HostileFragment, RunsNothingFetchesNothingAndStaysInTheView) {
     const bool clicked = fragment.contains(QStringLiteral("id=hit"));
     for (std::size_t i = 0; clicked && i < std::size(clicks); ++i) {
         // A view that was wiped by the click before comes back first.
-        ASSERT_TRUE(WaitForHtml([&] {
+        ASSERT_TRUE(WaitFor([&] {
             return Ask(QStringLiteral("document.querySelector('#hit') !== null")).toBool();
         }));
         Click(QStringLiteral("#hit"), clicks[i].first, clicks[i].second);
@@ -357,11 +357,11 @@ TEST_P(HostileFragment, RunsNothingFetchesNothingAndStaysInTheView) {
     QTest::qWait(kGrace);
     EXPECT_EQ(server_.connections, 0);
     EXPECT_TRUE(owner_.commands.empty());
-    EXPECT_TRUE(WaitForHtml([&] {
+    EXPECT_TRUE(WaitFor([&] {
         return view.Browser()->url().adjusted(QUrl::RemoveFragment) == BlankTemplateUrl();
     }));
     // A script that had run would have left its mark in the document, which all worlds share.
-    EXPECT_TRUE(WaitForHtml([&] {
+    EXPECT_TRUE(WaitFor([&] {
         return Ask(QStringLiteral("document.querySelector('b')?.innerText")).toString() ==
                QStringLiteral("shown");
     }));
@@ -459,7 +459,7 @@ class WebView : public HtmlCtrl {
     void Visit(const std::function<void()>& go) {
         QSignalSpy loaded(view_->Browser()->page(), &QWebEnginePage::loadFinished);
         go();
-        EXPECT_TRUE(WaitForHtml([&] { return loaded.count() >= 1; }));
+        EXPECT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
     }
     QString Path() const { return view_->Browser()->url().path(); }
 };
@@ -470,9 +470,9 @@ TEST_F(WebView, GoesBackAndHome) {
     Visit([&] { view.Navigate2(QUrl(server_.Url(QStringLiteral("second")))); });
     EXPECT_EQ(Path(), QStringLiteral("/second"));
     view.GoBack();
-    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/first"); }));
+    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/first"); }));
     view.GoHome();
-    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/home"); }));
+    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/home"); }));
 }
 
 TEST_F(WebView, PostsWhatItIsGiven) {
@@ -485,7 +485,7 @@ TEST_F(WebView, PostsWhatItIsGiven) {
 TEST_F(WebView, PrivateLinkOfASiteIsHandedOnAndTheSiteStays) {
     Open("<a id=hit href='qvh:com.example.apk'>get</a>");
     Click(QStringLiteral("#hit"));
-    ASSERT_TRUE(WaitForHtml([&] { return !owner_.commands.empty(); }));
+    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(owner_.commands, std::vector<std::string>{"com.example.apk"});
     EXPECT_EQ(Path(), QStringLiteral("/first"));
 }
@@ -493,7 +493,7 @@ TEST_F(WebView, PrivateLinkOfASiteIsHandedOnAndTheSiteStays) {
 TEST_F(WebView, NewWindowOfASiteOpensInTheSameView) {
     Open("<a id=hit target=_blank href='/other'>x</a>");
     Click(QStringLiteral("#hit"));
-    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/other"); }));
+    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/other"); }));
 }
 
 TEST_F(WebView, SiteLeadsToNoOtherScheme) {
@@ -510,13 +510,13 @@ TEST_F(WebView, SiteThatDoesNotAnswerGivesWayToATemplateAndBackLeadsBeforeIt) {
     const QUrl nobody(QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort()));
     closed.close();
     view.Navigate2(nobody);
-    ASSERT_TRUE(WaitForHtml([&] { return view.Browser()->url() == TemplateUrl(663); }));
-    EXPECT_TRUE(WaitForHtml([&] {
+    ASSERT_TRUE(WaitFor([&] { return view.Browser()->url() == TemplateUrl(663); }));
+    EXPECT_TRUE(WaitFor([&] {
         return Ask(QStringLiteral("document.querySelector('h1')?.innerText")).toString() ==
                ToQString(u8"网页打不开");
     }));
     view.GoBack();
-    EXPECT_TRUE(WaitForHtml([&] { return Path() == QStringLiteral("/first"); }));
+    EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/first"); }));
 }
 
 TEST_F(WebView, LocalViewGoesToNoUrl) {

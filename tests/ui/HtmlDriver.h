@@ -3,30 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include <QDeadlineTimer>
 #include <QTest>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
 #include <QWebEngineView>
-#include <functional>
 
+#include "tests/ui/WaitFor.h"
 #include "ui/HtmlCtrl.h"
 
 namespace quorvi {
-
-inline constexpr int kHtmlPatience = 30'000;  // ms: the machine may be busy
-
-// In short turns: the browser posts events without end, and one long turn would not come back.
-[[nodiscard]] inline bool WaitForHtml(const std::function<bool()>& met) {
-    const QDeadlineTimer patience(kHtmlPatience);
-    while (!met()) {
-        if (patience.hasExpired()) {
-            return false;
-        }
-        QTest::qWait(2);
-    }
-    return true;
-}
 
 // What a script of the program's own gives back.
 [[nodiscard]] inline QVariant AskHtml(const CHtmlCtrlBase& view, const QString& script) {
@@ -37,7 +22,7 @@ inline constexpr int kHtmlPatience = 30'000;  // ms: the machine may be busy
                                               answer = value;
                                               answered = true;
                                           });
-    EXPECT_TRUE(WaitForHtml([&] { return answered; }));
+    EXPECT_TRUE(WaitFor([&] { return answered; }));
     return answer;
 }
 
