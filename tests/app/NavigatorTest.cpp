@@ -15,22 +15,17 @@ class Navigator : public MainDlgTest {
   protected:
     void SetUp() override { MakeWindow(); }
 
-    [[nodiscard]] QTabBar& Tabs() const {
-        return *window_->findChild<QTabBar*>(QStringLiteral("tabs"));
-    }
-    [[nodiscard]] QListWidget& Items() const {
-        return *window_->findChild<QListWidget*>(QStringLiteral("navigation"));
-    }
+    [[nodiscard]] QTabBar& Tabs() const { return TabsOf(*window_); }
+    [[nodiscard]] QListWidget& Items() const { return ItemsOf(*window_); }
     [[nodiscard]] QLineEdit& Search() const {
         return *window_->findChild<QLineEdit*>(QStringLiteral("search"));
     }
     void ClickTab(int tab) {
-        QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(tab).center());
+        quorvi::ClickTab(*window_, tab);
         Settle();
     }
     void ClickItem(int item) {
-        QTest::mouseClick(Items().viewport(), Qt::LeftButton, {},
-                          Items().visualItemRect(Items().item(item)).center());
+        quorvi::ClickItem(*window_, item);
         Settle();
     }
     [[nodiscard]] std::vector<QString> Captions() const {
