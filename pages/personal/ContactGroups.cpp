@@ -78,7 +78,7 @@ void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names) {
         if (!title || cursor.Overran()) {
             return;
         }
-        names[id] = std::move(*title);
+        names.emplace(id, std::move(*title));
     } while (!cursor.AtEnd());
 }
 
@@ -94,23 +94,30 @@ bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members) {
         if (cursor.Overran()) {
             return true;
         }
-        members[id][std::move(*name)] = std::move(number);
+        members[id].emplace(std::move(*name), std::move(number));
     } while (!cursor.AtEnd());
     return true;
 }
 
-GroupTree FetchGroupTree(const AgentSession& session) {
+GroupTree ReadGroupTree(const PayloadReply& names, const PayloadReply& members) {
     GroupTree tree;
     tree.names = InitialGroupNames();
-    const PayloadReply names = session.RunPayload(BareRequest(AgentCommand::listGroupNames));
     if (names.HasPayload()) {
         ReadGroupNames(names.buffer, tree.names);
     }
-    const PayloadReply members = session.RunPayload(BareRequest(AgentCommand::listGroupMembers));
-    tree.complete = members.HasPayload() && ReadGroupMembers(members.buffer, tree.members);
     tree.connected = names.outcome != SessionOutcome::connectFailed &&
                      members.outcome != SessionOutcome::connectFailed;
+    tree.complete =
+        tree.connected && members.HasPayload() && ReadGroupMembers(members.buffer, tree.members);
     return tree;
+}
+
+GroupTree FetchGroupTree(const AgentSession& session) {
+    const PayloadReply names = session.RunPayload(BareRequest(AgentCommand::listGroupNames));
+    return ReadGroupTree(names,
+                         names.outcome == SessionOutcome::connectFailed
+                             ? PayloadReply()
+                             : session.RunPayload(BareRequest(AgentCommand::listGroupMembers)));
 }
 
 }  // namespace quorvi

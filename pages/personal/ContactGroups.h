@@ -61,12 +61,17 @@ using GroupNames = std::map<std::int32_t, std::string>;
 // The names as they stand before the phone is asked: the entry of kNoGroup alone.
 [[nodiscard]] GroupNames InitialGroupNames();
 
-// Adds what the reply of command 870120 holds. A title of AbsentMark ends the reading.
+// Adds what the reply of command 870120 holds; an id that is there keeps its title. A title of
+// AbsentMark ends the reading.
 void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names);
 
-// From a group's id to its members, from name to number. Of two records with the same group and
-// name the later one's number stays.
+// From a group's id to its members, from name to number.
 using GroupMembers = std::map<std::int32_t, std::map<std::string, std::string>>;
+
+// Adds what the reply of command 870150 holds. A contact with several numbers comes as several
+// records, and keeps the first: it is the one that the contacts list shows. False when a name of
+// AbsentMark ended the reading: the tree is not built then.
+[[nodiscard]] bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members);
 
 // Who is in which group, as the composer's tree shows it.
 struct GroupTree {
@@ -76,12 +81,12 @@ struct GroupTree {
     GroupMembers members;
 };
 
-// The two sessions that read it, names first. A phone without members gives a tree that is not to
-// be built. Any thread.
-[[nodiscard]] GroupTree FetchGroupTree(const AgentSession& session);
+// Of the replies of commands 870120 and 870150. The tree is to be built when the phone was found
+// for both and has members; without names, its groups have none.
+[[nodiscard]] GroupTree ReadGroupTree(const PayloadReply& names, const PayloadReply& members);
 
-// Adds what the reply of command 870150 holds. False when a name of AbsentMark ended the reading:
-// the tree is not built then.
-[[nodiscard]] bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members);
+// The two sessions that read it, names first; the second is left out when the first finds no phone.
+// Any thread.
+[[nodiscard]] GroupTree FetchGroupTree(const AgentSession& session);
 
 }  // namespace quorvi
