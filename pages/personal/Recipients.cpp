@@ -73,13 +73,14 @@ std::vector<RecipientGroup> RecipientTree(const GroupNames& names, const GroupMe
 }
 
 std::string RecipientOfNode(std::string_view text) {
-    const std::size_t open = text.find('[');
-    if (open == std::string_view::npos) {
+    const std::string utf8 = ToUtf8(text);
+    const std::size_t open = utf8.find('[');
+    if (open == std::string::npos) {
         return RecipientEntry(text, {});
     }
-    const std::string_view number = text.substr(open + 1);
-    const std::size_t close = number.rfind(']');
-    return RecipientEntry(text.substr(0, open), number.substr(0, close));
+    const std::string number = utf8.substr(open + 1);
+    return RecipientEntry(ToAnsi(utf8.substr(0, open)),
+                          ToAnsi(number.substr(0, number.rfind(']'))));
 }
 
 }  // namespace quorvi

@@ -74,6 +74,14 @@ TEST(RecipientTree, AGroupWithoutMembersGetsNoNodeAndOneWithoutTitleAnEmptyOne) 
     EXPECT_EQ(tree[0].text, " [1]");
 }
 
+TEST(RecipientTree, NamesStandInTheOrderOfTheirAnsiBytes) {
+    const GroupMembers members{
+        {1, {{Ansi(u8"一"), "1"}, {Ansi(u8"阿"), "2"}, {"z", "3"}, {"Z", "4"}}}};
+    const auto tree = RecipientTree({}, members);
+    ASSERT_EQ(tree.size(), 1u);
+    EXPECT_EQ(tree[0].members, (Numbers{"Z [4]", "z [3]", Ansi(u8"阿 [2]"), Ansi(u8"一 [1]")}));
+}
+
 TEST(RecipientTree, AContactInTwoGroupsShowsTwice) {
     const auto tree = RecipientTree({}, kMembers);
     ASSERT_EQ(tree.size(), 3u);
@@ -86,6 +94,17 @@ TEST(RecipientOfNode, ReadsNameAndNumberBackWithTheBlankBehindTheName) {
 
 TEST(RecipientOfNode, ABracketInANameCutsTheName) {
     EXPECT_EQ(RecipientOfNode("Lin[work] [138]"), "\"Lin\" <work] [138>;");
+}
+
+TEST(RecipientOfNode, AClosingBracketInANameOrNumberCutsNothing) {
+    EXPECT_EQ(RecipientOfNode("Lin] [138]"), "\"Lin] \" <138>;");
+    EXPECT_EQ(RecipientOfNode("Lin [1]38]"), "\"Lin \" <1]38>;");
+}
+
+TEST(RecipientOfNode, AByteOfAChineseCharacterIsNoBracket) {
+    const std::string name = Ansi(u8"王嘯天");
+    ASSERT_NE(name.find('['), std::string::npos);
+    EXPECT_EQ(RecipientOfNode(name + " [138]"), "\"" + name + " \" <138>;");
 }
 
 TEST(RecipientOfNode, TextWithoutBracketsHasNoNumber) {
