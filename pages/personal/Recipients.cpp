@@ -1,9 +1,41 @@
 #include "pages/personal/Recipients.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/Text.h"
 
 namespace quorvi {
 namespace {
+
+constexpr char kSeparator = ';';
+// What separates the numbers of lists elsewhere.
+constexpr std::array<std::u8string_view, 7> kForeignSeparators{u8"\r", u8"\n", u8"\t", u8",",
+                                                               u8"，", u8"；", u8"、"};
+
+// Blanks and separators at the start of a text.
+struct Gap {
+    std::size_t length = 0;
+    bool foreign = false;  // with a foreign separator among them
+};
+
+Gap GapAt(std::u8string_view text) {
+    Gap gap;
+    for (;;) {
+        const std::u8string_view rest = text.substr(gap.length);
+        const auto foreign =
+            std::find_if(kForeignSeparators.begin(), kForeignSeparators.end(),
+                         [&](std::u8string_view mark) { return rest.starts_with(mark); });
+        if (foreign != kForeignSeparators.end()) {
+            gap.length += foreign->size();
+            gap.foreign = true;
+        } else if (rest.starts_with(u8' ') || rest.starts_with(char8_t{kSeparator})) {
+            ++gap.length;
+        } else {
+            return gap;
+        }
+    }
+}
 
 std::string_view Compared(std::string_view number) {
     return number.size() > kComparedNumberCharacters
@@ -34,7 +66,7 @@ std::string RecipientEntry(std::string_view name, std::string_view number) {
 
 std::vector<std::string> RecipientNumbers(std::string_view field) {
     std::vector<std::string> numbers;
-    for (const std::string_view part : SplitAt(field, ';')) {
+    for (const std::string_view part : SplitAt(field, kSeparator)) {
         if (part.empty()) {
             break;
         }
@@ -43,8 +75,32 @@ std::vector<std::string> RecipientNumbers(std::string_view field) {
     return numbers;
 }
 
+std::string WithOwnSeparators(std::string_view typed) {
+    const std::string utf8 = ToUtf8(typed);
+    std::u8string_view rest(reinterpret_cast<const char8_t*>(utf8.data()), utf8.size());
+    std::string own;
+    char closes = 0;  // what ends the quotes or brackets that are open
+    while (!rest.empty()) {
+        const Gap gap = closes == 0 ? GapAt(rest) : Gap();
+        const std::size_t taken = std::max<std::size_t>(gap.length, 1);
+        const char c = static_cast<char>(rest.front());
+        if (!gap.foreign) {
+            own.append(rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(taken));
+        } else if (!own.empty()) {
+            own += kSeparator;
+        }
+        if (closes == 0) {
+            closes = c == '"' ? '"' : c == '<' ? '>' : '\0';
+        } else if (c == closes) {
+            closes = 0;
+        }
+        rest.remove_prefix(taken);
+    }
+    return ToAnsi(own);
+}
+
 std::optional<std::string> ResolveRecipient(std::string_view typed, const GroupMembers& members) {
-    if (typed.empty()) {
+    if (typed.empty() || typed.find(kSeparator) != std::string_view::npos) {
         return std::nullopt;
     }
     for (const auto& [group, people] : members) {

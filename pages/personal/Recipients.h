@@ -23,9 +23,16 @@ inline constexpr std::size_t kComparedNumberCharacters = 11;
 // between its first "<" and the ">" behind it (or its end, where there is none), else the whole.
 [[nodiscard]] std::vector<std::string> RecipientNumbers(std::string_view field);
 
+// The field as a user types and pastes it, with the separators of lists elsewhere (line breaks,
+// tabs, commas, full-width marks) turned into the field's own. Where one of them stands, the blanks
+// and separators around it go with it, so that no part comes out empty. What stands in quotes or
+// angle brackets is left alone, and so is a text that has none of them.
+[[nodiscard]] std::string WithOwnSeparators(std::string_view typed);
+
 // The entry that takes the place of a typed number: that of the first member, group by group in the
 // order of the tree, whose number equals it, with the number as it was typed. Nothing when there is
-// none, or nothing is typed.
+// none, or nothing is typed. A text with a separator is several entries and no number: it would
+// come to stand in one pair of angle brackets, and be cut into numbers that nobody typed.
 [[nodiscard]] std::optional<std::string> ResolveRecipient(std::string_view typed,
                                                           const GroupMembers& members);
 

@@ -64,6 +64,7 @@ CSmsComposeDlg::CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidg
     BuildControls();
     connect(view_, &CHtmlCtrlBase::documentLoaded, this,
             [this] { PostToWindow(this, [this] { OnMessage(Message::documentLoaded, 0); }); });
+    connect(recipients_, &QLineEdit::textEdited, this, &CSmsComposeDlg::TidyTyped);
     connect(recipients_, &QLineEdit::textChanged, this, [this] { ResolveRecipient(); });
     connect(text_, &QPlainTextEdit::textChanged, this, &CSmsComposeDlg::ShowLength);
     connect(tree_, &CSkinTree::ticksChanged, this, &CSmsComposeDlg::TakeTicked);
@@ -203,6 +204,17 @@ void CSmsComposeDlg::ShowTree(GroupTree&& tree) {
 }
 
 // ---- recipients --------------------------------------------------------------------------------
+
+void CSmsComposeDlg::TidyTyped(const QString& text) {
+    const std::string typed = FromQString(text);
+    const std::string tidy = WithOwnSeparators(typed);
+    if (tidy != typed) {
+        const std::string beforeCursor = FromQString(text.left(recipients_->cursorPosition()));
+        recipients_->setText(ToQString(tidy));
+        recipients_->setCursorPosition(
+            static_cast<int>(ToQString(WithOwnSeparators(beforeCursor)).size()));
+    }
+}
 
 void CSmsComposeDlg::ResolveRecipient() {
     if (resolving_) {

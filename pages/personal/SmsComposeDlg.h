@@ -39,6 +39,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     void ShowConversation(SessionOutcome outcome, bool shown, const std::string& party);
     void ReadTree();
     void ShowTree(GroupTree&& tree);
+    void TidyTyped(const QString& text);
     void ResolveRecipient();
     void TakeTicked();
     void ShowLength();

@@ -33,6 +33,42 @@ TEST(RecipientNumbers, AnAngleThatIsNotClosedGivesWhatIsBehindIt) {
     EXPECT_EQ(RecipientNumbers("\"Lin\" <138"), Numbers{"138"});
 }
 
+TEST(RecipientNumbers, ABlankBehindASeparatorBelongsToTheNumber) {
+    EXPECT_EQ(RecipientNumbers("138; 139"), (Numbers{"138", " 139"}));
+}
+
+TEST(RecipientNumbers, ASemicolonInANameCutsItsEntryInTwo) {
+    EXPECT_EQ(RecipientNumbers("\"Lin; work\" <138>;"), (Numbers{"\"Lin", "138"}));
+}
+
+TEST(RecipientNumbers, AnAngleInANameIsTakenForTheNumbers) {
+    EXPECT_EQ(RecipientNumbers("\"L<in\" <138>;"), Numbers{"in\" <138"});
+    EXPECT_EQ(RecipientNumbers("\"L>in\" <138>;"), Numbers{"138"});
+}
+
+TEST(RecipientNumbers, AQuoteInANameIsNoDifference) {
+    EXPECT_EQ(RecipientNumbers("\"Lin \"Boss\"\" <138>;"), Numbers{"138"});
+}
+
+TEST(WithOwnSeparators, ListsFromElsewhereComeToBeSplitAtSemicolons) {
+    EXPECT_EQ(WithOwnSeparators("138\n139\r\n140\t141,142"), "138;139;140;141;142");
+    EXPECT_EQ(WithOwnSeparators(Ansi(u8"138；139，140、141")), "138;139;140;141");
+}
+
+TEST(WithOwnSeparators, NoPartComesOutEmpty) {
+    EXPECT_EQ(WithOwnSeparators("\n138 ,\r\n ;139;\n"), "138;139;");
+}
+
+TEST(WithOwnSeparators, AFieldWithoutForeignOnesStaysAsItIs) {
+    EXPECT_EQ(WithOwnSeparators("138;; 139 "), "138;; 139 ");
+    EXPECT_EQ(WithOwnSeparators(""), "");
+}
+
+TEST(WithOwnSeparators, NamesAndNumbersInTheirMarksStayAsTheyAre) {
+    EXPECT_EQ(WithOwnSeparators("\"Lin, Yu\" <1,38>;139,140"), "\"Lin, Yu\" <1,38>;139;140");
+    EXPECT_EQ(WithOwnSeparators("\"Lin, Y"), "\"Lin, Y");  // still being typed
+}
+
 TEST(ResolveRecipient, ANumberThatAContactHasTurnsIntoItsEntry) {
     EXPECT_EQ(ResolveRecipient("13512340098", kMembers), "\"Gu\" <13512340098>;");
 }
@@ -50,6 +86,16 @@ TEST(ResolveRecipient, AShorterNumberHasToMatchInWhole) {
 
 TEST(ResolveRecipient, NothingTypedFindsNobodyEvenWithoutANumber) {
     EXPECT_EQ(ResolveRecipient("", {{1, {{"Nobody", ""}}}}), std::nullopt);
+}
+
+TEST(ResolveRecipient, SeveralEntriesAreNoNumber) {
+    EXPECT_EQ(ResolveRecipient("10010;13512340098", kMembers), std::nullopt);
+    EXPECT_EQ(ResolveRecipient("\"Lin\" <138>;13512340098", kMembers), std::nullopt);
+}
+
+TEST(ResolveRecipient, TheFirstMemberGroupByGroupIsTheOne) {
+    const GroupMembers members{{kNoGroup, {{"z", "1"}}}, {4, {{"a", "1"}}}};
+    EXPECT_EQ(ResolveRecipient("1", members), "\"z\" <1>;");
 }
 
 TEST(ResolveRecipient, AnEntryInTheFieldIsNotResolvedAgain) {

@@ -1,3 +1,5 @@
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -193,6 +195,23 @@ TEST_F(Composer, AShorterNumberHasToMatchInWhole) {
     EXPECT_EQ(Recipients().text(), QStringLiteral("0010"));
     Recipients().setText(QStringLiteral("10010"));
     EXPECT_EQ(Recipients().text(), ToQString(u8"\"顾晓棠\" <10010>;"));
+}
+
+TEST_F(Composer, ASecondNumberTypedBehindAnEntryIsAnEntryOfItsOwn) {
+    OpenLoaded();
+    QTest::keyClicks(&Recipients(), QStringLiteral("1386123456715951230456"));
+    EXPECT_EQ(RecipientNumbers(FromQString(Recipients().text())),
+              (std::vector<std::string>{"13861234567", "15951230456"}));
+}
+
+TEST_F(Composer, APastedListOfNumbersIsSplitAtSemicolons) {
+    OpenLoaded();
+    QGuiApplication::clipboard()->setText(ToQString(u8"111\r\n222；333\n"));
+    Recipients().setText(QStringLiteral("000;444"));
+    Recipients().setCursorPosition(4);
+    Recipients().paste();
+    EXPECT_EQ(Recipients().text(), QStringLiteral("000;111;222;333;444"));
+    EXPECT_EQ(Recipients().cursorPosition(), 16);
 }
 
 TEST_F(Composer, TicksRebuildTheRecipientsFromNothing) {
