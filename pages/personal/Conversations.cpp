@@ -40,8 +40,7 @@ ConversationList ParseConversations(const ReplyBuffer& reply, const AttributionO
         conversation.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
         auto name = cursor.TakeText();
         if (!name) {
-            list.endedByAbsentName = true;
-            return list;
+            return {.conversations = {}, .endedByAbsentName = true};
         }
         conversation.name = std::move(*name);
         conversation.number = cursor.TakeTextOrEmpty();
@@ -121,8 +120,7 @@ ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
         message.incoming = cursor.TakeUInt32() == 1;
         auto address = cursor.TakeText();
         if (!address) {
-            conversation.endedByAbsentAddress = true;
-            return conversation;
+            return {.messages = {}, .endedByAbsentAddress = true};
         }
         message.address = std::move(*address);
         message.date = TakeDate(cursor);

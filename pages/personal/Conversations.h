@@ -28,7 +28,8 @@ struct Conversation {
 
 struct ConversationList {
     std::vector<Conversation> conversations;
-    // A name of AbsentMark ended the reading: nothing of it is shown, the view stays as it was.
+    // A name of AbsentMark ended the reading: what was read before it is dropped, and the view
+    // stays as it was.
     bool endedByAbsentName = false;
 };
 
@@ -79,7 +80,7 @@ struct ConversationMessage {
 
 struct ConversationMessages {
     std::vector<ConversationMessage> messages;
-    // An address of AbsentMark ended the reading: nothing of it is shown.
+    // An address of AbsentMark ended the reading: what was read before it is dropped.
     bool endedByAbsentAddress = false;
 };
 

@@ -69,11 +69,13 @@ TEST_F(Conversations, ReadsEachFieldOfAConversation) {
     EXPECT_EQ(first.text, Ansi(u8"余额"));
 }
 
-TEST_F(Conversations, AnAbsentNameIsTold) {
+TEST_F(Conversations, AnAbsentNameDropsWhatWasReadBeforeIt) {
     WireBytes bytes = Start();
     AddConversation(bytes, 1, "A", "x");
     bytes.U64(2).Absent();
-    EXPECT_TRUE(Parse(bytes).endedByAbsentName);
+    const ConversationList list = Parse(bytes);
+    EXPECT_TRUE(list.endedByAbsentName);
+    EXPECT_TRUE(list.conversations.empty());
 }
 
 TEST_F(Conversations, ALengthThatPointsOutsideEndsTheRun) {
@@ -146,6 +148,25 @@ TEST(ConversationLinks, EveryOccurrenceOfTheWordIsCutOut) {
     EXPECT_EQ(link->id, 17u);
 }
 
+TEST(ConversationLinks, TheNumberIsReadAsFarAsItGoes) {
+    EXPECT_EQ(ReadConversationLink("vid= +17x")->id, 17u);
+    EXPECT_EQ(ReadConversationLink("did=")->id, 0u);
+    EXPECT_EQ(ReadConversationLink("did=x")->id, 0u);
+    EXPECT_EQ(ReadConversationLink("did=1did=7")->id, 17u);
+    EXPECT_EQ(ReadConversationLink("did=-1")->id, kNoConversation);
+    EXPECT_EQ(ReadConversationLink("vid=-2147483648")->id, 0x80000000u);
+}
+
+TEST(ConversationLinks, ANumberBeyond32BitsStaysAtTheNearestEnd) {
+    EXPECT_EQ(ReadConversationLink("vid=4294967294")->id, 0x7FFFFFFFu);
+    EXPECT_EQ(ReadConversationLink("vid=-99999999999")->id, 0x80000000u);
+}
+
+TEST(ConversationLinks, TheWordIsReadToTheLetter) {
+    EXPECT_FALSE(ReadConversationLink("VID=17"));
+    EXPECT_FALSE(ReadConversationLink("vid:17"));
+}
+
 TEST(ConversationLinks, AnyOtherBeginningDoesNothing) {
     EXPECT_FALSE(ReadConversationLink("uid=17"));
     EXPECT_FALSE(ReadConversationLink("vid"));
@@ -208,11 +229,44 @@ TEST_F(Conversations, ThePartyIsTheFirstMessagesAddressEvenIfItWentOut) {
     EXPECT_EQ(ConversationParty({}), "");
 }
 
-TEST_F(Conversations, AnAbsentAddressIsTold) {
+TEST_F(Conversations, AnAbsentAddressDropsWhatWasReadBeforeIt) {
     WireBytes bytes = Start();
     AddMessage(bytes, 1, "Lin", "x");
     bytes.U64(1).U32(1).Absent();
-    EXPECT_TRUE(ParseConversationMessages(bytes.Buffer()).endedByAbsentAddress);
+    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
+    EXPECT_TRUE(read.endedByAbsentAddress);
+    EXPECT_TRUE(read.messages.empty());
+}
+
+TEST_F(Conversations, AMessageWhoseLengthPointsOutsideEndsTheRun) {
+    WireBytes bytes = Start();
+    AddMessage(bytes, 1, "Lin", "x");
+    bytes.U64(1).U32(1).U32(0x10000).Raw("B");
+    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
+    EXPECT_EQ(read.messages.size(), 1u);
+    EXPECT_FALSE(read.endedByAbsentAddress);
+}
+
+TEST_F(Conversations, AMessagesDateOfZeroShowsTheLocalTimeOf1970) {
+    WireBytes bytes = Start();
+    bytes.U64(1).U32(1).Text("A").U64(0).U32(0).Text("x").U32(0);
+    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
+    ASSERT_EQ(read.messages.size(), 1u);
+    EXPECT_EQ(read.messages[0].date, "1970-01-01 08:00:00");
+}
+
+// A reply that was closed upon is parsed as far as it came.
+TEST_F(Conversations, WhatCameOfACutReplyIsShown) {
+    WireBytes bytes = Start();
+    AddConversation(bytes, 1, "A", "x");
+    const std::size_t came = bytes.Get().size();
+    AddConversation(bytes, 2, "B", "y");
+    ConversationListReply reply{SessionOutcome::cut,
+                                ParseConversations(bytes.CutAfter(came), Mark)};
+    EXPECT_EQ(reply.list.conversations.size(), 1u);
+    EXPECT_TRUE(IsWhole(reply));
+    reply.outcome = SessionOutcome::receiveFailed;
+    EXPECT_FALSE(IsWhole(reply));
 }
 
 }  // namespace
