@@ -1,6 +1,6 @@
 #include "pages/personal/OutgoingMessage.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "base/Text.h"
 
@@ -13,12 +13,24 @@ constexpr std::u32string_view kDefaultAlphabet =
     U"ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÑÜ§¿abcdefghijklmnopqrstuvwxyzäöñüà";
 constexpr std::u32string_view kExtensionTable = U"\f^{}\\[~]|€";
 
+// Units that a character takes in each alphabet; 0 where the alphabet lacks it.
+std::size_t DefaultWidth(char32_t point) {
+    return kDefaultAlphabet.find(point) != std::u32string_view::npos  ? 1
+           : kExtensionTable.find(point) != std::u32string_view::npos ? 2
+                                                                      : 0;
+}
+
+std::size_t Ucs2Width(char32_t point) {
+    return point > 0xFFFF ? 2 : 1;
+}
+
 struct Alphabet {
-    std::size_t single;  // characters of a message that stands alone
+    std::size_t single;  // units of a message that stands alone
     std::size_t joined;  // of each of several
+    std::size_t (*width)(char32_t point);
 };
-constexpr Alphabet kDefault{160, 153};
-constexpr Alphabet kUcs2{70, 67};
+constexpr Alphabet kDefault{160, 153, DefaultWidth};
+constexpr Alphabet kUcs2{70, 67, Ucs2Width};
 
 // Well-formed UTF-8 to code points.
 std::u32string CodePoints(std::string_view utf8) {
@@ -36,29 +48,6 @@ std::u32string CodePoints(std::string_view utf8) {
     return points;
 }
 
-// Characters in the default alphabet; nothing when it lacks one.
-std::optional<std::size_t> DefaultLength(std::u32string_view points) {
-    std::size_t length = 0;
-    for (const char32_t point : points) {
-        if (kDefaultAlphabet.find(point) != std::u32string_view::npos) {
-            length += 1;
-        } else if (kExtensionTable.find(point) != std::u32string_view::npos) {
-            length += 2;
-        } else {
-            return std::nullopt;
-        }
-    }
-    return length;
-}
-
-std::size_t Ucs2Length(std::u32string_view points) {
-    std::size_t length = 0;
-    for (const char32_t point : points) {
-        length += point > 0xFFFF ? 2 : 1;
-    }
-    return length;
-}
-
 }  // namespace
 
 Bytes SendMessageRequest(std::span<const std::string> numbers, std::string_view text) {
@@ -71,17 +60,26 @@ Bytes SendMessageRequest(std::span<const std::string> numbers, std::string_view 
 
 MessageLength MeasureMessage(std::string_view text) {
     const std::u32string points = CodePoints(ToUtf8(text));
-    const auto inDefault = DefaultLength(points);
-    const Alphabet alphabet = inDefault ? kDefault : kUcs2;
-    const std::size_t characters = inDefault ? *inDefault : Ucs2Length(points);
-    if (characters == 0) {
-        return {0, 0, alphabet.single};
+    const bool inDefault =
+        std::all_of(points.begin(), points.end(), [](char32_t p) { return DefaultWidth(p) != 0; });
+    const Alphabet& alphabet = inDefault ? kDefault : kUcs2;
+
+    std::size_t characters = 0;
+    std::size_t messages = 0;  // if it takes several
+    std::size_t left = 0;      // in the last of them
+    for (const char32_t point : points) {
+        const std::size_t width = alphabet.width(point);
+        characters += width;
+        if (width > left) {  // one that takes two is not cut in its middle
+            ++messages;
+            left = alphabet.joined;
+        }
+        left -= width;
     }
     if (characters <= alphabet.single) {
-        return {characters, 1, alphabet.single - characters};
+        return {characters, std::min<std::size_t>(messages, 1), alphabet.single - characters};
     }
-    const std::size_t messages = (characters + alphabet.joined - 1) / alphabet.joined;
-    return {characters, messages, messages * alphabet.joined - characters};
+    return {characters, messages, left};
 }
 
 }  // namespace quorvi

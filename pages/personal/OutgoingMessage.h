@@ -23,7 +23,8 @@ struct MessageLength {
 
 // Of an ANSI text. In the default alphabet of GSM 03.38 a message takes 160 characters (153 each
 // when there are several), those of its extension table counting twice; a text with any other
-// character goes out in UCS-2, 70 (67) code units a message.
+// character goes out in UCS-2, 70 (67) code units a message. A character that counts twice is never
+// cut in two by the end of a message.
 [[nodiscard]] MessageLength MeasureMessage(std::string_view text);
 
 }  // namespace quorvi

@@ -42,6 +42,40 @@ TEST(MessageLength, CharactersOfTheExtensionTableCountTwice) {
     EXPECT_EQ(MeasureMessage(Ansi(u8"€")).characters, 2u);
 }
 
+TEST(MessageLength, ACharacterOfTheExtensionTableIsNotCutByTheEndOfAMessage) {
+    // The 153rd and 154th would be an escape and its character.
+    const std::string text = std::string(152, 'a') + "[" + std::string(152, 'a');
+    EXPECT_EQ(MeasureMessage(text).characters, 306u);  // two messages if it could be cut
+    EXPECT_EQ(MeasureMessage(text).messages, 3u);
+    EXPECT_EQ(MeasureMessage(text).left, 152u);
+    EXPECT_EQ(MeasureMessage(std::string(79, 'a') + "[" + std::string(79, 'a')).messages, 1u);
+}
+
+TEST(MessageLength, LineBreaksAndTheOtherCharactersOfTheDefaultAlphabetCountOnce) {
+    const MessageLength length = MeasureMessage(Ansi(u8"a\n@$_ΔΩ§¤è"));
+    EXPECT_EQ(length.characters, 10u);
+    EXPECT_EQ(length.left, 150u);
+    EXPECT_EQ(MeasureMessage("`").left, 69u);  // not in it, unlike its neighbours
+    EXPECT_EQ(MeasureMessage("\t").left, 69u);
+}
+
+// The code page that loses no character.
+class WideMessageLength : public testing::Test {
+  protected:
+    WideMessageLength() { SetCodePage(CodePage::gb18030); }
+    ~WideMessageLength() override { SetCodePage(CodePage::gbk); }
+};
+
+TEST_F(WideMessageLength, ASurrogatePairCountsTwiceAndIsNotCutByTheEndOfAMessage) {
+    EXPECT_EQ(MeasureMessage(Ansi(u8"🎂")).characters, 2u);
+    EXPECT_EQ(MeasureMessage(Ansi(u8"🎂")).left, 68u);
+    // The 67th and 68th unit would be the pair.
+    const std::string text = std::string(66, 'a') + Ansi(u8"🎂") + std::string(66, 'a');
+    EXPECT_EQ(MeasureMessage(text).characters, 134u);  // two messages if it could be cut
+    EXPECT_EQ(MeasureMessage(text).messages, 3u);
+    EXPECT_EQ(MeasureMessage(text).left, 66u);
+}
+
 TEST(MessageLength, ChineseTakes70OrSeveralOf67) {
     std::string text;
     for (int i = 0; i < 70; ++i) {
