@@ -84,7 +84,9 @@ void CSmsComposeDlg::BuildControls() {
     view_ = new CHtmlCtrlFix(kView, HtmlContent::local, *this, Body());
     view_->setAccessibleName(ToQString(u8"短信对话"));
     frame_ = new HtmlFrame(*view_, Body());
-    frame_->SetFilled();  // an empty conversation is what a new message begins with
+    if (conversation_ == kNoConversation) {
+        frame_->SetFilled();  // with the template's own word
+    }
 
     const QString recipients = ToQString(u8"收件人:");
     recipients_ = SetControlNumber(new CSkinEdit({}, Body()), kRecipients, recipients);
@@ -169,6 +171,7 @@ void CSmsComposeDlg::ReadConversation() {
 
 void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
                                       const std::string& party) {
+    frame_->SetFilled();
     frame_->SetState(ListState::idle);
     recipients_->setEnabled(true);
     if (outcome == SessionOutcome::connectFailed) {

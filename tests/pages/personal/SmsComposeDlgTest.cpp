@@ -13,6 +13,7 @@
 #include "tests/pages/personal/MessageReplies.h"
 #include "tests/ui/HtmlDriver.h"
 #include "ui/ControlNumber.h"
+#include "ui/HtmlFrame.h"
 #include "ui/QtText.h"
 #include "ui/SkinTree.h"
 
@@ -55,6 +56,7 @@ class Composer : public PageTest {
 
     CSkinTree& Tree() { return *FindControl<CSkinTree>(dialog_, 1338); }
     CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(dialog_, 1359); }
+    HtmlFrame& Conversation() { return *dialog_->findChild<HtmlFrame*>(); }
     QLineEdit& Recipients() { return *FindControl<QLineEdit>(dialog_, 1337); }
     QPlainTextEdit& Text() { return *FindControl<QPlainTextEdit>(dialog_, 1271); }
     QString Length() {
@@ -128,6 +130,28 @@ TEST_F(Composer, ThePartyIsTheFirstMessagesAddressEvenIfItWentOut) {
         MessagesPayload({{.incoming = 0, .address = "111"}, {.address = "222"}}).Get());
     OpenLoaded(7);
     EXPECT_EQ(Recipients().text(), QStringLiteral("111"));
+}
+
+TEST_F(Composer, AConversationOnItsWayIsMarkedWhereItWillStand) {
+    agent_.Hold(AgentCommand::readConversation);
+    OpenAt(agent_.Port(), 7);
+    ASSERT_TRUE(WaitFor([&] { return Conversation().State() == ListState::loading; }));
+    EXPECT_FALSE(Conversation().IsFilled());
+    agent_.Release();
+    ASSERT_TRUE(WaitForTree());
+    EXPECT_TRUE(Conversation().IsFilled());
+    EXPECT_EQ(Conversation().State(), ListState::idle);
+}
+
+TEST_F(Composer, WithoutMessagesTheViewSaysWhatToDo) {
+    const QString hint =
+        QStringLiteral("getComputedStyle(document.querySelector('.none')).display");
+    OpenLoaded();
+    EXPECT_TRUE(Conversation().IsFilled());
+    EXPECT_EQ(AskHtml(View(), hint).toString(), QStringLiteral("flex"));
+    delete dialog_;
+    OpenLoaded(7);
+    EXPECT_EQ(AskHtml(View(), hint).toString(), QStringLiteral("none"));
 }
 
 TEST_F(Composer, AConversationWithoutDataShowsNothing) {
