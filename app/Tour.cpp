@@ -79,7 +79,7 @@ void Tour::Look() {
     if (at_ == stops_.size() || since_.elapsed() < kSettleMs) {
         return;
     }
-    if (IsQuiet() || since_.elapsed() > kLoadLimitMs) {
+    if (stops_[at_].endless || IsQuiet() || since_.elapsed() > kLoadLimitMs) {
         Take();
         ++at_;
         Open();
@@ -116,6 +116,9 @@ void Tour::Take() {
     }
     CloseAll(&QApplication::activePopupWidget);
     CloseAll(&QApplication::activeModalWidget);
+    if (stops_[at_].leave) {
+        stops_[at_].leave(window_);
+    }
 }
 
 }  // namespace quorvi

@@ -18,13 +18,17 @@ class CMainDlg;
 struct TourStop {
     std::string name;  // of the file, without its ending
     std::function<void(CMainDlg& window)> open;
+    // Takes away what `open` left behind, after the picture.
+    std::function<void(CMainDlg& window)> leave = {};
+    // The load that goes on there has no end.
+    bool endless = false;
 };
 
 // All stops, in order: the pages of the page table first. Whoever adds a dialog or a menu adds its
 // stop in app/TourStops.cpp.
 [[nodiscard]] std::vector<TourStop> TheTourStops();
-// Those of the contacts page beyond the page itself.
-[[nodiscard]] std::vector<TourStop> ContactStops();
+// Those at the pages of the user's own records, beyond the pages themselves.
+[[nodiscard]] std::vector<TourStop> PersonalStops();
 
 // Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
 // window and of what is open over it, and calls `done` with the number of pictures not written.

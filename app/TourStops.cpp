@@ -6,9 +6,6 @@
 #include "app/MainDlg.h"
 #include "app/Tour.h"
 #include "app/TrayMenu.h"
-#include "pages/personal/ContactGroupDlg.h"
-#include "pages/personal/GroupEditDlg.h"
-#include "pages/personal/SmsComposeDlg.h"
 #include "refdata/NumberQueryDlg.h"
 #include "ui/Look.h"
 #include "ui/QtText.h"
@@ -16,11 +13,6 @@
 
 namespace quorvi {
 namespace {
-
-constexpr int kPageContacts = 10;
-constexpr int kPageSms = 11;
-constexpr std::uint32_t kConversation = 12;  // of the simulated phone
-constexpr std::uint16_t kNobodysPort = 1;
 
 void OpenTrayMenu(CMainDlg& window) {
     auto* menu = new CSkinMenu(&window);
@@ -69,7 +61,7 @@ std::vector<TourStop> TheTourStops() {
                              window.Post(Message::commandButton, 0, stop.command);
                          }});
     }
-    for (TourStop& stop : ContactStops()) {
+    for (TourStop& stop : PersonalStops()) {
         stops.push_back(std::move(stop));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
@@ -77,27 +69,6 @@ std::vector<TourStop> TheTourStops() {
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});
     stops.push_back(
         {"dialog-number-query", [](CMainDlg& window) { (new CNumberQueryDlg(&window))->Open(); }});
-    stops.push_back({"dialog-groups", [](CMainDlg& window) {
-                         window.Post(Message::goToPage, 1, kPageContacts);
-                         (new CContactGroupDlg(window, &window))->Open();
-                     }});
-    stops.push_back({"dialog-group-add",
-                     [](CMainDlg& window) { (new CGroupEditDlg(window, &window))->Open(); }});
-    stops.push_back({"dialog-composer", [](CMainDlg& window) {
-                         window.Post(Message::goToPage, 1, kPageSms);
-                         (new CSmsComposeDlg(window, kConversation, &window))->Open();
-                     }});
-    stops.push_back({"dialog-composer-new", [](CMainDlg& window) {
-                         (new CSmsComposeDlg(window, kNoConversation, &window))->Open();
-                     }});
-    // On a port that nobody listens on.
-    stops.push_back({"dialog-groups-failed", [](CMainDlg& window) {
-                         (new CContactGroupDlg(window, &window, kNobodysPort))->Open();
-                     }});
-    stops.push_back(
-        {"dialog-composer-failed", [](CMainDlg& window) {
-             (new CSmsComposeDlg(window, kNoConversation, &window, kNobodysPort))->Open();
-         }});
     stops.push_back({"balloon", [](CMainDlg& window) {
                          window.ShowBalloon(ToQString(u8"奎维掌上工坊"),
                                             ToQString(u8"检测到Android设备，正在尝试连接..."));

@@ -1,0 +1,47 @@
+#include "app/TourAgent.h"
+
+#include <QHostAddress>
+#include <QTcpSocket>
+#include <QTimer>
+#include <chrono>
+
+#include "agent/Wire.h"
+
+namespace quorvi {
+namespace {
+
+// Of a reply that has come a third of its way.
+constexpr std::uint32_t kLength = 11'200'000;
+constexpr int kSent = 3'600'000;
+constexpr int kSentAtOnce = 1'000'000;
+// Longer than a page keeps what it has heard of its progress to itself.
+constexpr std::chrono::milliseconds kPause{200};
+
+QByteArray WordOf(std::uint32_t value) {
+    QByteArray word(sizeof value, Qt::Uninitialized);
+    PackUInt32(value, reinterpret_cast<std::byte*>(word.data()));
+    return word;
+}
+
+}  // namespace
+
+TourAgent::TourAgent(Manner manner) : manner_(manner) {
+    connect(this, &QTcpServer::newConnection, this, &TourAgent::Answer);
+    listen(QHostAddress::LocalHost);
+}
+
+// The peer closes.
+void TourAgent::Answer() {
+    QTcpSocket* peer = nextPendingConnection();
+    connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
+    if (manner_ == Manner::hasNothing) {
+        peer->write(WordOf(NoDataMark));
+    } else {
+        peer->write(WordOf(kLength));
+        peer->write(QByteArray(kSentAtOnce, '\0'));
+        QTimer::singleShot(kPause, peer,
+                           [peer] { peer->write(QByteArray(kSent - kSentAtOnce, '\0')); });
+    }
+}
+
+}  // namespace quorvi

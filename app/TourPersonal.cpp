@@ -1,0 +1,141 @@
+// The tour's stops at the pages of the user's own records: their dialogs, their menu, and what
+// each of them shows while it loads, when there is nothing, and when there is no link.
+#include <array>
+#include <string_view>
+
+#include "app/MainDlg.h"
+#include "app/Tour.h"
+#include "app/TourAgent.h"
+#include "pages/personal/CallLogPage.h"
+#include "pages/personal/ContactGroupDlg.h"
+#include "pages/personal/ContactPage.h"
+#include "pages/personal/GroupEditDlg.h"
+#include "pages/personal/SmsComposeDlg.h"
+#include "pages/personal/SmsPage.h"
+#include "ui/ControlNumber.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kTab = 1;
+constexpr int kPageContacts = 10;
+constexpr int kPageSms = 11;
+constexpr int kPageCalls = 12;
+constexpr int kContactDialog = 132;
+constexpr int kContactList = 1067;
+constexpr std::uint32_t kConversation = 12;  // of the simulated phone
+constexpr std::uint16_t kNobodysPort = 1;
+
+// A state in which a view is without its contents, and the agent that leads to it.
+struct ViewState {
+    std::string suffix;
+    std::uint16_t agentPort;
+    bool endless = false;
+};
+
+// The agents of the tour, one a process, as long as the process.
+std::array<ViewState, 3> ViewStates() {
+    static auto* const empty = new TourAgent(TourAgent::Manner::hasNothing);
+    static auto* const stalled = new TourAgent(TourAgent::Manner::stalls);
+    return {{{"-loading", stalled->Port(), true},
+             {"-empty", empty->Port()},
+             {"-failed", kNobodysPort}}};
+}
+
+void GoTo(CMainDlg& window, int page) {
+    window.Post(Message::goToPage, kTab, page);
+}
+
+// A stop that goes to the contacts page and does something there.
+template <typename Open>
+TourStop AtContacts(std::string name, Open open) {
+    return {.name = std::move(name), .open = [open](CMainDlg& window) {
+                GoTo(window, kPageContacts);
+                auto* page = qobject_cast<CContactPage*>(window.PageOfDialog(kContactDialog));
+                if (page != nullptr) {
+                    PostToWindow(page, [open, page] { open(*page); });
+                }
+            }};
+}
+
+// A second page over the window's own, with another agent; gone when its picture is taken.
+template <typename P>
+TourStop PageStop(std::string_view name, int page, const ViewState& state) {
+    auto shown = std::make_shared<QPointer<Page>>();
+    return {.name = name.data() + state.suffix,
+            .open =
+                [=, port = state.agentPort](CMainDlg& window) {
+                    GoTo(window, page);
+                    PostToWindow(&window, [=, &window] {
+                        Page* own = window.PageOfDialog(FindPage(page)->dialog);
+                        *shown = new P(window, own, port);
+                        (*shown)->setAutoFillBackground(true);
+                        (*shown)->resize(own->size());
+                        (*shown)->show();
+                        (*shown)->Load();
+                    });
+                },
+            .leave =
+                [shown](CMainDlg& window) {
+                    delete shown->data();
+                    window.LoadState().Set(P::kLoadKey, PageLoadState::kEnded);
+                },
+            .endless = state.endless};
+}
+
+// `Make` gives a dialog of its own on the port of an agent.
+template <typename Make>
+TourStop DialogStop(std::string_view name, int page, const ViewState& state, Make make) {
+    return {.name = name.data() + state.suffix,
+            .open =
+                [=, port = state.agentPort](CMainDlg& window) {
+                    GoTo(window, page);
+                    make(window, port)->Open();
+                },
+            .endless = state.endless};
+}
+
+SkinDialog* MakeGroups(CMainDlg& window, std::uint16_t agentPort) {
+    return new CContactGroupDlg(window, &window, agentPort);
+}
+
+SkinDialog* MakeComposer(CMainDlg& window, std::uint16_t agentPort) {
+    return new CSmsComposeDlg(window, kConversation, &window, agentPort);
+}
+
+SkinDialog* MakeComposerForNew(CMainDlg& window, std::uint16_t agentPort) {
+    return new CSmsComposeDlg(window, kNoConversation, &window, agentPort);
+}
+
+void OpenContactMenu(CContactPage& page) {
+    auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
+    Q_EMIT list.menuAsked(list.CurrentRow(),
+                          list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
+}
+
+}  // namespace
+
+std::vector<TourStop> PersonalStops() {
+    const ViewState ofThePhone{"", AgentPort};
+    std::vector<TourStop> stops = {
+        AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
+        AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
+        AtContacts("menu-contacts", &OpenContactMenu),
+        DialogStop("dialog-group-add", kPageContacts, ofThePhone,
+                   [](CMainDlg& window, std::uint16_t agentPort) {
+                       return new CGroupEditDlg(window, &window, agentPort);
+                   }),
+        DialogStop("dialog-composer", kPageSms, ofThePhone, &MakeComposer),
+    };
+    for (const ViewState& state : ViewStates()) {
+        stops.push_back(PageStop<CContactPage>("contacts", kPageContacts, state));
+        stops.push_back(PageStop<CSmsPage>("sms", kPageSms, state));
+        stops.push_back(PageStop<CCallLogPage>("calls", kPageCalls, state));
+        stops.push_back(DialogStop("dialog-groups", kPageContacts, state, &MakeGroups));
+        stops.push_back(DialogStop("dialog-composer", kPageSms, state, &MakeComposer));
+        stops.push_back(DialogStop("dialog-composer-new", kPageSms, state, &MakeComposerForNew));
+    }
+    return stops;
+}
+
+}  // namespace quorvi
