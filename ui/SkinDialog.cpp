@@ -126,12 +126,16 @@ CSkinButton* SkinDialog::AddEndButton(int number, const QString& text, int resul
     return button;
 }
 
-CSkinStateLabel* SkinDialog::AddState(int number, const QString& text) {
+CSkinStateLabel* SkinDialog::AddState(const QString& text) {
     Footer();
-    auto* label = SetControlNumber(new CSkinStateLabel(text, footer_), number);
+    auto* label = new CSkinStateLabel(text, footer_);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     footerLayout_->insertWidget(footerLeft_++, label, 1);
     return label;
+}
+
+CSkinStateLabel* SkinDialog::AddState(int number, const QString& text) {
+    return SetControlNumber(AddState(text), number);
 }
 
 void SkinDialog::AddToFooter(QWidget* widget) {

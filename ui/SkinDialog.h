@@ -38,7 +38,8 @@ class SkinDialog : public QDialog {
     // The same, and a click ends the dialog with `result`.
     CSkinButton* AddEndButton(int number, const QString& text, int result,
                               look::ButtonKind kind = look::ButtonKind::plain);
-    // The state text at the footer's left.
+    // The state text at the footer's left; without a number it has no object name.
+    CSkinStateLabel* AddState(const QString& text);
     CSkinStateLabel* AddState(int number, const QString& text);
     // Puts a widget of the dialog's own behind the state text.
     void AddToFooter(QWidget* widget);

@@ -32,8 +32,8 @@ constexpr int kText = 1271;
 constexpr int kSend = 1030;
 constexpr int kCancel = 1021;
 
-// Characters of the recipients field: the entries of some thousands of people.
-constexpr int kRecipientsLimit = 262'144;
+// Characters of the recipients field: the entries of some tens of thousands of people.
+constexpr int kRecipientsLimit = 1'048'576;
 
 // What a worker brings of a conversation; its fragment is in the view by then.
 struct ConversationShown {
@@ -126,7 +126,9 @@ void CSmsComposeDlg::BuildControls() {
     send_ = AddButton(kSend, ToQString(u8"立即发送"), ButtonKind::primary);
     send_->SetImage(QStringLiteral("send"));
     send_->setAutoDefault(false);
-    AddEndButton(kCancel, ToQString(u8"取消发送"), QDialog::Rejected)->setAutoDefault(false);
+    cancel_ = AddEndButton(kCancel, ToQString(u8"取消发送"), QDialog::Rejected);
+    cancel_->setAutoDefault(false);
+    state_ = AddState({});
     SetInnerSize({Metric::composerWidth, Metric::composerHeight});
     if (conversation_ == kNoConversation) {
         recipients_->setFocus();
@@ -254,15 +256,31 @@ void CSmsComposeDlg::ShowLength() {
     length_->setToolTip(ToQString(u8"还可以写 %1 字，再多就要增加一条短信").arg(length.left));
 }
 
+void CSmsComposeDlg::Resume(const UnsentMessage& message) {
+    recipients_->setText(message.recipients);
+    text_->setPlainText(message.text);
+    text_->moveCursor(QTextCursor::End);
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"上次的短信没有得到手机的确认"));
+}
+
 void CSmsComposeDlg::Send() {
     const std::string text = FromQString(text_->toPlainText());
     const std::string recipients = FromQString(recipients_->text());
     if (text.empty() || recipients.empty()) {
         return;
     }
+    // What is on its way cannot be called back; the window may be closed all the same.
     send_->setEnabled(false);
+    cancel_->setEnabled(false);
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在发送…"));
+    unsent_ = {recipients_->text(), text_->toPlainText()};
     SendChange(host_, *Body(), agentPort_, SendMessageRequest(RecipientNumbers(recipients), text),
-               [this](const AcknowledgedReply&) { accept(); });
+               [this](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete) {
+                       unsent_.reset();
+                   }
+                   accept();
+               });
 }
 
 }  // namespace quorvi

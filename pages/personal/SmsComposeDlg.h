@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "agent/Wire.h"
@@ -18,6 +19,12 @@ class CSkinTextEdit;
 class CSkinTree;
 class HtmlFrame;
 
+// What was to be sent, as it stood in the two fields.
+struct UnsentMessage {
+    QString recipients;
+    QString text;
+};
+
 // Dialog 550. Ends with Accepted once a message has been sent, or could not be because there is no
 // link; with Rejected otherwise. It may be closed at any time, a worker still running or not. The
 // window's thread.
@@ -27,6 +34,11 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     // kNoConversation for a new message.
     CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent = nullptr,
                    std::uint16_t agentPort = AgentPort);
+
+    // Puts a message back that did not get out of an earlier composer.
+    void Resume(const UnsentMessage& message);
+    // What the user has told to send and the phone has not acknowledged.
+    [[nodiscard]] const std::optional<UnsentMessage>& Unsent() const { return unsent_; }
 
     // Message::documentLoaded with the first argument 0, which the view posts: reads the
     // conversation, if there is one, and then the tree.
@@ -56,6 +68,9 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     CSkinTextEdit* text_ = nullptr;
     QLabel* length_ = nullptr;
     CSkinButton* send_ = nullptr;
+    CSkinButton* cancel_ = nullptr;
+    CSkinStateLabel* state_ = nullptr;
+    std::optional<UnsentMessage> unsent_;
     bool resolving_ = false;
 };
 

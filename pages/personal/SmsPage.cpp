@@ -6,7 +6,6 @@
 #include "agent/AgentSession.h"
 #include "pages/PageSession.h"
 #include "pages/personal/Conversations.h"
-#include "pages/personal/SmsComposeDlg.h"
 #include "ui/HtmlFrame.h"
 #include "ui/HtmlTemplate.h"
 #include "ui/QtText.h"
@@ -108,7 +107,14 @@ void CSmsPage::OnMessage(Message message, int first, int second) {
 }
 
 void CSmsPage::Compose(std::uint32_t conversation) {
-    (new CSmsComposeDlg(Host(), conversation, this, agentPort_))->Open([this](int result) {
+    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agentPort_);
+    if (const auto unsent = unsent_.extract(conversation)) {
+        composer->Resume(unsent.mapped());
+    }
+    composer->Open([this, composer, conversation](int result) {
+        if (composer->Unsent()) {
+            unsent_[conversation] = *composer->Unsent();
+        }
         if (result == QDialog::Accepted) {
             RefreshSms();
         }

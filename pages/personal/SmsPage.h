@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "agent/Wire.h"
+#include "pages/personal/SmsComposeDlg.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/HtmlCtrl.h"
 #include "ui/Page.h"
@@ -35,7 +37,7 @@ class CSmsPage : public Page, private HtmlListener {
     void OnMessage(Message message, int first, int second) override;
 
     // Opens the composer with a conversation, or kNoConversation; fetches the list again if a
-    // message was sent.
+    // message was sent. One that did not get out stands in the next composer of that conversation.
     void Compose(std::uint32_t conversation);
 
   private:
@@ -50,6 +52,7 @@ class CSmsPage : public Page, private HtmlListener {
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
+    std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
 };
 
 }  // namespace quorvi

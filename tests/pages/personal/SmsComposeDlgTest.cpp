@@ -15,6 +15,7 @@
 #include "ui/ControlNumber.h"
 #include "ui/HtmlFrame.h"
 #include "ui/QtText.h"
+#include "ui/SkinLabels.h"
 #include "ui/SkinTree.h"
 
 namespace quorvi {
@@ -68,6 +69,10 @@ class Composer : public PageTest {
         QTest::mouseClick(Tree().viewport(), Qt::LeftButton, {}, Tree().TickRect(node).center());
     }
     QTreeWidgetItem* Group(int index) { return Tree().topLevelItem(index); }
+    void Fill(QStringView recipients, QStringView text) {
+        Recipients().setText(recipients.toString());
+        Text().setPlainText(text.toString());
+    }
     bool Ended(int result) {
         return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
     }
@@ -331,6 +336,68 @@ TEST_F(Composer, ItsControlsAreDisabledWhileAMessageIsOnItsWay) {
     EXPECT_EQ(Sent().size(), 1u);
 }
 
+TEST_F(Composer, SaysThatItSendsAndCannotBeCancelledButClosed) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::sendMessage);
+    Fill(u"10010", u"text");
+    PressIn(kComposer, 1030);
+    EXPECT_EQ(dialog_->findChild<CSkinStateLabel*>()->text(), ToQString(u8"正在发送…"));
+    EXPECT_FALSE(FindControl(dialog_, 1021)->isEnabled());
+    QTest::keyClick(dialog_, Qt::Key_Escape);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    agent_.Release();
+}
+
+TEST_F(Composer, KeepsWhatThePhoneHasNotAcknowledged) {
+    OpenAt(UnusedPort());
+    ASSERT_TRUE(WaitForTree());
+    std::optional<UnsentMessage> unsent;
+    QObject::connect(dialog_, &QDialog::finished, [&] { unsent = dialog_->Unsent(); });
+    Fill(u"10010", u"text");
+    EXPECT_FALSE(dialog_->Unsent());  // not told to send yet
+    PressIn(kComposer, 1030);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ASSERT_TRUE(unsent);
+    EXPECT_EQ(unsent->recipients, QStringLiteral("10010"));
+    EXPECT_EQ(unsent->text, QStringLiteral("text"));
+}
+
+TEST_F(Composer, KeepsNothingOfAMessageThatWasSent) {
+    OpenLoaded();
+    bool kept = true;
+    QObject::connect(dialog_, &QDialog::finished, [&] { kept = dialog_->Unsent().has_value(); });
+    Fill(u"111", u"text");
+    PressIn(kComposer, 1030);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_FALSE(kept);
+}
+
+TEST_F(Composer, SendsSeveralLinesAsTheyStand) {
+    OpenLoaded();
+    Fill(u"111", u"a\nb");
+    PressIn(kComposer, 1030);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ASSERT_EQ(Sent().size(), 1u);
+    EXPECT_EQ(Sent()[0],
+              Join({Word(870204), Word(26), Word(1), quorvi::Text("111"), quorvi::Text("a\nb")}));
+}
+
+TEST_F(Composer, TenThousandPeopleInTwoGroupsAreAllInTheField) {
+    constexpr std::size_t kPeople = 10'000;
+    WireBytes members = MembersPayload({});
+    for (const std::uint64_t group : {5, 9}) {
+        for (std::size_t i = 0; i < kPeople; ++i) {
+            const std::string number = std::to_string(13'800'000'000 + i);
+            members.U64(group).Text("林远舟 " + number).Text(number);
+        }
+    }
+    agent_.AnswerPayload(AgentCommand::listGroupMembers, members.Get());
+    OpenLoaded();
+    Tick(Group(0));
+    Tick(Group(1));
+    EXPECT_EQ(RecipientNumbers(FromQString(Recipients().text())).size(), 2 * kPeople);
+}
+
 TEST_F(Composer, EnterInTheRecipientsFieldDoesNotSend) {
     OpenLoaded();
     Text().setPlainText(QStringLiteral("text"));
@@ -348,6 +415,15 @@ TEST_F(Composer, CancelAndTheCloseButtonEndWithCancel) {
     OpenAt(agent_.Port());
     OpenDialog(kComposer)->close();
     EXPECT_EQ(results_.back(), QDialog::Rejected);
+}
+
+TEST_F(Composer, MayBeClosedBeforeItsViewHasLoaded) {
+    OpenAt(agent_.Port(), 7);
+    PressIn(kComposer, 1021);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    QTest::qWait(50);
+    EXPECT_TRUE(agent_.Requests().empty());
 }
 
 TEST_F(Composer, TellsHowLongTheMessageWillBe) {

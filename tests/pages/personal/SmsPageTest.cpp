@@ -1,3 +1,6 @@
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
 #include "pages/personal/SmsPage.h"
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/DialogDriver.h"
@@ -225,6 +228,42 @@ TEST_F(SmsPage, ComposingOpensTheComposerWithoutAConversationAndLoadsAgainOnOk) 
     OpenDialog(kComposer)->accept();
     WaitForLoads(2);
 }
+
+// A composer of a message, or of an answer in conversation 7.
+class SmsPageUnsent : public SmsPage, public testing::WithParamInterface<std::uint32_t> {
+  protected:
+    static QLineEdit& Recipients() { return *FindControl<QLineEdit>(OpenDialog(kComposer), 1337); }
+    static QPlainTextEdit& Text() {
+        return *FindControl<QPlainTextEdit>(OpenDialog(kComposer), 1271);
+    }
+    void Send() {
+        PressIn(kComposer, 1030);
+        ASSERT_TRUE(WaitFor([] { return OpenDialog(kComposer) == nullptr; }));
+    }
+};
+
+TEST_P(SmsPageUnsent, AMessageThatDidNotGetOutStandsInTheNextComposerOfItsConversation) {
+    agent_.Answer(AgentCommand::sendMessage, {});  // closed upon, without a word
+    Open().Compose(GetParam());
+    Recipients().setText(QStringLiteral("111"));
+    Text().setPlainText(QStringLiteral("text"));
+    Send();
+    page_->Compose(9);  // another conversation
+    EXPECT_EQ(Text().toPlainText(), QString());
+    OpenDialog(kComposer)->reject();
+
+    agent_.AnswerAcknowledged(AgentCommand::sendMessage);
+    page_->Compose(GetParam());
+    EXPECT_EQ(Recipients().text(), QStringLiteral("111"));
+    EXPECT_EQ(Text().toPlainText(), QStringLiteral("text"));
+    Send();
+    page_->Compose(GetParam());  // sent: it is gone
+    EXPECT_EQ(Text().toPlainText(), QString());
+    OpenDialog(kComposer)->reject();
+    EXPECT_EQ(agent_.Requests(AgentCommand::sendMessage).size(), 2u);
+}
+
+INSTANTIATE_TEST_SUITE_P(New_Answer, SmsPageUnsent, testing::Values(kNoConversation, 7u));
 
 TEST_F(SmsPage, MayGoWhileItsPhoneStalls) {
     agent_.Hold(AgentCommand::listConversations);
