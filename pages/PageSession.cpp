@@ -21,16 +21,44 @@ bool EndsEarly(SessionOutcome outcome) {
     }
 }
 
+namespace {
+
+// Disables controls, and gives the keyboard back to the one of them that had it, unless the user
+// has moved on meanwhile: until then the window itself holds it.
+class FocusKeeper {
+  public:
+    explicit FocusKeeper(QWidget& controls) {
+        QWidget* window = controls.window();
+        if (QWidget* focus = window->focusWidget(); focus && controls.isAncestorOf(focus)) {
+            had_ = focus;
+            window->setFocus();
+        }
+        controls.setEnabled(false);
+    }
+    void Enable(QWidget& controls) const {
+        controls.setEnabled(true);
+        const QWidget* window = controls.window();
+        if (had_ && had_->isVisible() && window->focusWidget() == window) {
+            had_->setFocus();
+        }
+    }
+
+  private:
+    QPointer<QWidget> had_;
+};
+
+}  // namespace
+
 void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done) {
-    controls.setEnabled(false);
+    const FocusKeeper focus(controls);
     RunJob(
         &controls,
         [agentPort, request = std::move(request)] {
             return AgentSession(agentPort).RunAcknowledged(request);
         },
-        [&host, &controls, done = std::move(done)](AcknowledgedReply&& reply) {
-            controls.setEnabled(true);
+        [&host, &controls, focus, done = std::move(done)](AcknowledgedReply&& reply) {
+            focus.Enable(controls);
             if (!reply.Connected()) {
                 ShowConnectError(host);
             }

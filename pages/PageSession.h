@@ -36,8 +36,8 @@ template <typename View>
 [[nodiscard]] bool EndsEarly(SessionOutcome outcome);
 
 // Sends a command that changes something on the phone, off the window's thread. `controls` is
-// disabled meanwhile; a failed connect is shown in the status; then `done` follows, unless
-// `controls` is gone. The window's thread.
+// disabled meanwhile, and has the keyboard again behind it; a failed connect is shown in the
+// status; then `done` follows, unless `controls` is gone. The window's thread.
 void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done);
 

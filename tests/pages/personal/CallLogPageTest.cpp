@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QLabel>
+#include <QPushButton>
 #include <cstdlib>
 #include <ctime>
 
@@ -292,6 +293,37 @@ TEST_F(CallLogPage, IsDisabledWhileADeleteIsOnItsWay) {
     agent_.Release();
     WaitForLoads(2);
     EXPECT_TRUE(page.isEnabled());
+}
+
+TEST_F(CallLogPage, TheKeyboardIsInTheListAgainBehindADelete) {
+    QWidget window;
+    CCallLogPage& page = OpenLoaded();
+    page.setParent(&window);
+    QPushButton other(&window);  // where the keyboard would go
+    page.show();
+    window.show();
+    List().setFocus();
+    page.OnCommand(CCallLogPage::commandDeleteAll);
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(window.focusWidget(), &List());
+    page.setParent(nullptr);
+}
+
+TEST_F(CallLogPage, AKeyboardThatTheUserHasMovedOnStaysWhereItIs) {
+    QWidget window;
+    CCallLogPage& page = OpenLoaded();
+    page.setParent(&window);
+    QPushButton other(&window);
+    page.show();
+    window.show();
+    List().setFocus();
+    page.OnCommand(CCallLogPage::commandDeleteAll);
+    PressIn(kConfirm, 1215);
+    other.setFocus();
+    WaitForLoads(2);
+    EXPECT_EQ(window.focusWidget(), &other);
+    page.setParent(nullptr);
 }
 
 TEST_F(CallLogPage, MayGoWhileItsPhoneStalls) {
