@@ -46,7 +46,8 @@ function(quorvi_program name)
   endif()
 endfunction()
 
-# quorvi_test(name [QT] [WHOLE] SOURCES … LIBS … [LOCKS …] [TIMEOUT s] [WRAPPER cmd…] [ENV k=v…]):
+# quorvi_test(name [QT] [WHOLE] SOURCES … LIBS … [LOCKS …] [LABEL l] [TIMEOUT s] [WRAPPER cmd…]
+# [ENV k=v…]):
 # a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER,
 # the program is one (for suites whose set-up is dear). LOCKS names what two tests may not hold at
 # once: `agent_port` (127.0.0.1:50505 and an adb server) above all.
@@ -79,13 +80,7 @@ function(quorvi_test name)
   endif()
   if(ARG_WHOLE OR ARG_WRAPPER)
     add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
-    if(ARG_LOCKS)
-      set_tests_properties(${name} PROPERTIES RESOURCE_LOCK "${ARG_LOCKS}")
-    endif()
-    if(ARG_ENV)
-      set_tests_properties(${name} PROPERTIES ENVIRONMENT "${ARG_ENV}")
-    endif()
+    set_tests_properties(${name} PROPERTIES ${properties})
   else()
     include(GoogleTest)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})

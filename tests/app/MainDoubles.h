@@ -12,6 +12,7 @@
 #include "app/RunningInstance.h"
 #include "app/Sounds.h"
 #include "link/DeviceContext.h"
+#include "tests/app/FakeDesktop.h"
 #include "tests/base/MemorySettings.h"
 
 namespace quorvi {
@@ -80,6 +81,7 @@ class MainDoubles {
     FakeInstance instance_;
     MemorySettings settings_;
     DeviceContext device_;
+    std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
     std::vector<std::string> steps_;  // what the window asked of the link, in order
     std::function<void()> devicesDone_;
     int ended_ = 0;
@@ -105,7 +107,7 @@ class MainDoubles {
             .notifier = notifier_,
             .sounds = sounds_,
             .instance = instance_,
-            .pages = {.device = device_},
+            .pages = {.device = device_, .desktop = desktop_},
             .makers = std::move(makers),
             .siteAddress = QStringLiteral("http://www.quorvi.example/"),
             .connectPhone = connectPhone_,

@@ -11,7 +11,7 @@
 namespace quorvi {
 namespace {
 
-LinkEnvironment Environment() {
+LinkEnvironment WithTheTestsAgent() {
     LinkEnvironment environment;
     environment.packageFile = std::filesystem::path(QUORVI_BIN_DIR) / kAgentPackageFile;
     return environment;
@@ -30,12 +30,12 @@ PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : bench_(phones) {
     openDeviceManager_ = [this](QWidget* parent, const QString& title, std::function<void()> done) {
         auto* dialog = new CDeviceManagerDlg(
             device_, [this](const QString& text) { window_->SetStatus(text); }, title, parent,
-            Environment());
+            WithTheTestsAgent());
         dialog->Open([done = std::move(done)](int) { done(); });
     };
     MakeWindowOf(std::move(makers), false, [this](CMainDlg& window) {
         face_ = std::make_unique<NotedFace>(window);
-        link_ = std::make_unique<PhoneLink>(device_, *face_, clock_, Environment());
+        link_ = std::make_unique<PhoneLink>(device_, *face_, clock_, WithTheTestsAgent());
     });
 }
 

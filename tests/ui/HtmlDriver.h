@@ -31,12 +31,14 @@ namespace quorvi {
         .toString();
 }
 
-// A press with the mouse in the middle of the first element that the selector finds.
+// A press with the mouse in the middle of the first element that the selector finds, scrolled into
+// view.
 inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
                       Qt::MouseButton button = Qt::LeftButton,
                       Qt::KeyboardModifiers modifiers = {}) {
     const QVariantList middle =
-        AskHtml(view, QStringLiteral("(e => { const r = e.getBoundingClientRect();"
+        AskHtml(view, QStringLiteral("(e => { e.scrollIntoView({block: 'nearest'});"
+                                     "const r = e.getBoundingClientRect();"
                                      "return [r.x + r.width / 2, r.y + r.height / 2]; })"
                                      "(document.querySelector(\"%1\"))")
                           .arg(selector))

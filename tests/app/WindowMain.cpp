@@ -1,0 +1,21 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+
+#include "tests/support/PrivateNetwork.h"
+#include "ui/HtmlSite.h"
+#include "ui/Look.h"
+
+// The one application object of tests whose windows hold browsers, in a network of its own.
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    quorvi::EnterPrivateNetwork();
+    QStandardPaths::setTestModeEnabled(true);
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
+    quorvi::PrepareHtmlViews();
+    QApplication application(argc, argv);
+    quorvi::look::Apply(application);
+    return RUN_ALL_TESTS();
+}
