@@ -180,7 +180,7 @@ void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
         ShowConnectError(host_);
     }
     if (shown) {
-        recipients_->setText(ToQString(party));
+        recipients_->setText(ToShownQString(party));  // a megabyte is no number
     }
 }
 

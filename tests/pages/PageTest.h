@@ -5,8 +5,12 @@
 
 #include "tests/pages/FakeHost.h"
 #include "tests/ui/WaitFor.h"
+#include "ui/QtText.h"
 
 namespace quorvi {
+
+// What the status says of a phone that is not found.
+inline const QString kConnectError = ToQString(u8"【X】连接错误");
 
 class PageTest : public testing::Test {
   protected:

@@ -13,6 +13,14 @@
 
 namespace quorvi {
 
+// Shows a window and waits until the view in it has loaded its document.
+inline void ShowWithDocument(QWidget& window, const CHtmlCtrlBase& view) {
+    bool loaded = false;
+    QObject::connect(&view, &CHtmlCtrlBase::documentLoaded, &window, [&] { loaded = true; });
+    window.show();
+    ASSERT_TRUE(WaitFor([&] { return loaded; }));
+}
+
 // What a script of the program's own gives back.
 [[nodiscard]] inline QVariant AskHtml(const CHtmlCtrlBase& view, const QString& script) {
     QVariant answer;

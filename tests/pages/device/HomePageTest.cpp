@@ -19,11 +19,7 @@ class HomePage : public PageTest {
     CHomePage& Open(std::uint16_t port) {
         page_ = std::make_unique<CHomePage>(host_, nullptr, port);
         page_->resize(760, 462);
-        bool loaded = false;
-        QObject::connect(&View(), &CHtmlCtrlBase::documentLoaded, page_.get(),
-                         [&] { loaded = true; });
-        page_->show();
-        EXPECT_TRUE(WaitFor([&] { return loaded; }));
+        ShowWithDocument(*page_, View());
         return *page_;
     }
 

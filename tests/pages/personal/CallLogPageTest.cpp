@@ -6,9 +6,8 @@
 
 #include "pages/personal/CallLogPage.h"
 #include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentPageTest.h"
 #include "tests/pages/DialogDriver.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/WireBytes.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
@@ -18,8 +17,6 @@ namespace {
 
 constexpr int kConfirm = 548;
 constexpr int kNothingChecked = 682;
-
-const QString kConnectError = ToQString(u8"【X】连接错误");
 
 struct ListedCall {
     std::uint64_t id = 7;
@@ -51,7 +48,7 @@ const std::vector<ListedCall> kThree{
     {.id = 9, .duration = 90'000, .type = 3, .name = "妈妈", .date = 0},
 };
 
-class CallLogPage : public PageTest {
+class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> {
   protected:
     void SetUp() override {
         setenv("TZ", "Asia/Shanghai", 1);
@@ -62,9 +59,7 @@ class CallLogPage : public PageTest {
     }
 
     CCallLogPage& OpenAt(std::uint16_t port) {
-        page_ = std::make_unique<CCallLogPage>(host_, nullptr, port);
-        page_->resize(760, 462);
-        page_->show();
+        MakeAt(port).show();
         return *page_;
     }
     CCallLogPage& Open() { return OpenAt(agent_.Port()); }
@@ -77,11 +72,6 @@ class CallLogPage : public PageTest {
 
     CCallLogListCtrl& List() { return *FindControl<CCallLogListCtrl>(page_.get(), 1072); }
     QString Text(int row, int column) { return List().CellAt(row, column).text; }
-    std::optional<int> Key() { return host_.loadState.Value(3); }
-    std::size_t Loads() { return agent_.Requests(AgentCommand::listCalls).size(); }
-    void WaitForLoads(std::size_t count) {
-        ASSERT_TRUE(WaitFor([&] { return Loads() == count && Key() == PageLoadState::kEnded; }));
-    }
     // Loads once, with the list's one request answered as told before.
     void LoadAgain() {
         page_->Load();
@@ -91,14 +81,12 @@ class CallLogPage : public PageTest {
         SkinDialog* dialog = OpenDialog(kConfirm);
         return dialog == nullptr ? QString() : FindControl<QLabel>(dialog, 1378)->text();
     }
-
-    ScriptedAgent agent_;
-    std::unique_ptr<CCallLogPage> page_;
 };
 
 TEST_F(CallLogPage, NumbersAreTheControls) {
     CCallLogPage& page = Open();
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 368"));
+    EXPECT_EQ(CCallLogPage::kLoadKey, 3);
     EXPECT_NE(FindControl(&page, 1072), nullptr);
     QTest::qWait(50);
     EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
@@ -117,6 +105,7 @@ TEST_F(CallLogPage, ColumnsAreAsTold) {
     for (int i = 0; i < 7; ++i) {
         EXPECT_EQ(List().Column(i).caption, columns[static_cast<std::size_t>(i)].first);
         EXPECT_EQ(List().Column(i).width, columns[static_cast<std::size_t>(i)].second);
+        EXPECT_EQ(List().Column(i).align, i == 4 ? CellAlign::left : CellAlign::centre);
     }
     EXPECT_TRUE(List().isColumnHidden(6));
 }
@@ -280,6 +269,33 @@ TEST_F(CallLogPage, ADeleteThatFindsNoPhoneIsToldAndTheListIsLoadedAgain) {
     EXPECT_EQ(host_.statuses, (QStringList{kConnectError, kConnectError}));
 }
 
+TEST_F(CallLogPage, ADeleteOfTickedCallsThatFindsNoPhoneIsToldAndTheListIsLoadedAgain) {
+    auto phone = std::make_unique<ScriptedAgent>();
+    phone->AnswerPayload(AgentCommand::listCalls, LogPayload(kThree).Get());
+    CCallLogPage& page = OpenAt(phone->Port());
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
+    phone.reset();
+    List().SetTicked(0, true);
+    page.OnCommand(CCallLogPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return host_.statuses.size() == 2; }));
+    EXPECT_EQ(host_.statuses, (QStringList{kConnectError, kConnectError}));
+    EXPECT_EQ(List().RowCount(), 0);
+}
+
+TEST_F(CallLogPage, AnIdOfMoreThan31BitsIsSentAsTheSame32Bits) {
+    agent_.AnswerPayload(AgentCommand::listCalls, LogPayload({{.id = 0xFFFFFFFE}}).Get());
+    CCallLogPage& page = OpenLoaded();
+    EXPECT_EQ(Text(0, 6), QStringLiteral("-2 "));
+    List().SetTicked(0, true);
+    page.OnCommand(CCallLogPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::deleteCalls),
+              std::vector<Bytes>{Join({Word(870303), Word(16), Word(1), Word(0xFFFFFFFE)})});
+}
+
 TEST_F(CallLogPage, IsDisabledWhileADeleteIsOnItsWay) {
     CCallLogPage& page = OpenLoaded();
     agent_.Hold(AgentCommand::deleteAllCalls);
@@ -327,12 +343,7 @@ TEST_F(CallLogPage, AKeyboardThatTheUserHasMovedOnStaysWhereItIs) {
 }
 
 TEST_F(CallLogPage, MayGoWhileItsPhoneStalls) {
-    agent_.Hold(AgentCommand::listCalls);
-    Open().Load();
-    ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
-    page_.reset();
-    agent_.Release();
-    QTest::qWait(50);
+    GoWhileThePhoneStalls();
 }
 
 }  // namespace

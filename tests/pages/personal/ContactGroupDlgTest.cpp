@@ -4,9 +4,8 @@
 #include "pages/personal/ContactGroupDlg.h"
 #include "pages/personal/GroupEditDlg.h"
 #include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/DialogDriver.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/WireBytes.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
@@ -20,8 +19,6 @@ constexpr int kEditor = 681;
 constexpr int kConfirm = 548;
 constexpr int kNothingChecked = 682;
 
-const QString kConnectError = ToQString(u8"【X】连接错误");
-
 WireBytes& Add(WireBytes& bytes, std::uint64_t id, std::string_view title, std::uint32_t visible) {
     return bytes
         .U64(id)        // group id
@@ -30,24 +27,23 @@ WireBytes& Add(WireBytes& bytes, std::uint64_t id, std::string_view title, std::
         .U32(visible);  // visible
 }
 
-class GroupDialog : public PageTest {
+class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
   protected:
     void SetUp() override {
+        AnswerTwoGroups();
+        agent_.AnswerAcknowledged(AgentCommand::addGroup);
+        agent_.AnswerAcknowledged(AgentCommand::renameGroup);
+        agent_.AnswerAcknowledged(AgentCommand::deleteGroups);
+    }
+
+    void AnswerTwoGroups() {
         WireBytes groups;
         groups.U32(0);  // leading word
         Add(groups, 0x500000005, "朋友", 1);
         Add(groups, 6, "同事", 2);
         agent_.AnswerPayload(AgentCommand::listGroups, groups.Get());
-        agent_.AnswerAcknowledged(AgentCommand::addGroup);
-        agent_.AnswerAcknowledged(AgentCommand::renameGroup);
-        agent_.AnswerAcknowledged(AgentCommand::deleteGroups);
     }
-    ~GroupDialog() override { delete dialog_; }
-
-    void OpenAt(std::uint16_t port) {
-        dialog_ = new CContactGroupDlg(host_, nullptr, port);
-        dialog_->Open([this](int result) { results_.push_back(result); });
-    }
+    void OpenAt(std::uint16_t port) { Show(new CContactGroupDlg(host_, nullptr, port)); }
     void OpenLoaded() {
         OpenAt(agent_.Port());
         WaitForLoads(1);
@@ -64,10 +60,6 @@ class GroupDialog : public PageTest {
         PressIn(kEditor, 1215);
         ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
     }
-
-    ScriptedAgent agent_;
-    QPointer<CContactGroupDlg> dialog_;
-    std::vector<int> results_;
 };
 
 TEST_F(GroupDialog, OpeningLoadsTheGroupsIntoTheirColumns) {
@@ -125,13 +117,27 @@ TEST_F(GroupDialog, ConnectFailureIsToldAndRedrawGoesOn) {
     EXPECT_TRUE(List().Redraw());
 }
 
-TEST_F(GroupDialog, NoDataLeavesAnEmptyListWithoutRedrawOrMessage) {
-    agent_.AnswerNoData(AgentCommand::listGroups);
+// Replies that end the worker early.
+class GroupDialogEarlyEnd : public GroupDialog,
+                            public testing::WithParamInterface<ScriptedAgent::Reply> {};
+
+TEST_P(GroupDialogEarlyEnd, LeavesAnEmptyListWithoutRedrawOrMessageUntilALaterLoadGetsFurther) {
+    agent_.Answer(AgentCommand::listGroups, GetParam());
     OpenLoaded();
     EXPECT_EQ(List().RowCount(), 0);
     EXPECT_FALSE(List().Redraw());
     EXPECT_TRUE(host_.statuses.isEmpty());
+    AnswerTwoGroups();
+    PressIn(kGroups, 1047);
+    WaitForLoads(2);
+    EXPECT_EQ(List().RowCount(), 2);
+    EXPECT_TRUE(List().Redraw());
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    NoData_Closed_Broken, GroupDialogEarlyEnd,
+    testing::Values(ScriptedAgent::Reply{Word(NoDataMark)}, ScriptedAgent::Reply{Bytes{}},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}));
 
 TEST_F(GroupDialog, AnAbsentTitleLeavesAnEmptyRowBehindItsIdAndNoRedraw) {
     WireBytes groups;
@@ -257,7 +263,7 @@ TEST_F(GroupDialog, MayBeClosedWhileItsPhoneStalls) {
     OpenAt(agent_.Port());
     ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
     OpenDialog(kGroups)->close();
-    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    ASSERT_TRUE(Gone());
     agent_.Release();
     QTest::qWait(50);
 }

@@ -54,6 +54,11 @@ constexpr Hostile kHostile[] = {
     {"LinkToAFile", "<a id=hit href='file:///etc/passwd'>go</a>"},
     {"LinkToData", "<a id=hit href='data:text/html,<script>1</script>'>go</a>"},
     {"LinkToAnApplication", "<a id=hit href='tel:10086'>go</a><a href='mailto:a@b'>mail</a>"},
+    {"LinkToABlankPage", "<a id=hit href='about:blank'>go</a>"},
+    {"LinkToTheBrowsersPages", "<a id=hit href='chrome://settings'>go</a>"},
+    {"LinkToASource", "<a id=hit href='view-source:%1'>go</a>"},
+    {"LinkToAServerOfFiles", "<a id=hit href='ftp://127.0.0.1/x'>go</a>"},
+    {"LinkWithoutAScheme", "<a id=hit href='//127.0.0.1/x'>go</a>"},
     {"LinkIntoTheProgram", "<a id=hit href='qrc:/views/contact.html'>go</a>"},
     {"Blob", "<a id=hit href='blob:null/1'>go</a>"},
     {"Download", "<a id=hit href='%1x.exe' download>go</a>"},
@@ -155,23 +160,45 @@ TEST_P(HostileMessage, InAConversationRunsNothingFetchesNothingAndLeavesTheView)
 INSTANTIATE_TEST_SUITE_P(All, HostileMessage, testing::ValuesIn(kHostile),
                          [](const auto& hostile) { return std::string(hostile.param.name); });
 
-TEST_F(PageTest, AMessageOfAMegabyteIsShownWhole) {
-    constexpr std::size_t kMegabyte = 1 << 20;
-    ScriptedAgent agent;
-    const std::string text(kMegabyte, 'm');
-    agent.AnswerPayload(AgentCommand::listConversations,
-                        ConversationsPayload({{.name = text, .text = text}}).Get());
-    CSmsPage page(host_, nullptr, agent.Port());
+class LongMessage : public PageTest {
+  protected:
+    static constexpr std::size_t kMegabyte = 1 << 20;
+
+    LongMessage() {
+        agent_.AnswerPayload(AgentCommand::listConversations,
+                             ConversationsPayload({{.name = text_, .text = text_}}).Get());
+        agent_.AnswerPayload(AgentCommand::readConversation,
+                             MessagesPayload({{.address = text_, .text = text_}}).Get());
+    }
+    // Waits until the element holds that many characters.
+    static bool Holds(const CHtmlCtrlBase& view, const char* selector, std::size_t characters) {
+        return WaitFor([&] {
+            return view.Browser() != nullptr &&
+                   AskHtml(view, QStringLiteral("document.querySelector('%1')?.textContent.length")
+                                     .arg(QLatin1String(selector)))
+                           .toULongLong() == characters;
+        });
+    }
+
+    const std::string text_ = std::string(kMegabyte, 'm');
+    ScriptedAgent agent_;
+};
+
+TEST_F(LongMessage, OfAMegabyteIsShownWholeInTheList) {
+    CSmsPage page(host_, nullptr, agent_.Port());
     page.resize(760, 462);
     page.show();
     page.Load();
-    auto& view = *FindControl<CHtmlCtrlBase>(&page, 1361);
-    EXPECT_TRUE(WaitFor([&] {
-        return view.Browser() != nullptr &&
-               AskHtml(view, QStringLiteral("document.querySelector('#sms_ul .text > a')"
-                                            "?.textContent.length"))
-                       .toULongLong() == kMegabyte;
-    }));
+    EXPECT_TRUE(Holds(*FindControl<CHtmlCtrlBase>(&page, 1361), "#sms_ul .text > a", kMegabyte));
+}
+
+TEST_F(LongMessage, OfAMegabyteIsShownWholeInAConversation) {
+    const QPointer dialog = new CSmsComposeDlg(host_, 7, nullptr, agent_.Port());
+    dialog->Open();
+    constexpr std::size_t kCaption = 4;  // 对您说：
+    EXPECT_TRUE(
+        Holds(*FindControl<CHtmlCtrlBase>(dialog, 1359), ".remote dd", kMegabyte + kCaption));
+    delete dialog;
 }
 
 }  // namespace

@@ -7,9 +7,8 @@
 #include "base/Text.h"
 #include "pages/personal/SmsComposeDlg.h"
 #include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/DialogDriver.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/personal/MessageReplies.h"
 #include "tests/ui/HtmlDriver.h"
 #include "ui/ControlNumber.h"
@@ -23,9 +22,7 @@ namespace {
 
 constexpr int kComposer = 550;
 
-const QString kConnectError = ToQString(u8"【X】连接错误");
-
-class Composer : public PageTest {
+class Composer : public AgentDialogTest<CSmsComposeDlg> {
   protected:
     void SetUp() override {
         agent_.AnswerPayload(AgentCommand::readConversation,
@@ -40,11 +37,9 @@ class Composer : public PageTest {
                                  .Get());
         agent_.AnswerAcknowledged(AgentCommand::sendMessage);
     }
-    ~Composer() override { delete dialog_; }
 
     void OpenAt(std::uint16_t port, std::uint32_t conversation = kNoConversation) {
-        dialog_ = new CSmsComposeDlg(host_, conversation, nullptr, port);
-        dialog_->Open([this](int result) { results_.push_back(result); });
+        Show(new CSmsComposeDlg(host_, conversation, nullptr, port));
     }
     // With all that it reads read.
     void OpenLoaded(std::uint32_t conversation = kNoConversation) {
@@ -73,14 +68,7 @@ class Composer : public PageTest {
         Recipients().setText(recipients.toString());
         Text().setPlainText(text.toString());
     }
-    bool Ended(int result) {
-        return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
-    }
     std::vector<Bytes> Sent() { return agent_.Requests(AgentCommand::sendMessage); }
-
-    ScriptedAgent agent_;
-    QPointer<CSmsComposeDlg> dialog_;
-    std::vector<int> results_;
 };
 
 TEST_F(Composer, NumbersAreTheControls) {
@@ -421,7 +409,7 @@ TEST_F(Composer, MayBeClosedBeforeItsViewHasLoaded) {
     OpenAt(agent_.Port(), 7);
     PressIn(kComposer, 1021);
     EXPECT_TRUE(Ended(QDialog::Rejected));
-    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    ASSERT_TRUE(Gone());
     QTest::qWait(50);
     EXPECT_TRUE(agent_.Requests().empty());
 }
@@ -446,7 +434,7 @@ TEST_P(ComposerStalled, MayBeClosedWhileThePhoneHoldsItsReply) {
     ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(GetParam()).empty(); }));
     PressIn(kComposer, 1021);
     EXPECT_TRUE(Ended(QDialog::Rejected));
-    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    ASSERT_TRUE(Gone());
     agent_.Release();
     QTest::qWait(50);
 }
@@ -456,22 +444,47 @@ INSTANTIATE_TEST_SUITE_P(Conversation_Names_Members, ComposerStalled,
                                          AgentCommand::listGroupNames,
                                          AgentCommand::listGroupMembers));
 
-// Bytes of the members' reply that come before it stalls, and the close with it.
-class ComposerCut : public Composer, public testing::WithParamInterface<std::size_t> {};
+Bytes ReplyTo(AgentCommand command) {
+    switch (command) {
+        case AgentCommand::readConversation:
+            return Framed(MessagesPayload({{.address = "1", .text = "A"}}).Get());
+        case AgentCommand::listGroupNames:
+            return Framed(WireBytes().U32(0).U64(5).Text("G").Get());
+        default:
+            return Framed(MembersPayload({{5, "A", "1"}}).Get());
+    }
+}
+
+// A session of the composer, and how many bytes of its reply come before it stalls.
+using StalledReply = std::pair<AgentCommand, std::size_t>;
+
+std::vector<StalledReply> EachStep() {
+    std::vector<StalledReply> steps;
+    for (const AgentCommand command : {AgentCommand::readConversation, AgentCommand::listGroupNames,
+                                       AgentCommand::listGroupMembers}) {
+        for (std::size_t came = 0; came < ReplyTo(command).size(); ++came) {
+            steps.emplace_back(command, came);
+        }
+    }
+    return steps;
+}
+
+class ComposerCut : public Composer, public testing::WithParamInterface<StalledReply> {};
 
 TEST_P(ComposerCut, MayBeClosedAtEveryStepOfAStalledReply) {
-    Bytes reply = Framed(MembersPayload({{5, "A", "1"}}).Get());
-    reply.resize(std::min(GetParam(), reply.size()));
-    agent_.Answer(AgentCommand::listGroupMembers, {reply, ScriptedAgent::End::wait});
-    OpenAt(agent_.Port());
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::listGroupMembers).empty(); }));
+    const auto [command, came] = GetParam();
+    Bytes reply = ReplyTo(command);
+    reply.resize(came);
+    agent_.Answer(command, {reply, ScriptedAgent::End::wait});
+    OpenAt(agent_.Port(), 7);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(command).empty(); }));
     QTest::qWait(10);
     PressIn(kComposer, 1021);
     EXPECT_TRUE(Ended(QDialog::Rejected));
-    ASSERT_TRUE(WaitFor([&] { return dialog_ == nullptr; }));
+    ASSERT_TRUE(Gone());
 }
 
-INSTANTIATE_TEST_SUITE_P(EachByte, ComposerCut, testing::Range<std::size_t>(0, 26));
+INSTANTIATE_TEST_SUITE_P(EachByte, ComposerCut, testing::ValuesIn(EachStep()));
 
 }  // namespace
 }  // namespace quorvi

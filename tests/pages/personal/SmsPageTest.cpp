@@ -3,9 +3,8 @@
 
 #include "pages/personal/SmsPage.h"
 #include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentPageTest.h"
 #include "tests/pages/DialogDriver.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/personal/MessageReplies.h"
 #include "tests/ui/HtmlDriver.h"
 #include "ui/ControlNumber.h"
@@ -17,9 +16,7 @@ namespace {
 
 constexpr int kComposer = 550;
 
-const QString kConnectError = ToQString(u8"【X】连接错误");
-
-class SmsPage : public PageTest {
+class SmsPage : public AgentPageTest<CSmsPage, AgentCommand::listConversations> {
   protected:
     void SetUp() override {
         agent_.AnswerPayload(AgentCommand::listConversations,
@@ -33,13 +30,8 @@ class SmsPage : public PageTest {
 
     // The page, shown, with its template loaded.
     CSmsPage& OpenAt(std::uint16_t port) {
-        page_ = std::make_unique<CSmsPage>(host_, nullptr, port);
-        page_->resize(760, 462);
-        bool loaded = false;
-        QObject::connect(&View(), &CHtmlCtrlBase::documentLoaded, page_.get(),
-                         [&] { loaded = true; });
-        page_->show();
-        EXPECT_TRUE(WaitFor([&] { return loaded; }));
+        MakeAt(port);
+        ShowWithDocument(*page_, View());
         return *page_;
     }
     CSmsPage& Open() { return OpenAt(agent_.Port()); }
@@ -54,24 +46,17 @@ class SmsPage : public PageTest {
     CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(page_.get(), 1361); }
     HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }
     QString List() { return InnerHtml(View(), QStringLiteral("sms_ul")); }
-    std::optional<int> Key() { return host_.loadState.Value(2); }
-    std::size_t Loads() { return agent_.Requests(AgentCommand::listConversations).size(); }
     std::vector<Bytes> Deletes() { return agent_.Requests(AgentCommand::deleteConversation); }
-    void WaitForLoads(std::size_t count) {
-        ASSERT_TRUE(WaitFor([&] { return Loads() == count && Key() == PageLoadState::kEnded; }));
-    }
     // As a click on a private link tells the page.
     void Follow(const char* link) {
         ClickHtml(View(), QStringLiteral("a[href='qvh:%1']").arg(QLatin1String(link)));
     }
-
-    ScriptedAgent agent_;
-    std::unique_ptr<CSmsPage> page_;
 };
 
 TEST_F(SmsPage, NumbersAreTheControls) {
     CSmsPage& page = Open();
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 397"));
+    EXPECT_EQ(CSmsPage::kLoadKey, 2);
     EXPECT_NE(FindControl(&page, 1361), nullptr);
     EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
 }
@@ -266,12 +251,7 @@ TEST_P(SmsPageUnsent, AMessageThatDidNotGetOutStandsInTheNextComposerOfItsConver
 INSTANTIATE_TEST_SUITE_P(New_Answer, SmsPageUnsent, testing::Values(kNoConversation, 7u));
 
 TEST_F(SmsPage, MayGoWhileItsPhoneStalls) {
-    agent_.Hold(AgentCommand::listConversations);
-    Open().Load();
-    ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
-    page_.reset();
-    agent_.Release();
-    QTest::qWait(50);
+    GoWhileThePhoneStalls();
 }
 
 }  // namespace

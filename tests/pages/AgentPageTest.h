@@ -1,0 +1,44 @@
+// What the tests of a page with a load key share: the page, and an agent that answers it as the
+// test says.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "tests/pages/PageTest.h"
+#include "tests/pages/ScriptedAgent.h"
+
+namespace quorvi {
+
+// Of a page whose load is one `kList`.
+template <typename P, AgentCommand kList>
+class AgentPageTest : public PageTest {
+  protected:
+    // Makes the page, not shown and not loaded.
+    P& MakeAt(std::uint16_t port) {
+        page_ = std::make_unique<P>(host_, nullptr, port);
+        page_->resize(760, 462);
+        return *page_;
+    }
+
+    std::optional<int> Key() { return host_.loadState.Value(P::kLoadKey); }
+    std::size_t Loads() { return agent_.Requests(kList).size(); }
+    void WaitForLoads(std::size_t count) {
+        ASSERT_TRUE(WaitFor([&] { return Loads() == count && Key() == PageLoadState::kEnded; }));
+    }
+    // Loads, and lets the page go while the phone holds its reply.
+    void GoWhileThePhoneStalls() {
+        agent_.Hold(kList);
+        MakeAt(agent_.Port()).Load();
+        ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
+        page_.reset();
+        agent_.Release();
+        QTest::qWait(50);
+    }
+
+    ScriptedAgent agent_;
+    std::unique_ptr<P> page_;
+};
+
+}  // namespace quorvi
