@@ -73,6 +73,7 @@ CSkinTree::CSkinTree(QWidget* parent, Ticks ticks)
     // The padding that the style leaves around the nodes has their ground.
     QPalette ground = palette();
     ground.setColor(QPalette::Window, look::color(Color::surface));
+    ground.setColor(QPalette::Disabled, QPalette::Window, look::color(Color::fieldOff));
     setPalette(ground);
     setAutoFillBackground(true);
     RoundCorners::Attach(*this);

@@ -137,6 +137,15 @@ TEST_F(TreeTest, ATreeClearedBeforeRedrawWentOffStaysBlank) {
     EXPECT_NE(tree->viewport()->grab().toImage(), shot);  // now it says that it is empty
 }
 
+TEST_F(TreeTest, ADisabledTreeHasOneGroundToItsFrame) {
+    CSkinTree* tree = Make(CSkinTree::Ticks::each);
+    for (const bool enabled : {true, false}) {
+        tree->setEnabled(enabled);
+        const QImage shot = tree->grab().toImage();
+        EXPECT_EQ(shot.pixelColor(3, 200), shot.pixelColor(150, 200)) << enabled;
+    }
+}
+
 TEST_F(TreeTest, CollapsingAnEmptyTreeDoesNothing) {
     CSkinTree* tree = Make(CSkinTree::Ticks::none);
     tree->Clear();
