@@ -251,9 +251,14 @@ void CSmsComposeDlg::TakeTicked() {
 // ---- the message -------------------------------------------------------------------------------
 
 void CSmsComposeDlg::ShowLength() {
-    const MessageLength length = MeasureMessage(FromQString(text_->toPlainText()));
+    const QString typed = text_->toPlainText();
+    const std::string text = FromQString(typed);
+    const MessageLength length = MeasureMessage(text);
     length_->setText(ToQString(u8"%1 字\n%2 条短信").arg(length.characters).arg(length.messages));
     length_->setToolTip(ToQString(u8"还可以写 %1 字，再多就要增加一条短信").arg(length.left));
+    const bool lossy = ToQString(text) != typed;
+    state_->SetState(CSkinStateLabel::kRed,
+                     lossy ? ToQString(u8"有些字符无法发送，会变成“?”") : QString());
 }
 
 void CSmsComposeDlg::Resume(const UnsentMessage& message) {
@@ -265,8 +270,8 @@ void CSmsComposeDlg::Resume(const UnsentMessage& message) {
 
 void CSmsComposeDlg::Send() {
     const std::string text = FromQString(text_->toPlainText());
-    const std::string recipients = FromQString(recipients_->text());
-    if (text.empty() || recipients.empty()) {
+    const std::vector<std::string> numbers = RecipientNumbers(FromQString(recipients_->text()));
+    if (text.empty() || numbers.empty()) {
         return;
     }
     // What is on its way cannot be called back; the window may be closed all the same.
@@ -274,7 +279,7 @@ void CSmsComposeDlg::Send() {
     cancel_->setEnabled(false);
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在发送…"));
     unsent_ = {recipients_->text(), text_->toPlainText()};
-    SendChange(host_, *Body(), agentPort_, SendMessageRequest(RecipientNumbers(recipients), text),
+    SendChange(host_, *Body(), agentPort_, SendMessageRequest(numbers, text),
                [this](const AcknowledgedReply& reply) {
                    if (reply.outcome == SessionOutcome::complete) {
                        unsent_.reset();

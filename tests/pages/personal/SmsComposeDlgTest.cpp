@@ -55,6 +55,7 @@ class Composer : public AgentDialogTest<CSmsComposeDlg> {
     HtmlFrame& Conversation() { return *dialog_->findChild<HtmlFrame*>(); }
     QLineEdit& Recipients() { return *FindControl<QLineEdit>(dialog_, 1337); }
     QPlainTextEdit& Text() { return *FindControl<QPlainTextEdit>(dialog_, 1271); }
+    QString State() { return dialog_->findChild<CSkinStateLabel*>()->text(); }
     QString Length() {
         return dialog_->findChild<QLabel*>(QStringLiteral("messageLength"))->text();
     }
@@ -289,6 +290,8 @@ TEST_F(Composer, AnEmptyTextOrNobodyToSendToDoesNothing) {
     PressIn(kComposer, 1030);
     Text().setPlainText(QStringLiteral("text"));
     PressIn(kComposer, 1030);
+    Recipients().setText(QStringLiteral(";10010"));  // its first part is empty: nobody
+    PressIn(kComposer, 1030);
     Text().clear();
     Recipients().setText(QStringLiteral("10010"));
     PressIn(kComposer, 1030);
@@ -329,7 +332,7 @@ TEST_F(Composer, SaysThatItSendsAndCannotBeCancelledButClosed) {
     agent_.Hold(AgentCommand::sendMessage);
     Fill(u"10010", u"text");
     PressIn(kComposer, 1030);
-    EXPECT_EQ(dialog_->findChild<CSkinStateLabel*>()->text(), ToQString(u8"正在发送…"));
+    EXPECT_EQ(State(), ToQString(u8"正在发送…"));
     EXPECT_FALSE(FindControl(dialog_, 1021)->isEnabled());
     QTest::keyClick(dialog_, Qt::Key_Escape);
     EXPECT_TRUE(Ended(QDialog::Rejected));
@@ -423,6 +426,16 @@ TEST_F(Composer, TellsHowLongTheMessageWillBe) {
     EXPECT_EQ(Length(), ToQString(u8"71 字\n2 条短信"));
     Text().setPlainText(QString(160, QLatin1Char('a')));
     EXPECT_EQ(Length(), ToQString(u8"160 字\n1 条短信"));
+}
+
+TEST_F(Composer, SaysThatACharacterIsLostOnTheWayOut) {
+    OpenLoaded();
+    Text().setPlainText(ToQString(u8"生日快乐"));
+    EXPECT_EQ(State(), QString());
+    Text().setPlainText(ToQString(u8"生日快乐🎂"));
+    EXPECT_EQ(State(), ToQString(u8"有些字符无法发送，会变成“?”"));
+    Text().setPlainText(ToQString(u8"生日快乐"));
+    EXPECT_EQ(State(), QString());
 }
 
 // The sessions that the composer runs one after the other.
