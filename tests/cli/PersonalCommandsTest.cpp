@@ -1,6 +1,9 @@
 // quorvictl groups, sms and calls against an agent on the suite's own port.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 #include "base/Json.h"
 #include "tests/cli/AgentFixture.h"
 #include "tests/cli/RunProgram.h"
@@ -8,9 +11,24 @@
 namespace quorvi::cli {
 namespace {
 
-class GroupsCommand : public AgentFixture {};
-class SmsCommand : public AgentFixture {};
-class CallsCommand : public AgentFixture {};
+// The programs that it runs live in one time zone.
+class PersonalCommands : public AgentFixture {
+  protected:
+    PersonalCommands() { setenv("TZ", "Asia/Shanghai", 1); }
+
+    // The whole document that a command prints with --json.
+    static void ExpectDocument(const std::string& arguments, std::string_view document) {
+        const Ended ended = Out(arguments + " --json");
+        EXPECT_EQ(ended.status, 0);
+        const auto printed = ParseJson(ended.output);
+        ASSERT_TRUE(printed) << ended.output;
+        EXPECT_EQ(*printed, ParseJson(document).value()) << ended.output;
+    }
+};
+
+class GroupsCommand : public PersonalCommands {};
+class SmsCommand : public PersonalCommands {};
+class CallsCommand : public PersonalCommands {};
 
 TEST_F(GroupsCommand, ListGivesEachGroup) {
     START_OR_SKIP({.bytes = Framed(Join({
@@ -20,15 +38,28 @@ TEST_F(GroupsCommand, ListGivesEachGroup) {
                        Text("lin@mail.example"),  // account
                        Word(1),                   // visible
                    }))});
-    const Ended ended = Out("groups list --json");
-    EXPECT_EQ(ended.status, 0);
-    const auto rows = ParseJson(ended.output);
-    ASSERT_TRUE(rows && rows->isArray() && rows->size() == 1u);
-    EXPECT_EQ((*rows)[0]["id"].asUInt(), 3u);
-    EXPECT_EQ((*rows)[0]["title"].asString(), "家人");
-    EXPECT_EQ((*rows)[0]["account"].asString(), "lin@mail.example");
-    EXPECT_TRUE((*rows)[0]["visible"].asBool());
+    ExpectDocument(
+        "groups list",
+        R"([{"id": 3, "title": "家人", "account": "lin@mail.example", "visible": true}])");
     EXPECT_EQ(Request(0), Word(870140));
+}
+
+TEST_F(GroupsCommand, ListOfAPhoneWithoutGroupsIsEmpty) {
+    START_OR_SKIP({.bytes = Word(NoDataMark)});
+    ExpectDocument("groups list", "[]");
+}
+
+TEST_F(GroupsCommand, AGroupWhoseVisibleValueIsNotOneIsHidden) {
+    START_OR_SKIP({.bytes = Framed(Join({
+                       Word(0),        // leading word
+                       LongWord(3),    // group id
+                       Text("A"),      // title
+                       Text("phone"),  // account
+                       Word(2),        // visible
+                   }))});
+    ExpectDocument("groups list",
+                   R"([{"id": 3, "title": "A", "account": "phone", "visible": false}])");
+    EXPECT_NE(Out("groups list").output.find("【隐藏】"), std::string::npos);
 }
 
 TEST_F(GroupsCommand, AddSendsTheTitle) {
@@ -50,11 +81,7 @@ TEST_F(GroupsCommand, RenameSendsIdAndTitle) {
 
 TEST_F(GroupsCommand, DeleteSendsTheIds) {
     START_OR_SKIP({.bytes = Word(1)});
-    const Ended ended = Out("groups delete 5 2 --json");
-    EXPECT_EQ(ended.status, 0);
-    const auto document = ParseJson(ended.output);
-    ASSERT_TRUE(document);
-    EXPECT_EQ((*document)["deleted"].size(), 2u);
+    ExpectDocument("groups delete 5 2", R"({"deleted": [5, 2]})");
     EXPECT_EQ(Request(0), Join({Word(870124), Word(20), Word(2), Word(5), Word(2)}));
 }
 
@@ -73,15 +100,8 @@ TEST_F(SmsCommand, ListGivesEachConversationWithItsAttribution) {
                        Word(0),                  // reserved
                        Text("余额"),             // last message
                    }))});
-    const Ended ended = Out("sms list --json");
-    EXPECT_EQ(ended.status, 0);
-    const auto rows = ParseJson(ended.output);
-    ASSERT_TRUE(rows && rows->isArray() && rows->size() == 1u);
-    EXPECT_EQ((*rows)[0]["id"].asUInt(), 0xFFFFFFFEu);
-    EXPECT_EQ((*rows)[0]["name"].asString(), "中国移动");
-    EXPECT_EQ((*rows)[0]["number"].asString(), "10086");
-    EXPECT_EQ((*rows)[0]["attribution"].asString(), "中国移动");
-    EXPECT_EQ((*rows)[0]["text"].asString(), "余额");
+    ExpectDocument("sms list", R"([{"id": 4294967294, "name": "中国移动", "number": "10086",
+        "attribution": "中国移动", "date": "2011-06-18 09:42:10", "text": "余额"}])");
     EXPECT_EQ(Request(0), Word(870201));
 }
 
@@ -96,14 +116,29 @@ TEST_F(SmsCommand, ShowAsksInEightBytesAndGivesEachMessage) {
                        Text("余额"),             // text
                        Word(0),                  // reserved
                    }))});
-    const Ended ended = Out("sms show 5 --json");
-    EXPECT_EQ(ended.status, 0);
-    const auto rows = ParseJson(ended.output);
-    ASSERT_TRUE(rows && rows->isArray() && rows->size() == 1u);
-    EXPECT_TRUE((*rows)[0]["incoming"].asBool());
-    EXPECT_EQ((*rows)[0]["address"].asString(), "10086");
-    EXPECT_EQ((*rows)[0]["text"].asString(), "余额");
+    ExpectDocument("sms show 5", R"([{"incoming": true, "address": "10086",
+        "date": "2011-06-18 09:42:10", "text": "余额"}])");
     EXPECT_EQ(Request(0), Join({Word(870202), Word(5)}));
+}
+
+TEST_F(SmsCommand, AnAbsentNameDropsWhatWasReadBeforeIt) {
+    START_OR_SKIP({.bytes = Framed(Join({
+                       Word(0),                                         // leading word
+                       LongWord(5), Text("A"), Text("1"), LongWord(0),  // a conversation
+                       Word(0), Word(0), Text("x"),                     //
+                       LongWord(6), Word(AbsentMark),                   // one without a name
+                   }))});
+    ExpectDocument("sms list", "[]");
+}
+
+TEST_F(SmsCommand, AnAbsentAddressDropsWhatWasReadBeforeIt) {
+    START_OR_SKIP({.bytes = Framed(Join({
+                       Word(0),                                       // leading word
+                       LongWord(1), Word(1), Text("A"), LongWord(0),  // a message
+                       Word(0), Text("x"), Word(0),                   //
+                       LongWord(2), Word(1), Word(AbsentMark),        // one without an address
+                   }))});
+    EXPECT_EQ(Out("sms show 5").status, 3);
 }
 
 TEST_F(SmsCommand, AConversationThatIsNotThereIsNotFound) {
@@ -150,15 +185,9 @@ TEST_F(CallsCommand, ListGivesEachCallWithoutTheLineFeedOfItsDuration) {
                        Word(3),                  // type
                        Text(""),                 // name
                    }))});
-    const Ended ended = Out("calls list --json");
-    EXPECT_EQ(ended.status, 0);
-    const auto rows = ParseJson(ended.output);
-    ASSERT_TRUE(rows && rows->isArray() && rows->size() == 1u);
-    EXPECT_EQ((*rows)[0]["id"].asUInt(), 7u);
-    EXPECT_EQ((*rows)[0]["name"].asString(), "");
-    EXPECT_EQ((*rows)[0]["attribution"].asString(), "中国移动");
-    EXPECT_EQ((*rows)[0]["duration"].asString(), "01:01:40");
-    EXPECT_EQ((*rows)[0]["type"].asString(), "未接来电");
+    ExpectDocument("calls list", R"([{"id": 7, "name": "", "number": "10086",
+        "attribution": "中国移动", "date": "2011-06-18 09:42:10", "duration": "01:01:40",
+        "type": "未接来电"}])");
     EXPECT_EQ(Request(0), Word(870301));
 }
 
@@ -174,13 +203,34 @@ TEST_F(CallsCommand, ClearSendsACountOfOneAndNothingBehindIt) {
     EXPECT_EQ(Request(0), Join({Word(870304), Word(12), Word(1)}));
 }
 
-TEST_F(CallsCommand, WithoutALinkTheStatusSaysSo) {
-    if (!Start({.bytes = Word(1)})) {
-        GTEST_SKIP() << "port 50505 is in use";
+TEST_F(CallsCommand, TheTableHasTheTextsOfThePage) {
+    START_OR_SKIP({.bytes = Framed(Join({
+                       Word(0),           // leading word
+                       LongWord(7),       // call id
+                       Text("10086"),     // number
+                       LongWord(0),       // date
+                       LongWord(90'000),  // duration
+                       Word(9),           // type
+                       Text("移动"),      // name
+                   }))});
+    const std::string table = Out("calls list").output;
+    for (const char* text :
+         {"移动", "10086", "未知类型", "01:00:00", "1970-01-01 08:00:00", "中国移动"}) {
+        EXPECT_NE(table.find(text), std::string::npos) << text;
     }
+    EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 2);  // the headings and the call
+}
+
+TEST_F(PersonalCommands, WithoutALinkTheStatusSaysSo) {
+    START_OR_SKIP({.bytes = Word(1)});
     Stop();
-    EXPECT_EQ(Out("calls list").status, 2);
-    EXPECT_NE(Err("calls clear").output.find("【X】连接错误"), std::string::npos);
+    for (const char* call : {"groups list", "groups add A", "groups rename 1 A", "groups delete 1",
+                             "sms list", "sms show 1", "sms delete 1", "sms send --to 1 --text x",
+                             "calls list", "calls delete 1", "calls clear"}) {
+        const Ended ended = Err(call);
+        EXPECT_EQ(ended.status, 2) << call;
+        EXPECT_NE(ended.output.find("【X】连接错误"), std::string::npos) << call;
+    }
 }
 
 }  // namespace
