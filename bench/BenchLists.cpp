@@ -5,16 +5,15 @@
 #include <benchmark/benchmark.h>
 
 #include <QAbstractTableModel>
-#include <QApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTableView>
-#include <algorithm>
-#include <cstdio>
-#include <map>
-#include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
+#include "bench/Verdict.h"
+#include "bench/WindowTurns.h"
 #include "tests/ui/SampleList.h"
 #include "ui/Look.h"
 
@@ -118,52 +117,23 @@ BENCHMARK(FirstScreen<Kit>)->Unit(benchmark::kMillisecond)->Iterations(20);
 BENCHMARK(ScrollFrame<Plain>)->Unit(benchmark::kMillisecond)->Iterations(600);
 BENCHMARK(ScrollFrame<Kit>)->Unit(benchmark::kMillisecond)->Iterations(600);
 
-// Keeps each figure for the verdict at the end.
-class Keeper : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            time[run.run_name.function_name] = run.GetAdjustedRealTime();
-            for (const auto& [name, counter] : run.counters) {
-                counters[name] = counter.value;
-            }
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> time;
-    std::map<std::string, double> counters;
-};
-
-bool Within(const char* what, double figure, double most, const char* unit) {
-    std::printf("%-38s %8.2f %s (at most %.2f)\n", what, figure, unit, most);
-    return figure <= most;
-}
-
-int Judge(Keeper& keeper) {
-    auto& time = keeper.time;
-    std::printf("\n");
-    bool good = Within("fill and first screen", time["FirstScreen<Kit>"], kMostFirstScreen, "ms");
-    std::printf("%-38s %8.2f\n", "  as a multiple of a plain QTableView",
-                time["FirstScreen<Kit>"] / time["FirstScreen<Plain>"]);
-    good &= Within("one frame of scrolling", time["ScrollFrame<Kit>"], kMostFrame, "ms");
-    std::printf("%-38s %8.2f\n", "  as a multiple of a plain QTableView",
-                time["ScrollFrame<Kit>"] / time["ScrollFrame<Plain>"]);
-    good &= Within("photos decoded for a visible one",
-                   keeper.counters["decodes"] / keeper.counters["visible"], 1, "");
-    return good ? 0 : 1;
+void Judge(const Figures& figures, Verdict& verdict) {
+    const double fill = figures.Time("FirstScreen<Kit>");
+    verdict.AtMost("fill and first screen, ms", fill, kMostFirstScreen);
+    Verdict::Tell("  times a plain QTableView", fill / figures.Time("FirstScreen<Plain>"));
+    const double frame = figures.Time("ScrollFrame<Kit>");
+    verdict.AtMost("one frame of scrolling, ms", frame, kMostFrame);
+    Verdict::Tell("  times a plain QTableView", frame / figures.Time("ScrollFrame<Plain>"));
+    verdict.AtMost("photos decoded for a visible one",
+                   figures.Counter("FirstScreen<Kit>", "decodes") /
+                       figures.Counter("FirstScreen<Kit>", "visible"),
+                   1);
 }
 
 }  // namespace
 }  // namespace quorvi
 
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication application(argc, argv);
-    quorvi::look::Apply(application);
-    quorvi::Keeper keeper;
-    benchmark::RunSpecifiedBenchmarks(&keeper);
-    return quorvi::Judge(keeper);
+int main(int count, char** words) {
+    const auto application = quorvi::MakeApplication(count, words);
+    return quorvi::RunAndJudge(count, words, quorvi::Judge);
 }

@@ -8,14 +8,13 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/Verdict.h"
 #include "refdata/LunarCalendar.h"
 #include "refdata/NumberAttribution.h"
 #include "refdata/PhoneDbFormat.h"
@@ -156,23 +155,6 @@ BENCHMARK(Geocoder);
 BENCHMARK(Lunar);
 BENCHMARK(IcuChinese);
 
-// Shows what the console shows, and keeps how many items a second each does.
-class KeepingReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                speeds_[run.run_name.function_name] = run.counters.at("items_per_second").value;
-            }
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    [[nodiscard]] double Of(const char* name) { return speeds_[name]; }
-
-  private:
-    std::map<std::string, double> speeds_;
-};
-
 struct Demand {
     const char* ours;
     double leastASecond;
@@ -185,30 +167,26 @@ constexpr Demand kDemands[] = {
     {"Lunar", 2e6, "IcuChinese", 50},
 };
 
-bool AllMet(KeepingReporter& reporter) {
-    bool met = true;
+double Speed(const Figures& figures, const char* benchmark) {
+    return figures.Counter(benchmark, "items_per_second");
+}
+
+void Judge(const Figures& figures, Verdict& verdict) {
     for (const Demand& demand : kDemands) {
-        const double ours = reporter.Of(demand.ours);
-        met = met && ours >= demand.leastASecond;
-        std::printf("\n%s: %.1f million a second, at least %.1f", demand.ours, ours / 1e6,
-                    demand.leastASecond / 1e6);
+        const std::string name = demand.ours;
+        const double ours = Speed(figures, demand.ours);
+        verdict.AtLeast((name + ", millions a second").c_str(), ours / 1e6,
+                        demand.leastASecond / 1e6);
         if (demand.beside != nullptr) {
-            const double times = ours / reporter.Of(demand.beside);
-            met = met && times >= demand.leastTimes;
-            std::printf("; %.0f times %s, at least %.0f", times, demand.beside, demand.leastTimes);
+            verdict.AtLeast((name + " / " + demand.beside).c_str(),
+                            ours / Speed(figures, demand.beside), demand.leastTimes);
         }
     }
-    std::printf("\n");
-    return met;
 }
 
 }  // namespace
 }  // namespace quorvi
 
 int main(int count, char** words) {
-    benchmark::Initialize(&count, words);
-    quorvi::KeepingReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    return quorvi::AllMet(reporter) ? 0 : 1;
+    return quorvi::RunAndJudge(count, words, quorvi::Judge);
 }

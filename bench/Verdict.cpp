@@ -1,0 +1,115 @@
+#include "bench/Verdict.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+namespace quorvi {
+namespace {
+
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+
+std::string CounterKey(const std::string& benchmark, const std::string& counter) {
+    return benchmark + "/" + counter;
+}
+
+double Median(std::vector<double> values) {
+    if (values.empty()) {
+        return kNone;
+    }
+    std::ranges::sort(values);
+    const std::size_t middle = values.size() / 2;
+    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+}
+
+// Shows what the console shows, and keeps what each repetition came to.
+class KeepingReporter : public benchmark::ConsoleReporter {
+  public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration || run.error_occurred) {
+                continue;
+            }
+            const std::string& name = run.run_name.function_name;
+            figures_.AddTime(name, run.GetAdjustedRealTime());
+            for (const auto& [counter, value] : run.counters) {
+                figures_.AddCounter(name, counter, value.value);
+            }
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    [[nodiscard]] const Figures& Kept() const { return figures_; }
+
+  private:
+    Figures figures_;
+};
+
+}  // namespace
+
+void Figures::AddTime(const std::string& benchmark, double time) {
+    values_[benchmark].push_back(time);
+}
+
+void Figures::AddCounter(const std::string& benchmark, const std::string& counter, double value) {
+    values_[CounterKey(benchmark, counter)].push_back(value);
+}
+
+std::vector<double> Figures::Values(const std::string& key) const {
+    const auto found = values_.find(key);
+    return found == values_.end() ? std::vector<double>() : found->second;
+}
+
+double Figures::Time(const std::string& benchmark) const {
+    return Median(Values(benchmark));
+}
+
+double Figures::Counter(const std::string& benchmark, const std::string& counter) const {
+    return Median(Values(CounterKey(benchmark, counter)));
+}
+
+double Figures::MostOf(const std::string& benchmark, const std::string& counter) const {
+    const std::vector<double> values = Values(CounterKey(benchmark, counter));
+    return values.empty() ? kNone : std::ranges::max(values);
+}
+
+void Verdict::AtMost(const char* what, double is, double most) {
+    const bool kept = is <= most;  // what was not measured is not kept
+    allKept_ = allKept_ && kept;
+    std::printf("%-52s %9.3f, at most %g%s\n", what, is, most, kept ? "" : "   BROKEN");
+}
+
+void Verdict::AtLeast(const char* what, double is, double least) {
+    const bool kept = is >= least;
+    allKept_ = allKept_ && kept;
+    std::printf("%-52s %9.3f, at least %g%s\n", what, is, least, kept ? "" : "   BROKEN");
+}
+
+void Verdict::Tell(const char* what, double is) {
+    std::printf("%-52s %9.3f\n", what, is);
+}
+
+int RunAndJudge(int count, char** words,
+                const std::function<void(const Figures&, Verdict&)>& judge) {
+    // What is compared takes turns, so that what else the machine does falls on all of it.
+    std::vector<char*> arguments(words, words + count);
+    std::string interleave = "--benchmark_enable_random_interleaving=true";
+    arguments.insert(arguments.begin() + 1, interleave.data());
+    int given = static_cast<int>(arguments.size());
+    benchmark::Initialize(&given, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(given, arguments.data())) {
+        return 1;
+    }
+    KeepingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    Verdict verdict;
+    std::printf("\n");
+    judge(reporter.Kept(), verdict);
+    std::fflush(stdout);
+    return verdict.AllKept() ? 0 : 1;
+}
+
+}  // namespace quorvi
