@@ -8,7 +8,7 @@
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/AgentPageTest.h"
 #include "tests/pages/DialogDriver.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/pages/personal/CallReplies.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
 
@@ -18,34 +18,10 @@ namespace {
 constexpr int kConfirm = 548;
 constexpr int kNothingChecked = 682;
 
-struct ListedCall {
-    std::uint64_t id = 7;
-    std::string_view number = "10086";
-    std::uint64_t duration = 61;
-    std::uint32_t type = 1;
-    std::string_view name = "林远舟";
-    std::uint64_t date = 1308361330000;
-};
-
-WireBytes LogPayload(const std::vector<ListedCall>& calls) {
-    WireBytes bytes;
-    bytes.U32(0);  // leading word
-    for (const ListedCall& call : calls) {
-        bytes
-            .U64(call.id)        // call id
-            .Text(call.number)   // number
-            .U64(call.date)      // milliseconds since 1970
-            .U64(call.duration)  // seconds
-            .U32(call.type)      // type
-            .Text(call.name);    // name
-    }
-    return bytes;
-}
-
 const std::vector<ListedCall> kThree{
     {.id = 7},
     {.id = 8, .number = "95588", .duration = 3'700, .type = 2, .name = ""},
-    {.id = 9, .duration = 90'000, .type = 3, .name = "妈妈", .date = 0},
+    {.id = 9, .date = 0, .duration = 90'000, .type = 3, .name = "妈妈"},
 };
 
 class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> {
@@ -53,7 +29,7 @@ class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> 
     void SetUp() override {
         setenv("TZ", "Asia/Shanghai", 1);
         tzset();
-        agent_.AnswerPayload(AgentCommand::listCalls, LogPayload(kThree).Get());
+        agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload(kThree).Get());
         agent_.AnswerAcknowledged(AgentCommand::deleteCalls);
         agent_.AnswerAcknowledged(AgentCommand::deleteAllCalls);
     }
@@ -149,7 +125,7 @@ TEST_F(CallLogPage, ADateOfZeroShowsTheLocalTimeOf1970) {
 }
 
 TEST_F(CallLogPage, AnUnknownTypeHasItsTextAndNoMark) {
-    agent_.AnswerPayload(AgentCommand::listCalls, LogPayload({{.type = 0}}).Get());
+    agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{.type = 0}}).Get());
     OpenLoaded();
     EXPECT_EQ(Text(0, 2), ToQString(u8"未知类型"));
     EXPECT_EQ(List().CellAt(0, 2).icon, QString());
@@ -194,7 +170,7 @@ TEST_P(CallLogPageEarlyEnd, LeavesRedrawOffUntilALaterLoadGetsFurther) {
     EXPECT_EQ(List().RowCount(), 0);
     EXPECT_EQ(Key(), PageLoadState::kEnded);
     EXPECT_TRUE(host_.statuses.isEmpty());
-    agent_.AnswerPayload(AgentCommand::listCalls, LogPayload(kThree).Get());
+    agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload(kThree).Get());
     LoadAgain();
     EXPECT_TRUE(List().Redraw());
     EXPECT_EQ(List().RowCount(), 3);
@@ -206,7 +182,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}));
 
 TEST_F(CallLogPage, AnAbsentNumberLeavesARowThatHoldsNothingButItsIdAndNoRedraw) {
-    WireBytes bytes = LogPayload({{.id = 1}});
+    WireBytes bytes = CallsPayload({{.id = 1}});
     bytes.U64(2).Absent();  // a record whose number is absent
     agent_.AnswerPayload(AgentCommand::listCalls, bytes.Get());
     Open().Load();
@@ -271,7 +247,7 @@ TEST_F(CallLogPage, ADeleteThatFindsNoPhoneIsToldAndTheListIsLoadedAgain) {
 
 TEST_F(CallLogPage, ADeleteOfTickedCallsThatFindsNoPhoneIsToldAndTheListIsLoadedAgain) {
     auto phone = std::make_unique<ScriptedAgent>();
-    phone->AnswerPayload(AgentCommand::listCalls, LogPayload(kThree).Get());
+    phone->AnswerPayload(AgentCommand::listCalls, CallsPayload(kThree).Get());
     CCallLogPage& page = OpenAt(phone->Port());
     page.Load();
     ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
@@ -285,7 +261,7 @@ TEST_F(CallLogPage, ADeleteOfTickedCallsThatFindsNoPhoneIsToldAndTheListIsLoaded
 }
 
 TEST_F(CallLogPage, AnIdOfMoreThan31BitsIsSentAsTheSame32Bits) {
-    agent_.AnswerPayload(AgentCommand::listCalls, LogPayload({{.id = 0xFFFFFFFE}}).Get());
+    agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{.id = 0xFFFFFFFE}}).Get());
     CCallLogPage& page = OpenLoaded();
     EXPECT_EQ(Text(0, 6), QStringLiteral("-2 "));
     List().SetTicked(0, true);

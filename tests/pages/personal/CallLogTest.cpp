@@ -6,7 +6,7 @@
 
 #include "base/Text.h"
 #include "pages/personal/CallLog.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/pages/personal/CallReplies.h"
 
 namespace quorvi {
 namespace {
@@ -19,29 +19,6 @@ class CallLogReading : public testing::Test {
     }
 };
 
-struct Call {
-    std::uint64_t id = 7;
-    std::string_view number = "13861234567";
-    std::uint64_t date = 0;
-    std::uint64_t duration = 0;
-    std::uint32_t type = 1;
-    std::string_view name = "A";
-};
-
-WireBytes Start() {
-    return WireBytes().U32(0);  // leading word
-}
-
-WireBytes& Add(WireBytes& bytes, const Call& call) {
-    return bytes
-        .U64(call.id)        // call id
-        .Text(call.number)   // number
-        .U64(call.date)      // milliseconds since 1970
-        .U64(call.duration)  // seconds
-        .U32(call.type)      // type
-        .Text(call.name);    // name
-}
-
 std::string Mark(std::string_view number) {
     return "<" + std::string(number) + ">";
 }
@@ -51,8 +28,7 @@ CallLog Parse(const WireBytes& bytes) {
 }
 
 TEST_F(CallLogReading, ReadsEachFieldOfARow) {
-    WireBytes bytes = Start();
-    Add(bytes, {0x500000009, "13861234567", 1308361330999, 61, 2, "林远舟"});
+    WireBytes bytes = CallsPayload({{0x500000009, "13861234567", 1308361330999, 61, 2, "林远舟"}});
     const CallLog log = Parse(bytes);
     EXPECT_FALSE(log.endedByAbsentNumber);
     ASSERT_EQ(log.rows.size(), 1u);
@@ -67,10 +43,7 @@ TEST_F(CallLogReading, ReadsEachFieldOfARow) {
 }
 
 TEST_F(CallLogReading, KeepsTheOrderOfTheAgent) {
-    WireBytes bytes = Start();
-    Add(bytes, {9});
-    Add(bytes, {3});
-    Add(bytes, {5});
+    WireBytes bytes = CallsPayload({{9}, {3}, {5}});
     const CallLog log = Parse(bytes);
     ASSERT_EQ(log.rows.size(), 3u);
     EXPECT_EQ(log.rows[0].id, 9u);
@@ -79,8 +52,7 @@ TEST_F(CallLogReading, KeepsTheOrderOfTheAgent) {
 }
 
 TEST_F(CallLogReading, AnAbsentNumberEndsTheReadAndLeavesARowWithItsId) {
-    WireBytes bytes = Start();
-    Add(bytes, {1});
+    WireBytes bytes = CallsPayload({{1}});
     bytes.U64(2).Absent();  // a second record whose number is absent
     const CallLog log = Parse(bytes);
     EXPECT_EQ(log.rows.size(), 1u);
@@ -89,9 +61,7 @@ TEST_F(CallLogReading, AnAbsentNumberEndsTheReadAndLeavesARowWithItsId) {
 }
 
 TEST_F(CallLogReading, DurationsDropTheDaysAndKeepTheLineFeed) {
-    WireBytes bytes = Start();
-    Add(bytes, {.duration = 3'700});
-    Add(bytes, {.duration = 90'000});
+    WireBytes bytes = CallsPayload({{.duration = 3'700}, {.duration = 90'000}});
     const CallLog log = Parse(bytes);
     ASSERT_EQ(log.rows.size(), 2u);
     EXPECT_EQ(log.rows[0].duration, "01:01:40\n");
@@ -99,25 +69,22 @@ TEST_F(CallLogReading, DurationsDropTheDaysAndKeepTheLineFeed) {
 }
 
 TEST_F(CallLogReading, ADateOfZeroShowsTheLocalTimeOf1970) {
-    WireBytes bytes = Start();
-    Add(bytes, {.date = 0});
+    WireBytes bytes = CallsPayload({{.date = 0}});
     const CallLog log = Parse(bytes);
     ASSERT_EQ(log.rows.size(), 1u);
     EXPECT_EQ(log.rows[0].time, "1970-01-01 08:00:00");
 }
 
 TEST_F(CallLogReading, AnEmptyNameStaysEmpty) {
-    WireBytes bytes = Start();
-    Add(bytes, {.name = ""});
+    WireBytes bytes = CallsPayload({{.name = ""}});
     const CallLog log = Parse(bytes);
     ASSERT_EQ(log.rows.size(), 1u);
     EXPECT_EQ(log.rows[0].name, "");
-    EXPECT_EQ(log.rows[0].number, "13861234567");
+    EXPECT_EQ(log.rows[0].number, "10086");
 }
 
 TEST_F(CallLogReading, ALengthThatPointsOutsideEndsTheRun) {
-    WireBytes bytes = Start();
-    Add(bytes, {1});
+    WireBytes bytes = CallsPayload({{1}});
     bytes.U64(2).U32(0x7FFFFFFF).Raw("138");  // a number longer than the reply
     const CallLog log = Parse(bytes);
     EXPECT_EQ(log.rows.size(), 1u);
