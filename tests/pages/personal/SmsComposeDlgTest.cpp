@@ -113,6 +113,37 @@ TEST_F(Composer, AConversationIsReadFirstAndScrolledToItsEnd) {
                     .toBool());
 }
 
+TEST_F(Composer, ALongConversationStandsAtItsEndAndIsThereToItsBeginning) {
+    std::vector<ListedMessage> messages(400);
+    for (std::size_t i = 0; i < messages.size(); ++i) {
+        for (std::size_t line = 0; line < i % 7; ++line) {
+            messages[i].text += "明天下午三点在老地方见，会议改到下周二上午十点，";
+        }
+    }
+    messages.front().text = "first";
+    messages.back().text = "last";
+    agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload(messages).Get());
+    OpenLoaded(7);
+    const auto inSight = [&](const char* block) {
+        return AskHtml(View(), QStringLiteral("(r => r.top >= 0 && r.bottom <= innerHeight)"
+                                              "(document.querySelector('.entry:%1')"
+                                              ".getBoundingClientRect())")
+                                   .arg(QLatin1String(block)))
+            .toBool();
+    };
+    ASSERT_TRUE(WaitFor([&] { return inSight("last-child"); }));
+    QTest::qWait(200);  // some frames: what has come near is laid out by now
+    EXPECT_TRUE(inSight("last-child"));
+    static_cast<void>(AskHtml(View(), QStringLiteral("scrollTo(0, 0)")));
+    // What is not rendered has no inner text.
+    EXPECT_TRUE(WaitFor([&] {
+        return AskHtml(View(), QStringLiteral("document.querySelector('.entry').innerText"))
+            .toString()
+            .contains(u"first");
+    }));
+    EXPECT_TRUE(inSight("first-child"));
+}
+
 TEST_F(Composer, ThePartyIsResolvedAgainstTheTree) {
     OpenLoaded(7);
     EXPECT_EQ(Recipients().text(), ToQString(u8"\"林远舟\" <13861234567>;"));

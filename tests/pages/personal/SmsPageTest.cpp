@@ -142,6 +142,24 @@ TEST_F(SmsPage, AViewLinkOpensTheComposerWithTheConversation) {
     EXPECT_EQ(Loads(), 1u);  // cancelled: nothing is fetched anew
 }
 
+TEST_F(SmsPage, ALinkFarDownAListThatWasNeverInSightOpensItsConversation) {
+    std::vector<ListedConversation> conversations;
+    for (std::uint64_t id = 1; id <= 400; ++id) {
+        conversations.push_back({.id = id});
+    }
+    agent_.AnswerPayload(AgentCommand::listConversations,
+                         ConversationsPayload(conversations).Get());
+    OpenLoaded();
+    static_cast<void>(
+        AskHtml(View(), QStringLiteral("document.querySelector(\"a[href='qvh:vid=390']\")"
+                                       ".scrollIntoView({block: 'center'})")));
+    QTest::qWait(200);  // some frames: what has come near is laid out by now
+    Follow("vid=390");
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(390)}));
+    PressIn(kComposer, 1021);
+}
+
 TEST_F(SmsPage, ANegativeIdComesBackAsTheSame32Bits) {
     OpenLoaded();
     Follow("vid=-2");
