@@ -21,6 +21,14 @@ namespace {
 // The role of a node's icon name.
 constexpr int kIconRole = Qt::UserRole;
 
+// Characters of a text that a node shows: more than its width can hold.
+constexpr qsizetype kShownCharacters = 1024;
+
+// A name of a megabyte costs a node no more than it has room for.
+QString ShownText(const QModelIndex& index) {
+    return index.data().toString().left(kShownCharacters);
+}
+
 look::Tick TickOf(const QModelIndex& index) {
     switch (index.data(Qt::CheckStateRole).toInt()) {
         case Qt::Checked:
@@ -243,9 +251,8 @@ void CSkinTree::PaintNode(QPainter& painter, const QModelIndex& index) const {
     painter.setPen(look::color(!isEnabled() ? Color::inkOff
                                : selected   ? Color::plum7
                                             : Color::ink));
-    painter.drawText(
-        area, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     fontMetrics().elidedText(ShownText(index), Qt::ElideRight, area.width()));
 }
 
 // ---- mouse and keys ----------------------------------------------------------------------------
@@ -286,7 +293,7 @@ bool CSkinTree::viewportEvent(QEvent* event) {
     } else if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QModelIndex index = indexAt(help->pos());
-        const QString text = index.data().toString();
+        const QString text = ShownText(index);
         // As much as PaintNode leaves for the words.
         int space = ContentRect(index).width() - 2 * Metric::treeCellPadding;
         if (ticks_ == Ticks::each) {

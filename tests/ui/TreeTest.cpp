@@ -1,8 +1,10 @@
 // The tree of the kit, driven by mouse and keys.
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "tests/ui/QtMain.h"
 #include "ui/ControlNumber.h"
@@ -144,6 +146,24 @@ TEST_F(TreeTest, ADisabledTreeHasOneGroundToItsFrame) {
         const QImage shot = tree->grab().toImage();
         EXPECT_EQ(shot.pixelColor(3, 200), shot.pixelColor(150, 200)) << enabled;
     }
+}
+
+TEST_F(TreeTest, ATextOfAMegabyteIsShownAsFarAsItGoes) {
+    constexpr int kMegabyte = 1'000'000;
+    CSkinTree* tree = Make(CSkinTree::Ticks::each);
+    const auto shot = [&](int characters) {
+        tree->SetNodes({{QString(characters, QChar(u'名'))}});
+        return tree->viewport()->grab().toImage();
+    };
+    EXPECT_EQ(shot(kMegabyte), shot(500));  // both end in dots at the same place
+    EXPECT_NE(shot(kMegabyte), shot(5));
+    shot(kMegabyte);
+    EXPECT_EQ(tree->topLevelItem(0)->text(0).size(), kMegabyte);  // the node keeps all of it
+    const QPoint at = tree->visualItemRect(tree->topLevelItem(0)).center();
+    QHelpEvent help(QEvent::ToolTip, at, tree->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(tree->viewport(), &help);
+    EXPECT_EQ(QToolTip::text().size(), 1024);
+    QToolTip::hideText();
 }
 
 TEST_F(TreeTest, CollapsingAnEmptyTreeDoesNothing) {
