@@ -1,6 +1,8 @@
 #include "pages/personal/OutgoingMessage.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 
 #include "base/Text.h"
 
@@ -13,11 +15,22 @@ constexpr std::u32string_view kDefaultAlphabet =
     U"ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÑÜ§¿abcdefghijklmnopqrstuvwxyzäöñüà";
 constexpr std::u32string_view kExtensionTable = U"\f^{}\\[~]|€";
 
-// Units that a character takes in each alphabet; 0 where the alphabet lacks it.
+// Units that a character takes in the default alphabet, by its code point; 0 where it lacks it.
+constexpr std::size_t kWidthsEnd =
+    std::max(std::ranges::max(kDefaultAlphabet), std::ranges::max(kExtensionTable)) + 1;
+constexpr auto kDefaultWidths = [] {
+    std::array<std::uint8_t, kWidthsEnd> widths{};
+    for (const char32_t point : kDefaultAlphabet) {
+        widths[point] = 1;
+    }
+    for (const char32_t point : kExtensionTable) {
+        widths[point] = 2;
+    }
+    return widths;
+}();
+
 std::size_t DefaultWidth(char32_t point) {
-    return kDefaultAlphabet.find(point) != std::u32string_view::npos  ? 1
-           : kExtensionTable.find(point) != std::u32string_view::npos ? 2
-                                                                      : 0;
+    return point < kWidthsEnd ? kDefaultWidths[point] : 0;
 }
 
 std::size_t Ucs2Width(char32_t point) {

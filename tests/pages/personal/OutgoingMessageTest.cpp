@@ -76,6 +76,19 @@ TEST_F(WideMessageLength, ASurrogatePairCountsTwiceAndIsNotCutByTheEndOfAMessage
     EXPECT_EQ(MeasureMessage(text).left, 66u);
 }
 
+TEST_F(WideMessageLength, TheDefaultAlphabetHas127CharactersAndItsExtensionTableTen) {
+    const MessageLength once =
+        MeasureMessage(Ansi(u8"@£$¥èéùìòÇ\nØø\rÅåΔ_ΦΓΛΩΠΨΣΘΞÆæßÉ !\"#¤%&'()*+,-./0123456789:;<=>?¡"
+                            u8"ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÑÜ§¿abcdefghijklmnopqrstuvwxyzäöñüà"));
+    EXPECT_EQ(once.characters, 127u);
+    EXPECT_EQ(once.left, 160u - 127u);
+    const MessageLength twice = MeasureMessage(Ansi(u8"\f^{}\\[~]|€"));
+    EXPECT_EQ(twice.characters, 20u);
+    EXPECT_EQ(twice.left, 160u - 20u);
+    EXPECT_EQ(MeasureMessage(Ansi(u8"₭")).left, 69u);  // the one behind the euro sign
+    EXPECT_EQ(MeasureMessage(Ansi(u8"ç")).left, 69u);
+}
+
 TEST(MessageLength, ChineseTakes70OrSeveralOf67) {
     std::string text;
     for (int i = 0; i < 70; ++i) {
