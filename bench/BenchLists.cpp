@@ -4,14 +4,11 @@
 // may be.
 #include <benchmark/benchmark.h>
 
-#include <QAbstractTableModel>
-#include <QHeaderView>
 #include <QScrollBar>
-#include <QTableView>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
+#include "bench/PlainTable.h"
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
 #include "tests/ui/SampleList.h"
@@ -31,76 +28,48 @@ const std::vector<SampleRecord>& Records() {
     return records;
 }
 
-// The same texts for a view that knows nothing of the kit.
-class PlainModel : public QAbstractTableModel {
+// The same texts, and no photos.
+class Plain : public PlainTable<SampleRecord> {
   public:
-    void Fill(std::vector<SampleRecord> records) {
-        beginResetModel();
-        records_ = std::move(records);
-        endResetModel();
-    }
-    [[nodiscard]] int rowCount(const QModelIndex&) const override {
-        return static_cast<int>(records_.size());
-    }
-    [[nodiscard]] int columnCount(const QModelIndex&) const override {
-        return static_cast<int>(kSampleColumns.size());
-    }
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole) {
-            return {};
-        }
-        const SampleRecord& record = records_[static_cast<std::size_t>(index.row())];
-        return index.column() == kSampleName ? record.name : record.number;
-    }
-
-  private:
-    std::vector<SampleRecord> records_;
+    Plain()
+        : PlainTable(static_cast<int>(kSampleColumns.size()),
+                     [](const SampleRecord& record, int column) {
+                         return column == kSampleName ? record.name : record.number;
+                     }) {}
 };
 
-struct Plain {
-    PlainModel model;
-    QTableView view;
+template <typename View>
+struct Shown {
+    View view;
 
-    Plain() {
-        view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-        view.verticalHeader()->setDefaultSectionSize(look::Metric::rowTall);
-        view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        view.setModel(&model);
-        view.setFixedSize(kViewSize);
-        view.show();
-    }
-    void Fill() { model.Fill(Records()); }
-};
-
-struct Kit {
-    SampleListCtrl view;
-
-    Kit() {
+    Shown() {
         view.setFixedSize(kViewSize);
         view.show();
     }
     void Fill() { view.SetRecords(Records()); }
 };
 
+using Kit = SampleListCtrl;
+
 // The copy of the records is in both figures: it is what a hand-over costs at most.
-template <typename Subject>
+template <typename View>
 void FirstScreen(benchmark::State& state) {
-    Subject subject;
+    Shown<View> subject;
     QApplication::processEvents();
     for (auto _ : state) {
         subject.Fill();
         subject.view.viewport()->repaint();
     }
-    if constexpr (std::is_same_v<Subject, Kit>) {
+    if constexpr (std::is_same_v<View, Kit>) {
         state.counters["decodes"] = benchmark::Counter(subject.view.Pictures().Decodes(),
                                                        benchmark::Counter::kAvgIterations);
         state.counters["visible"] = subject.view.rowAt(subject.view.viewport()->height() - 1) + 1;
     }
 }
 
-template <typename Subject>
+template <typename View>
 void ScrollFrame(benchmark::State& state) {
-    Subject subject;
+    Shown<View> subject;
     subject.Fill();
     QApplication::processEvents();
     QScrollBar* bar = subject.view.verticalScrollBar();
