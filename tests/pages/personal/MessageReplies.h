@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tests/pages/WireBytes.h"
@@ -13,7 +12,7 @@ namespace quorvi {
 struct ListedConversation {
     std::uint64_t id = 7;
     std::string name = "林远舟";
-    std::string_view number = "10086";
+    std::string number = "10086";
     std::string text = "你好";
 };
 
@@ -57,8 +56,8 @@ inline WireBytes MessagesPayload(const std::vector<ListedMessage>& messages) {
 
 struct ListedMember {
     std::int64_t group = -1;
-    std::string_view name;
-    std::string_view number;
+    std::string name;
+    std::string number;
 };
 
 inline WireBytes MembersPayload(const std::vector<ListedMember>& members) {
