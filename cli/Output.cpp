@@ -11,6 +11,9 @@ namespace quorvi::cli {
 namespace {
 
 constexpr std::size_t kColumnGap = 2;
+// Columns of a terminal to which all rows are padded for the sake of one. A longer cell moves the
+// rest of its own row: one name of a megabyte must not make every row a megabyte long.
+constexpr std::size_t kWidestPadding = 60;
 
 void WriteTo(std::FILE* stream, std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stream);
@@ -39,7 +42,7 @@ std::string Table::Text() const {
     std::vector<std::size_t> widths(rows_.front().size());
     for (const auto& row : rows_) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], DisplayWidth(row[i]));
+            widths[i] = std::min(kWidestPadding, std::max(widths[i], DisplayWidth(row[i])));
         }
     }
     std::string text;
@@ -47,7 +50,8 @@ std::string Table::Text() const {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
             line += row[i];
-            line.append(widths[i] - DisplayWidth(row[i]) + kColumnGap, ' ');
+            const std::size_t width = DisplayWidth(row[i]);
+            line.append(std::max(widths[i], width) - width + kColumnGap, ' ');
         }
         text.append(TrimRight(line)).append("\n");
     }

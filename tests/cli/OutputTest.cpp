@@ -39,6 +39,19 @@ TEST(Table, ColumnsAlignByWhatATerminalShows) {
               "a         是\n");
 }
 
+TEST(Table, OneLongCellDoesNotMakeEveryRowLong) {
+    constexpr std::size_t kMegabyte = 1 << 20;
+    Table table{u8"a", u8"b"};
+    table.AddRow({std::string(kMegabyte, 'x'), "1"});
+    for (int i = 0; i < 1000; ++i) {
+        table.AddRow({"y", "2"});
+    }
+    const std::string text = table.Text();
+    EXPECT_LT(text.size(), 2 * kMegabyte);
+    EXPECT_NE(text.find(std::string(kMegabyte, 'x') + "  1\n"), std::string::npos);
+    EXPECT_NE(text.find("\ny" + std::string(61, ' ') + "2\n"), std::string::npos);
+}
+
 TEST(Table, ARowShortOfCellsIsFilledUp) {
     Table table{u8"a", u8"b"};
     table.AddRow({"1"});
