@@ -31,6 +31,8 @@ std::optional<Json::Value> ParseJson(std::string_view utf8) {
     Json::CharReaderBuilder builder;
     builder["stackLimit"] = kDeepestNesting;
     builder["failIfExtra"] = true;
+    builder["allowTrailingCommas"] = false;
+    builder["rejectDupKeys"] = true;
     const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
     Json::Value document;
     try {

@@ -17,7 +17,8 @@ namespace quorvi {
 // or no string.
 [[nodiscard]] std::string TextMember(const Json::Value& object, const char* member);
 
-// The document in `utf8`; nothing when it is malformed or nested too deeply. Any thread.
+// The document in `utf8`; nothing when it is malformed, nested too deeply, or an object names a
+// member twice. Any thread.
 [[nodiscard]] std::optional<Json::Value> ParseJson(std::string_view utf8);
 
 enum class JsonForm { lines, oneLine };

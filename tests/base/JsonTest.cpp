@@ -35,6 +35,12 @@ TEST(Json, MalformedTextIsNoDocument) {
     EXPECT_FALSE(ParseJson(""));
     EXPECT_FALSE(ParseJson("{"));
     EXPECT_FALSE(ParseJson("{} {}"));
+    EXPECT_FALSE(ParseJson("{\"a\": 1,}"));
+    EXPECT_FALSE(ParseJson("[1,]"));
+}
+
+TEST(Json, AMemberNamedTwiceIsNoDocument) {
+    EXPECT_FALSE(ParseJson("{\"a\": 1, \"a\": 2}"));
 }
 
 TEST(Json, NestingWithoutEndIsNoDocumentAndNoCrash) {
