@@ -65,7 +65,7 @@ Json::Value DocumentOf(const ContactRecord& record) {
     document["favourite"] = record.favourite;
     document["last_contact"] = JsonText(record.lastContact);
     document["times_contacted"] = record.timesContacted;
-    document["structured"] = JsonText(record.structured.Shown());
+    document["structured"] = JsonText(ToAnsi(record.structured.Shown()));
     document["name"] = JsonText(record.name.Shown());
     document["nickname"] = JsonText(record.nickname.Shown());
     document["note"] = JsonText(record.note.Shown());

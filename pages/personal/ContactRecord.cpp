@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Format.h"
+#include "base/Text.h"
 
 namespace quorvi {
 namespace {
@@ -26,14 +27,21 @@ void SkipPhoto(ReplyCursor& cursor) {
     }
 }
 
-ContactField TakeField(ReplyCursor& cursor) {
+// A field with its text as it came.
+ContactField TakeUtf8Field(ReplyCursor& cursor) {
     ContactField field;
     field.present = TakeFlag(cursor);
     if (field.present) {
         field.id = TakeId(cursor);
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
-        field.text = cursor.TakeTextOrEmpty();
+        field.text = cursor.TakeUtf8().value_or(std::string_view());
     }
+    return field;
+}
+
+ContactField TakeField(ReplyCursor& cursor) {
+    ContactField field = TakeUtf8Field(cursor);
+    Utf8ToAnsi(field.text);
     return field;
 }
 
@@ -60,7 +68,7 @@ bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     next.lastContact = ContactTimeText(cursor.TakeUInt64());
     next.timesContacted = static_cast<std::uint32_t>(cursor.TakeUInt64());
     SkipPhoto(cursor);
-    next.structured = TakeField(cursor);
+    next.structured = TakeUtf8Field(cursor);
     next.name = TakeField(cursor);
     next.nickname = TakeField(cursor);
     next.note = TakeField(cursor);

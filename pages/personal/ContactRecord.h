@@ -48,7 +48,9 @@ struct ContactRecord {
     bool favourite = false;
     std::string lastContact;  // see ContactTimeText
     std::uint32_t timesContacted = 0;
-    // Carried by every record in front of the name; neither shown nor edited.
+    // Carried by every record in front of the name; neither shown nor edited. Its text stays as it
+    // came, in UTF-8: an update sends it back as the load found it, and a text that went through
+    // the code page would come back changed.
     ContactField structured;
     ContactField name;
     ContactField nickname;
@@ -77,7 +79,8 @@ inline constexpr ContactRecord::List kContactLists[] = {
 
 // Reads the reply. It is normally one record; each further one replaces the single fields and adds
 // its list items behind those of the one before. A length that points outside the reply ends the
-// reading; nothing when that befalls the first record. All text is turned to ANSI.
+// reading; nothing when that befalls the first record. All text but the structured field's is
+// turned to ANSI.
 [[nodiscard]] std::optional<ContactRecord> ParseContact(const ReplyBuffer& reply);
 
 struct ContactReply {

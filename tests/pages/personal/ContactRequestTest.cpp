@@ -147,6 +147,38 @@ TEST(ContactRequests, ChangedContactIsExactToTheByte) {
     EXPECT_EQ(UpdateContactRequest(RecordToUpdate(loaded, form)), expected.Get());
 }
 
+TEST(ContactRequests, StructuredTextGoesBackAsTheLoadFoundIt) {
+    // With characters that the code page has, has not, and that are none.
+    const std::string structured = "林 \xF0\x9F\x8E\x88 \xFF";
+    WireBytes reply;
+    reply
+        .U32(0)   // leading word
+        .U64(7)   // contact id
+        .U32(0)   // favourite
+        .U64(0)   // last contact
+        .U64(0)   // times contacted
+        .U32(0)   // has photo
+        .U32(1)   // structured flag
+        .U64(69)  // structured row id
+        .U32(0)   // reserved
+        .Text(structured);
+    for (int i = 0; i < 3 + 7; ++i) {
+        reply.U32(0);  // flags, counts
+    }
+    const ContactRecord loaded = ParseContact(reply.Buffer()).value();
+    const Bytes request = UpdateContactRequest(RecordToUpdate(loaded, FormOf(loaded)));
+    WireBytes start;
+    start
+        .U32(870104)            // code
+        .U32(TotalOf(request))  // total
+        .U32(1)                 // item count
+        .U32(7)                 // contact id
+        .U32(0)                 // favourite
+        .U32(1)                 // structured flag
+        .Text(structured);
+    EXPECT_TRUE(std::ranges::equal(start.Get(), std::span(request).first(start.Get().size())));
+}
+
 TEST(ContactRequests, TotalOfAChangedContactIs64And20ForEachBlockAndItem) {
     // Three phone slots and five single ones, all empty items of op 3.
     EXPECT_EQ(TotalOf(UpdateContactRequest(RecordToUpdate({}, {}))),
