@@ -100,6 +100,9 @@ class ReplyCursor {
     // the bytes that really came, or Overran().
     [[nodiscard]] bool AtEnd() const;
     [[nodiscard]] bool Overran() const { return overran_; }
+    // True when the last field read is not all there: the reply was cut inside it or before it, or
+    // Overran(). An id of which half came would name another thing.
+    [[nodiscard]] bool IsCut() const { return overran_ || cursor_ > received_; }
     [[nodiscard]] std::size_t Offset() const { return cursor_; }
 
   private:

@@ -13,7 +13,7 @@ ContactPhoto TakePhoto(ReplyCursor& cursor, const std::shared_ptr<const ReplyBuf
     const auto length = static_cast<std::uint32_t>(cursor.TakeUInt64());
     const std::size_t offset = cursor.Offset();
     cursor.SkipBytes(length);
-    if (cursor.Overran() || length > kContactPhotoCapacity || offset + length > reply->Received()) {
+    if (cursor.IsCut() || length > kContactPhotoCapacity) {
         return {};
     }
     return {reply, offset, length};
@@ -34,6 +34,9 @@ ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
     do {
         ContactListRow row;
         row.contactId = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        if (cursor.IsCut()) {
+            return list;  // what is done to the row would befall another contact
+        }
         row.secondId = static_cast<std::uint32_t>(cursor.TakeUInt64());
         auto name = cursor.TakeText();
         if (!name) {

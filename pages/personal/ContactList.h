@@ -57,8 +57,9 @@ struct ContactList {
     bool endedByAbsentName = false;
 };
 
-// Reads the run of records. A record with a length that points outside the reply ends the run and
-// is dropped. Any thread; `attribution` is called on it, once a row.
+// Reads the run of records. A record with a length that points outside the reply, or in whose id
+// the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on it, once a
+// row.
 [[nodiscard]] ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
                                            const AttributionOf& attribution);
 

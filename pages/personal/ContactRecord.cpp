@@ -51,6 +51,9 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
     for (std::int32_t i = 0; i < count && !cursor.AtEnd(); ++i) {
         ContactItem item;
         item.id = TakeId(cursor);
+        if (cursor.IsCut()) {
+            return;
+        }
         item.type = cursor.TakeInt32();
         item.text = cursor.TakeTextOrEmpty();
         if (!cursor.Overran()) {
@@ -60,10 +63,14 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
 }
 
 // Reads the single fields over those of `record` and adds list items behind its own. False when a
-// length pointed outside the reply; single fields are then as they were.
+// length pointed outside the reply, or the reply was cut in the id; single fields are then as they
+// were.
 bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     ContactRecord next;
     next.id = TakeId(cursor);
+    if (cursor.IsCut()) {
+        return false;
+    }
     next.favourite = TakeFlag(cursor);
     next.lastContact = ContactTimeText(cursor.TakeUInt64());
     next.timesContacted = static_cast<std::uint32_t>(cursor.TakeUInt64());

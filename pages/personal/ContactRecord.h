@@ -78,9 +78,9 @@ inline constexpr ContactRecord::List kContactLists[] = {
 [[nodiscard]] Bytes ReadContactRequest(std::uint32_t id);
 
 // Reads the reply. It is normally one record; each further one replaces the single fields and adds
-// its list items behind those of the one before. A length that points outside the reply ends the
-// reading; nothing when that befalls the first record. All text but the structured field's is
-// turned to ANSI.
+// its list items behind those of the one before. A length that points outside the reply, or a cut
+// in an id, ends the reading; nothing when that befalls the first record. All text but the
+// structured field's is turned to ANSI.
 [[nodiscard]] std::optional<ContactRecord> ParseContact(const ReplyBuffer& reply);
 
 struct ContactReply {

@@ -170,6 +170,20 @@ TEST(ReplyCursor, TheBytesThatACutReplyLacksReadAsZeroAndEndTheRun) {
     EXPECT_TRUE(cursor.AtEnd());
 }
 
+TEST(ReplyCursor, IsCutTellsAFieldThatIsNotAllThere) {
+    const ReplyBuffer reply = Cut(1000, Join({Word(kLeadingWord), Word(7), LongWord(8)}));
+    ReplyCursor cursor(reply);
+    static_cast<void>(cursor.TakeUInt32());
+    EXPECT_FALSE(cursor.IsCut());
+    cursor.SkipBytes(8);  // ends with what came
+    EXPECT_FALSE(cursor.IsCut());
+    cursor.SkipBytes(1);
+    EXPECT_TRUE(cursor.IsCut());
+    cursor.SkipBytes(1000);
+    EXPECT_TRUE(cursor.Overran());
+    EXPECT_TRUE(cursor.IsCut());
+}
+
 TEST(ReplyCursor, OfAStringThatACutReplyEndsInOnlyTheBytesThatCameAreRead) {
     const ReplyBuffer reply = Cut(1000, Join({
                                             Word(kLeadingWord),

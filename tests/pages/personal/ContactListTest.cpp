@@ -199,6 +199,20 @@ TEST(ContactListReading, PhotoInWhichACutReplyEndsIsDropped) {
     EXPECT_TRUE(list.rows[0].photo.Empty());
 }
 
+TEST(ContactListReading, RowInWhoseIdACutReplyEndsIsDropped) {
+    WireBytes bytes = Start();
+    AddPhotoless(bytes, {.id = 1});
+    const std::size_t first = bytes.Get().size();
+    AddPhotoless(bytes, {.id = 0x102});
+    const auto rowsOf = [&](std::size_t came) {
+        return ParseContactList(std::make_shared<const ReplyBuffer>(bytes.CutAfter(came)), Mark)
+            .rows;
+    };
+    EXPECT_EQ(rowsOf(first + 7).size(), 1u);  // half an id is another contact's: 0x100
+    ASSERT_EQ(rowsOf(first + 8).size(), 2u);
+    EXPECT_EQ(rowsOf(first + 8)[1].contactId, 0x102u);
+}
+
 TEST(ContactListReading, IdAbove32BitsKeepsItsLowHalf) {
     WireBytes bytes = Start();
     AddPhotoless(bytes, {.id = 0xFFFFFFFF00000001});

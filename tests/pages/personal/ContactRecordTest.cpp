@@ -223,6 +223,17 @@ TEST_F(ContactRecordReading, CutReplyIsReadAsFarAsItCame) {
     EXPECT_EQ(record->phones[0].text, "111");
 }
 
+TEST_F(ContactRecordReading, IdInWhichACutReplyEndsIsNotTaken) {
+    constexpr std::size_t kHead = 4 + 8;  // leading word, contact id
+    WireBytes bytes = Named("A");
+    const std::size_t item = bytes.U32(1).Get().size();
+    NoItems(Item(bytes, 0x102, 2, "111"), 6);
+    EXPECT_FALSE(ParseContact(bytes.CutAfter(kHead - 1)));
+    EXPECT_TRUE(ParseContact(bytes.CutAfter(kHead)));
+    EXPECT_TRUE(ParseContact(bytes.CutAfter(item + 7)).value().phones.empty());
+    EXPECT_EQ(ParseContact(bytes.CutAfter(item + 8)).value().phones.at(0).id, 0x102u);
+}
+
 TEST_F(ContactRecordReading, CharacterOutsideTheCodePageIsLostOnTheWayIn) {
     WireBytes bytes = Named("A\xF0\x9F\x98\x80");
     EXPECT_EQ(ParseContact(NoItems(bytes).Buffer()).value().name.Shown(), "A?");
