@@ -83,6 +83,9 @@ Status Output::Report(SessionOutcome outcome) {
         Complain(Ansi(u8"【X】连接错误"));
         return Status::noLink;
     }
+    if (outcome == SessionOutcome::cut) {
+        Complain(Ansi(u8"连接中断，资料没有读全"));
+    }
     return Status::done;
 }
 

@@ -43,8 +43,9 @@ class Output {
 
     // A message on standard error.
     void Complain(std::string_view ansi);
-    // Complains of a session that brought nothing because there is no link, or it broke; the status
-    // to end with. `done` for all other outcomes, an agent that has nothing to say among them.
+    // Complains of a session that brought nothing because there is no link, or it broke, and of one
+    // that was cut; the status to end with. `done` for all outcomes but the first: what came of a
+    // cut reply counts, and an agent that has nothing to say is no failure.
     [[nodiscard]] Status Report(SessionOutcome outcome);
 
   private:
