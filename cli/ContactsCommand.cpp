@@ -101,10 +101,17 @@ Table TableOf(const ContactRecord& record) {
 
 constexpr std::u8string_view kNoContactId = u8"不是联系人的编号";
 
+enum class Needed { whatCame, allOfIt };
+
 // The contact of an id; `status` tells why there is none.
-std::optional<ContactRecord> ReadContact(std::uint32_t id, Output& output, Status& status) {
+std::optional<ContactRecord> ReadContact(std::uint32_t id, Needed needed, Output& output,
+                                         Status& status) {
     ContactReply reply = FetchContact(AgentSession(), id);
     status = output.Report(reply.outcome);
+    if (needed == Needed::allOfIt && reply.outcome == SessionOutcome::cut) {
+        status = Status::noLink;
+        return std::nullopt;
+    }
     if (status == Status::done && !reply.record) {
         output.Complain(std::to_string(id) + Ansi(u8": 没有这个联系人"));
         status = Status::notFound;
@@ -141,7 +148,7 @@ Status RunContactsShow(const Arguments& arguments, Output& output) {
         return Status::wrongUsage;
     }
     Status status{};
-    if (const auto record = ReadContact(ids->front(), output, status)) {
+    if (const auto record = ReadContact(ids->front(), Needed::whatCame, output, status)) {
         output.Json() ? output.PrintDocument(DocumentOf(*record))
                       : output.PrintTable(TableOf(*record));
     }
@@ -174,7 +181,8 @@ Status RunContactsUpdate(const Arguments& arguments, Output& output) {
         return Status::wrongUsage;
     }
     Status status{};
-    auto loaded = ReadContact(ids->front(), output, status);
+    // The editor's user sees what is missing; nobody looks here.
+    auto loaded = ReadContact(ids->front(), Needed::allOfIt, output, status);
     if (!loaded) {
         return status;
     }

@@ -170,6 +170,18 @@ TEST_F(ContactsCommand, UpdateReadsTheContactAndSendsTheDifference) {
     EXPECT_EQ(Request(1), UpdateContactRequest(RecordToUpdate(loaded.value(), Form())));
 }
 
+TEST_F(ContactsCommand, UpdateOfAContactThatWasNotReadWholeSendsNothing) {
+    Bytes cut = Framed(Contact());
+    cut.resize(cut.size() - 1);
+    START_OR_SKIP({.bytes = cut, .end = Answer::End::close});
+    const std::string line = Fed("contacts update 7", kForm);
+    EXPECT_EQ(Out(line).status, 2);
+    EXPECT_EQ(Err(line).output, "quorvictl: 连接中断，资料没有读全\n");
+    EXPECT_EQ(Request(0), ReadContactRequest(7));
+    EXPECT_EQ(Request(1), ReadContactRequest(7));
+    EXPECT_EQ(Out("contacts show 7").status, 0);  // what came is shown
+}
+
 TEST_F(ContactsCommand, DeleteNamesTheContactsInTheirOrder) {
     START_OR_SKIP({.bytes = Word(1)});
     const Ended ended = Out("contacts delete 9 3 --json");
