@@ -2,9 +2,11 @@
 
 #include <QKeyEvent>
 #include <QListView>
+#include <QMimeData>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <limits>
 
 #include "ui/Look.h"
 
@@ -19,6 +21,18 @@ namespace {
 // QLineEdit keeps this much of its own between frame and text.
 constexpr int kLineEditMargin = 2;
 
+// Characters without a blank between them, beyond which breaking lines between words is dear: its
+// time grows with their square.
+constexpr qsizetype kLongWord = 1000;
+
+bool HasLongWord(const QString& text) {
+    qsizetype length = 0;
+    return std::ranges::any_of(text, [&](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kLongWord;
+    });
+}
+
 look::ButtonState FieldState(const QWidget& widget) {
     using Stage = look::ButtonState::Stage;
     return {widget.underMouse() ? Stage::hover : Stage::normal, widget.isEnabled(),
@@ -29,6 +43,7 @@ look::ButtonState FieldState(const QWidget& widget) {
 
 CSkinEdit::CSkinEdit(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
     setFont(look::font(Size::s13));
+    setMaxLength(std::numeric_limits<int>::max());  // what is cut off would be saved cut off
     const int margin = Metric::fieldPadding - kLineEditMargin - Metric::hairline;
     setTextMargins(margin, 0, margin, 0);
     setAttribute(Qt::WA_Hover);
@@ -53,6 +68,20 @@ CSkinTextEdit::CSkinTextEdit(const QString& text, QWidget* parent) : QPlainTextE
                        std::max(y, Metric::fieldFocusLine));
     setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
+}
+
+void CSkinTextEdit::SetText(const QString& text) {
+    clear();  // or the old text would be laid out by the new one's rule
+    setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
+                                      : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setPlainText(text);
+}
+
+void CSkinTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (HasLongWord(source->text())) {
+        setWordWrapMode(QTextOption::WrapAnywhere);
+    }
+    QPlainTextEdit::insertFromMimeData(source);
 }
 
 bool CSkinTextEdit::event(QEvent* event) {

@@ -8,7 +8,7 @@
 
 namespace quorvi {
 
-// A line of text in a frame of its own, 30 high.
+// A line of text in a frame of its own, 30 high. It holds a text of any length.
 class CSkinEdit : public QLineEdit {
     Q_OBJECT
   public:
@@ -30,7 +30,12 @@ class CSkinTextEdit : public QPlainTextEdit {
   public:
     explicit CSkinTextEdit(const QString& text = {}, QWidget* parent = nullptr);
 
+    // Shows a text from elsewhere, whatever is in it: a word of a megabyte, which would take the
+    // layout minutes to break between words, is broken anywhere.
+    void SetText(const QString& text);
+
   protected:
+    void insertFromMimeData(const QMimeData* source) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };

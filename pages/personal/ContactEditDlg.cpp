@@ -192,13 +192,13 @@ void CContactEditDlg::SetForm(const ContactForm& form) {
     favourite_->SetCheck(form.favourite ? 1 : 0);
     name_->setText(ToQString(form.name));
     nickname_->setText(ToQString(form.nickname));
-    note_->setPlainText(ToQString(form.note));
+    note_->SetText(ToQString(form.note));
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         typed(phones_[i], form.phones[i], kPhoneTypes);
     }
     typed(im_, form.im, kImTypes);
     typed(email_, form.email, kEmailTypes);
-    website_->setPlainText(ToQString(form.website));
+    website_->SetText(ToQString(form.website));
     organisation_->setText(ToQString(form.organisation));
     address_->setText(ToQString(form.address));
 }

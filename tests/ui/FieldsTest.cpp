@@ -1,0 +1,51 @@
+// The fields of the kit, given what nobody would type.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QTest>
+
+#include "tests/ui/QtMain.h"
+#include "ui/SkinFields.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kMegabyte = 1 << 20;
+
+class FieldsTest : public QtTest {};
+
+TEST_F(FieldsTest, ALineHoldsAMegabyte) {
+    CSkinEdit edit;
+    edit.setText(QString(kMegabyte, QLatin1Char('n')));
+    EXPECT_EQ(edit.text().size(), kMegabyte);
+}
+
+TEST_F(FieldsTest, AnAreaBreaksLinesBetweenWords) {
+    CSkinTextEdit area;
+    area.SetText(QStringLiteral("word ").repeated(kMegabyte / 5));
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST_F(FieldsTest, AnAreaBreaksAWordOfAMegabyteAnywhere) {
+    CSkinTextEdit area;
+    area.show();
+    area.SetText(QStringLiteral("a ") + QString(kMegabyte, QLatin1Char('x')));
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(area.toPlainText().size(), kMegabyte + 2);
+    area.SetText(QStringLiteral("short"));
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST_F(FieldsTest, AnAreaBreaksAPastedWordOfAMegabyteAnywhere) {
+    CSkinTextEdit area;
+    area.show();
+    QGuiApplication::clipboard()->setText(QString(kMegabyte, QLatin1Char('x')));
+    area.paste();
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(area.toPlainText().size(), kMegabyte);
+    QGuiApplication::clipboard()->clear();
+}
+
+}  // namespace
+}  // namespace quorvi
