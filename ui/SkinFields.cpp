@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QWheelEvent>
 #include <algorithm>
 #include <limits>
 
@@ -222,6 +223,7 @@ CSkinCombo::CSkinCombo(QWidget* parent) : QComboBox(parent) {
     setItemDelegate(new DropDelegate(this));
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 QSize CSkinCombo::sizeHint() const {
@@ -240,6 +242,14 @@ QSize CSkinCombo::minimumSizeHint() const {
 void CSkinCombo::showPopup() {
     QComboBox::showPopup();
     update();
+}
+
+void CSkinCombo::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();  // a turn over it on the way through a form must not change it
+    }
 }
 
 QString CSkinCombo::ImageOf(int) const {

@@ -57,7 +57,7 @@ class CSearchEdit : public QLineEdit {
     void focusInEvent(QFocusEvent* event) override;
 };
 
-// A combo box with a white list, 30 high.
+// A combo box with a white list, 30 high. The wheel turns it only while it has the focus.
 class CSkinCombo : public QComboBox {
     Q_OBJECT
   public:
@@ -68,6 +68,7 @@ class CSkinCombo : public QComboBox {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     // The icon of an entry; empty for none.
     [[nodiscard]] virtual QString ImageOf(int index) const;
 };

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "tests/ui/QtMain.h"
 #include "ui/SkinFields.h"
@@ -13,7 +14,15 @@ namespace {
 
 constexpr int kMegabyte = 1 << 20;
 
-class FieldsTest : public QtTest {};
+class FieldsTest : public QtTest {
+  protected:
+    static void Turn(QWidget& widget) {
+        const QPoint at = widget.rect().center();
+        QWheelEvent wheel(at, widget.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &wheel);
+    }
+};
 
 TEST_F(FieldsTest, ALineHoldsAMegabyte) {
     CSkinEdit edit;
@@ -45,6 +54,23 @@ TEST_F(FieldsTest, AnAreaBreaksAPastedWordOfAMegabyteAnywhere) {
     EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
     EXPECT_EQ(area.toPlainText().size(), kMegabyte);
     QGuiApplication::clipboard()->clear();
+}
+
+TEST_F(FieldsTest, TheWheelTurnsAComboOnlyWhileItHasTheFocus) {
+    QWidget window;
+    CSkinCombo combo(&window);
+    combo.addItems({QStringLiteral("1"), QStringLiteral("2")});
+    CSkinEdit edit({}, &window);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    edit.setFocus();
+    Turn(combo);
+    EXPECT_EQ(combo.currentIndex(), 0);
+    EXPECT_TRUE(edit.hasFocus());
+    combo.setFocus();
+    Turn(combo);
+    EXPECT_EQ(combo.currentIndex(), 1);
 }
 
 }  // namespace
