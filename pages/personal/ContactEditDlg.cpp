@@ -151,6 +151,9 @@ void CContactEditDlg::BuildControls() {
     state_->setMinimumWidth(Metric::formCaption);
     AddToFooter(state_);
     AddToFooter(favourite_);
+    risk_ = new CSkinStateLabel({}, this);
+    risk_->hide();
+    AddToFooter(risk_);
     save_ = AddButton(kSave, ToQString(u8"保存"), ButtonKind::primary);
     save_->SetImage(QStringLiteral("save"));
     connect(save_, &QAbstractButton::clicked, this, &CContactEditDlg::Save);
@@ -219,6 +222,7 @@ void CContactEditDlg::Load() {
         this, [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
         [this](ContactReply&& reply) {
             SetBusy(false);
+            ShowRisk(RiskOfSaving(reply));
             if (reply.outcome == SessionOutcome::connectFailed) {
                 ShowConnectError(host_);
             }
@@ -228,6 +232,11 @@ void CContactEditDlg::Load() {
             }
             name_->setFocus();
         });
+}
+
+void CContactEditDlg::ShowRisk(std::u8string_view risk) {
+    risk_->SetState(CSkinStateLabel::kRed, ToQString(risk));
+    risk_->setVisible(!risk.empty());
 }
 
 void CContactEditDlg::Save() {

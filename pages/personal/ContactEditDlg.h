@@ -46,6 +46,7 @@ class CContactEditDlg : public SkinDialog {
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
     void Load();
+    void ShowRisk(std::u8string_view risk);
     void Save();
     void Send(Bytes request);
     void SetBusy(bool busy);
@@ -67,6 +68,7 @@ class CContactEditDlg : public SkinDialog {
     CSkinTextEdit* note_ = nullptr;
     CSkinCheck* favourite_ = nullptr;
     CSkinStateLabel* state_ = nullptr;
+    CSkinStateLabel* risk_ = nullptr;  // what a save may do; hidden while there is nothing to say
     CSkinButton* save_ = nullptr;
 };
 

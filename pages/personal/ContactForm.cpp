@@ -91,6 +91,19 @@ ContactForm FormOf(const ContactRecord& record) {
     return form;
 }
 
+std::u8string_view RiskOfSaving(const ContactReply& loaded) {
+    if (loaded.outcome == SessionOutcome::noData) {
+        return {};
+    }
+    if (loaded.outcome != SessionOutcome::complete || !loaded.record) {
+        return u8"没有读全原有的资料，保存可能会覆盖它们";
+    }
+    if (loaded.record->charactersLost) {
+        return u8"显示成“?”的字符，保存后在手机上也是“?”";
+    }
+    return {};
+}
+
 std::optional<ContactRecord> RecordToAdd(const ContactForm& form) {
     if (form.name.empty()) {
         return std::nullopt;

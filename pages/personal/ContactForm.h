@@ -43,6 +43,11 @@ struct ContactForm {
 // What the editor shows of a record: the first three phones and the first item of each other list.
 [[nodiscard]] ContactForm FormOf(const ContactRecord& record);
 
+// What a save may do to a contact that was loaded like this, where the form does not show it: blank
+// fields overwrite what was not read, and characters that the code page lacks are lost. Empty for
+// nothing, as where the phone has no data of the contact.
+[[nodiscard]] std::u8string_view RiskOfSaving(const ContactReply& loaded);
+
 // The record that a save sends for a new contact; nothing when the name is empty. A name of blanks
 // is one. Name, nickname, note, website, organisation and address are turned to UTF-8; phones, IM
 // and e-mail go out as they stand in the field. Both is meant.

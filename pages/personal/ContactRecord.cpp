@@ -39,13 +39,20 @@ ContactField TakeUtf8Field(ReplyCursor& cursor) {
     return field;
 }
 
-ContactField TakeField(ReplyCursor& cursor) {
+// A text in ANSI. `lost` becomes true when the code page lacks a character of it.
+std::string AnsiOf(std::string_view utf8, bool& lost) {
+    std::string ansi = ToAnsi(utf8);
+    lost = lost || ToUtf8(ansi) != utf8;
+    return ansi;
+}
+
+ContactField TakeField(ReplyCursor& cursor, bool& lost) {
     ContactField field = TakeUtf8Field(cursor);
-    Utf8ToAnsi(field.text);
+    field.text = AnsiOf(field.text, lost);
     return field;
 }
 
-void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
+void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items, bool& lost) {
     const std::int32_t count = cursor.TakeInt32();
     // The count is a claim: what ends the list for certain is the end of what came.
     for (std::int32_t i = 0; i < count && !cursor.AtEnd(); ++i) {
@@ -55,7 +62,7 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
             return;
         }
         item.type = cursor.TakeInt32();
-        item.text = cursor.TakeTextOrEmpty();
+        item.text = AnsiOf(cursor.TakeUtf8().value_or(std::string_view()), lost);
         if (!cursor.Overran()) {
             items.push_back(std::move(item));
         }
@@ -67,6 +74,7 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items) {
 // were.
 bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     ContactRecord next;
+    next.charactersLost = record.charactersLost;
     next.id = TakeId(cursor);
     if (cursor.IsCut()) {
         return false;
@@ -76,15 +84,17 @@ bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     next.timesContacted = static_cast<std::uint32_t>(cursor.TakeUInt64());
     SkipPhoto(cursor);
     next.structured = TakeUtf8Field(cursor);
-    next.name = TakeField(cursor);
-    next.nickname = TakeField(cursor);
-    next.note = TakeField(cursor);
+    next.name = TakeField(cursor, next.charactersLost);
+    next.nickname = TakeField(cursor, next.charactersLost);
+    next.note = TakeField(cursor, next.charactersLost);
     if (cursor.Overran()) {
         return false;
     }
+    bool lostInGroups = false;  // which nobody edits
     for (const ContactRecord::List list : kContactLists) {
         next.*list = std::move(record.*list);
-        TakeItems(cursor, next.*list);
+        TakeItems(cursor, next.*list,
+                  list == &ContactRecord::groups ? lostInGroups : next.charactersLost);
     }
     record = std::move(next);
     return !cursor.Overran();

@@ -63,6 +63,9 @@ struct ContactRecord {
     std::vector<ContactItem> websites;
     std::vector<ContactItem> addresses;
     std::vector<ContactItem> organisations;
+    // A text that can be edited has characters that the code page lacks: each stands there as '?',
+    // and is '?' on the phone once it has been saved.
+    bool charactersLost = false;
 
     using List = std::vector<ContactItem> ContactRecord::*;
 };

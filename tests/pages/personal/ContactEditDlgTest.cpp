@@ -44,6 +44,17 @@ class ContactEditor : public PageTest {
     QComboBox* Combo(int number) { return FindControl<QComboBox>(dialog_, number); }
     QAbstractButton* Button(int number) { return FindControl<QAbstractButton>(dialog_, number); }
     QString State() { return FindControl<QLabel>(dialog_, 1109)->text(); }
+    // What the dialog says of a save beside its state.
+    QString Risk() {
+        for (const auto* label : dialog_->findChildren<CSkinStateLabel*>()) {
+            if (label != FindControl(dialog_, 1109) && label->isVisible()) {
+                return label->text();
+            }
+        }
+        return {};
+    }
+    // The number of the control that has the focus.
+    QString Focused() { return dialog_->focusWidget()->objectName(); }
     bool Ended(int result) {
         return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
     }
@@ -131,6 +142,96 @@ TEST_F(ContactEditor, CancelSendsNothing) {
     EXPECT_TRUE(agent_.Requests().empty());
 }
 
+TEST_F(ContactEditor, EveryControlHasAName) {
+    OpenToAdd();
+    for (const int number : {1149, 1152, 1150, 1151, 1240, 1236, 1242, 1243, 1244, 1245, 1381, 1380,
+                             1382, 1383, 1235, 1385, 1224, 1020, 1021}) {
+        EXPECT_FALSE(FindControl(dialog_, number)->accessibleName().isEmpty()) << number;
+    }
+    EXPECT_EQ(Button(1224)->text(), ToQString(u8"设为收藏"));
+    EXPECT_EQ(Button(1020)->text(), ToQString(u8"保存"));
+    EXPECT_EQ(Button(1021)->text(), ToQString(u8"取消"));
+    QStringList captions;
+    for (const auto* label : dialog_->Body()->findChildren<FormCaption*>()) {
+        captions.append(label->text());
+    }
+    captions.removeAll(QString());  // the picture of a telephone
+    EXPECT_EQ(captions,
+              (QStringList{ToQString(u8"姓名"), ToQString(u8"昵称"), ToQString(u8"IM通讯"),
+                           ToQString(u8"电子邮件"), ToQString(u8"联系地址"),
+                           ToQString(u8"公司组织"), ToQString(u8"网站微博"), ToQString(u8"备注")}));
+}
+
+TEST_F(ContactEditor, TabGoesThroughTheFormTopToBottomAndThenTheFooter) {
+    OpenToAdd();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_));
+    QStringList order{Focused()};
+    for (int i = 0; i < 18; ++i) {
+        QTest::keyClick(dialog_->focusWidget(), Qt::Key_Tab);
+        order.append(Focused());
+    }
+    EXPECT_EQ(order.join(QLatin1Char(' ')),
+              QStringLiteral("1149 1152 1380 1150 1382 1151 1383 1240 1235 1236 1385 1242 1243 "
+                             "1244 1245 1381 1224 1020 1021"));
+}
+
+TEST_F(ContactEditor, EnterSavesFromALineAndBreaksOneInTheNote) {
+    OpenToAdd();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_));
+    Area(1381)->setFocus();
+    QTest::keyClick(Area(1381), Qt::Key_Return);
+    EXPECT_EQ(Area(1381)->toPlainText(), QStringLiteral("\n"));
+    EXPECT_TRUE(results_.empty());
+    Edit(1149)->setText(QStringLiteral("A"));
+    QTest::keyClick(Edit(1149), Qt::Key_Return);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests(AgentCommand::addContact).size(), 1u);
+}
+
+TEST_F(ContactEditor, EscapeIsCancel) {
+    OpenToAdd();
+    QTest::keyClick(Edit(1149), Qt::Key_Escape);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+    EXPECT_TRUE(agent_.Requests().empty());
+}
+
+TEST_F(ContactEditor, LoadShowsEveryField) {
+    OpenLoaded(WholeContactPayload());
+    EXPECT_TRUE(Button(1224)->isChecked());
+    EXPECT_EQ(Edit(1149)->text(), ToQString(u8"林远舟"));
+    EXPECT_EQ(Edit(1152)->text(), ToQString(u8"阿舟"));
+    EXPECT_EQ(Edit(1150)->text(), QStringLiteral("13861234567"));
+    EXPECT_EQ(Combo(1380)->currentText(), ToQString(u8"手机"));
+    EXPECT_EQ(Edit(1151)->text(), QStringLiteral("0519-88123456"));
+    EXPECT_EQ(Combo(1382)->currentText(), ToQString(u8"公司电话"));
+    EXPECT_EQ(Edit(1240)->text(), QString());
+    EXPECT_EQ(Combo(1383)->currentText(), ToQString(u8"个人"));  // as it opens
+    EXPECT_EQ(Edit(1236)->text(), QStringLiteral("10240768"));
+    EXPECT_EQ(Combo(1235)->currentText(), ToQString(u8"自定义"));
+    EXPECT_EQ(Edit(1242)->text(), QStringLiteral("yz@example.com"));
+    EXPECT_EQ(Combo(1385)->currentText(), ToQString(u8"个人"));
+    EXPECT_EQ(Area(1245)->toPlainText(), QStringLiteral("http://yz.example.com"));
+    EXPECT_EQ(Edit(1243)->text(), ToQString(u8"常州市"));
+    EXPECT_EQ(Edit(1244)->text(), ToQString(u8"测绘研究院"));
+    EXPECT_EQ(Area(1381)->toPlainText(), ToQString(u8"十月生日"));
+    EXPECT_EQ(Risk(), QString());
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+}
+
+TEST_F(ContactEditor, TextsOfAMegabyteAreShownAndSavedWhole) {
+    const std::string name(1 << 20, 'n');
+    OpenLoaded(ContactPayload(7, name));
+    EXPECT_EQ(Edit(1149)->text().size(), 1 << 20);
+    Area(1381)->setPlainText(QStringLiteral("note"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ContactRecord loaded = ParseContact(ContactPayload(7, name).Buffer()).value();
+    ContactForm form = FormOf(loaded);
+    form.note = "note";
+    EXPECT_TRUE(agent_.Requests(AgentCommand::updateContact).at(0) ==
+                UpdateContactRequest(RecordToUpdate(loaded, form)));
+}
+
 TEST_F(ContactEditor, LoadShowsTheContactAndASaveSendsTheDifference) {
     const WireBytes contact = ContactPayload(7, "林远舟",
                                              {{.id = 80, .type = 2, .text = "111"},
@@ -172,6 +273,7 @@ TEST_F(ContactEditor, NoDataLeavesTheFieldsEmptyWithoutAMessage) {
     EXPECT_EQ(Edit(1149)->text(), QString());
     EXPECT_TRUE(host_.statuses.isEmpty());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
+    EXPECT_EQ(Risk(), QString());
     // A save then sends new rows to the contact.
     Edit(1149)->setText(QStringLiteral("A"));
     Button(1020)->click();
@@ -190,6 +292,26 @@ TEST_F(ContactEditor, ConnectFailureAtTheLoadIsToldAndLeavesTheFieldsEmpty) {
     EXPECT_EQ(host_.statuses, QStringList{kConnectError});
     EXPECT_EQ(Edit(1149)->text(), QString());
     EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    // Whoever saves now is told what that may do.
+    EXPECT_EQ(Risk(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
+}
+
+TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
+    WireBytes cut;
+    cut.U32(1'000'000).Add(ContactPayload(7, "A").Get());
+    agent_.Answer(AgentCommand::readContact, {cut.Get(), ScriptedAgent::End::close});
+    OpenToUpdate(agent_.Port());
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
+    EXPECT_FALSE(Risk().isEmpty());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(ContactEditor, CharactersThatTheCodePageLacksAreWarnedOf) {
+    OpenLoaded(ContactPayload(7, "A\xF0\x9F\x8E\x88"));
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A?"));
+    EXPECT_EQ(Risk(), ToQString(u8"显示成“?”的字符，保存后在手机上也是“?”"));
 }
 
 TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {
@@ -205,6 +327,7 @@ TEST_F(ContactEditor, StalledPhoneLeavesTheWayOut) {
     OpenToUpdate(agent_.Port());
     ASSERT_TRUE(WaitFor([&] { return agent_.Requests().size() == 1; }));
     EXPECT_FALSE(Edit(1149)->isEnabled());
+    EXPECT_FALSE(Button(1224)->isEnabled());
     EXPECT_FALSE(Button(1020)->isEnabled());
     EXPECT_TRUE(Button(1021)->isEnabled());
     Button(1021)->click();

@@ -241,6 +241,28 @@ TEST(ContactForm, AddressAndOrganisationAreSavedWithType0) {
     ExpectItem(record.organisations.at(0), 81, ContactItemOp::update, 0, "o");
 }
 
+TEST(ContactForm, SavingOverWhatWasNotReadIsARisk) {
+    const auto risk = [](SessionOutcome outcome, std::optional<ContactRecord> record) {
+        return RiskOfSaving({outcome, std::move(record)});
+    };
+    const std::u8string_view notRead = u8"没有读全原有的资料，保存可能会覆盖它们";
+    EXPECT_EQ(risk(SessionOutcome::complete, Record()), u8"");
+    EXPECT_EQ(risk(SessionOutcome::cut, Record()), notRead);
+    for (const auto outcome :
+         {SessionOutcome::complete, SessionOutcome::cut, SessionOutcome::noReply,
+          SessionOutcome::connectFailed, SessionOutcome::receiveFailed}) {
+        EXPECT_EQ(risk(outcome, std::nullopt), notRead) << static_cast<int>(outcome);
+    }
+    EXPECT_EQ(risk(SessionOutcome::noData, std::nullopt), u8"");  // there is nothing to overwrite
+}
+
+TEST(ContactForm, SavingCharactersThatTheCodePageLacksIsARisk) {
+    ContactRecord record = Record();
+    record.charactersLost = true;
+    EXPECT_EQ(RiskOfSaving({SessionOutcome::complete, record}),
+              u8"显示成“?”的字符，保存后在手机上也是“?”");
+}
+
 TEST(ContactForm, FavouriteIsTheTickBoxs) {
     ContactForm form;
     form.name = "A";
