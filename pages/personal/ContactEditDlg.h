@@ -17,9 +17,9 @@ class CSkinCombo;
 class CSkinEdit;
 class CSkinTextEdit;
 
-// Dialog 540. Ends with Accepted once a save has been sent, or could not be because there is no
-// link; with Rejected otherwise. While it speaks to the phone its fields and 保存 are disabled;
-// 取消 never is. The window's thread.
+// Dialog 540. Ends with Accepted once a save is on its way, whether or not the link was there and
+// whichever way it is closed; with Rejected otherwise. While it speaks to the phone its fields and
+// 保存 are disabled; 取消 never is. The window's thread.
 class CContactEditDlg : public SkinDialog {
     Q_OBJECT
   public:
@@ -32,6 +32,8 @@ class CContactEditDlg : public SkinDialog {
     // The form as it is filled in, and the other way round.
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
+
+    void done(int result) override;
 
   private:
     // A field with a combo box before it.
@@ -56,6 +58,7 @@ class CContactEditDlg : public SkinDialog {
     std::uint32_t contactId_ = 0;
     std::uint16_t agentPort_;
     ContactRecord record_;  // update mode: as it was loaded
+    bool saving_ = false;
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;

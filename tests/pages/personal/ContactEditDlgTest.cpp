@@ -335,6 +335,26 @@ TEST_F(ContactEditor, StalledPhoneLeavesTheWayOut) {
     agent_.Release();
 }
 
+TEST_F(ContactEditor, SaveThatIsOnItsWayEndsWithOkHoweverItIsClosed) {
+    // It may have reached the phone: the list has to be read again.
+    agent_.Hold(AgentCommand::addContact);
+    const auto closeBy = [&](const std::function<void()>& close) {
+        results_.clear();
+        OpenToAdd();
+        Edit(1149)->setText(QStringLiteral("A"));
+        const std::size_t before = agent_.Requests().size();
+        Button(1020)->click();
+        ASSERT_TRUE(WaitFor([&] { return agent_.Requests().size() == before + 1; }));
+        close();
+        EXPECT_TRUE(Ended(QDialog::Accepted));
+        ASSERT_TRUE(WaitFor([&] { return dialog_.isNull(); }));
+    };
+    closeBy([&] { Button(1021)->click(); });
+    closeBy([&] { QTest::keyClick(dialog_, Qt::Key_Escape); });
+    closeBy([&] { dialog_->close(); });
+    agent_.Release();
+}
+
 TEST_F(ContactEditor, SaveOnceStartedCannotBePressedAgain) {
     agent_.Hold(AgentCommand::addContact);
     OpenToAdd();
