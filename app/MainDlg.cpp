@@ -272,14 +272,18 @@ void CMainDlg::OnCommandButton(int /*first*/, int second) {
     if (row == nullptr || second < 0 || second >= static_cast<int>(kCommandCount)) {
         return;
     }
+    Page& page = *pages_.at(row->dialog);
+    if (!page.isEnabled()) {
+        return;  // a change is on its way, and what follows it comes first
+    }
     switch (row->commands[static_cast<std::size_t>(second)].action) {
         case CommandAction::none:
             break;
         case CommandAction::load:
-            pages_.at(row->dialog)->Load();
+            page.Load();
             break;
         case CommandAction::own:
-            pages_.at(row->dialog)->OnCommand(second);
+            page.OnCommand(second);
             break;
     }
 }

@@ -189,6 +189,20 @@ TEST_F(Navigator, MoreActionsOfTheMessagesPageDoesNothing) {
     EXPECT_EQ(Probe(11).loads, 1);
 }
 
+// A page is disabled while a change is on its way to the phone.
+TEST_F(Navigator, ADisabledPageHearsOfNoButton) {
+    ClickTab(1);
+    Probe(10).setEnabled(false);
+    const int before = Probe(10).loads;
+    Click(1013);
+    Click(1050);
+    EXPECT_EQ(Probe(10).loads, before);
+    EXPECT_TRUE(Probe(10).commands.empty());
+    Probe(10).setEnabled(true);
+    Click(1013);
+    EXPECT_EQ(Probe(10).loads, before + 1);
+}
+
 TEST_F(Navigator, ButtonsCarryTheCaptionsOfThePageAndAreHiddenWithoutOne) {
     Send(Message::goToPage, 4, 43);
     EXPECT_EQ(Captions(), (std::vector{ToQString(u8"刷新自启动项"), ToQString(u8"展开全部项"),
