@@ -52,7 +52,7 @@ void PagesOnPhone::SetUpTestSuite() {
     desk_ = std::make_unique<PhoneDesk>(1, ThePageMakers());
     ASSERT_EQ(desk_->Error(), "");
     ASSERT_TRUE(desk_->WaitForLink());
-    ASSERT_EQ(desk_->Window().Banner(), BannerState::success);
+    ASSERT_EQ(BannerOf(desk_->Window()), ToQString(u8"连接成功:)"));
 }
 
 void PagesOnPhone::TearDownTestSuite() {

@@ -8,7 +8,7 @@ namespace quorvi::e2e {
 
 void EagerClock::SleepFor(std::chrono::milliseconds time) {
     constexpr auto kPause = std::chrono::milliseconds(5);
-    const auto end = std::chrono::steady_clock::now() + time / 10;
+    const auto end = std::chrono::steady_clock::now() + time / part_;
     while (std::chrono::steady_clock::now() < end) {
         for (std::size_t i = 0; i < bench_.Count(); ++i) {
             if (bench_.Control(i, "status").find("running 1\n") != std::string::npos) {
