@@ -46,6 +46,22 @@ void PrintTo(const Change& change, std::ostream* out) {
     *out << change.name;
 }
 
+// Notes that a widget is disabled, if only for a moment.
+class DisabledNote : public QObject {
+  public:
+    explicit DisabledNote(QWidget& widget) { widget.installEventFilter(this); }
+    [[nodiscard]] bool Taken() const { return taken_; }
+
+    bool eventFilter(QObject* widget, QEvent* event) override {
+        taken_ |= event->type() == QEvent::EnabledChange &&
+                  !static_cast<const QWidget*>(widget)->isEnabled();
+        return false;
+    }
+
+  private:
+    bool taken_ = false;
+};
+
 class ChangeFaults : public WindowFaults,
                      public testing::WithParamInterface<std::tuple<Change, FaultMode>> {
   public:
@@ -216,9 +232,10 @@ std::vector<Change> ChangeFaults::Changes() {
          [](QStringList& shown) { shown.prepend(QStringLiteral("13900001234")); }, kComposer},
         {"DeleteConversation", AgentCommand::deleteConversation, kMessagePlace, [] {},
          [] {
+             const DisabledNote note(*Window().ShownPage());
              ClickHtml(OnPage<CHtmlCtrlBase>(kMessagePlace.control),
                        QStringLiteral("#sms_ul > li:first-child .tool a"));
-             ASSERT_TRUE(WaitFor([] { return !Idle(); }));
+             ASSERT_TRUE(WaitFor([&] { return note.Taken(); }));
          },
          firstGone},
         {"DeleteCalls", AgentCommand::deleteCalls, kCallPlace,

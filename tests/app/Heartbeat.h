@@ -20,7 +20,8 @@ class Heartbeat {
     ~Heartbeat();
 
     [[nodiscard]] int Beats() const { return beats_; }
-    [[nodiscard]] bool Stopped() const { return stopped_; }
+    // Whether it has, since this was asked last.
+    [[nodiscard]] bool HasStopped() { return stopped_.exchange(false); }
 
   private:
     void Watch();

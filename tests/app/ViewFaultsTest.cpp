@@ -17,6 +17,10 @@ struct AskedView {
     const char* name;
 };
 
+void PrintTo(const AskedView& asked, std::ostream* out) {
+    *out << asked.name;
+}
+
 class ConversationsFaults : public WindowFaults,
                             public testing::WithParamInterface<std::tuple<AskedView, FaultMode>> {
   protected:
@@ -45,6 +49,7 @@ class ConversationsFaults : public WindowFaults,
         switch (left) {
             case Left::whole:
                 return kNow;
+            case Left::idless:
             case Left::blank:
                 return 1;
             case Left::over:

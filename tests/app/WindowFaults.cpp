@@ -76,7 +76,7 @@ void WindowFaults::Suffer(const FaultMode& mode, AgentCommand code,
         Tell("release");
     }
     ASSERT_TRUE(WaitIdle());
-    EXPECT_FALSE(heart_->Stopped()) << "the window's thread waited for the phone";
+    EXPECT_FALSE(heart_->HasStopped()) << "the window's thread waited for the phone";
     if (mode.left != Left::cable) {
         EXPECT_EQ(Status(), mode.left == Left::refused ? ConnectError() : Ready());
     }
