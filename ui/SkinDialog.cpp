@@ -157,6 +157,10 @@ void SkinDialog::Open(std::function<void(int)> done) {
     open();
 }
 
+void SkinDialog::done(int result) {
+    QDialog::done(endsWithOk_ ? Accepted : result);
+}
+
 void SkinDialog::setVisible(bool visible) {
     QWidget* behind = parentWidget();
     if (visible && behind != nullptr && behind->isVisible()) {

@@ -50,7 +50,12 @@ class SkinDialog : public QDialog {
     // `done` is called with its result on the window's thread, and the dialog is deleted.
     void Open(std::function<void(int result)> done = {});
 
+    // From now on the dialog ends with Accepted, however it is closed: what it has sent cannot be
+    // taken back, and its opener has to look at the phone again.
+    void EndWithOk() { endsWithOk_ = true; }
+
     void setVisible(bool visible) override;
+    void done(int result) override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -66,6 +71,7 @@ class SkinDialog : public QDialog {
     QWidget* footer_ = nullptr;
     QHBoxLayout* footerLayout_ = nullptr;
     int footerLeft_ = 0;  // widgets before the stretch
+    bool endsWithOk_ = false;
     QPointer<CSkinButton> default_;
     QPointer<Scrim> scrim_;
 };

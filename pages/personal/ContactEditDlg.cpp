@@ -256,14 +256,9 @@ void CContactEditDlg::Save() {
 
 void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
-    saving_ = true;
+    EndWithOk();
     SendChange(host_, *Body(), agentPort_, std::move(request),
                [this](const AcknowledgedReply&) { accept(); });
-}
-
-void CContactEditDlg::done(int result) {
-    // A save that was sent cannot be taken back: its opener has to look at the phone again.
-    SkinDialog::done(saving_ ? QDialog::Accepted : result);
 }
 
 }  // namespace quorvi

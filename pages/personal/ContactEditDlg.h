@@ -33,8 +33,6 @@ class CContactEditDlg : public SkinDialog {
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
 
-    void done(int result) override;
-
   private:
     // A field with a combo box before it.
     struct TypedField {
@@ -58,7 +56,6 @@ class CContactEditDlg : public SkinDialog {
     std::uint32_t contactId_ = 0;
     std::uint16_t agentPort_;
     ContactRecord record_;  // update mode: as it was loaded
-    bool saving_ = false;
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;

@@ -67,6 +67,7 @@ void CGroupEditDlg::Save() {
         return;
     }
     ok_->setEnabled(false);
+    EndWithOk();
     SendChange(host_, *Body(), agentPort_,
                groupId_ ? RenameGroupRequest(*groupId_, title) : AddGroupRequest(title),
                [this](const AcknowledgedReply&) { accept(); });

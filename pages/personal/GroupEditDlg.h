@@ -13,9 +13,9 @@ namespace quorvi {
 
 class CSkinEdit;
 
-// Dialog 681. 确定 ends with Accepted whatever happens: nothing is sent for an empty title, an
-// unchanged one is sent all the same, and a failed connect shows in the status. The window's
-// thread.
+// Dialog 681. 确定 ends with Accepted whatever happens, a close while it is sent included: nothing
+// is sent for an empty title, an unchanged one is sent all the same, and a failed connect shows in
+// the status. The window's thread.
 class CGroupEditDlg : public SkinDialog {
     Q_OBJECT
   public:

@@ -32,9 +32,6 @@ constexpr int kText = 1271;
 constexpr int kSend = 1030;
 constexpr int kCancel = 1021;
 
-// Characters of the recipients field: the entries of some tens of thousands of people.
-constexpr int kRecipientsLimit = 1'048'576;
-
 // What a worker brings of a conversation; its fragment is in the view by then.
 struct ConversationShown {
     SessionOutcome outcome;
@@ -90,7 +87,6 @@ void CSmsComposeDlg::BuildControls() {
 
     const QString recipients = ToQString(u8"收件人:");
     recipients_ = SetControlNumber(new CSkinEdit({}, Body()), kRecipients, recipients);
-    recipients_->setMaxLength(kRecipientsLimit);
     const QString text = ToQString(u8"发送内容");
     text_ = SetControlNumber(new CSkinTextEdit({}, Body()), kText, text);
     text_->setFixedHeight(Metric::composerText);
@@ -263,7 +259,7 @@ void CSmsComposeDlg::ShowLength() {
 
 void CSmsComposeDlg::Resume(const UnsentMessage& message) {
     recipients_->setText(message.recipients);
-    text_->setPlainText(message.text);
+    text_->SetText(message.text);
     text_->moveCursor(QTextCursor::End);
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"上次的短信没有得到手机的确认"));
 }
@@ -275,6 +271,7 @@ void CSmsComposeDlg::Send() {
         return;
     }
     // What is on its way cannot be called back; the window may be closed all the same.
+    EndWithOk();
     send_->setEnabled(false);
     cancel_->setEnabled(false);
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在发送…"));

@@ -25,9 +25,9 @@ struct UnsentMessage {
     QString text;
 };
 
-// Dialog 550. Ends with Accepted once a message has been sent, or could not be because there is no
-// link; with Rejected otherwise. It may be closed at any time, a worker still running or not. The
-// window's thread.
+// Dialog 550. Ends with Accepted once a message is on its way, whether or not the link was there
+// and whichever way it is closed; with Rejected otherwise. It may be closed at any time, a worker
+// still running or not. The window's thread.
 class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     Q_OBJECT
   public:

@@ -250,6 +250,18 @@ TEST_F(GroupDialog, AnEditorThatFindsNoPhoneIsToldAndEndsWithOk) {
     EXPECT_EQ(result, QDialog::Accepted);
 }
 
+TEST_F(GroupDialog, AnEditorThatIsClosedWhileItsTitleIsOnItsWayLoadsTheListAgain) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::addGroup);
+    PressIn(kGroups, 1154);
+    Title()->setText(ToQString(u8"家"));
+    PressIn(kEditor, 1215);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::addGroup).empty(); }));
+    PressIn(kEditor, 1021);
+    WaitForLoads(2);
+    agent_.Release();
+}
+
 TEST_F(GroupDialog, ARightClickAndADoubleClickDoNothing) {
     OpenLoaded();
     Q_EMIT List().menuAsked(0, QPoint(0, 0));

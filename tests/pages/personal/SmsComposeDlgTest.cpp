@@ -366,7 +366,7 @@ TEST_F(Composer, SaysThatItSendsAndCannotBeCancelledButClosed) {
     EXPECT_EQ(State(), ToQString(u8"正在发送…"));
     EXPECT_FALSE(FindControl(dialog_, 1021)->isEnabled());
     QTest::keyClick(dialog_, Qt::Key_Escape);
-    EXPECT_TRUE(Ended(QDialog::Rejected));
+    EXPECT_TRUE(Ended(QDialog::Accepted));  // it may have reached the phone
     agent_.Release();
 }
 
