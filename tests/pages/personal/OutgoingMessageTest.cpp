@@ -22,6 +22,17 @@ TEST(SendMessageRequest, CarriesTheNumbersAsTypedAndTheTextInUtf8) {
                                                              .Get());
 }
 
+TEST(SendMessageRequest, TheBytesOfANumberAreNotTurnedToUtf8) {
+    const std::string number = Ansi(u8"一");  // two bytes
+    EXPECT_EQ(SendMessageRequest(std::vector{number}, "x"), WireBytes()
+                                                                .U32(870204)   // code
+                                                                .U32(23)       // total
+                                                                .U32(1)        // count
+                                                                .Text(number)  // as typed
+                                                                .Text("x")
+                                                                .Get());
+}
+
 TEST(MessageLength, AnEmptyTextIsNoMessage) {
     const MessageLength length = MeasureMessage("");
     EXPECT_EQ(length.characters, 0u);
