@@ -30,6 +30,9 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
     do {
         CallLogRow row;
         row.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        if (cursor.IsCut()) {
+            return log;  // what is done to the row would befall another call
+        }
         auto number = cursor.TakeText();
         if (!number) {
             log.endedByAbsentNumber = true;

@@ -33,8 +33,9 @@ struct CallLog {
     std::uint32_t absentRowId = 0;
 };
 
-// Reads the run of records. A record with a length that points outside the reply ends the run and
-// is dropped. Any thread; `attribution` is called on it, once a row.
+// Reads the run of records. A record with a length that points outside the reply, or in whose id
+// the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on it, once a
+// row.
 [[nodiscard]] CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution);
 
 struct CallLogReply {

@@ -19,6 +19,9 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
     do {
         ContactGroup group;
         group.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        if (cursor.IsCut()) {
+            return groups;  // what is done to the row would befall another group
+        }
         auto title = cursor.TakeText();
         if (!title) {
             groups.endedByAbsentTitle = true;
@@ -75,7 +78,7 @@ void ReadGroupNames(const ReplyBuffer& reply, GroupNames& names) {
     do {
         const std::int32_t id = TakeGroupId(cursor);
         auto title = cursor.TakeText();
-        if (!title || cursor.Overran()) {
+        if (!title || cursor.IsCut()) {
             return;
         }
         names.emplace(id, std::move(*title));
@@ -91,8 +94,8 @@ bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members) {
             return false;
         }
         std::string number = cursor.TakeTextOrEmpty();
-        if (cursor.Overran()) {
-            return true;
+        if (cursor.IsCut()) {
+            return true;  // half a number is somebody else's
         }
         members[id].emplace(std::move(*name), std::move(number));
     } while (!cursor.AtEnd());

@@ -31,8 +31,8 @@ struct ContactGroups {
     std::uint32_t absentRowId = 0;
 };
 
-// Reads the reply of command 870140. A record with a length that points outside the reply ends the
-// run and is dropped. Any thread.
+// Reads the reply of command 870140. A record with a length that points outside the reply, or in
+// whose id the reply was cut, ends the run and is dropped. Any thread.
 [[nodiscard]] ContactGroups ParseContactGroups(const ReplyBuffer& reply);
 
 struct ContactGroupsReply {
@@ -70,7 +70,8 @@ using GroupMembers = std::map<std::int32_t, std::map<std::string, std::string>>;
 
 // Adds what the reply of command 870150 holds. A contact with several numbers comes as several
 // records, and keeps the first: it is the one that the contacts list shows. False when a name of
-// AbsentMark ended the reading: the tree is not built then.
+// AbsentMark ended the reading: the tree is not built then. A record that is not all there is
+// dropped.
 [[nodiscard]] bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members);
 
 // Who is in which group, as the composer's tree shows it.

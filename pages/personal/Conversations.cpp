@@ -38,6 +38,9 @@ ConversationList ParseConversations(const ReplyBuffer& reply, const AttributionO
     do {
         Conversation conversation;
         conversation.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        if (cursor.IsCut()) {
+            return list;  // its links would lead to another conversation
+        }
         auto name = cursor.TakeText();
         if (!name) {
             return {.conversations = {}, .endedByAbsentName = true};
@@ -121,6 +124,9 @@ ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
         auto address = cursor.TakeText();
         if (!address) {
             return {.messages = {}, .endedByAbsentAddress = true};
+        }
+        if (cursor.IsCut()) {
+            return conversation;  // half a number is somebody else's
         }
         message.address = std::move(*address);
         message.date = TakeDate(cursor);

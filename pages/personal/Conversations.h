@@ -33,8 +33,9 @@ struct ConversationList {
     bool endedByAbsentName = false;
 };
 
-// Reads the reply of command 870201. A record with a length that points outside the reply ends the
-// run and is dropped. Any thread; `attribution` is called on it, once a conversation.
+// Reads the reply of command 870201. A record with a length that points outside the reply, or in
+// whose id the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on
+// it, once a conversation.
 [[nodiscard]] ConversationList ParseConversations(const ReplyBuffer& reply,
                                                   const AttributionOf& attribution);
 
@@ -87,7 +88,8 @@ struct ConversationMessages {
 // The request of command 870202: the code and the id, with neither a total nor a count.
 [[nodiscard]] Bytes ReadConversationRequest(std::uint32_t id);
 
-// Reads the reply of command 870202, as ParseConversations does.
+// Reads the reply of command 870202, as ParseConversations does; a message must be there to the end
+// of its address, to which an answer would go.
 [[nodiscard]] ConversationMessages ParseConversationMessages(const ReplyBuffer& reply);
 
 struct ConversationReply {

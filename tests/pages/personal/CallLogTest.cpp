@@ -83,6 +83,14 @@ TEST_F(CallLogReading, AnEmptyNameStaysEmpty) {
     EXPECT_EQ(log.rows[0].number, "10086");
 }
 
+TEST_F(CallLogReading, ARowInWhoseIdACutReplyEndsIsDropped) {
+    const std::size_t first = CallsPayload({{1}}).Get().size();
+    const WireBytes bytes = CallsPayload({{1}, {0x102}});
+    EXPECT_EQ(ParseCallLog(bytes.CutAfter(first + 7), Mark).rows.size(), 1u);  // 0x100 is another
+    ASSERT_EQ(ParseCallLog(bytes.CutAfter(first + 8), Mark).rows.size(), 2u);
+    EXPECT_EQ(ParseCallLog(bytes.CutAfter(first + 8), Mark).rows[1].id, 0x102u);
+}
+
 TEST_F(CallLogReading, ALengthThatPointsOutsideEndsTheRun) {
     WireBytes bytes = CallsPayload({{1}});
     bytes.U64(2).U32(0x7FFFFFFF).Raw("138");  // a number longer than the reply

@@ -74,6 +74,16 @@ TEST(GroupReading, ALengthThatPointsOutsideEndsTheRun) {
     EXPECT_FALSE(groups.endedByAbsentTitle);
 }
 
+TEST(GroupReading, ARowInWhoseIdACutReplyEndsIsDropped) {
+    WireBytes bytes = Start();
+    AddGroup(bytes, 1, "A", 1);
+    const std::size_t first = bytes.Get().size();
+    AddGroup(bytes, 0x102, "B", 1);
+    EXPECT_EQ(ParseContactGroups(bytes.CutAfter(first + 7)).rows.size(), 1u);  // 0x100 is another
+    ASSERT_EQ(ParseContactGroups(bytes.CutAfter(first + 8)).rows.size(), 2u);
+    EXPECT_EQ(ParseContactGroups(bytes.CutAfter(first + 8)).rows[1].id, 0x102u);
+}
+
 TEST(GroupRequests, CreatingCarriesTheTitleInUtf8) {
     EXPECT_EQ(AddGroupRequest(Ansi(u8"家")), WireBytes()
                                                  .U32(870121)  // code
@@ -181,6 +191,16 @@ TEST(GroupMembersReading, ALengthThatPointsOutsideEndsTheRun) {
     GroupMembers members;
     EXPECT_TRUE(ReadGroupMembers(bytes.Buffer(), members));
     EXPECT_EQ(members, (GroupMembers{{4, {{"a", "1"}}}}));
+}
+
+TEST(GroupMembersReading, ARecordThatACutReplyDoesNotHoldWholeIsDropped) {
+    WireBytes bytes = Start();
+    AddMember(bytes, 4, "a", "10086");
+    for (std::size_t came = 4; came < bytes.Get().size(); ++came) {
+        GroupMembers members;
+        EXPECT_TRUE(ReadGroupMembers(bytes.CutAfter(came), members));
+        EXPECT_TRUE(members.empty()) << came;  // "1008" would be somebody else's number
+    }
 }
 
 TEST(GroupMembersReading, AnAbsentNameStopsTheTreeFromBeingBuilt) {

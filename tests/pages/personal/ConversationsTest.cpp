@@ -131,6 +131,30 @@ TEST_F(Conversations, ADateOfZeroShowsTheLocalTimeOf1970) {
     EXPECT_EQ(Parse(bytes).conversations[0].date, "1970-01-01 08:00:00");
 }
 
+TEST_F(Conversations, AConversationInWhoseIdACutReplyEndsIsDropped) {
+    WireBytes bytes = Start();
+    AddConversation(bytes, 1, "A", "x");
+    const std::size_t first = bytes.Get().size();
+    AddConversation(bytes, 0x102, "B", "y");
+    const auto idsOf = [&](std::size_t came) {
+        return ParseConversations(bytes.CutAfter(came), Mark).conversations;
+    };
+    EXPECT_EQ(idsOf(first + 7).size(), 1u);  // a link to 0x100 would lead elsewhere
+    ASSERT_EQ(idsOf(first + 8).size(), 2u);
+    EXPECT_EQ(idsOf(first + 8)[1].id, 0x102u);
+}
+
+TEST_F(Conversations, AMessageInWhoseAddressACutReplyEndsIsDropped) {
+    WireBytes bytes = Start();
+    const std::size_t head = bytes.Get().size() + 8 + 4 + 4;  // id, incoming, length
+    AddMessage(bytes, 1, "10086", "x");
+    const auto partyOf = [&](std::size_t came) {
+        return ConversationParty(ParseConversationMessages(bytes.CutAfter(came)).messages);
+    };
+    EXPECT_EQ(partyOf(head + 4), "");  // "1008" would be somebody else
+    EXPECT_EQ(partyOf(head + 5), "10086");
+}
+
 TEST(ConversationLinks, ViewAndDeleteCarryTheirId) {
     const auto view = ReadConversationLink("vid=17");
     ASSERT_TRUE(view);
