@@ -46,14 +46,15 @@ std::vector<std::string> NumbersOf(std::string_view list) {
 }  // namespace
 
 Status RunSmsList(const Arguments&, Output& output) {
-    const auto [outcome, list] = FetchConversations(AgentSession(), MakeNumberAttribution());
+    const auto [outcome, conversations] =
+        FetchConversations(AgentSession(), MakeNumberAttribution());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
     }
     Json::Value document(Json::arrayValue);
     Table table{u8"编号", u8"联系人", u8"号码", u8"归属地", u8"时间", u8"内容"};
-    for (const Conversation& conversation : list.conversations) {
+    for (const Conversation& conversation : conversations) {
         document.append(DocumentOf(conversation));
         table.AddRow({std::to_string(conversation.id), conversation.name, conversation.number,
                       conversation.attribution, conversation.date, conversation.text});
@@ -67,18 +68,18 @@ Status RunSmsShow(const Arguments& arguments, Output& output) {
     if (!ids) {
         return Status::wrongUsage;
     }
-    const auto [outcome, read] = FetchConversation(AgentSession(), ids->front());
+    const auto [outcome, messages] = FetchConversation(AgentSession(), ids->front());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
     }
-    if (read.messages.empty()) {
+    if (messages.empty()) {
         output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
         return Status::notFound;
     }
     Json::Value document(Json::arrayValue);
     Table table{u8"方向", u8"对方", u8"时间", u8"内容"};
-    for (const ConversationMessage& message : read.messages) {
+    for (const ConversationMessage& message : messages) {
         document.append(DocumentOf(message));
         table.AddRow({Ansi(message.incoming ? u8"收到" : u8"发出"), message.address, message.date,
                       message.text});

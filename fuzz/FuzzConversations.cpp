@@ -17,12 +17,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!reply) {
         return 0;
     }
-    const auto list = quorvi::ParseConversations(
+    const auto conversations = quorvi::ParseConversations(
         *reply, [](std::string_view number) { return std::string(number); });
-    const std::string blocks = quorvi::ConversationsFragment(list.conversations);
-    const auto read = quorvi::ParseConversationMessages(*reply);
-    const std::string entries = quorvi::ConversationFragment(read.messages);
-    if (blocks.empty() != list.conversations.empty() || entries.empty() != read.messages.empty()) {
+    const std::string blocks = quorvi::ConversationsFragment(conversations);
+    const auto messages = quorvi::ParseConversationMessages(*reply);
+    const std::string entries = quorvi::ConversationFragment(messages);
+    if (blocks.empty() != conversations.empty() || entries.empty() != messages.empty()) {
         std::abort();
     }
     return 0;

@@ -22,28 +22,25 @@ std::string TakeDate(ReplyCursor& cursor) {
     return FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
 }
 
-bool HadPayload(SessionOutcome outcome) {
-    return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
-}
-
 std::string SignedText(std::uint32_t id) {
     return std::to_string(static_cast<std::int32_t>(id));
 }
 
 }  // namespace
 
-ConversationList ParseConversations(const ReplyBuffer& reply, const AttributionOf& attribution) {
-    ConversationList list;
+std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
+                                             const AttributionOf& attribution) {
+    std::vector<Conversation> conversations;
     ReplyCursor cursor(reply);
     do {
         Conversation conversation;
         conversation.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
         if (cursor.IsCut()) {
-            return list;  // its links would lead to another conversation
+            return conversations;  // its links would lead to another conversation
         }
         auto name = cursor.TakeText();
         if (!name) {
-            return {.conversations = {}, .endedByAbsentName = true};
+            return {};
         }
         conversation.name = std::move(*name);
         conversation.number = cursor.TakeTextOrEmpty();
@@ -51,12 +48,12 @@ ConversationList ParseConversations(const ReplyBuffer& reply, const AttributionO
         cursor.SkipBytes(2 * sizeof(std::uint32_t));  // reserved
         conversation.text = cursor.TakeTextOrEmpty();
         if (cursor.Overran()) {
-            return list;
+            return conversations;
         }
         conversation.attribution = attribution(conversation.number);
-        list.conversations.push_back(std::move(conversation));
+        conversations.push_back(std::move(conversation));
     } while (!cursor.AtEnd());
-    return list;
+    return conversations;
 }
 
 ConversationListReply FetchConversations(const AgentSession& session,
@@ -65,11 +62,7 @@ ConversationListReply FetchConversations(const AgentSession& session,
     const PayloadReply reply =
         session.RunPayload(BareRequest(AgentCommand::listConversations), progress);
     return {reply.outcome, reply.HasPayload() ? ParseConversations(reply.buffer, attribution)
-                                              : ConversationList()};
-}
-
-bool IsWhole(const ConversationListReply& reply) {
-    return HadPayload(reply.outcome) && !reply.list.endedByAbsentName;
+                                              : std::vector<Conversation>()};
 }
 
 std::string ConversationsFragment(std::span<const Conversation> conversations) {
@@ -114,8 +107,8 @@ Bytes ReadConversationRequest(std::uint32_t id) {
     return request;
 }
 
-ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
-    ConversationMessages conversation;
+std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply) {
+    std::vector<ConversationMessage> messages;
     ReplyCursor cursor(reply);
     do {
         ConversationMessage message;
@@ -123,10 +116,10 @@ ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
         message.incoming = cursor.TakeUInt32() == 1;
         auto address = cursor.TakeText();
         if (!address) {
-            return {.messages = {}, .endedByAbsentAddress = true};
+            return {};
         }
         if (cursor.IsCut()) {
-            return conversation;  // half a number is somebody else's
+            return messages;  // half a number is somebody else's
         }
         message.address = std::move(*address);
         message.date = TakeDate(cursor);
@@ -134,21 +127,17 @@ ConversationMessages ParseConversationMessages(const ReplyBuffer& reply) {
         message.text = cursor.TakeTextOrEmpty();
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
         if (cursor.Overran()) {
-            return conversation;
+            return messages;
         }
-        conversation.messages.push_back(std::move(message));
+        messages.push_back(std::move(message));
     } while (!cursor.AtEnd());
-    return conversation;
+    return messages;
 }
 
 ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id) {
     const PayloadReply reply = session.RunPayload(ReadConversationRequest(id));
-    return {reply.outcome,
-            reply.HasPayload() ? ParseConversationMessages(reply.buffer) : ConversationMessages()};
-}
-
-bool IsWhole(const ConversationReply& reply) {
-    return HadPayload(reply.outcome) && !reply.conversation.endedByAbsentAddress;
+    return {reply.outcome, reply.HasPayload() ? ParseConversationMessages(reply.buffer)
+                                              : std::vector<ConversationMessage>()};
 }
 
 std::string ConversationFragment(std::span<const ConversationMessage> messages) {

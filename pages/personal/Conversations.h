@@ -26,31 +26,23 @@ struct Conversation {
     std::string text;  // of the last message
 };
 
-struct ConversationList {
-    std::vector<Conversation> conversations;
-    // A name of AbsentMark ended the reading: what was read before it is dropped, and the view
-    // stays as it was.
-    bool endedByAbsentName = false;
-};
-
 // Reads the reply of command 870201. A record with a length that points outside the reply, or in
-// whose id the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on
-// it, once a conversation.
-[[nodiscard]] ConversationList ParseConversations(const ReplyBuffer& reply,
-                                                  const AttributionOf& attribution);
+// whose id the reply was cut, ends the run and is dropped; a name of AbsentMark ends the reading,
+// and all that was read before it is dropped. Any thread; `attribution` is called on it, once a
+// conversation.
+[[nodiscard]] std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
+                                                           const AttributionOf& attribution);
 
 struct ConversationListReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
-    ConversationList list;
+    // Nothing unless the reply brought something to show: the view stays as it was then.
+    std::vector<Conversation> conversations;
 };
 
 // One session that reads the conversations. Any thread.
 [[nodiscard]] ConversationListReply FetchConversations(const AgentSession& session,
                                                        const AttributionOf& attribution,
                                                        const AgentSession::Progress& progress = {});
-
-// Whether it was read to its end: that is what the view comes to show.
-[[nodiscard]] bool IsWhole(const ConversationListReply& reply);
 
 // Inner HTML of the element "sms_ul": one block a conversation. ANSI, with the phone's texts
 // unescaped. Ids stand in the links as signed decimal numbers.
@@ -79,28 +71,20 @@ struct ConversationMessage {
     std::string text;
 };
 
-struct ConversationMessages {
-    std::vector<ConversationMessage> messages;
-    // An address of AbsentMark ended the reading: what was read before it is dropped.
-    bool endedByAbsentAddress = false;
-};
-
 // The request of command 870202: the code and the id, with neither a total nor a count.
 [[nodiscard]] Bytes ReadConversationRequest(std::uint32_t id);
 
-// Reads the reply of command 870202, as ParseConversations does; a message must be there to the end
-// of its address, to which an answer would go.
-[[nodiscard]] ConversationMessages ParseConversationMessages(const ReplyBuffer& reply);
+// Reads the reply of command 870202, as ParseConversations does; an address of AbsentMark drops
+// all. A message must be there to the end of its address, to which an answer would go.
+[[nodiscard]] std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply);
 
 struct ConversationReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
-    ConversationMessages conversation;
+    std::vector<ConversationMessage> messages;  // nothing unless there is something to show
 };
 
 // One session that reads a conversation. Any thread.
 [[nodiscard]] ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id);
-
-[[nodiscard]] bool IsWhole(const ConversationReply& reply);
 
 // Inner HTML of the element "conversation_list". ANSI, with the phone's texts unescaped.
 [[nodiscard]] std::string ConversationFragment(std::span<const ConversationMessage> messages);

@@ -153,13 +153,12 @@ void CSmsComposeDlg::ReadConversation() {
         this,
         [port = agentPort_, id = conversation_, document = view_->Document()] {
             const ConversationReply reply = FetchConversation(AgentSession(port), id);
-            const auto& messages = reply.conversation.messages;
-            const bool whole = IsWhole(reply);
-            if (whole) {
-                document.SetInnerHtml("conversation_list", ConversationFragment(messages),
+            const bool shown = !reply.messages.empty();
+            if (shown) {
+                document.SetInnerHtml("conversation_list", ConversationFragment(reply.messages),
                                       HtmlScroll::end);
             }
-            return ConversationShown{reply.outcome, whole, ConversationParty(messages)};
+            return ConversationShown{reply.outcome, shown, ConversationParty(reply.messages)};
         },
         [this](ConversationShown&& read) {
             ShowConversation(read.outcome, read.shown, read.party);

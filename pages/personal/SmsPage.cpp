@@ -42,20 +42,19 @@ CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
 }
 
 void CSmsPage::RefreshSms() {
-    load_.Start(
-        [this] { frame_->SetState(ListState::loading); },
-        [port = agentPort_, attribution = attribution_, frame = frame_,
-         document = view_->Document()](const LoadProgress& progress) {
-            const ConversationListReply reply =
-                FetchConversations(AgentSession(port), attribution, ProgressTo(progress, frame));
-            const bool shown = IsWhole(reply);
-            if (shown) {
-                document.SetInnerHtml("sms_ul", ConversationsFragment(reply.list.conversations),
-                                      HtmlScroll::top);
-            }
-            return Loaded{reply.outcome, shown};
-        },
-        [this](const Loaded& loaded) { ShowLoaded(loaded); });
+    load_.Start([this] { frame_->SetState(ListState::loading); },
+                [port = agentPort_, attribution = attribution_, frame = frame_,
+                 document = view_->Document()](const LoadProgress& progress) {
+                    const ConversationListReply reply = FetchConversations(
+                        AgentSession(port), attribution, ProgressTo(progress, frame));
+                    const bool shown = !reply.conversations.empty();
+                    if (shown) {
+                        document.SetInnerHtml("sms_ul", ConversationsFragment(reply.conversations),
+                                              HtmlScroll::top);
+                    }
+                    return Loaded{reply.outcome, shown};
+                },
+                [this](const Loaded& loaded) { ShowLoaded(loaded); });
 }
 
 void CSmsPage::ShowLoaded(const Loaded& loaded) {

@@ -50,17 +50,16 @@ std::string Mark(std::string_view number) {
     return "at " + std::string(number);
 }
 
-ConversationList Parse(const WireBytes& bytes) {
+std::vector<Conversation> Parse(const WireBytes& bytes) {
     return ParseConversations(bytes.Buffer(), Mark);
 }
 
 TEST_F(Conversations, ReadsEachFieldOfAConversation) {
     WireBytes bytes = Start();
     AddConversation(bytes, 0x700000005, "中国移动", "余额");
-    const ConversationList list = Parse(bytes);
-    EXPECT_FALSE(list.endedByAbsentName);
-    ASSERT_EQ(list.conversations.size(), 1u);
-    const Conversation& first = list.conversations[0];
+    const auto list = Parse(bytes);
+    ASSERT_EQ(list.size(), 1u);
+    const Conversation& first = list[0];
     EXPECT_EQ(first.id, 5u);  // the low 32 bits
     EXPECT_EQ(first.name, Ansi(u8"中国移动"));
     EXPECT_EQ(first.number, "10086");
@@ -73,24 +72,22 @@ TEST_F(Conversations, AnAbsentNameDropsWhatWasReadBeforeIt) {
     WireBytes bytes = Start();
     AddConversation(bytes, 1, "A", "x");
     bytes.U64(2).Absent();
-    const ConversationList list = Parse(bytes);
-    EXPECT_TRUE(list.endedByAbsentName);
-    EXPECT_TRUE(list.conversations.empty());
+    const auto list = Parse(bytes);
+    EXPECT_TRUE(list.empty());
 }
 
 TEST_F(Conversations, ALengthThatPointsOutsideEndsTheRun) {
     WireBytes bytes = Start();
     AddConversation(bytes, 1, "A", "x");
     bytes.U64(2).U32(0x10000).Raw("B");
-    const ConversationList list = Parse(bytes);
-    EXPECT_EQ(list.conversations.size(), 1u);
-    EXPECT_FALSE(list.endedByAbsentName);
+    const auto list = Parse(bytes);
+    EXPECT_EQ(list.size(), 1u);
 }
 
 TEST_F(Conversations, ABlockIsTheFragmentToTheLetter) {
     WireBytes bytes = Start();
     AddConversation(bytes, 5, "Lin", "see <b>you</b>");
-    EXPECT_EQ(ConversationsFragment(Parse(bytes).conversations),
+    EXPECT_EQ(ConversationsFragment(Parse(bytes)),
               "<li><span class=tool><a href='"
               "qvh:did=5"
               "'>" +
@@ -117,7 +114,7 @@ TEST_F(Conversations, ABlockIsTheFragmentToTheLetter) {
 TEST_F(Conversations, AnIdOfMoreThan31BitsPrintsNegativeAndReadsBackAsTheSame) {
     WireBytes bytes = Start();
     AddConversation(bytes, 0xFFFFFFFE, "A", "x");
-    const std::string html = ConversationsFragment(Parse(bytes).conversations);
+    const std::string html = ConversationsFragment(Parse(bytes));
     EXPECT_NE(html.find("qvh:vid=-2'"), std::string::npos);
     const auto link = ReadConversationLink("vid=-2");
     ASSERT_TRUE(link);
@@ -127,8 +124,8 @@ TEST_F(Conversations, AnIdOfMoreThan31BitsPrintsNegativeAndReadsBackAsTheSame) {
 TEST_F(Conversations, ADateOfZeroShowsTheLocalTimeOf1970) {
     WireBytes bytes = Start();
     bytes.U64(1).Text("A").Text("1").U64(0).U32(0).U32(0).Text("x");
-    ASSERT_EQ(Parse(bytes).conversations.size(), 1u);
-    EXPECT_EQ(Parse(bytes).conversations[0].date, "1970-01-01 08:00:00");
+    ASSERT_EQ(Parse(bytes).size(), 1u);
+    EXPECT_EQ(Parse(bytes)[0].date, "1970-01-01 08:00:00");
 }
 
 TEST_F(Conversations, AConversationInWhoseIdACutReplyEndsIsDropped) {
@@ -137,7 +134,7 @@ TEST_F(Conversations, AConversationInWhoseIdACutReplyEndsIsDropped) {
     const std::size_t first = bytes.Get().size();
     AddConversation(bytes, 0x102, "B", "y");
     const auto idsOf = [&](std::size_t came) {
-        return ParseConversations(bytes.CutAfter(came), Mark).conversations;
+        return ParseConversations(bytes.CutAfter(came), Mark);
     };
     EXPECT_EQ(idsOf(first + 7).size(), 1u);  // a link to 0x100 would lead elsewhere
     ASSERT_EQ(idsOf(first + 8).size(), 2u);
@@ -149,7 +146,7 @@ TEST_F(Conversations, AMessageInWhoseAddressACutReplyEndsIsDropped) {
     const std::size_t head = bytes.Get().size() + 8 + 4 + 4;  // id, incoming, length
     AddMessage(bytes, 1, "10086", "x");
     const auto partyOf = [&](std::size_t came) {
-        return ConversationParty(ParseConversationMessages(bytes.CutAfter(came)).messages);
+        return ConversationParty(ParseConversationMessages(bytes.CutAfter(came)));
     };
     EXPECT_EQ(partyOf(head + 4), "");  // "1008" would be somebody else
     EXPECT_EQ(partyOf(head + 5), "10086");
@@ -218,9 +215,8 @@ TEST_F(Conversations, MessagesOfBothDirectionsAreTheFragmentToTheLetter) {
     WireBytes bytes = Start();
     AddMessage(bytes, 1, "Lin", "hello");
     AddMessage(bytes, 0, "Lin", "<i>hi</i>");
-    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
-    EXPECT_FALSE(read.endedByAbsentAddress);
-    EXPECT_EQ(ConversationFragment(read.messages),
+    const auto read = ParseConversationMessages(bytes.Buffer());
+    EXPECT_EQ(ConversationFragment(read),
               "<div class='entry'><ul class='detail_ul'><li><strong>"
               "Lin"
               "</strong><span>["
@@ -240,16 +236,16 @@ TEST_F(Conversations, MessagesOfBothDirectionsAreTheFragmentToTheLetter) {
 TEST_F(Conversations, OnlyOneIsIncoming) {
     WireBytes bytes = Start();
     AddMessage(bytes, 2, "Lin", "x");
-    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
-    ASSERT_EQ(read.messages.size(), 1u);
-    EXPECT_FALSE(read.messages[0].incoming);
+    const auto read = ParseConversationMessages(bytes.Buffer());
+    ASSERT_EQ(read.size(), 1u);
+    EXPECT_FALSE(read[0].incoming);
 }
 
 TEST_F(Conversations, ThePartyIsTheFirstMessagesAddressEvenIfItWentOut) {
     WireBytes bytes = Start();
     AddMessage(bytes, 0, "10086", "first");
     AddMessage(bytes, 1, "Lin", "second");
-    EXPECT_EQ(ConversationParty(ParseConversationMessages(bytes.Buffer()).messages), "10086");
+    EXPECT_EQ(ConversationParty(ParseConversationMessages(bytes.Buffer())), "10086");
     EXPECT_EQ(ConversationParty({}), "");
 }
 
@@ -257,40 +253,32 @@ TEST_F(Conversations, AnAbsentAddressDropsWhatWasReadBeforeIt) {
     WireBytes bytes = Start();
     AddMessage(bytes, 1, "Lin", "x");
     bytes.U64(1).U32(1).Absent();
-    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
-    EXPECT_TRUE(read.endedByAbsentAddress);
-    EXPECT_TRUE(read.messages.empty());
+    const auto read = ParseConversationMessages(bytes.Buffer());
+    EXPECT_TRUE(read.empty());
 }
 
 TEST_F(Conversations, AMessageWhoseLengthPointsOutsideEndsTheRun) {
     WireBytes bytes = Start();
     AddMessage(bytes, 1, "Lin", "x");
     bytes.U64(1).U32(1).U32(0x10000).Raw("B");
-    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
-    EXPECT_EQ(read.messages.size(), 1u);
-    EXPECT_FALSE(read.endedByAbsentAddress);
+    const auto read = ParseConversationMessages(bytes.Buffer());
+    EXPECT_EQ(read.size(), 1u);
 }
 
 TEST_F(Conversations, AMessagesDateOfZeroShowsTheLocalTimeOf1970) {
     WireBytes bytes = Start();
     bytes.U64(1).U32(1).Text("A").U64(0).U32(0).Text("x").U32(0);
-    const ConversationMessages read = ParseConversationMessages(bytes.Buffer());
-    ASSERT_EQ(read.messages.size(), 1u);
-    EXPECT_EQ(read.messages[0].date, "1970-01-01 08:00:00");
+    const auto read = ParseConversationMessages(bytes.Buffer());
+    ASSERT_EQ(read.size(), 1u);
+    EXPECT_EQ(read[0].date, "1970-01-01 08:00:00");
 }
 
-// A reply that was closed upon is parsed as far as it came.
-TEST_F(Conversations, WhatCameOfACutReplyIsShown) {
+TEST_F(Conversations, WhatCameOfACutReplyIsRead) {
     WireBytes bytes = Start();
     AddConversation(bytes, 1, "A", "x");
     const std::size_t came = bytes.Get().size();
     AddConversation(bytes, 2, "B", "y");
-    ConversationListReply reply{SessionOutcome::cut,
-                                ParseConversations(bytes.CutAfter(came), Mark)};
-    EXPECT_EQ(reply.list.conversations.size(), 1u);
-    EXPECT_TRUE(IsWhole(reply));
-    reply.outcome = SessionOutcome::receiveFailed;
-    EXPECT_FALSE(IsWhole(reply));
+    EXPECT_EQ(ParseConversations(bytes.CutAfter(came), Mark).size(), 1u);
 }
 
 }  // namespace

@@ -111,12 +111,13 @@ TEST_P(SmsPageUnchanged, TheOldFragmentStaysWithoutAMessage) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    NoData_AbsentName_Closed_Broken, SmsPageUnchanged,
+    NoData_AbsentName_LeadingWord_Closed_Broken_Cut, SmsPageUnchanged,
     testing::Values(ScriptedAgent::Reply{Word(NoDataMark)},
                     ScriptedAgent::Reply{
                         Framed(ConversationsPayload({{.name = "new"}}).U64(9).Absent().Get())},
-                    ScriptedAgent::Reply{Bytes{}},
-                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}));
+                    ScriptedAgent::Reply{Framed(Word(0))}, ScriptedAgent::Reply{Bytes{}},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)})}));
 
 TEST_F(SmsPage, TheOldFragmentStaysWhenThePhoneIsGone) {
     auto phone = std::make_unique<ScriptedAgent>();
