@@ -189,8 +189,26 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
     Press(kEditor, kSave);
     ASSERT_TRUE(WaitForNoDialog(kEditor));
     ASSERT_EQ(Requests(870104).size(), 1u);
-    // The third phone goes, with its old text; its row is told by the phone alone.
-    EXPECT_THAT(Requests(870104)[0], HasSubstr(Hex(WireBytes().U32(1).U32(6).Text("1275566"))));
+    // The ids of the rows are the phone's own; between them stands what is to be done.
+    for (const WireBytes& part : {
+             WireBytes()
+                 .U32(1)   // item count
+                 .U32(49)  // contact id
+                 .U32(0)   // favourite
+                 .U32(0)   // structured flag
+                 .U32(1),  // name flag
+             WireBytes()
+                 .U32(2)  // the name is changed
+                 .U32(0)
+                 .Text("老朋友")
+                 .U32(0),                                     // nickname flag
+             WireBytes().U32(2).U32(0).Text("同城").U32(3),   // the note, and three phones:
+             WireBytes().U32(2).U32(1).Text("10086"),         // changed, type and number
+             WireBytes().U32(2).U32(3).Text("051988880000"),  // sent again as it is
+             WireBytes().U32(1).U32(6).Text("1275566"),       // deleted, with its old text
+         }) {
+        EXPECT_THAT(Requests(870104)[0], HasSubstr(Hex(part)));
+    }
 
     row = RowOf(u8"老朋友");
     ASSERT_EQ(row, 48);

@@ -60,9 +60,6 @@ void PagesOnPhone::TearDownTestSuite() {
 }
 
 void PagesOnPhone::SetUp() {
-    if (HasFatalFailure()) {
-        return;
-    }
     // Left by a test that failed.
     for (SkinDialog* dialog : OpenDialogs()) {
         dialog->reject();
