@@ -130,21 +130,10 @@ class ComposerFaults : public WindowFaults,
         return Tree().topLevelItem(index)->text(0).section(QStringLiteral(" ["), 0, -2);
     }
 
-    static int EntriesOf(Left conversation) {
-        switch (conversation) {
-            case Left::whole:
-                return kEntries;
-            case Left::idless:
-            case Left::blank:
-                return 1;
-            default:
-                return 0;
-        }
-    }
     static void ExpectConversation(Left conversation, Left members) {
         // Of a run that is over behind a message or two, that much is shown.
         if (conversation != Left::some) {
-            EXPECT_EQ(Entries(), EntriesOf(conversation));
+            EXPECT_EQ(Entries(), conversation == Left::whole ? kEntries : 0);
         }
         if (conversation == Left::whole) {
             EXPECT_EQ(Recipients(), members == Left::whole
@@ -164,7 +153,7 @@ class ComposerFaults : public WindowFaults,
         if (members == Left::whole) {
             ASSERT_EQ(Tree().topLevelItemCount(), kGroups);
             ExpectNames(names);
-        } else if (members == Left::idless || members == Left::blank || members == Left::some) {
+        } else if (members == Left::some) {
             EXPECT_LE(Tree().topLevelItemCount(), 2);
         } else {
             EXPECT_EQ(Tree().topLevelItemCount(), 0);

@@ -49,14 +49,10 @@ class ConversationsFaults : public WindowFaults,
         switch (left) {
             case Left::whole:
                 return kNow;
-            case Left::idless:
             case Left::blank:
                 return 1;
-            case Left::over:
-            case Left::some:
-                return 0;  // a run that is over is shown, if nothing is in it
             default:
-                return kBefore;  // the old view stays
+                return kBefore;  // nothing to show: the old view stays
         }
     }
 };

@@ -19,9 +19,8 @@ enum class Left {
     whole,    // all of it, if late
     nothing,  // no data, no reply, or one that broke: the reading ends early, without a word
     absent,   // the absent mark stands where the first text would
-    idless,   // it ends within the id of the first record: a contact of no whole id is dropped
-    blank,    // it ends within the first record, whose fields are empty from there on
-    over,     // a length points outside: the run is over before its first record
+    blank,    // it ends within the first record behind its id: the other fields are empty
+    over,     // a length points outside, or not even an id is whole: the run is over at its start
     some,     // the run is over behind a record or two; of a single record nothing
     refused,  // no connection: the one failure that is told in words
     cable,    // the phone goes with the reply, and the link with it
@@ -51,8 +50,8 @@ inline constexpr auto kFaultModes = std::to_array<FaultMode>({
     {"Absent", Means::fault, "absent", Left::absent},
     {"Closed", Means::fault, "close", Left::nothing},
     {"CutAt2", Means::fault, kCutInLength, Left::nothing},
-    {"CutAt4", Means::fault, "cut 4", Left::idless},
-    {"CutAt9", Means::fault, "cut 9", Left::idless},
+    {"CutAt4", Means::fault, "cut 4", Left::over},
+    {"CutAt9", Means::fault, "cut 9", Left::over},
     {"CutAt33", Means::fault, "cut 33", Left::blank},
     {"Reset", Means::fault, "reset", Left::nothing},
     {"ResetAt21", Means::fault, "reset 21", Left::blank},
@@ -61,8 +60,8 @@ inline constexpr auto kFaultModes = std::to_array<FaultMode>({
     {"Stall", Means::fault, "stall", Left::whole, true},
     {"StallAt2", Means::fault, "stall 2", Left::whole, true},
     {"StallAt9", Means::fault, "stall 9", Left::whole, true, true},
-    {"Length3000000000", Means::fault, "length 3000000000 10", Left::idless},
-    {"Length4294967295", Means::fault, "length 4294967295 10", Left::idless},
+    {"Length3000000000", Means::fault, "length 3000000000 10", Left::over},
+    {"Length4294967295", Means::fault, "length 4294967295 10", Left::over},
     {"Length1", Means::fault, "length 1", Left::over},
     {"Length4", Means::fault, "length 4", Left::over},
     {"Length13", Means::fault, "length 13", Left::over},
