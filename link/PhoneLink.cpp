@@ -53,8 +53,14 @@ class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
         }
     }
 
+    void ShowFailure(FindDeviceResult result) {
+        face_.ShowBanner(BannerText(result), BannerState::error);
+    }
     void RunWorker(bool delay);
-    void CheckAgentPackage();
+    // CheckAgentPackage in its two halves: whether the query is this worker's to start, and its
+    // start.
+    [[nodiscard]] bool TakesQuery();
+    void StartQuery();
     void OnOutput(std::string_view text, AdbOutputKind kind) override;
     void EndQuery();
 
@@ -88,6 +94,7 @@ void PhoneLink::Procedure::ConnectPhone(bool delay) {
         std::thread([self = shared_from_this(), delay] { self->RunWorker(delay); }).detach();
     } catch (const std::system_error&) {
         workerRunning_ = false;
+        ShowFailure(FindDeviceResult::noPipe);
         Leave();
     }
 }
@@ -96,21 +103,27 @@ void PhoneLink::Procedure::RunWorker(bool delay) {
     if (delay) {
         clock_.SleepFor(kArrivalDelay);
     }
-    CheckAgentPackage();
+    const bool takesQuery = TakesQuery();
+    // Before the query starts, or a worker that the system keeps waiting behind it would make the
+    // reader's retry do nothing.
     workerRunning_ = false;
+    if (takesQuery) {
+        StartQuery();
+    }
     Leave();
 }
 
-void PhoneLink::Procedure::CheckAgentPackage() {
+bool PhoneLink::Procedure::TakesQuery() {
     const FindDeviceResult found = FindDevice(
         device_, [this](std::string_view title) { face_.ChooseDevice(title); }, environment_);
     if (found != FindDeviceResult::found) {
-        face_.ShowBanner(BannerText(found), BannerState::error);
-        return;
+        ShowFailure(found);
+        return false;
     }
-    if (queryRunning_.exchange(true)) {
-        return;
-    }
+    return !queryRunning_.exchange(true);
+}
+
+void PhoneLink::Procedure::StartQuery() {
     Enter();
     pipe_.Stop();
     queryText_.clear();
@@ -118,6 +131,7 @@ void PhoneLink::Procedure::CheckAgentPackage() {
     if (!pipe_.Start(fmt::format("{} -s {} shell {} {} package", environment_.adbPath(),
                                  device_.Serial(), "pm", "list"))) {
         held_.reset();
+        ShowFailure(FindDeviceResult::noAdb);
         EndQuery();
     }
 }

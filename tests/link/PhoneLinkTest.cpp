@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <filesystem>
 #include <fstream>
@@ -51,7 +53,7 @@ class RecordingFace : public LinkFace {
 
     bool Ended(int times = 1) {
         std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, 20s, [&] { return ends_ >= times; });
+        return changed_.wait_for(lock, 60s, [&] { return ends_ >= times; });
     }
     std::vector<std::pair<std::string, BannerState>> Banners() {
         const std::lock_guard lock(mutex_);
@@ -89,7 +91,7 @@ class RecordingClock : public Clock {
     }
     void AwaitSleeper() {
         std::unique_lock lock(mutex_);
-        changed_.wait_for(lock, 20s, [&] { return !sleeps_.empty(); });
+        changed_.wait_for(lock, 60s, [&] { return !sleeps_.empty(); });
     }
     std::vector<std::chrono::milliseconds> Sleeps() {
         const std::lock_guard lock(mutex_);
@@ -111,6 +113,28 @@ Bytes Okay() {
     const auto bytes = std::as_bytes(std::span(std::string_view("OKAY")));
     return {bytes.begin(), bytes.end()};
 }
+
+// While it lives no thread can be made: none has room for such a stack.
+class NoMoreThreads {
+  public:
+    NoMoreThreads() {
+        pthread_getattr_default_np(&usual_);
+        pthread_attr_t huge;
+        pthread_attr_init(&huge);
+        pthread_attr_setstacksize(&huge, std::size_t{1} << 60);
+        EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
+        pthread_attr_destroy(&huge);
+    }
+    ~NoMoreThreads() {
+        pthread_setattr_default_np(&usual_);
+        pthread_attr_destroy(&usual_);
+    }
+    NoMoreThreads(const NoMoreThreads&) = delete;
+    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
+
+  private:
+    pthread_attr_t usual_{};
+};
 
 // One phone, an adb whose answers are files in its directory, and a server and an agent behind
 // ports of their own.
@@ -204,6 +228,28 @@ TEST_F(PhoneLinkTest, MissingAdbIsAnError) {
     environment.adbPath = [] { return std::string("/nonexistent/adb"); };
     Connect();
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【组件丢失，请重新安装"), kError));
+}
+
+TEST_F(PhoneLinkTest, AdbThatIsGoneAtThePackageQueryIsAnError) {
+    int asked = 0;
+    environment.adbPath = [&asked, path = adb.Path()] {
+        return ++asked == 2 ? std::string("/nonexistent/adb") : path;
+    };
+    Connect();
+    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【组件丢失，请重新安装"), kError));
+}
+
+TEST_F(PhoneLinkTest, WorkerThatCannotBeMadeIsAnError) {
+    {
+        const NoMoreThreads none;
+        Connect();
+    }
+    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【内部错误】，请重新安装"), kError));
+    AgentHasVersion(20);
+    PhoneLink link(device, face, clock, environment);
+    link.ConnectPhone(false);
+    ASSERT_TRUE(face.Ended(2));
+    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
 }
 
 TEST_F(PhoneLinkTest, SeveralPhonesAskForAChoice) {
@@ -371,11 +417,7 @@ TEST_F(PhoneLinkTest, ArrivalWhileTheAgentComesUpStopsAtThePackageQuery) {
         const auto all = adb.Runs();
         return std::count(all.begin(), all.end(), line);
     };
-    // The worker's own flag falls a moment after its query has started.
-    for (int tries = 0; tries < 1000 && face.Banners().size() < 2; ++tries) {
-        link.ConnectPhone(false);
-        std::this_thread::sleep_for(1ms);
-    }
+    link.ConnectPhone(false);
     for (int tries = 0; tries < 2000 && runs("devices") < 2; ++tries) {
         std::this_thread::sleep_for(1ms);
     }
@@ -384,6 +426,26 @@ TEST_F(PhoneLinkTest, ArrivalWhileTheAgentComesUpStopsAtThePackageQuery) {
     EXPECT_EQ(runs("-s HT04CPL00123 shell pm list package"), 1);
     clock.Hold(false);
     ASSERT_TRUE(face.Ended());
+    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+}
+
+// What comes of the query may connect again, however long the worker is kept from its own end.
+TEST_F(PhoneLinkTest, TheWayIsFreeForTheNextConnectBeforeTheQueryStarts) {
+    AgentHasVersion(20);
+    std::atomic<int> asked = 0;
+    PhoneLink* started = nullptr;
+    environment.adbPath = [&, path = adb.Path()] {
+        if (++asked == 2) {
+            started->ConnectPhone(false);
+        }
+        return path;
+    };
+    PhoneLink link(device, face, clock, environment);
+    started = &link;
+    link.ConnectPhone(false);
+    ASSERT_TRUE(face.Ended());
+    // The second either stops at the query or, being late, has one of its own.
+    EXPECT_EQ(face.Banners().at(1), std::pair(U8(u8"连接设备中..."), kWorking));
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
 }
 
