@@ -337,7 +337,6 @@ BannerState CMainDlg::Banner() const {
 }
 
 void CMainDlg::LinkUp() {
-    hasLinked_ = true;
     timer1_.start();
     parts_.sounds.Play(Sound::linkUp);
 }

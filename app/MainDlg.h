@@ -71,6 +71,7 @@ class CMainDlg : public QWidget, public PageHost {
     // What the link and the USB watch bring, on the window's thread.
     void ShowBanner(const QString& text, BannerState state);
     void LinkUp();
+    void LinkEnded() { linkHasEnded_ = true; }
     void OnUsbArrival();
     void OnUsbRemoval();
     void RunDeviceManager(const QString& title, std::function<void()> done);
@@ -84,8 +85,8 @@ class CMainDlg : public QWidget, public PageHost {
     [[nodiscard]] PageSelection& Selection() override { return selection_; }
     [[nodiscard]] SettingsStore& Settings() override { return parts_.settings; }
 
-    // Whether the link has stood since the start.
-    [[nodiscard]] bool HasLinked() const { return hasLinked_; }
+    // Whether a link procedure has come to its end since the start, well or not.
+    [[nodiscard]] bool LinkHasEnded() const { return linkHasEnded_; }
     // The page number that is shown, and its window.
     [[nodiscard]] int MainPage() const { return navigation_.MainPage(); }
     [[nodiscard]] Page* ShownPage() const { return shownPage_; }
@@ -149,7 +150,7 @@ class CMainDlg : public QWidget, public PageHost {
     Page* shownPage_ = nullptr;
     bool startHidden_ = false;
     bool ending_ = false;
-    bool hasLinked_ = false;
+    bool linkHasEnded_ = false;
     std::optional<QPoint> dragFrom_;  // where the desktop does not move windows: pointer to corner
 
     CaptionBar* caption_ = nullptr;

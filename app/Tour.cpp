@@ -11,13 +11,8 @@ namespace quorvi {
 namespace {
 
 constexpr int kTickMs = 50;
-// How long the tour waits for the link, and at a stop for the page's load.
-constexpr int kLinkLimitMs = 30000;
-// An error that stands so long stays: only an install is tried again, and at once.
-constexpr int kErrorLimitMs = 5000;
-constexpr int kLoadLimitMs = 8000;
 // Time for a page to paint, a web view to lay itself out, a menu to fade in.
-constexpr int kSettleMs = 700;
+constexpr std::chrono::milliseconds kSettle{700};
 
 // A top-level widget over the window as it stands in the window's coordinates.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
@@ -36,27 +31,35 @@ void CloseAll(QWidget* (*top)()) {
 }  // namespace
 
 Tour::Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
-           std::function<void(int)> done)
-    : window_(window), folder_(folder), stops_(std::move(stops)), done_(std::move(done)) {
+           std::function<void(int)> done, TourPatience patience)
+    : window_(window),
+      folder_(folder),
+      stops_(std::move(stops)),
+      done_(std::move(done)),
+      patience_(patience) {
     tick_.setInterval(kTickMs);
 }
 
 void Tour::Start() {
     folder_.mkpath(QStringLiteral("."));
     since_.start();
-    sinceError_.start();
     connect(&tick_, &QTimer::timeout, this, &Tour::Wait);
     tick_.start();
 }
 
+bool Tour::Exceeds(std::chrono::milliseconds limit) const {
+    return std::chrono::milliseconds(since_.elapsed()) > limit;
+}
+
+// The banner does not tell whether more comes: a retry may follow a green one and a red one.
 void Tour::Wait() {
-    if (window_.Banner() != BannerState::error) {
-        sinceError_.restart();
-    }
-    // A green banner is not enough: an agent that was just installed shows one as well.
-    const bool over = since_.elapsed() > kLinkLimitMs || sinceError_.elapsed() > kErrorLimitMs;
-    if (!window_.HasLinked() && !over) {
-        return;
+    if (!window_.LinkHasEnded()) {
+        // Nobody is there to answer, such as which of several phones it shall be.
+        const bool asks = QApplication::activeModalWidget() != nullptr;
+        if (!asks && !Exceeds(patience_.link)) {
+            return;
+        }
+        std::fprintf(stderr, "tour: the link procedure has not ended\n");
     }
     tick_.disconnect();
     connect(&tick_, &QTimer::timeout, this, &Tour::Look);
@@ -76,10 +79,10 @@ void Tour::Open() {
 }
 
 void Tour::Look() {
-    if (at_ == stops_.size() || since_.elapsed() < kSettleMs) {
+    if (at_ == stops_.size() || !Exceeds(kSettle)) {
         return;
     }
-    if (stops_[at_].endless || IsQuiet() || since_.elapsed() > kLoadLimitMs) {
+    if (stops_[at_].endless || IsQuiet() || Exceeds(patience_.load)) {
         Take();
         ++at_;
         Open();

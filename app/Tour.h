@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -30,18 +31,26 @@ struct TourStop {
 // Those at the pages of the user's own records, beyond the pages themselves.
 [[nodiscard]] std::vector<TourStop> PersonalStops();
 
-// Waits until the link stands or a limit is over, then goes from stop to stop, writes a PNG of the
-// window and of what is open over it, and calls `done` with the number of pictures not written.
+// How long the tour waits, at most. What is slow because the machine is busy comes in this time;
+// what hangs does not keep the tour for ever.
+struct TourPatience {
+    std::chrono::milliseconds link = std::chrono::minutes(5);   // for the link procedure's end
+    std::chrono::milliseconds load = std::chrono::seconds(30);  // for a page's load
+};
+
+// Waits until the link procedure is over, well or not, then goes from stop to stop, writes a PNG of
+// the window and of what is open over it, and calls `done` with the number of pictures not written.
 // The window's thread.
 class Tour : public QObject {
     Q_OBJECT
   public:
     Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
-         std::function<void(int failed)> done);
+         std::function<void(int failed)> done, TourPatience patience = {});
 
     void Start();
 
   private:
+    [[nodiscard]] bool Exceeds(std::chrono::milliseconds limit) const;
     void Wait();
     void Open();
     void Look();
@@ -53,10 +62,10 @@ class Tour : public QObject {
     QDir folder_;
     std::vector<TourStop> stops_;
     std::function<void(int)> done_;
+    TourPatience patience_;
     std::size_t at_ = 0;
     int failed_ = 0;
     QElapsedTimer since_;
-    QElapsedTimer sinceError_;
     QTimer tick_;
 };
 

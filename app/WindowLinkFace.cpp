@@ -31,4 +31,8 @@ void WindowLinkFace::LinkUp() {
     PostToWindow(guard_, [window = window_] { window->LinkUp(); });
 }
 
+void WindowLinkFace::LinkEnded() {
+    PostToWindow(guard_, [window = window_] { window->LinkEnded(); });
+}
+
 }  // namespace quorvi

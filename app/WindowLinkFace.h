@@ -18,6 +18,7 @@ class WindowLinkFace : public LinkFace {
     // Waits for the user's choice in the device manager dialog.
     void ChooseDevice(std::string_view title) override;
     void LinkUp() override;
+    void LinkEnded() override;
 
   private:
     QPointer<QObject> guard_;

@@ -31,6 +31,14 @@ TEST_F(LinkFaceOfTheWindow, ALinkThatStandsIsToldToTheWindow) {
     EXPECT_EQ(sounds_.played, std::vector{Sound::linkUp});
 }
 
+TEST_F(LinkFaceOfTheWindow, TheEndOfTheProcedureIsToldToTheWindow) {
+    WindowLinkFace face(*window_);
+    EXPECT_FALSE(window_->LinkHasEnded());
+    std::thread([&face] { face.LinkEnded(); }).join();
+    Settle();
+    EXPECT_TRUE(window_->LinkHasEnded());
+}
+
 TEST_F(LinkFaceOfTheWindow, ChoosingWaitsForTheEndOfTheDialog) {
     WindowLinkFace face(*window_);
     steps_.clear();

@@ -1,0 +1,100 @@
+// When the tour goes from stop to stop.
+#include <QDialog>
+#include <QTemporaryDir>
+
+#include "app/Tour.h"
+#include "tests/app/MainDlgFixture.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kPageContacts = 10;
+constexpr int kKeyContacts = 1;
+
+class TourOfTheWindow : public MainDlgTest {
+  protected:
+    void SetUp() override { MakeWindow(); }
+
+    void StartTour(TourPatience patience = {}) {
+        const auto open = [this](CMainDlg& window) {
+            ++opened_;
+            window.Post(Message::goToPage, 1, kPageContacts);
+        };
+        tour_ = std::make_unique<Tour>(
+            *window_, folder_.filePath(QStringLiteral("tour")),
+            std::vector<TourStop>{{"one", open}}, [this](int failed) { failed_ = failed; },
+            patience);
+        tour_->Start();
+    }
+    [[nodiscard]] bool Opens() {
+        return WaitFor([this] { return opened_ > 0; });
+    }
+    [[nodiscard]] bool Ends() {
+        return WaitFor([this] { return failed_.has_value(); });
+    }
+    // Time in which what must not happen would.
+    static void LookOn() { QTest::qWait(300); }
+
+    QTemporaryDir folder_;
+    int opened_ = 0;
+    std::optional<int> failed_;
+    std::unique_ptr<Tour> tour_;
+};
+
+TEST_F(TourOfTheWindow, WritesThePictureOfEachStop) {
+    window_->LinkEnded();
+    StartTour();
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(failed_, 0);
+    EXPECT_EQ(QImage(folder_.filePath(QStringLiteral("tour/one.png"))).size(), window_->size());
+}
+
+TEST_F(TourOfTheWindow, WaitsForTheLinksEndWhateverTheBannerShows) {
+    StartTour();
+    for (const BannerState state :
+         {BannerState::working, BannerState::error, BannerState::success}) {
+        window_->ShowBanner(QStringLiteral("x"), state);
+        LookOn();
+    }
+    window_->LinkUp();
+    LookOn();
+    EXPECT_EQ(opened_, 0);
+    window_->LinkEnded();
+    EXPECT_TRUE(Opens());
+}
+
+TEST_F(TourOfTheWindow, ALinkThatNeverEndsDoesNotKeepIt) {
+    StartTour({.link = std::chrono::milliseconds(200)});
+    EXPECT_TRUE(Opens());
+}
+
+TEST_F(TourOfTheWindow, AQuestionOfTheLinkDoesNotKeepIt) {
+    auto* question = new QDialog(window_.get());
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<QDialog> open = question;
+    question->open();
+    StartTour();
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(open, nullptr);
+}
+
+TEST_F(TourOfTheWindow, AStopWaitsForThePagesLoad) {
+    window_->LinkEnded();
+    window_->LoadState().Set(kKeyContacts, PageLoadState::kRunning);
+    StartTour();
+    ASSERT_TRUE(Opens());
+    QTest::qWait(1000);
+    EXPECT_FALSE(failed_);
+    window_->LoadState().Set(kKeyContacts, PageLoadState::kEnded);
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(TourOfTheWindow, ALoadThatNeverEndsDoesNotKeepIt) {
+    window_->LinkEnded();
+    window_->LoadState().Set(kKeyContacts, PageLoadState::kRunning);
+    StartTour({.load = std::chrono::milliseconds(100)});
+    EXPECT_TRUE(Ends());
+}
+
+}  // namespace
+}  // namespace quorvi
