@@ -184,6 +184,7 @@ Answer RunStatus(Phone& phone, const Words&) {
              fmt::format("plugged {}", phone.IsPlugged() ? 1 : 0),
              fmt::format("agent {}", version ? std::to_string(*version) : "missing"),
              fmt::format("running {}", handset.AgentRuns() ? 1 : 0),
+             fmt::format("starts {}", handset.AgentStarts()),
              fmt::format("streams {}", phone.OpenStreams())},
             {}};
 }

@@ -165,6 +165,7 @@ void Handset::SetAgent(std::optional<std::uint32_t> version) {
 }
 
 bool Handset::StartAgent() {
+    ++agentStarts_;
     agentRuns_ = agentVersion_.has_value() && !agentCrashes_;
     return agentVersion_.has_value();
 }

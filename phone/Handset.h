@@ -58,6 +58,8 @@ class Handset {
     [[nodiscard]] bool AgentRuns() const { return agentRuns_; }
     // False when it is not installed. One that crashes is stopped at once.
     bool StartAgent();
+    // How often it was told to start, whatever came of it.
+    [[nodiscard]] std::uint32_t AgentStarts() const { return agentStarts_; }
     void SetAgentCrashes(bool crashes) { agentCrashes_ = crashes; }
     void StopAgent() { agentRuns_ = false; }
 
@@ -69,6 +71,7 @@ class Handset {
     std::optional<std::string> installResult_;
     std::optional<std::uint32_t> agentVersion_;
     bool agentRuns_ = false;
+    std::uint32_t agentStarts_ = 0;
     bool agentCrashes_ = false;
 };
 

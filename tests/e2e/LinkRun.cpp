@@ -6,17 +6,28 @@
 
 namespace quorvi::e2e {
 
-void EagerClock::SleepFor(std::chrono::milliseconds time) {
-    constexpr auto kPause = std::chrono::milliseconds(5);
-    const auto end = std::chrono::steady_clock::now() + time / part_;
-    while (std::chrono::steady_clock::now() < end) {
-        for (std::size_t i = 0; i < bench_.Count(); ++i) {
-            if (bench_.Control(i, "status").find("running 1\n") != std::string::npos) {
-                return;
-            }
-        }
-        std::this_thread::sleep_for(kPause);
+EagerClock::Agents EagerClock::Look() const {
+    constexpr std::string_view kStarts = "starts ";
+    Agents agents;
+    for (std::size_t i = 0; i < bench_.Count(); ++i) {
+        const std::string status = bench_.Control(i, "status");
+        agents.oneRuns |= status.find("running 1\n") != std::string::npos;
+        agents.starts +=
+            ToInt(std::string_view(status).substr(status.find(kStarts)).substr(kStarts.size()));
     }
+    return agents;
+}
+
+void EagerClock::SleepFor(std::chrono::milliseconds time) {
+    constexpr int kMostTimes = 10;
+    constexpr auto kPause = std::chrono::milliseconds(5);
+    const auto end = std::chrono::steady_clock::now() + kMostTimes * time;
+    Agents agents = Look();
+    while (!agents.oneRuns && agents.starts == starts_ && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kPause);
+        agents = Look();
+    }
+    starts_ = agents.starts;
 }
 
 std::vector<Banner> LinkRun::Run() {

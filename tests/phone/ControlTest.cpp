@@ -47,6 +47,12 @@ TEST_F(ControlTest, AVersionChangesUnderARunningAgent) {
     EXPECT_NE(Say("status").find("agent 19\nrunning 1\n"), std::string::npos);
 }
 
+TEST_F(ControlTest, CountsTheStartsOfAnAgentThatDoesNotComeUp) {
+    Say("agent crashes");
+    Say("agent start");
+    EXPECT_NE(Say("status").find("running 0\nstarts 1\n"), std::string::npos);
+}
+
 TEST_F(ControlTest, EachPhoneHasItsOwnState) {
     Say("agent version 3");
     EXPECT_NE(phones_.Control(1, "status").find("agent 20\n"), std::string::npos);
