@@ -13,7 +13,6 @@
 #include <QPointer>
 #include <QTest>
 #include <QWebEnginePage>
-#include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineView>
 #include <algorithm>
@@ -25,6 +24,7 @@
 #include <vector>
 
 #include "bench/AgentProcess.h"
+#include "bench/BareView.h"
 #include "bench/PersonalReplies.h"
 #include "bench/PlainTable.h"
 #include "bench/Verdict.h"
@@ -100,40 +100,6 @@ Absence Longer(const Absence& a, const Absence& b) {
 
 // ---- views -------------------------------------------------------------------------------------
 
-// Keeps asking a document how many blocks it holds, one question at a time.
-class BlockWatch {
-  public:
-    BlockWatch(QWebEnginePage& page, const QString& selector, int blocks)
-        : page_(page),
-          script_(QStringLiteral("document.querySelectorAll('%1').length").arg(selector)),
-          blocks_(blocks) {}
-
-    // True once the document holds them all.
-    [[nodiscard]] bool Reached() {
-        if (!reached_ && !asked_) {
-            asked_ = true;
-            page_.runJavaScript(script_, QWebEngineScript::ApplicationWorld,
-                                [this](const QVariant& count) {
-                                    asked_ = false;
-                                    if (count.toInt() == blocks_) {
-                                        reached_ = true;
-                                        at_ = Clock::now();
-                                    }
-                                });
-        }
-        return reached_;
-    }
-    [[nodiscard]] Clock::time_point At() const { return at_; }
-
-  private:
-    QWebEnginePage& page_;
-    QString script_;
-    int blocks_;
-    bool asked_ = false;
-    bool reached_ = false;
-    Clock::time_point at_;
-};
-
 // A template and what is put into it.
 struct Document {
     int templateId;
@@ -158,36 +124,6 @@ BlockWatch WatchBlocks(QWebEnginePage& page, const Document& document) {
     return {page, QLatin1String(document.block), document.blocks};
 }
 
-// A browser view that knows nothing of the suite.
-class BareView {
-  public:
-    BareView() {
-        view_.resize(kPageSize);
-        view_.setPage(new QWebEnginePage(Profile(), &view_));
-    }
-
-    [[nodiscard]] QWebEnginePage& Page() { return *view_.page(); }
-    // Runs the window's thread until the template stands.
-    Absence Open(int templateId) {
-        bool loaded = false;
-        QObject::connect(&Page(), &QWebEnginePage::loadFinished, &view_, [&] { loaded = true; });
-        return RunWindowUntil([&] { return loaded; },
-                              [&] {
-                                  view_.load(TemplateUrl(templateId));
-                                  view_.show();
-                              });
-    }
-
-  private:
-    // Outlives its pages.
-    static QWebEngineProfile* Profile() {
-        static auto* const profile = new QWebEngineProfile(qApp);
-        return profile;
-    }
-
-    QWebEngineView view_;
-};
-
 // The fragment as a ready script: a plain assignment.
 QString AssignmentScript(const Document& document) {
     const QJsonArray text{ToQString(document.fragment())};
@@ -199,8 +135,8 @@ QString AssignmentScript(const Document& document) {
 void FillBare(benchmark::State& state, const Document& document) {
     const QString script = AssignmentScript(document);
     for (auto _ : state) {
-        BareView view;
-        Note(state, "open", view.Open(document.templateId));
+        BareView view(kPageSize);
+        Note(state, "open", view.Open(TemplateUrl(document.templateId)));
         RunWindowFor(kSettle);
         BlockWatch watch = WatchBlocks(view.Page(), document);
         const Clock::time_point start = Clock::now();
@@ -219,11 +155,15 @@ void BareConversation(benchmark::State& state) {
     FillBare(state, kConversationDocument);
 }
 
-// Runs the window's thread until the view's template stands.
-Absence OpenView(CHtmlCtrlBase& view, const std::function<void()>& show) {
+// Runs the window's thread until the template stands in the view that `show` makes and shows.
+Absence OpenView(const std::function<CHtmlCtrlBase&()>& show) {
     bool loaded = false;
-    QObject::connect(&view, &CHtmlCtrlBase::documentLoaded, &view, [&] { loaded = true; });
-    return RunWindowUntil([&] { return loaded; }, show);
+    return RunWindowUntil([&] { return loaded; },
+                          [&] {
+                              CHtmlCtrlBase& view = show();
+                              QObject::connect(&view, &CHtmlCtrlBase::documentLoaded, &view,
+                                               [&] { loaded = true; });
+                          });
 }
 
 void SmsPage(benchmark::State& state) {
@@ -232,7 +172,10 @@ void SmsPage(benchmark::State& state) {
         CSmsPage page(host, nullptr, agent->Port());
         page.resize(kPageSize);
         auto& view = *FindControl<CHtmlCtrlBase>(&page, 1361);
-        Note(state, "open", OpenView(view, [&] { page.show(); }));
+        Note(state, "open", OpenView([&]() -> CHtmlCtrlBase& {
+                 page.show();
+                 return view;
+             }));
         RunWindowFor(kSettle);
         BlockWatch watch = WatchBlocks(*view.Browser()->page(), kConversationsDocument);
         const Absence filling =
@@ -247,15 +190,18 @@ void SmsPage(benchmark::State& state) {
 
 class Composer {
   public:
-    explicit Composer(std::uint32_t conversation)
-        : dialog_(new CSmsComposeDlg(host_, conversation, nullptr, agent->Port())) {}
+    Composer() = default;
     ~Composer() { delete dialog_; }
     Composer(const Composer&) = delete;
     Composer& operator=(const Composer&) = delete;
 
     // Returns as soon as its template stands; what it reads is under way then.
-    Absence Open() {
-        return OpenView(View(), [this] { dialog_->Open(); });
+    Absence Open(std::uint32_t conversation) {
+        return OpenView([&]() -> CHtmlCtrlBase& {
+            dialog_ = new CSmsComposeDlg(host_, conversation, nullptr, agent->Port());
+            dialog_->Open();
+            return View();
+        });
     }
     [[nodiscard]] bool TreeStands() { return Tree().Status().Get() != ListState::loading; }
 
@@ -291,8 +237,8 @@ Absence Type(QWidget& field, const QString& text) {
 
 void ComposerConversation(benchmark::State& state) {
     for (auto _ : state) {
-        Composer composer(kConversationId);
-        Note(state, "open", composer.Open());
+        Composer composer;
+        Note(state, "open", composer.Open(kConversationId));
         BlockWatch watch = WatchBlocks(*composer.View().Browser()->page(), kConversationDocument);
         const Absence filling =
             RunWindowUntil([&] { return watch.Reached() && composer.TreeStands(); });
@@ -304,8 +250,8 @@ void ComposerConversation(benchmark::State& state) {
 
 void ComposerTree(benchmark::State& state) {
     for (auto _ : state) {
-        Composer composer(kNoConversation);
-        composer.Open();
+        Composer composer;
+        composer.Open(kNoConversation);
         const Absence reading = RunWindowUntil([&] { return composer.TreeStands(); });
         state.SetIterationTime(
             SecondsBetween(agent->ReplyEnd(AgentCommand::listGroupMembers), Clock::now()));
