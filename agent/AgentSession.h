@@ -30,15 +30,17 @@ enum class SessionOutcome {
     receiveFailed,  // the connection broke inside the payload: what had come is dropped
 };
 
+// True when there is something to parse.
+[[nodiscard]] constexpr bool HasPayload(SessionOutcome outcome) {
+    return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
+}
+
 struct PayloadReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
     // Holds bytes for `complete` and `cut`, none for the others.
     ReplyBuffer buffer;
 
-    // True when there is something to parse.
-    [[nodiscard]] bool HasPayload() const {
-        return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
-    }
+    [[nodiscard]] bool HasPayload() const { return quorvi::HasPayload(outcome); }
 };
 
 struct AcknowledgedReply {

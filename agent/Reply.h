@@ -83,6 +83,8 @@ class ReplyCursor {
     [[nodiscard]] std::uint32_t TakeUInt32();
     [[nodiscard]] std::int32_t TakeInt32() { return static_cast<std::int32_t>(TakeUInt32()); }
     [[nodiscard]] std::uint64_t TakeUInt64();
+    // The low 32 bits of an identifier of 64: what all commands name a thing by.
+    [[nodiscard]] std::uint32_t TakeId() { return static_cast<std::uint32_t>(TakeUInt64()); }
 
     // A string as it came (UTF-8), shared with the buffer; nothing for AbsentMark.
     [[nodiscard]] std::optional<std::string_view> TakeUtf8();

@@ -65,4 +65,12 @@ Bytes RequestBuilder::Take() {
     return std::move(frame_);
 }
 
+Bytes IdsRequest(AgentCommand command, std::span<const std::uint32_t> ids) {
+    RequestBuilder request(command);
+    for (const std::uint32_t id : ids) {
+        request.BeginItem().AddUInt32(id);
+    }
+    return request.Take();
+}
+
 }  // namespace quorvi

@@ -14,10 +14,13 @@ namespace quorvi {
 // The four bytes of a command that takes no arguments.
 [[nodiscard]] Bytes BareRequest(AgentCommand command);
 
+// A framed request whose items are ids, one an item.
+[[nodiscard]] Bytes IdsRequest(AgentCommand command, std::span<const std::uint32_t> ids);
+
 // Builds a framed request: code, total length, item count, items. Works out total and count.
 //
-//   RequestBuilder request(AgentCommand::deleteContacts);
-//   for (id : ids) request.BeginItem().AddUInt32(id);
+//   RequestBuilder request(AgentCommand::renameGroup);
+//   request.BeginItem().AddUInt32(id).AddText(title);
 //   session.RunAcknowledged(request.Take());
 class RequestBuilder {
   public:

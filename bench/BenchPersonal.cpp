@@ -319,7 +319,7 @@ void CallLogPage(benchmark::State& state) {
 
 const std::vector<CallLogRow>& Calls() {
     static const std::vector<CallLogRow> rows =
-        FetchCallLog(AgentSession(agent->Port()), Attribution()).log.rows;
+        FetchCallLog(AgentSession(agent->Port()), Attribution()).list.rows;
     return rows;
 }
 

@@ -10,17 +10,6 @@ void ShowConnectError(PageHost& host) {
     host.SetStatus(ToQString(u8"【X】连接错误"));
 }
 
-bool EndsEarly(SessionOutcome outcome) {
-    switch (outcome) {
-        case SessionOutcome::noData:
-        case SessionOutcome::noReply:
-        case SessionOutcome::receiveFailed:
-            return true;
-        default:
-            return false;
-    }
-}
-
 namespace {
 
 // Disables controls, and gives the keyboard back to the one of them that had it, unless the user

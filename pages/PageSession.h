@@ -5,9 +5,12 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <utility>
 
 #include "agent/AgentSession.h"
+#include "pages/ListReply.h"
 #include "ui/PageLoad.h"
+#include "ui/ViewStatus.h"
 
 namespace quorvi {
 
@@ -31,9 +34,39 @@ template <typename View>
     };
 }
 
-// True when the reply holds nothing to parse although the agent was reached: the worker of a list
-// ends early then, and leaves the list's redraw off. This is meant.
-[[nodiscard]] bool EndsEarly(SessionOutcome outcome);
+// Loads a list of the kit: it is emptied, without redraw and marked as loading, while a worker runs
+// `fetch(progress)`, which gives a ListReply; then the list takes what came by its Show, and says
+// where there is no phone. A reply that is not whole although the agent was reached leaves the
+// list as it came, empty or incomplete, and without redraw until a later load gets further: this is
+// meant. Else redraw goes on and `shown()` follows. False, and nothing done, while a load runs.
+template <typename List, typename Fetch, typename Shown>
+bool LoadList(PageLoad& load, PageHost& host, List* list, Fetch fetch, Shown shown) {
+    return load.Start(
+        [list] {
+            list->Clear();
+            list->SetRedraw(false);
+            list->SetState(ListState::loading);
+        },
+        [list, fetch = std::move(fetch)](const LoadProgress& progress) {
+            return fetch(ProgressTo(progress, list));
+        },
+        [&host, list, shown = std::move(shown)](auto&& reply) {
+            if (!reply.Connected()) {
+                ShowConnectError(host);
+            }
+            const bool endsEarly = reply.Connected() && !reply.IsWhole();
+            list->SetState(reply.Connected() ? ListState::idle : ListState::failed);
+            list->Show(std::move(reply.list));
+            if (!endsEarly) {
+                list->SetRedraw(true);
+                shown();
+            }
+        });
+}
+template <typename List, typename Fetch>
+bool LoadList(PageLoad& load, PageHost& host, List* list, Fetch fetch) {
+    return LoadList(load, host, list, std::move(fetch), [] {});
+}
 
 // Sends a command that changes something on the phone, off the window's thread. `controls` is
 // disabled meanwhile, and has the keyboard again behind it; a failed connect is shown in the

@@ -29,14 +29,13 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
     ReplyCursor cursor(reply);
     do {
         CallLogRow row;
-        row.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        row.id = cursor.TakeId();
         if (cursor.IsCut()) {
             return log;  // what is done to the row would befall another call
         }
         auto number = cursor.TakeText();
         if (!number) {
-            log.endedByAbsentNumber = true;
-            log.absentRowId = row.id;
+            log.EndByMark(row.id);
             return log;
         }
         row.number = std::move(*number);
@@ -56,9 +55,9 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
 
 CallLogReply FetchCallLog(const AgentSession& session, const AttributionOf& attribution,
                           const AgentSession::Progress& progress) {
-    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listCalls), progress);
-    return {reply.outcome,
-            reply.HasPayload() ? ParseCallLog(reply.buffer, attribution) : CallLog()};
+    return FetchList<CallLogRow>(
+        session, BareRequest(AgentCommand::listCalls), progress,
+        [&](const ReplyBuffer& reply) { return ParseCallLog(reply, attribution); });
 }
 
 std::string CallTypeText(std::uint32_t type) {
@@ -79,11 +78,7 @@ std::uint32_t CallIdOf(std::string_view text) {
 }
 
 Bytes DeleteCallsRequest(std::span<const std::uint32_t> ids) {
-    RequestBuilder request(AgentCommand::deleteCalls);
-    for (const std::uint32_t id : ids) {
-        request.BeginItem().AddUInt32(id);
-    }
-    return request.Take();
+    return IdsRequest(AgentCommand::deleteCalls, ids);
 }
 
 Bytes DeleteAllCallsRequest() {

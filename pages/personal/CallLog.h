@@ -10,6 +10,7 @@
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
+#include "pages/ListReply.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -25,23 +26,14 @@ struct CallLogRow {
     std::uint32_t type = 0;
 };
 
-struct CallLog {
-    std::vector<CallLogRow> rows;
-    // A number of AbsentMark ended the reading. The list on the screen then has one more row that
-    // holds nothing but this id, and stays without redraw.
-    bool endedByAbsentNumber = false;
-    std::uint32_t absentRowId = 0;
-};
+// Ended by the mark in a number.
+using CallLog = ReadList<CallLogRow>;
+using CallLogReply = ListReply<CallLogRow>;
 
 // Reads the run of records. A record with a length that points outside the reply, or in whose id
 // the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on it, once a
 // row.
 [[nodiscard]] CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution);
-
-struct CallLogReply {
-    SessionOutcome outcome = SessionOutcome::connectFailed;
-    CallLog log;
-};
 
 // One session that reads the log. Any thread.
 [[nodiscard]] CallLogReply FetchCallLog(const AgentSession& session,

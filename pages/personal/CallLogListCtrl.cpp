@@ -51,9 +51,9 @@ CCallLogListCtrl::CCallLogListCtrl(QWidget* parent)
     : RecordListCtrl(kColumns, look::Metric::rowTall, parent) {}
 
 void CCallLogListCtrl::Show(CallLog log) {
-    if (log.endedByAbsentNumber) {
+    if (log.endedByMark) {
         CallLogRow& rest = log.rows.emplace_back();
-        rest.id = log.absentRowId;
+        rest.id = log.markedId;
     }
     SetRecords(std::move(log.rows));
 }

@@ -33,32 +33,11 @@ CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentP
 }
 
 void CCallLogPage::RefreshCallLog() {
-    load_.Start(
-        [this] {
-            list_->Clear();
-            list_->SetRedraw(false);
-            list_->SetState(ListState::loading);
-        },
-        [port = agentPort_, attribution = attribution_,
-         list = list_](const LoadProgress& progress) {
-            return FetchCallLog(AgentSession(port), attribution, ProgressTo(progress, list));
-        },
-        [this](CallLogReply&& reply) { ShowLoaded(std::move(reply)); });
-}
-
-void CCallLogPage::ShowLoaded(CallLogReply&& reply) {
-    const bool connected = reply.outcome != SessionOutcome::connectFailed;
-    const bool endsEarly = EndsEarly(reply.outcome) || reply.log.endedByAbsentNumber;
-    if (!connected) {
-        ShowConnectError(Host());
-    }
-    list_->Show(std::move(reply.log));
-    list_->SetState(connected ? ListState::idle : ListState::failed);
-    // A list that ended early is empty or incomplete, and stays without redraw until a later load
-    // gets further. This is meant.
-    if (!endsEarly) {
-        list_->SetRedraw(true);
-    }
+    LoadList(
+        load_, Host(), list_,
+        [port = agentPort_, attribution = attribution_](const AgentSession::Progress& progress) {
+            return FetchCallLog(AgentSession(port), attribution, progress);
+        });
 }
 
 void CCallLogPage::OnCommand(int index) {

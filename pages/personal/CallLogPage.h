@@ -33,7 +33,6 @@ class CCallLogPage : public Page {
     void DeleteAll();
 
   private:
-    void ShowLoaded(CallLogReply&& reply);
     void AskAndSend(const QString& question, Bytes request);
 
     std::uint16_t agentPort_;

@@ -40,7 +40,7 @@ constexpr std::array<ListColumn, 5> kColumns{{
 
 struct GroupRow {
     ContactGroup group;
-    bool whole = true;  // false for the empty row behind a list that an absent title ended
+    bool whole = true;  // false for the empty row behind a list that the mark ended
 };
 
 }  // namespace
@@ -56,8 +56,8 @@ class ContactGroupListCtrl : public RecordListCtrl<GroupRow> {
         for (ContactGroup& group : groups.rows) {
             rows.push_back({std::move(group)});
         }
-        if (groups.endedByAbsentTitle) {
-            rows.push_back({{.id = groups.absentRowId, .title = {}, .account = {}}, false});
+        if (groups.endedByMark) {
+            rows.push_back({{.id = groups.markedId, .title = {}, .account = {}}, false});
         }
         SetRecords(std::move(rows));
     }
@@ -119,30 +119,9 @@ void CContactGroupDlg::BuildControls() {
 }
 
 void CContactGroupDlg::Refresh() {
-    load_.Start(
-        [this] {
-            list_->Clear();
-            list_->SetRedraw(false);
-            list_->SetState(ListState::loading);
-        },
-        [port = agentPort_, list = list_](const LoadProgress& progress) {
-            return FetchContactGroups(AgentSession(port), ProgressTo(progress, list));
-        },
-        [this](ContactGroupsReply&& reply) { ShowLoaded(std::move(reply)); });
-}
-
-void CContactGroupDlg::ShowLoaded(ContactGroupsReply&& reply) {
-    const bool connected = reply.outcome != SessionOutcome::connectFailed;
-    const bool endsEarly = EndsEarly(reply.outcome) || reply.groups.endedByAbsentTitle;
-    if (!connected) {
-        ShowConnectError(host_);
-    }
-    list_->Show(std::move(reply.groups));
-    list_->SetState(connected ? ListState::idle : ListState::failed);
-    // A list that ended early stays without redraw until a later load gets further. This is meant.
-    if (!endsEarly) {
-        list_->SetRedraw(true);
-    }
+    LoadList(load_, host_, list_, [port = agentPort_](const AgentSession::Progress& progress) {
+        return FetchContactGroups(AgentSession(port), progress);
+    });
 }
 
 void CContactGroupDlg::Add() {

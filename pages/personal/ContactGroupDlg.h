@@ -26,7 +26,6 @@ class CContactGroupDlg : public SkinDialog {
 
   private:
     void BuildControls();
-    void ShowLoaded(ContactGroupsReply&& reply);
     void Add();
     void Rename();
     void DeleteTicked();

@@ -8,7 +8,7 @@ namespace quorvi {
 namespace {
 
 std::int32_t TakeGroupId(ReplyCursor& cursor) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(cursor.TakeUInt64()));
+    return static_cast<std::int32_t>(cursor.TakeId());
 }
 
 }  // namespace
@@ -18,14 +18,13 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
     ReplyCursor cursor(reply);
     do {
         ContactGroup group;
-        group.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        group.id = cursor.TakeId();
         if (cursor.IsCut()) {
             return groups;  // what is done to the row would befall another group
         }
         auto title = cursor.TakeText();
         if (!title) {
-            groups.endedByAbsentTitle = true;
-            groups.absentRowId = group.id;
+            groups.EndByMark(group.id);
             return groups;
         }
         group.title = std::move(*title);
@@ -41,8 +40,8 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
 
 ContactGroupsReply FetchContactGroups(const AgentSession& session,
                                       const AgentSession::Progress& progress) {
-    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listGroups), progress);
-    return {reply.outcome, reply.HasPayload() ? ParseContactGroups(reply.buffer) : ContactGroups()};
+    return FetchList<ContactGroup>(session, BareRequest(AgentCommand::listGroups), progress,
+                                   &ParseContactGroups);
 }
 
 std::string GroupVisibleText(bool visible) {
@@ -62,11 +61,7 @@ Bytes RenameGroupRequest(std::uint32_t id, std::string_view title) {
 }
 
 Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids) {
-    RequestBuilder request(AgentCommand::deleteGroups);
-    for (const std::uint32_t id : ids) {
-        request.BeginItem().AddUInt32(id);
-    }
-    return request.Take();
+    return IdsRequest(AgentCommand::deleteGroups, ids);
 }
 
 GroupNames InitialGroupNames() {

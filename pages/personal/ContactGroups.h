@@ -12,6 +12,7 @@
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
+#include "pages/ListReply.h"
 
 namespace quorvi {
 
@@ -23,22 +24,13 @@ struct ContactGroup {
     bool visible = false;
 };
 
-struct ContactGroups {
-    std::vector<ContactGroup> rows;
-    // A title of AbsentMark ended the reading. The list on the screen then has an empty row behind
-    // these, whose id is `absentRowId`, and stays without redraw.
-    bool endedByAbsentTitle = false;
-    std::uint32_t absentRowId = 0;
-};
+// Ended by the mark in a title.
+using ContactGroups = ReadList<ContactGroup>;
+using ContactGroupsReply = ListReply<ContactGroup>;
 
 // Reads the reply of command 870140. A record with a length that points outside the reply, or in
 // whose id the reply was cut, ends the run and is dropped. Any thread.
 [[nodiscard]] ContactGroups ParseContactGroups(const ReplyBuffer& reply);
-
-struct ContactGroupsReply {
-    SessionOutcome outcome = SessionOutcome::connectFailed;
-    ContactGroups groups;
-};
 
 // One session that reads the groups. Any thread.
 [[nodiscard]] ContactGroupsReply FetchContactGroups(const AgentSession& session,

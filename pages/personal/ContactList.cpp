@@ -33,14 +33,14 @@ ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
     ReplyCursor cursor(*reply);
     do {
         ContactListRow row;
-        row.contactId = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        row.contactId = cursor.TakeId();
         if (cursor.IsCut()) {
             return list;  // what is done to the row would befall another contact
         }
-        row.secondId = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        row.secondId = cursor.TakeId();
         auto name = cursor.TakeText();
         if (!name) {
-            list.endedByAbsentName = true;
+            list.EndByMark(row.contactId);
             return list;
         }
         row.name = std::move(*name);
@@ -62,21 +62,15 @@ ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
 
 ContactListReply FetchContactList(const AgentSession& session, const AttributionOf& attribution,
                                   const AgentSession::Progress& progress) {
-    PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listContacts), progress);
-    ContactListReply result{reply.outcome, {}};
-    if (reply.HasPayload()) {
-        result.list = ParseContactList(std::make_shared<const ReplyBuffer>(std::move(reply.buffer)),
-                                       attribution);
-    }
-    return result;
+    return FetchList<ContactListRow>(
+        session, BareRequest(AgentCommand::listContacts), progress, [&](ReplyBuffer&& reply) {
+            return ParseContactList(std::make_shared<const ReplyBuffer>(std::move(reply)),
+                                    attribution);
+        });
 }
 
 Bytes DeleteContactsRequest(std::span<const std::uint32_t> ids) {
-    RequestBuilder request(AgentCommand::deleteContacts);
-    for (const std::uint32_t id : ids) {
-        request.BeginItem().AddUInt32(id);
-    }
-    return request.Take();
+    return IdsRequest(AgentCommand::deleteContacts, ids);
 }
 
 }  // namespace quorvi

@@ -13,6 +13,7 @@
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
+#include "pages/ListReply.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -50,23 +51,15 @@ struct ContactListRow {
     std::uint32_t secondId = 0;   // kept and not used
 };
 
-struct ContactList {
-    std::vector<ContactListRow> rows;
-    // A name of AbsentMark ended the reading. The list on the screen then has an empty row behind
-    // these, stays without redraw, and selects nothing.
-    bool endedByAbsentName = false;
-};
+// Ended by the mark in a name, it selects nothing.
+using ContactList = ReadList<ContactListRow>;
+using ContactListReply = ListReply<ContactListRow>;
 
 // Reads the run of records. A record with a length that points outside the reply, or in whose id
 // the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on it, once a
 // row.
 [[nodiscard]] ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
                                            const AttributionOf& attribution);
-
-struct ContactListReply {
-    SessionOutcome outcome = SessionOutcome::connectFailed;
-    ContactList list;
-};
 
 // One session that reads the list. Any thread.
 [[nodiscard]] ContactListReply FetchContactList(const AgentSession& session,

@@ -29,7 +29,7 @@ CContactListCtrl::CContactListCtrl(QWidget* parent)
 
 void CContactListCtrl::Show(ContactList list) {
     contacts_ = static_cast<int>(list.rows.size());
-    if (list.endedByAbsentName) {
+    if (list.endedByMark) {
         list.rows.emplace_back();
     }
     SetRecords(std::move(list.rows));

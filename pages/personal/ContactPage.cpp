@@ -64,33 +64,15 @@ CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentP
 }
 
 void CContactPage::RefreshContacts() {
-    listLoad_.Start(
-        [this] {
-            list_->Clear();
-            list_->SetRedraw(false);
-            list_->SetState(ListState::loading);
+    LoadList(
+        listLoad_, Host(), list_,
+        [port = agentPort_, attribution = attribution_](const AgentSession::Progress& progress) {
+            return FetchContactList(AgentSession(port), attribution, progress);
         },
-        [port = agentPort_, attribution = attribution_,
-         list = list_](const LoadProgress& progress) {
-            return FetchContactList(AgentSession(port), attribution, ProgressTo(progress, list));
-        },
-        [this](ContactListReply&& reply) { ShowLoaded(std::move(reply)); });
+        [this] { SelectFirst(); });
 }
 
-void CContactPage::ShowLoaded(ContactListReply&& reply) {
-    const bool connected = reply.outcome != SessionOutcome::connectFailed;
-    const bool endsEarly = EndsEarly(reply.outcome) || reply.list.endedByAbsentName;
-    if (!connected) {
-        ShowConnectError(Host());
-    }
-    list_->Show(std::move(reply.list));
-    list_->SetState(connected ? ListState::idle : ListState::failed);
-    if (endsEarly) {
-        // The list is empty or incomplete, and stays without redraw until a later load gets
-        // further; nothing is selected and no detail is fetched. This is meant.
-        return;
-    }
-    list_->SetRedraw(true);
+void CContactPage::SelectFirst() {
     if (const ContactListRow* first = list_->ContactAt(0)) {
         Host().Selection().Set(PageSelection::kContact, first->contactId);
         list_->setFocus();

@@ -46,7 +46,7 @@ class CContactPage : public Page, private HtmlListener {
 
   private:
     void OnAppCmd(const std::string&) override {}  // the view holds no links of the page's own
-    void ShowLoaded(ContactListReply&& reply);
+    void SelectFirst();
     void Select(int row);
     void OpenMenu(const QPoint& at);
     void RunEditor(SkinDialog* editor);

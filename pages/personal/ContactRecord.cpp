@@ -10,11 +10,6 @@ namespace {
 
 constexpr std::uint64_t kMillisecondsPerSecond = 1000;
 
-// Identifiers are 64 bits on the wire; the low 32 of them name the thing ever after.
-std::uint32_t TakeId(ReplyCursor& cursor) {
-    return static_cast<std::uint32_t>(cursor.TakeUInt64());
-}
-
 // Only 1 counts as set.
 bool TakeFlag(ReplyCursor& cursor) {
     return cursor.TakeUInt32() == 1;
@@ -32,7 +27,7 @@ ContactField TakeUtf8Field(ReplyCursor& cursor) {
     ContactField field;
     field.present = TakeFlag(cursor);
     if (field.present) {
-        field.id = TakeId(cursor);
+        field.id = cursor.TakeId();
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
         field.text = cursor.TakeUtf8().value_or(std::string_view());
     }
@@ -57,7 +52,7 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items, bool& lost)
     // The count is a claim: what ends the list for certain is the end of what came.
     for (std::int32_t i = 0; i < count && !cursor.AtEnd(); ++i) {
         ContactItem item;
-        item.id = TakeId(cursor);
+        item.id = cursor.TakeId();
         if (cursor.IsCut()) {
             return;
         }
@@ -75,7 +70,7 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items, bool& lost)
 bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     ContactRecord next;
     next.charactersLost = record.charactersLost;
-    next.id = TakeId(cursor);
+    next.id = cursor.TakeId();
     if (cursor.IsCut()) {
         return false;
     }

@@ -34,7 +34,7 @@ std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
     ReplyCursor cursor(reply);
     do {
         Conversation conversation;
-        conversation.id = static_cast<std::uint32_t>(cursor.TakeUInt64());
+        conversation.id = cursor.TakeId();
         if (cursor.IsCut()) {
             return conversations;  // its links would lead to another conversation
         }

@@ -109,17 +109,14 @@ TEST(RequestBuilder, ACommandOnOneObjectIsSixteenBytes) {
                       0x01, 0x02, 0x03, 0x04));  // its identifier
 }
 
-TEST(RequestBuilder, ACommandOnThreeObjectsIsTwelveBytesAndFourForEach) {
-    RequestBuilder request(AgentCommand::deleteContacts);
-    for (const std::uint32_t id : {7u, 8u, 9u}) {
-        request.BeginItem().AddUInt32(id);
-    }
-    EXPECT_EQ(request.Take(), Literal(0x00, 0x0D, 0x46, 0xDA,    // 870106
-                                      0x00, 0x00, 0x00, 0x18,    // total 12 + 4 * 3
-                                      0x00, 0x00, 0x00, 0x03,    // three items
-                                      0x00, 0x00, 0x00, 0x07,    // identifiers
-                                      0x00, 0x00, 0x00, 0x08,    //
-                                      0x00, 0x00, 0x00, 0x09));  //
+TEST(IdsRequest, ACommandOnThreeObjectsIsTwelveBytesAndFourForEach) {
+    EXPECT_EQ(IdsRequest(AgentCommand::deleteContacts, std::array{7u, 8u, 9u}),
+              Literal(0x00, 0x0D, 0x46, 0xDA,    // 870106
+                      0x00, 0x00, 0x00, 0x18,    // total 12 + 4 * 3
+                      0x00, 0x00, 0x00, 0x03,    // three items
+                      0x00, 0x00, 0x00, 0x07,    // identifiers
+                      0x00, 0x00, 0x00, 0x08,    //
+                      0x00, 0x00, 0x00, 0x09));  //
 }
 
 TEST(RequestBuilder, ACountOfOneAndTwoArgumentsAreTwentyBytes) {

@@ -35,7 +35,7 @@ TEST(GroupReading, ReadsEachFieldOfARow) {
     WireBytes bytes = Start();
     AddGroup(bytes, 0x100000003, "家人", 1);
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
-    EXPECT_FALSE(groups.endedByAbsentTitle);
+    EXPECT_FALSE(groups.endedByMark);
     ASSERT_EQ(groups.rows.size(), 1u);
     EXPECT_EQ(groups.rows[0].id, 3u);  // the low 32 bits
     EXPECT_EQ(groups.rows[0].title, Ansi(u8"家人"));
@@ -61,8 +61,8 @@ TEST(GroupReading, AnAbsentTitleEndsTheReadBehindItsId) {
     bytes.U64(2).Absent();
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
     EXPECT_EQ(groups.rows.size(), 1u);
-    EXPECT_TRUE(groups.endedByAbsentTitle);
-    EXPECT_EQ(groups.absentRowId, 2u);
+    EXPECT_TRUE(groups.endedByMark);
+    EXPECT_EQ(groups.markedId, 2u);
 }
 
 TEST(GroupReading, ALengthThatPointsOutsideEndsTheRun) {
@@ -71,7 +71,7 @@ TEST(GroupReading, ALengthThatPointsOutsideEndsTheRun) {
     bytes.U64(2).U32(0xFFFFFFFF).Raw("x");
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
     EXPECT_EQ(groups.rows.size(), 1u);
-    EXPECT_FALSE(groups.endedByAbsentTitle);
+    EXPECT_FALSE(groups.endedByMark);
 }
 
 TEST(GroupReading, ARowInWhoseIdACutReplyEndsIsDropped) {
