@@ -83,6 +83,19 @@ TEST_F(DialogsTest, TheQuestionStandsInItsControl) {
     dialog->reject();
 }
 
+TEST_F(DialogsTest, TheQuestionsSayWhatTheyAreMeantTo) {
+    CConfirmDeleteDlg confirm(QStringLiteral("?"));
+    EXPECT_EQ(confirm.objectName(), QStringLiteral("dialog 548"));
+    EXPECT_EQ(FindControl<QAbstractButton>(&confirm, 1215)->text(), QStringLiteral("删除"));
+    EXPECT_EQ(FindControl<QAbstractButton>(&confirm, 1021)->text(), QStringLiteral("取消"));
+    CNothingCheckedDlg nothing;
+    EXPECT_EQ(nothing.objectName(), QStringLiteral("dialog 682"));
+    EXPECT_EQ(FindControl<QAbstractButton>(&nothing, 1215)->text(), QStringLiteral("确定"));
+    EXPECT_EQ(FindControl<QAbstractButton>(&nothing, 1199)->text(), QStringLiteral("使用帮助"));
+    EXPECT_EQ(nothing.Body()->findChild<QLabel*>()->text(),
+              QStringLiteral("请先勾选每项最后的复选框后，再执行删除操作"));
+}
+
 TEST_F(DialogsTest, TheHelpButtonOfNothingCheckedDoesNothing) {
     auto* dialog = Open(new CNothingCheckedDlg(&window_));
     QTest::mouseClick(FindControl(dialog, 1199), Qt::LeftButton);

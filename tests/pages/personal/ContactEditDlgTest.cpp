@@ -2,13 +2,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 
 #include "base/Text.h"
 #include "pages/personal/ContactEditDlg.h"
 #include "tests/agent/LoopbackAgent.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
+#include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/personal/ContactReplies.h"
 #include "ui/ControlNumber.h"
 #include "ui/QtText.h"
@@ -16,15 +14,12 @@
 namespace quorvi {
 namespace {
 
-const QString kConnectError = ToQString(u8"【X】连接错误");
-
-class ContactEditor : public PageTest {
+class ContactEditor : public AgentDialogTest<CContactEditDlg> {
   protected:
     void SetUp() override {
         agent_.AnswerAcknowledged(AgentCommand::addContact);
         agent_.AnswerAcknowledged(AgentCommand::updateContact);
     }
-    ~ContactEditor() override { delete dialog_; }
 
     void OpenToAdd() { Show(new CContactEditDlg(host_, nullptr, agent_.Port())); }
     void OpenToUpdate(std::uint16_t port) { Show(new CContactEditDlg(host_, 7, nullptr, port)); }
@@ -34,11 +29,6 @@ class ContactEditor : public PageTest {
         OpenToUpdate(agent_.Port());
         ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     }
-    void Show(CContactEditDlg* dialog) {
-        dialog_ = dialog;
-        dialog_->Open([this](int result) { results_.push_back(result); });
-    }
-
     QLineEdit* Edit(int number) { return FindControl<QLineEdit>(dialog_, number); }
     QPlainTextEdit* Area(int number) { return FindControl<QPlainTextEdit>(dialog_, number); }
     QComboBox* Combo(int number) { return FindControl<QComboBox>(dialog_, number); }
@@ -55,13 +45,6 @@ class ContactEditor : public PageTest {
     }
     // The number of the control that has the focus.
     QString Focused() { return dialog_->focusWidget()->objectName(); }
-    bool Ended(int result) {
-        return WaitFor([&] { return !results_.empty(); }) && results_.front() == result;
-    }
-
-    ScriptedAgent agent_;
-    QPointer<CContactEditDlg> dialog_;
-    std::vector<int> results_;
 };
 
 TEST_F(ContactEditor, OpensToAddWithItsDefaults) {
@@ -347,7 +330,7 @@ TEST_F(ContactEditor, SaveThatIsOnItsWayEndsWithOkHoweverItIsClosed) {
         ASSERT_TRUE(WaitFor([&] { return agent_.Requests().size() == before + 1; }));
         close();
         EXPECT_TRUE(Ended(QDialog::Accepted));
-        ASSERT_TRUE(WaitFor([&] { return dialog_.isNull(); }));
+        ASSERT_TRUE(Gone());
     };
     closeBy([&] { Button(1021)->click(); });
     closeBy([&] { QTest::keyClick(dialog_, Qt::Key_Escape); });

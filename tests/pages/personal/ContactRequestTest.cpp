@@ -210,6 +210,15 @@ TEST(ContactRequests, ContactThatCouldNotBeLoadedGoesOutAsNewRows) {
     EXPECT_TRUE(std::ranges::equal(start.Get(), std::span(request).first(start.Get().size())));
 }
 
+TEST(ContactRequests, RowIdOfASingleFieldIsSentAsItIs) {
+    ContactRecord record;
+    record.name = {true, ContactItemOp::update, 0x80000001, "A"};
+    const Bytes request = UpdateContactRequest(record);
+    // Code, total, item count, contact id, favourite, structured flag, name flag.
+    constexpr std::size_t kNameRow = 28;
+    EXPECT_EQ(ReadUInt64(request.data() + kNameRow), 0x80000001u);
+}
+
 TEST(ContactRequests, IdAbove31BitsCarriesItsSignIntoTheHighWord) {
     ContactRecord record;
     record.phones = {{0x80000001, ContactItemOp::leave, 0, ""}};

@@ -20,12 +20,21 @@ TEST(ContactTypes, PhoneLabelsAreExact) {
     EXPECT_EQ(kPhoneTypes.Label(-1), Ansi(u8"未知电话："));
 }
 
-TEST(ContactTypes, MobileMailAndSkypeHaveAHalfWidthColon) {
-    EXPECT_EQ(kEmailTypes.Label(3), Ansi(u8"其他邮箱："));
-    EXPECT_EQ(kEmailTypes.Label(4), Ansi(u8"手机邮箱:"));
-    EXPECT_EQ(kImTypes.Label(2), Ansi(u8"雅虎通："));
-    EXPECT_EQ(kImTypes.Label(3), "Skype:");
-    EXPECT_EQ(kImTypes.Label(4), Ansi(u8"QQ："));
+TEST(ContactTypes, EmailLabelsAreExactWithTheHalfWidthColonOfOne) {
+    const std::u8string_view labels[] = {u8"自定邮箱：", u8"个人邮箱：", u8"工作邮箱：",
+                                         u8"其他邮箱：", u8"手机邮箱:"};
+    for (int code = 0; code < 5; ++code) {
+        EXPECT_EQ(kEmailTypes.Label(code), Ansi(labels[code])) << code;
+    }
+}
+
+TEST(ContactTypes, ImLabelsAreExactWithTheHalfWidthColonOfOne) {
+    const std::u8string_view labels[] = {u8"AIM：",  u8"MSN：",    u8"雅虎通：",
+                                         u8"Skype:", u8"QQ：",     u8"GTalk：",
+                                         u8"ICQ：",  u8"Jabber：", u8"NetMeeting："};
+    for (int code = 0; code < 9; ++code) {
+        EXPECT_EQ(kImTypes.Label(code), Ansi(labels[code])) << code;
+    }
 }
 
 TEST(ContactTypes, UnknownImIsLabelledAsAnUnknownMail) {
