@@ -13,18 +13,32 @@
 namespace quorvi {
 namespace {
 
-// Formats that are read: pixels only. A drawing could name files and grow without bound.
-constexpr std::array<QByteArrayView, 7> kFormats{"bmp", "gif",  "ico", "jpeg",
-                                                 "png", "tiff", "webp"};
+// Formats that are read: pixels only, in a size that the header tells. A drawing could name files
+// and grow without bound.
+constexpr std::array<QByteArrayView, 13> kFormats{
+    "bmp", "gif", "ico", "jpeg", "pbm", "pgm", "png", "ppm", "tiff", "wbmp", "webp", "xbm", "xpm"};
+
+// Scans of a JPEG. Each is worked on as a whole picture, and a photo's bytes hold thousands of
+// empty ones: seconds for one row of the list. Real files have about ten.
+constexpr int kMostScans = 100;
 
 bool IsKnown(const QByteArray& format) {
     return std::ranges::any_of(kFormats, [&](QByteArrayView each) { return each == format; });
 }
 
-// The part of a picture that fills a square of `side`, and the size to read it at.
-QSize ReadSize(QSize size, int side, bool crop) {
-    return size.scaled(side, side, crop ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio)
-        .expandedTo({1, 1});
+bool HasTooManyScans(std::string_view jpeg) {
+    constexpr std::string_view kStartOfScan = "\xFF\xDA";
+    int scans = 0;
+    for (std::size_t at = 0; (at = jpeg.find(kStartOfScan, at)) != std::string_view::npos; ++at) {
+        ++scans;
+    }
+    return scans > kMostScans;
+}
+
+// The middle of a picture, as a square.
+QImage Middle(const QImage& image) {
+    const int side = std::min(image.width(), image.height());
+    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side);
 }
 
 }  // namespace
@@ -37,41 +51,39 @@ QImage DecodePicture(std::string_view bytes, int pixels, bool rounded, qreal cor
     QBuffer buffer(&raw);
     buffer.open(QIODevice::ReadOnly);
     const QByteArray format = QImageReader::imageFormat(&buffer);
-    if (!IsKnown(format)) {
+    if (!IsKnown(format) || (format == "jpeg" && HasTooManyScans(bytes))) {
         return {};
     }
     QImageReader reader(&buffer, format);
+    reader.setAutoTransform(true);     // upright, however the camera was held
     const QSize size = reader.size();  // of the header: nothing is decoded yet
     if (!size.isValid() || size.isEmpty() ||
         std::max(size.width(), size.height()) > PictureCache::kMaxSide) {
         return {};
     }
-    const QSize scaled = ReadSize(size, pixels, rounded);
-    if (scaled.width() < size.width() || scaled.height() < size.height()) {
-        // Twice the size is enough for a smooth last step, and JPEG reads it in a fraction of time.
-        const QSize twice = scaled * 2;
-        if (twice.width() < size.width()) {
-            reader.setScaledSize(twice);
-        }
+    // Twice the size is enough for a smooth last step, and JPEG reads it in a fraction of time.
+    const QSize twice = size.scaled(2 * pixels, 2 * pixels,
+                                    rounded ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
+    if (twice.width() < size.width()) {
+        reader.setScaledSize(twice.expandedTo({1, 1}));
     }
     const QImage read = reader.read();
     if (read.isNull()) {
         return {};
     }
-    const QImage fitted = read.scaled(scaled, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage fitted =
+        (rounded ? Middle(read) : read)
+            .scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QImage square(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     square.fill(Qt::transparent);
     QPainter painter(&square);
-    const QPoint at((pixels - fitted.width()) / 2, (pixels - fitted.height()) / 2);
     if (rounded) {
         painter.setRenderHint(QPainter::Antialiasing);
         QPainterPath path;
-        path.addRoundedRect(QRectF(0, 0, pixels, pixels), cornerRadius, cornerRadius);
-        QBrush brush(fitted);
-        brush.setTransform(QTransform::fromTranslate(at.x(), at.y()));
-        painter.fillPath(path, brush);
+        path.addRoundedRect(square.rect(), cornerRadius, cornerRadius);
+        painter.fillPath(path, QBrush(fitted));
     } else {
-        painter.drawImage(at, fitted);
+        painter.drawImage((pixels - fitted.width()) / 2, (pixels - fitted.height()) / 2, fitted);
     }
     return square;
 }

@@ -1,13 +1,12 @@
 // The list of the kit, driven by mouse and keys over records of a test's own.
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QHelpEvent>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 
+#include "tests/ui/PictureFiles.h"
 #include "tests/ui/QtMain.h"
 #include "tests/ui/SampleList.h"
 #include "ui/ControlNumber.h"
@@ -376,43 +375,6 @@ TEST_F(ListTest, RowsThatAreOutOfSightAreNotDecoded) {
     EXPECT_LT(list_->Pictures().Decodes(), 12);
 }
 
-std::string Png(int width, int height, QRgb rgb) {
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(rgb);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
-
-// The checksum of a PNG's chunk.
-std::uint32_t Crc32(std::string_view bytes) {
-    std::uint32_t sum = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        sum ^= static_cast<unsigned char>(byte);
-        for (int bit = 0; bit < 8; ++bit) {
-            sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320U : 0U);
-        }
-    }
-    return ~sum;
-}
-
-// A PNG's header that claims a size; no pixel follows.
-std::string PngClaiming(std::uint32_t side) {
-    std::string png = Png(1, 1, 0xFF000000);
-    for (int i = 0; i < 4; ++i) {
-        const auto byte = static_cast<char>(side >> (8 * (3 - i)));
-        png[static_cast<std::size_t>(16 + i)] = byte;  // width
-        png[static_cast<std::size_t>(20 + i)] = byte;  // height
-    }
-    const std::uint32_t sum = Crc32(std::string_view(png).substr(12, 17));
-    for (int i = 0; i < 4; ++i) {
-        png[static_cast<std::size_t>(29 + i)] = static_cast<char>(sum >> (8 * (3 - i)));
-    }
-    return png;
-}
-
 TEST_F(ListTest, AGoodPictureIsShown) {
     Fill(1);
     list_->Edit(0, [](SampleRecord& record) { record.photo = Png(96, 96, 0xFF123456); });
@@ -442,16 +404,6 @@ TEST_F(ListTest, BrokenAndOversizedPicturesShowTheDefaultHead) {
     }
 }
 
-TEST_F(ListTest, APictureThatClaimsSixtyThousandPixelsCostsNothing) {
-    const std::string claiming = PngClaiming(60'000);
-    QElapsedTimer timer;
-    timer.start();
-    for (int i = 0; i < 1000; ++i) {
-        ASSERT_TRUE(DecodePicture(claiming, 48, true, 8).isNull());
-    }
-    EXPECT_LT(timer.elapsed(), 500);  // half a millisecond each, at most
-}
-
 TEST_F(ListTest, ABrokenPictureIsNotTriedAgain) {
     Fill(1);
     list_->Edit(0, [](SampleRecord& record) {
@@ -462,24 +414,6 @@ TEST_F(ListTest, ABrokenPictureIsNotTriedAgain) {
     const int decodes = list_->Pictures().Decodes();
     (void)Shot();
     EXPECT_EQ(list_->Pictures().Decodes(), decodes);
-}
-
-TEST_F(ListTest, ALongPhotoIsCroppedAndNotStretched) {
-    QImage image(200, 100, QImage::Format_RGB32);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.fillRect(0, 0, 50, 100, look::color(look::Color::red));
-    painter.fillRect(50, 0, 100, 100, look::color(look::Color::green));
-    painter.fillRect(150, 0, 50, 100, look::color(look::Color::red));
-    painter.end();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    const QImage shown = DecodePicture(bytes.toStdString(), 48, true, 8);
-    EXPECT_EQ(shown.pixelColor(2, 24), look::color(look::Color::green));
-    EXPECT_EQ(shown.pixelColor(45, 24), look::color(look::Color::green));
-    EXPECT_EQ(qAlpha(shown.pixel(0, 0)), 0);  // the corner is round
 }
 
 // ---- tool tips ---------------------------------------------------------------------------------

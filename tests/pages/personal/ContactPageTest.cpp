@@ -3,6 +3,7 @@
 #include "pages/personal/ContactRecord.h"
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/personal/ContactPageFixture.h"
+#include "tests/ui/PictureFiles.h"
 
 namespace quorvi {
 namespace {
@@ -338,16 +339,11 @@ TEST_F(ContactPage, BytesThatAreNoTextShowInTheDetailAsQuestionMarks) {
 }
 
 TEST_F(ContactPage, BrokenPhotosShowTheDefaultHead) {
-    // A PNG header that claims 60,000 by 60,000 pixels.
-    std::string huge(
-        "\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\xea\x60\0\0\xea\x60\x08\x06\0\0\0\x80\xd2\x75\x42",
-        33);
-    huge.append(64, '\0');
     agent_.AnswerPayload(AgentCommand::listContacts,
                          ListPayload({{.id = 1},
                                       {.id = 2, .photo = "x"},
                                       {.id = 3, .photo = "no picture at all"},
-                                      {.id = 4, .photo = huge},
+                                      {.id = 4, .photo = PngClaiming(60'000)},
                                       {.id = 5, .photo = std::string(262'245, 'x')}})
                              .Get());
     OpenLoaded();
