@@ -6,13 +6,29 @@
 
 namespace quorvi {
 
+// `text` in lines that fit on a screen, whether or not it has blanks.
+inline QString BrokenForTip(const QString& text) {
+    constexpr int kTipLine = 60;  // characters
+    QString broken;
+    int line = 0;
+    for (const QChar character : text) {
+        if (line >= kTipLine && !character.isLowSurrogate()) {
+            broken += QLatin1Char('\n');
+            line = 0;
+        }
+        broken += character;
+        line = character == QLatin1Char('\n') ? 0 : line + 1;
+    }
+    return broken;
+}
+
 // Shows `text` as it stands, whatever marks of formatting it holds.
 inline void ShowPlainTip(const QPoint& at, const QString& text, QWidget* widget,
                          const QRect& area = {}) {
-    QString shown = text;
-    if (Qt::mightBeRichText(text)) {
+    QString shown = BrokenForTip(text);
+    if (Qt::mightBeRichText(shown)) {
         // Escaping alone would show its own marks: what is left must be rich text for certain.
-        shown = QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped());
+        shown = QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped());
         shown.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
     }
     QToolTip::showText(at, shown, widget, area);

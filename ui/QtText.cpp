@@ -20,7 +20,14 @@ QString ToQString(std::u8string_view text) {
 }
 
 QString ToShownQString(std::string_view ansi) {
-    return ToQString(ansi.substr(0, kShownBytes));
+    if (ansi.size() <= kShownBytes) {
+        return ToQString(ansi);
+    }
+    QString start = ToQString(ansi.substr(0, kShownBytes));
+    if (start.endsWith(QChar::ReplacementCharacter)) {
+        start.chop(1);  // the cut went through a character
+    }
+    return start + QStringLiteral("…");
 }
 
 std::string FromQString(const QString& text) {

@@ -434,6 +434,19 @@ TEST_F(ListTest, ATextThatIsCutOffShowsWholeInATip) {
     EXPECT_FALSE(ask(0).contains(QStringLiteral("联系人 0")));
 }
 
+TEST_F(ListTest, ALongTextIsBrokenInItsTip) {
+    Fill(1);
+    list_->Edit(0, [](SampleRecord& record) { record.name = QString(500, QLatin1Char('x')); });
+    const QPoint at = list_->CellRect(0, kSampleName).center();
+    QHelpEvent help(QEvent::ToolTip, at, list_->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(list_->viewport(), &help);
+    for (const QString& line : QToolTip::text().split(QLatin1Char('\n'))) {
+        EXPECT_LE(line.size(), 60);
+    }
+    EXPECT_EQ(QToolTip::text().count(QLatin1Char('x')), 500);
+    QToolTip::hideText();
+}
+
 // ---- what is read out --------------------------------------------------------------------------
 
 TEST_F(ListTest, CellsAreReadOutInWords) {
