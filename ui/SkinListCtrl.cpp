@@ -164,8 +164,9 @@ void CSkinListCtrl::SetTicked(int row, bool on) {
 }
 
 void CSkinListCtrl::TickAll(bool on) {
-    std::ranges::fill(ticks_, static_cast<char>(on ? 1 : 0));
-    viewport()->update();
+    for (int row = 0; row < RowCount(); ++row) {
+        SetTicked(row, on);
+    }
 }
 
 std::vector<int> CSkinListCtrl::TickedRows() const {
@@ -306,6 +307,9 @@ void CSkinListCtrl::contextMenuEvent(QContextMenuEvent* event) {
         return;
     }
     const int row = currentIndex().row();
+    if (row >= 0) {
+        scrollTo(currentIndex());  // the menu stands beside it
+    }
     const QPoint at =
         row < 0 ? QPoint(0, 0) : RowRect(row).topLeft() + QPoint(rowHeight_ / 2, rowHeight_ / 2);
     Q_EMIT menuAsked(row, viewport()->mapToGlobal(at));
@@ -333,7 +337,24 @@ bool CSkinListCtrl::viewportEvent(QEvent* event) {
 
 // ---- keys --------------------------------------------------------------------------------------
 
+// All rows, or none when all are ticked.
+void CSkinListCtrl::FlipAllTicks() {
+    const bool on = std::ranges::find(ticks_, char{0}) != ticks_.end();
+    for (int row = 0; row < RowCount(); ++row) {
+        if (IsTicked(row) != on) {
+            FlipTick(row);
+        }
+    }
+}
+
 void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::SelectAll)) {
+        if (TickColumn() >= 0 && redraw_) {  // nobody ticks what is not shown
+            FlipAllTicks();
+        }
+        event->accept();
+        return;
+    }
     const int row = currentIndex().row();
     switch (event->key()) {
         case Qt::Key_Space:

@@ -20,9 +20,10 @@ class ListModel;
 // page's vector. It owns no record; see RecordListCtrl for the class that does. The window's
 // thread.
 //
-// Keys: arrows, Home, End and Page keys move; Space flips the row's tick; Enter opens the row; the
-// menu key asks for its menu. A click on a link tells the observer, a click in the tick column
-// flips the tick; a click anywhere else changes only the selection.
+// Keys: arrows, Home, End and Page keys move; Space flips the row's tick; Ctrl+A ticks all rows, or
+// none when all are ticked; Enter opens the row; the menu key asks for its menu. A click on a link
+// tells the observer, a click in the tick column flips the tick; a click anywhere else changes only
+// the selection.
 class CSkinListCtrl : public QTableView {
     Q_OBJECT
   public:
@@ -127,6 +128,7 @@ class CSkinListCtrl : public QTableView {
     void UpdateRow(int row);
     void SetHover(int row, int column);
     void FlipTick(int row);
+    void FlipAllTicks();
     bool ShowTip(const QPoint& at, const QPoint& global);
     [[nodiscard]] QRect RowRect(int row) const;
     [[nodiscard]] int TickColumn() const;

@@ -226,6 +226,40 @@ TEST_F(ListTest, SpaceFlipsTheTickOfTheRow) {
     EXPECT_TRUE(list_->TickedRows().empty());
 }
 
+TEST_F(ListTest, ControlATicksAllRowsAndThenNone) {
+    Fill(3);
+    QSignalSpy flipped(list_, &CSkinListCtrl::tickFlipped);
+    list_->setFocus();
+    list_->SelectRow(1);
+    list_->SetTicked(2, true);
+    QTest::keyClick(list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list_->TickedRows(), (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(flipped.count(), 2);
+    QTest::keyClick(list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(list_->TickedRows().empty());
+    EXPECT_EQ(list_->CurrentRow(), 1);
+}
+
+TEST_F(ListTest, RowsThatAreNotShownAreNotTickedAllAtOnce) {
+    Fill(3);
+    list_->SetRedraw(false);
+    QTest::keyClick(list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(list_->TickedRows().empty());
+}
+
+TEST_F(ListTest, TheMenuKeyBringsItsRowBackIntoView) {
+    Fill(100);
+    list_->SelectRow(2);
+    list_->verticalScrollBar()->setValue(list_->verticalScrollBar()->maximum());
+    QSignalSpy asked(list_, &CSkinListCtrl::menuAsked);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(0, 0), QPoint(0, 0));
+    QApplication::sendEvent(list_->viewport(), &key);
+    ASSERT_EQ(asked.count(), 1);
+    const QPoint at = list_->viewport()->mapFromGlobal(asked[0][1].toPoint());
+    EXPECT_TRUE(list_->viewport()->rect().contains(at));
+    EXPECT_EQ(list_->rowAt(at.y()), 2);
+}
+
 TEST_F(ListTest, EnterAndADoubleClickOpenTheRow) {
     Fill(3);
     QSignalSpy opened(list_, &CSkinListCtrl::rowOpened);
