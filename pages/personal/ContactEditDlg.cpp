@@ -151,9 +151,9 @@ void CContactEditDlg::BuildControls() {
     state_->setMinimumWidth(Metric::formCaption);
     AddToFooter(state_);
     AddToFooter(favourite_);
-    risk_ = new CSkinStateLabel({}, this);
-    risk_->hide();
-    AddToFooter(risk_);
+    notice_ = new CSkinStateLabel({}, this);
+    notice_->hide();
+    AddToFooter(notice_);
     save_ = AddButton(kSave, ToQString(u8"保存"), ButtonKind::primary);
     save_->SetImage(QStringLiteral("save"));
     connect(save_, &QAbstractButton::clicked, this, &CContactEditDlg::Save);
@@ -222,7 +222,7 @@ void CContactEditDlg::Load() {
         this, [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
         [this](ContactReply&& reply) {
             SetBusy(false);
-            ShowRisk(RiskOfSaving(reply));
+            Notice(CSkinStateLabel::kRed, RiskOfSaving(reply));
             if (reply.outcome == SessionOutcome::connectFailed) {
                 ShowConnectError(host_);
             }
@@ -234,9 +234,14 @@ void CContactEditDlg::Load() {
         });
 }
 
-void CContactEditDlg::ShowRisk(std::u8string_view risk) {
-    risk_->SetState(CSkinStateLabel::kRed, ToQString(risk));
-    risk_->setVisible(!risk.empty());
+void CContactEditDlg::Notice(int state, std::u8string_view text) {
+    notice_->SetState(state, ToQString(text));
+    notice_->setVisible(!text.empty());
+}
+
+void CContactEditDlg::Resume(const ContactForm& form) {
+    SetForm(form);
+    Notice(CSkinStateLabel::kBlue, u8"上次填写的联系人没有得到手机的确认");
 }
 
 void CContactEditDlg::Save() {
@@ -257,8 +262,14 @@ void CContactEditDlg::Save() {
 void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
     EndWithOk();
+    unsaved_ = Form();
     SendChange(host_, *Body(), agentPort_, std::move(request),
-               [this](const AcknowledgedReply&) { accept(); });
+               [this](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete) {
+                       unsaved_.reset();
+                   }
+                   accept();
+               });
 }
 
 }  // namespace quorvi

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "agent/Wire.h"
 #include "pages/personal/ContactForm.h"
@@ -33,6 +35,11 @@ class CContactEditDlg : public SkinDialog {
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
 
+    // Add mode: puts a form back that did not get to the phone from an earlier dialog.
+    void Resume(const ContactForm& form);
+    // The form that the user has told to save and the phone has not acknowledged.
+    [[nodiscard]] const std::optional<ContactForm>& Unsaved() const { return unsaved_; }
+
   private:
     // A field with a combo box before it.
     struct TypedField {
@@ -46,7 +53,7 @@ class CContactEditDlg : public SkinDialog {
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
     void Load();
-    void ShowRisk(std::u8string_view risk);
+    void Notice(int state, std::u8string_view text);
     void Save();
     void Send(Bytes request);
     void SetBusy(bool busy);
@@ -56,6 +63,7 @@ class CContactEditDlg : public SkinDialog {
     std::uint32_t contactId_ = 0;
     std::uint16_t agentPort_;
     ContactRecord record_;  // update mode: as it was loaded
+    std::optional<ContactForm> unsaved_;
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;
@@ -68,7 +76,7 @@ class CContactEditDlg : public SkinDialog {
     CSkinTextEdit* note_ = nullptr;
     CSkinCheck* favourite_ = nullptr;
     CSkinStateLabel* state_ = nullptr;
-    CSkinStateLabel* risk_ = nullptr;  // what a save may do; hidden while there is nothing to say
+    CSkinStateLabel* notice_ = nullptr;  // beside the state; hidden while there is nothing to say
     CSkinButton* save_ = nullptr;
 };
 

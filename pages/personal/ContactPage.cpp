@@ -158,24 +158,31 @@ void CContactPage::OpenMenu(const QPoint& at) {
 }
 
 void CContactPage::AddContact() {
-    RunEditor(new CContactEditDlg(Host(), this, agentPort_));
+    auto* editor = new CContactEditDlg(Host(), this, agentPort_);
+    if (unsaved_) {
+        editor->Resume(*unsaved_);
+        unsaved_.reset();  // offered once
+    }
+    editor->Open([this, editor](int result) {
+        unsaved_ = editor->Unsaved();
+        EndEditor(result);
+    });
 }
 
 void CContactPage::EditSelected() {
     if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
-        RunEditor(new CContactEditDlg(Host(), contact->contactId, this, agentPort_));
+        auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agentPort_);
+        editor->Open([this](int result) { EndEditor(result); });
     }
 }
 
-void CContactPage::RunEditor(SkinDialog* editor) {
-    editor->Open([this](int result) {
-        if (result == QDialog::Accepted) {
-            RefreshContacts();
-        } else {
-            list_->viewport()->update();
-            view_->update();
-        }
-    });
+void CContactPage::EndEditor(int result) {
+    if (result == QDialog::Accepted) {
+        RefreshContacts();
+    } else {
+        list_->viewport()->update();
+        view_->update();
+    }
 }
 
 void CContactPage::DeleteTicked() {

@@ -3,9 +3,11 @@
 
 #include <QTimer>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "agent/Wire.h"
+#include "pages/personal/ContactForm.h"
 #include "pages/personal/ContactListCtrl.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/HtmlCtrl.h"
@@ -15,7 +17,6 @@
 namespace quorvi {
 
 class HtmlFrame;
-class SkinDialog;
 
 // Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
 // whole list is fetched again. Two workers at most, one for the list and one for the detail; a
@@ -49,15 +50,16 @@ class CContactPage : public Page, private HtmlListener {
     void SelectFirst();
     void Select(int row);
     void OpenMenu(const QPoint& at);
-    void RunEditor(SkinDialog* editor);
+    void EndEditor(int result);
     void Delete(std::vector<std::uint32_t> ids);
 
     std::uint16_t agentPort_;
     AttributionOf attribution_ = MakeNumberAttribution();
     PageLoad listLoad_;
     PageLoad detailLoad_{*this};
-    bool selecting_ = false;  // the page itself moves the selection
-    QTimer detailTimer_;      // timer 0: the detail after a fill
+    std::optional<ContactForm> unsaved_;  // a new contact that did not get to the phone
+    bool selecting_ = false;              // the page itself moves the selection
+    QTimer detailTimer_;                  // timer 0: the detail after a fill
     CContactListCtrl* list_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;

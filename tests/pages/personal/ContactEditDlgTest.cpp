@@ -34,8 +34,8 @@ class ContactEditor : public AgentDialogTest<CContactEditDlg> {
     QComboBox* Combo(int number) { return FindControl<QComboBox>(dialog_, number); }
     QAbstractButton* Button(int number) { return FindControl<QAbstractButton>(dialog_, number); }
     QString State() { return FindControl<QLabel>(dialog_, 1109)->text(); }
-    // What the dialog says of a save beside its state.
-    QString Risk() {
+    // What the dialog says beside its state.
+    QString Notice() {
         for (const auto* label : dialog_->findChildren<CSkinStateLabel*>()) {
             if (label != FindControl(dialog_, 1109) && label->isVisible()) {
                 return label->text();
@@ -197,7 +197,7 @@ TEST_F(ContactEditor, LoadShowsEveryField) {
     EXPECT_EQ(Edit(1243)->text(), ToQString(u8"常州市"));
     EXPECT_EQ(Edit(1244)->text(), ToQString(u8"测绘研究院"));
     EXPECT_EQ(Area(1381)->toPlainText(), ToQString(u8"十月生日"));
-    EXPECT_EQ(Risk(), QString());
+    EXPECT_EQ(Notice(), QString());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
 }
 
@@ -256,7 +256,7 @@ TEST_F(ContactEditor, NoDataLeavesTheFieldsEmptyWithoutAMessage) {
     EXPECT_EQ(Edit(1149)->text(), QString());
     EXPECT_TRUE(host_.statuses.isEmpty());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
-    EXPECT_EQ(Risk(), QString());
+    EXPECT_EQ(Notice(), QString());
     // A save then sends new rows to the contact.
     Edit(1149)->setText(QStringLiteral("A"));
     Button(1020)->click();
@@ -277,7 +277,7 @@ TEST_F(ContactEditor, ConnectFailureAtTheLoadIsToldAndLeavesTheFieldsEmpty) {
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
     // Whoever saves now is told what that may do.
-    EXPECT_EQ(Risk(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
+    EXPECT_EQ(Notice(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
 }
 
 TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
@@ -287,14 +287,14 @@ TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
     OpenToUpdate(agent_.Port());
     ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
-    EXPECT_FALSE(Risk().isEmpty());
+    EXPECT_FALSE(Notice().isEmpty());
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
 TEST_F(ContactEditor, CharactersThatTheCodePageLacksAreWarnedOf) {
     OpenLoaded(ContactPayload(7, "A\xF0\x9F\x8E\x88"));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A?"));
-    EXPECT_EQ(Risk(), ToQString(u8"显示成“?”的字符，保存后在手机上也是“?”"));
+    EXPECT_EQ(Notice(), ToQString(u8"显示成“?”的字符，保存后在手机上也是“?”"));
 }
 
 TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {
@@ -336,6 +336,35 @@ TEST_F(ContactEditor, SaveThatIsOnItsWayEndsWithOkHoweverItIsClosed) {
     closeBy([&] { QTest::keyClick(dialog_, Qt::Key_Escape); });
     closeBy([&] { dialog_->close(); });
     agent_.Release();
+}
+
+TEST_F(ContactEditor, SaveThatIsNotAcknowledgedIsKept) {
+    const auto saveAt = [&](std::uint16_t port) {
+        results_.clear();
+        Show(new CContactEditDlg(host_, nullptr, port));
+        Edit(1149)->setText(QStringLiteral("A"));
+        std::optional<ContactForm> unsaved;
+        QObject::connect(dialog_, &QDialog::finished, dialog_,
+                         [&] { unsaved = dialog_->Unsaved(); });
+        Button(1020)->click();
+        EXPECT_TRUE(Ended(QDialog::Accepted));
+        return unsaved;
+    };
+    EXPECT_FALSE(saveAt(agent_.Port()));
+    ASSERT_TRUE(saveAt(UnusedPort()));
+    EXPECT_EQ(saveAt(UnusedPort())->name, "A");
+}
+
+TEST_F(ContactEditor, FormThatIsResumedIsShownWithAWord) {
+    OpenToAdd();
+    ContactForm form;
+    form.name = "A";
+    form.im = {-1, "i"};
+    dialog_->Resume(form);
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
+    EXPECT_EQ(Combo(1235)->currentIndex(), 9);
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    EXPECT_EQ(Notice(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
 }
 
 TEST_F(ContactEditor, SaveOnceStartedCannotBePressedAgain) {

@@ -32,6 +32,32 @@ TEST_F(ContactPage, EditorThatEndsWithOkFetchesTheListAgain) {
     EXPECT_EQ(agent_.Requests(AgentCommand::addContact).size(), 1u);
 }
 
+TEST_F(ContactPage, NewContactThatDidNotGetToThePhoneStandsInTheNextEditorOnce) {
+    CContactPage& page = OpenLoaded();
+    const auto nameInEditor = [] {
+        return FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->text();
+    };
+    agent_.Answer(AgentCommand::addContact, {});  // closed without a word
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QStringLiteral("A"));
+    PressIn(kEditor, 1021);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QString());
+    PressIn(kEditor, 1021);
+
+    agent_.AnswerAcknowledged(AgentCommand::addContact);
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(QStringLiteral("B"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(3);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QString());
+}
+
 TEST_F(ContactPage, MenuHasItsThreeItems) {
     OpenLoaded();
     QMenu* menu = OpenMenu();
