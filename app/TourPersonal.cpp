@@ -7,6 +7,7 @@
 #include "app/Tour.h"
 #include "app/TourAgent.h"
 #include "pages/personal/CallLogPage.h"
+#include "pages/personal/ContactEditDlg.h"
 #include "pages/personal/ContactGroupDlg.h"
 #include "pages/personal/ContactPage.h"
 #include "pages/personal/GroupEditDlg.h"
@@ -23,7 +24,9 @@ constexpr int kPageSms = 11;
 constexpr int kPageCalls = 12;
 constexpr int kContactDialog = 132;
 constexpr int kContactList = 1067;
-constexpr std::uint32_t kConversation = 12;  // of the simulated phone
+// Of the simulated phone.
+constexpr std::uint32_t kContact = 1;
+constexpr std::uint32_t kConversation = 12;
 constexpr std::uint16_t kNobodysPort = 1;
 
 // A state in which a view is without its contents, and the agent that leads to it.
@@ -107,6 +110,10 @@ SkinDialog* MakeComposerForNew(CMainDlg& window, std::uint16_t agentPort) {
     return new CSmsComposeDlg(window, kNoConversation, &window, agentPort);
 }
 
+SkinDialog* MakeContactEditor(CMainDlg& window, std::uint16_t agentPort) {
+    return new CContactEditDlg(window, kContact, &window, agentPort);
+}
+
 void OpenContactMenu(CContactPage& page) {
     auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
     Q_EMIT list.menuAsked(list.CurrentRow(),
@@ -131,6 +138,8 @@ std::vector<TourStop> PersonalStops() {
         stops.push_back(PageStop<CContactPage>("contacts", kPageContacts, state));
         stops.push_back(PageStop<CSmsPage>("sms", kPageSms, state));
         stops.push_back(PageStop<CCallLogPage>("calls", kPageCalls, state));
+        stops.push_back(
+            DialogStop("dialog-contact-update", kPageContacts, state, &MakeContactEditor));
         stops.push_back(DialogStop("dialog-groups", kPageContacts, state, &MakeGroups));
         stops.push_back(DialogStop("dialog-composer", kPageSms, state, &MakeComposer));
         stops.push_back(DialogStop("dialog-composer-new", kPageSms, state, &MakeComposerForNew));
