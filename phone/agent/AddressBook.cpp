@@ -121,13 +121,23 @@ void AddHostileContacts(AddressBook& book) {
     add("\xff\xfe\xc0\xaf broken \xe4\xb8", "\xed\xa0\x80 half a pair");
     add(Utf8(u8"\u202e右到左\u202c \u200b\ufeff"), Utf8(u8"e\u0301\u0301\u0301\u0301"));
     add("megabyte of note", std::string(kMegabyte, 'x'));
+    add(std::string(kMegabyte, 'n'), "megabyte of name");
     add("broken picture", "",
         Bytes{std::byte{0xff}, std::byte{0xd8}, std::byte{0xff}, std::byte{0}});
     add("picture of no byte", "", Bytes());
     add("picture of one byte", "", Bytes{std::byte{0x42}});
     add("picture too long", "", PaddedPhoto(kPhotoTooLong, 0));
     add("picture of 60000 by 60000", "", HeaderOnlyPng(kAbsurdSide, kAbsurdSide));
-    book.groups.push_back({book.NewGroupId(), "<b>group</b><script>alert(1)</script>", "x", 2});
+    // The last of them is in the groups, so that their titles are shown with it.
+    const auto addGroup = [&](std::string title) {
+        const std::uint64_t id = book.NewGroupId();
+        book.groups.push_back({id, std::move(title), "x", 2});
+        book.contacts.back()
+            .List(ContactList::groups)
+            .push_back({book.NewRow(), static_cast<std::int32_t>(id), {}});
+    };
+    addGroup("<b>group</b><script>alert(1)</script>");
+    addGroup(std::string(kMegabyte, 'g'));
 }
 
 }  // namespace quorvi::phone

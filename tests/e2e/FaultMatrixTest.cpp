@@ -96,7 +96,9 @@ TEST_P(FaultMatrix, EndsWhenTheCableIsPulledAndHasNoLinkThen) {
     const ProgramResult ill = Run();
     EXPECT_FALSE(ill.timedOut);
     EXPECT_GE(ill.status, 0) << ill.messages;
-    EXPECT_EQ(Run().status, 2);
+    const ProgramResult unlinked = Run();
+    EXPECT_EQ(unlinked.status, 2);
+    EXPECT_EQ(unlinked.messages, "quorvictl: 【X】连接错误\n");
     Restore();
     EXPECT_EQ(Run().status, 0);
 }

@@ -87,7 +87,7 @@ TEST_F(PersonalData, EveryContactIsListedWithItsPhoto) {
 TEST_F(PersonalData, HostileContactsAreListedAndShown) {
     bench_.Control(0, "data hostile 1");
     const Json::Value list = Ask({"contacts", "list"});
-    EXPECT_EQ(list.size(), 48u + 13u);
+    EXPECT_EQ(list.size(), 48u + 14u);
     for (const Json::Value& contact : list) {
         EXPECT_EQ(bench_.Suite({"contacts", "show", contact["id"].asString()}).status, 0);
     }

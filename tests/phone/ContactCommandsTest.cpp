@@ -8,6 +8,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// What an update is to do with a row.
+constexpr std::uint32_t kAdd = 0;
+constexpr std::uint32_t kRemove = 1;
+constexpr std::uint32_t kUpdate = 2;
+constexpr std::uint32_t kLeave = 3;
+
+constexpr std::uint64_t kNewRow = ~std::uint64_t{0};
+
 class ContactCommands : public testing::Test {
   protected:
     Outcome AskFor(const Bytes& request) { return Ask(data_, request); }
@@ -45,12 +53,19 @@ class ContactCommands : public testing::Test {
             .AddUInt32(0)  // structured flag
             .AddUInt32(1)  // name flag
             .AddUInt64(name.row)
-            .AddUInt32(2)  // update
+            .AddUInt32(kUpdate)
             .AddUInt32(0)  // reserved
             .AddRawText(name.text)
             .AddUInt32(0)   // nickname flag
             .AddUInt32(0);  // note flag
         return request;
+    }
+
+    // A row of an update's list.
+    static RequestBuilder& AddRow(RequestBuilder& request, std::uint64_t row,
+                                  std::uint32_t operation, std::uint32_t type,
+                                  std::string_view text) {
+        return request.AddUInt64(row).AddUInt32(operation).AddUInt32(type).AddRawText(text);
     }
 
     AgentData data_{DeliveredProfile(0)};
@@ -162,20 +177,10 @@ TEST_F(ContactCommands, AnUpdateAddsChangesAndRemovesRows) {
     Contact& contact = data_.book.contacts[0];
     const auto phones = contact.List(ContactList::phones);
     RequestBuilder request = Update(contact.id, *contact.name);
-    request
-        .AddUInt32(3)  // phones
-        .AddUInt64(phones[0].row)
-        .AddUInt32(1)  // remove
-        .AddUInt32(2)
-        .AddRawText(phones[0].text)
-        .AddUInt64(phones[1].row)
-        .AddUInt32(2)  // update
-        .AddUInt32(1)
-        .AddRawText("02012345678")
-        .AddUInt64(~std::uint64_t{0})
-        .AddUInt32(0)  // add
-        .AddUInt32(3)
-        .AddRawText("110");
+    request.AddUInt32(3);  // phones
+    AddRow(request, phones[0].row, kRemove, 2, phones[0].text);
+    AddRow(request, phones[1].row, kUpdate, 1, "02012345678");
+    AddRow(request, kNewRow, kAdd, 3, "110");
     const Outcome outcome = AskFor(AddEmptyLists(request, 6).Take());
     EXPECT_THAT(outcome.deviations, IsEmpty());
     const auto& changed = contact.List(ContactList::phones);
@@ -191,12 +196,8 @@ TEST_F(ContactCommands, RowsThatAnUpdateLeavesAloneOrDoesNotNameStay) {
     Contact& contact = data_.book.contacts[3];
     const auto phones = contact.List(ContactList::phones);
     RequestBuilder request = Update(contact.id, *contact.name);
-    request
-        .AddUInt32(1)  // phones
-        .AddUInt64(phones[4].row)
-        .AddUInt32(3)  // leave alone
-        .AddUInt32(0)
-        .AddRawText("ignored");
+    request.AddUInt32(1);  // phones
+    AddRow(request, phones[4].row, kLeave, 0, "ignored");
     EXPECT_THAT(AskFor(AddEmptyLists(request, 6).Take()).deviations, IsEmpty());
     EXPECT_EQ(contact.List(ContactList::phones).size(), 5u);
     EXPECT_EQ(contact.List(ContactList::phones)[4].text, phones[4].text);
@@ -216,16 +217,9 @@ TEST_F(ContactCommands, AFieldWhoseFlagIsZeroIsCleared) {
 TEST_F(ContactCommands, ARowThatIsNotThereIsNamed) {
     Contact& contact = data_.book.contacts[0];
     RequestBuilder request = Update(contact.id, *contact.name);
-    request
-        .AddUInt32(2)  // phones
-        .AddUInt64(99999)
-        .AddUInt32(2)  // update
-        .AddUInt32(2)
-        .AddRawText("1")
-        .AddUInt64(0)
-        .AddUInt32(0)  // add, with no id of a new row
-        .AddUInt32(2)
-        .AddRawText("2");
+    request.AddUInt32(2);  // phones
+    AddRow(request, 99999, kUpdate, 2, "1");
+    AddRow(request, 0, kAdd, 2, "2");  // with no id of a new row
     EXPECT_THAT(AskFor(AddEmptyLists(request, 6).Take()).deviations,
                 ElementsAre("no row 99999", "a row to add has the id 0"));
 }
@@ -233,7 +227,8 @@ TEST_F(ContactCommands, ARowThatIsNotThereIsNamed) {
 TEST_F(ContactCommands, AnUnknownOperationIsNamed) {
     Contact& contact = data_.book.contacts[0];
     RequestBuilder request = Update(contact.id, *contact.name);
-    request.AddUInt32(1).AddUInt64(1).AddUInt32(4).AddUInt32(2).AddRawText("1");
+    request.AddUInt32(1);  // phones
+    AddRow(request, 1, 4, 2, "1");
     EXPECT_THAT(AskFor(AddEmptyLists(request, 6).Take()).deviations, ElementsAre("operation 4"));
 }
 
