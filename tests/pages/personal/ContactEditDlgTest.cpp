@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 #include "base/Text.h"
 #include "pages/personal/ContactEditDlg.h"
@@ -160,6 +161,7 @@ TEST_F(ContactEditor, TabGoesThroughTheFormTopToBottomAndThenTheFooter) {
 
 TEST_F(ContactEditor, EnterSavesFromALineAndBreaksOneInTheNote) {
     OpenToAdd();
+    EXPECT_TRUE(qobject_cast<QPushButton*>(Button(1020))->isDefault());
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_));
     Area(1381)->setFocus();
     QTest::keyClick(Area(1381), Qt::Key_Return);

@@ -294,15 +294,7 @@ TEST_F(ContactPage, DetailOfNoDataLeavesTheViewWithoutAMessage) {
 
 // A contact with `text` in each of its texts.
 WireBytes ContactOf(std::string_view text) {
-    WireBytes bytes;
-    bytes
-        .U32(0)   // leading word
-        .U64(11)  // contact id
-        .U32(0)   // favourite
-        .U64(0)   // last contact
-        .U64(0)   // times contacted
-        .U32(0)   // has photo
-        .U32(0);  // structured flag
+    WireBytes bytes = ContactStart(11).U32(0);  // structured flag
     for (int field = 0; field < 3; ++field) {
         bytes.U32(1).U64(70).U32(0).Text(text);
     }

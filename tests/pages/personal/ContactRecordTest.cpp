@@ -142,6 +142,15 @@ TEST_F(ContactRecordReading, ClaimOfTwoBillionItemsEndsWithTheBytes) {
     EXPECT_FALSE(ParseContact(bytes.Buffer()));  // the other lists are missing
 }
 
+TEST_F(ContactRecordReading, CountBeyondTheLastItemEndsWithTheReply) {
+    WireBytes bytes = ContactHead(7, "A");
+    AddEmptyLists(bytes, 6).U32(2).U64(87).U32(1).Text("one of two");  // organisations
+    const auto record = ParseContact(bytes.Buffer());
+    ASSERT_TRUE(record);
+    ASSERT_EQ(record->organisations.size(), 1u);
+    EXPECT_EQ(record->organisations[0].text, "one of two");
+}
+
 TEST_F(ContactRecordReading, CutReplyIsReadAsFarAsItCame) {
     WireBytes bytes = ContactHead(7, "A");
     bytes.U32(2).U64(80).U32(2).Text("111");

@@ -41,15 +41,20 @@ inline WireBytes ListPayload(const std::vector<ListedContact>& contacts) {
     return bytes;
 }
 
-// A contact up to its lists, with no photo and no single field but the name.
-inline WireBytes ContactHead(std::uint64_t id, std::string_view name) {
+// A contact up to its single fields, never contacted and without a photo.
+inline WireBytes ContactStart(std::uint64_t id) {
     return WireBytes()
-        .U32(0)      // leading word
-        .U64(id)     // contact id
-        .U32(0)      // favourite
-        .U64(0)      // last contact
-        .U64(0)      // times contacted
-        .U32(0)      // has photo
+        .U32(0)   // leading word
+        .U64(id)  // contact id
+        .U32(0)   // favourite
+        .U64(0)   // last contact
+        .U64(0)   // times contacted
+        .U32(0);  // has photo
+}
+
+// The same up to its lists, with no single field but the name.
+inline WireBytes ContactHead(std::uint64_t id, std::string_view name) {
+    return ContactStart(id)
         .U32(0)      // structured flag
         .U32(1)      // name flag
         .U64(70)     // name row id

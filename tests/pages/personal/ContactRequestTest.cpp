@@ -4,7 +4,7 @@
 
 #include "base/Text.h"
 #include "pages/personal/ContactForm.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/pages/personal/ContactReplies.h"
 
 namespace quorvi {
 namespace {
@@ -150,21 +150,13 @@ TEST(ContactRequests, ChangedContactIsExactToTheByte) {
 TEST(ContactRequests, StructuredTextGoesBackAsTheLoadFoundIt) {
     // With characters that the code page has, has not, and that are none.
     const std::string structured = "林 \xF0\x9F\x8E\x88 \xFF";
-    WireBytes reply;
+    WireBytes reply = ContactStart(7);
     reply
-        .U32(0)   // leading word
-        .U64(7)   // contact id
-        .U32(0)   // favourite
-        .U64(0)   // last contact
-        .U64(0)   // times contacted
-        .U32(0)   // has photo
         .U32(1)   // structured flag
         .U64(69)  // structured row id
         .U32(0)   // reserved
         .Text(structured);
-    for (int i = 0; i < 3 + 7; ++i) {
-        reply.U32(0);  // flags, counts
-    }
+    AddEmptyLists(reply.U32(0).U32(0).U32(0));  // flags, counts
     const ContactRecord loaded = ParseContact(reply.Buffer()).value();
     const Bytes request = UpdateContactRequest(RecordToUpdate(loaded, FormOf(loaded)));
     WireBytes start;
