@@ -17,6 +17,7 @@ namespace {
 
 constexpr char kFlagsVariable[] = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr char kSandboxVariable[] = "QTWEBENGINE_DISABLE_SANDBOX";
+constexpr char kTextureVariable[] = "force_s3tc_enable";
 
 // Lets local views load what is part of the program, and nothing else.
 class LocalRequestsOnly : public QWebEngineUrlRequestInterceptor {
@@ -82,6 +83,9 @@ void PrepareHtmlViews() {
     if (geteuid() == 0 && !qEnvironmentVariableIsSet(kSandboxVariable)) {
         qputenv(kSandboxVariable, "1");
     }
+    // The browser engine sets this one itself as the first view is made. A new variable moves the
+    // environment, and a program that another thread is just starting with it does not start.
+    qputenv(kTextureVariable, "true");
 }
 
 CDocHostSite::CDocHostSite(HtmlContent content, PrivateLinkListener listener, QObject* parent)

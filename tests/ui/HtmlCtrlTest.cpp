@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QProcessEnvironment>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTcpServer>
@@ -21,6 +22,12 @@ namespace quorvi {
 namespace {
 
 constexpr int kGrace = 200;  // ms in which nothing is to happen
+
+// The names of the environment's variables, and those that stood before the first view was made.
+QStringList VariableNames() {
+    return QProcessEnvironment::systemEnvironment().keys();
+}
+QStringList namesBeforeAnyView;
 
 // A web server on 127.0.0.1 that counts connections and answers every request with one page.
 class WebServer : public QTcpServer {
@@ -527,6 +534,12 @@ TEST_F(WebView, LocalViewGoesToNoUrl) {
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
+// Other threads start programs with it by then.
+TEST_F(HtmlCtrl, TheFirstViewAddsNothingToTheEnvironment) {
+    ShowBlock();
+    EXPECT_EQ(VariableNames(), namesBeforeAnyView);
+}
+
 TEST_F(HtmlCtrl, TakesThePlaceOfAStaticControl) {
     QWidget page;
     auto* place = new QWidget(&page);
@@ -546,5 +559,6 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     quorvi::PrepareHtmlViews();
     const QApplication application(argc, argv);
+    quorvi::namesBeforeAnyView = quorvi::VariableNames();
     return RUN_ALL_TESTS();
 }
