@@ -46,5 +46,19 @@ TEST_F(PageVisits, APhoneThatIsGoneLeavesTheOldListsStanding) {
     EXPECT_EQ(Status(), ToQString(u8"【X】连接错误"));
 }
 
+// A suite of its own: its window is gone then.
+class WindowEnd : public PagesOnPhone {};
+
+TEST_F(WindowEnd, WaitsForNoReply) {
+    OpenFresh(kCalls);
+    Tell("fault 870301 stall");
+    Command(0);
+    ASSERT_TRUE(WaitFor([] { return Requests(870301).size() == 1; }));
+    Window().close();
+    EXPECT_EQ(Desk().Ended(), 1);
+    EXPECT_FALSE(Window().isVisible());
+    Tell("release");
+}
+
 }  // namespace
 }  // namespace quorvi

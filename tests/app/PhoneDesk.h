@@ -31,6 +31,8 @@ class PhoneDesk : private MainDoubles {
     [[nodiscard]] CMainDlg& Window() { return *window_; }
     [[nodiscard]] const DeviceContext& Device() const { return device_; }
     [[nodiscard]] const std::vector<Sound>& Played() const { return sounds_.played; }
+    // How often the window has asked for the end of the process.
+    [[nodiscard]] int Ended() const { return ended_; }
 
     // Until nothing of the link procedure runs any more.
     [[nodiscard]] bool WaitForLink();

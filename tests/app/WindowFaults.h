@@ -99,7 +99,7 @@ class WindowFaults : public PagesOnPhone {
     // Does `act`, which has the phone asked `code`, under a fault, to the end of all that follows.
     // The window's thread stays alive, and nothing is said but what must be.
     void Suffer(const FaultMode& mode, AgentCommand code, const std::function<void()>& act);
-    // The same for the part of it in which a stalled reply is held; `look` sees the window then.
+    // What Suffer does besides while the phone holds its reply.
     void SetLook(std::function<void()> look) { look_ = std::move(look); }
     // The phone and its link as they should be, and nothing said.
     void Lift();
