@@ -1,7 +1,6 @@
 #include "pages/personal/SmsComposeDlg.h"
 
 #include <QGridLayout>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -90,7 +89,6 @@ void CSmsComposeDlg::BuildControls() {
     const QString text = ToQString(u8"发送内容");
     text_ = SetControlNumber(new CSkinTextEdit({}, Body()), kText, text);
     text_->setFixedHeight(Metric::composerText);
-    text_->setTabChangesFocus(true);
 
     length_ = new QLabel(Body());
     length_->setObjectName(QStringLiteral("messageLength"));
