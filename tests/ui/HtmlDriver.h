@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QSignalSpy>
 #include <QTest>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -15,10 +16,9 @@ namespace quorvi {
 
 // Shows a window and waits until the view in it has loaded its document.
 inline void ShowWithDocument(QWidget& window, const CHtmlCtrlBase& view) {
-    bool loaded = false;
-    QObject::connect(&view, &CHtmlCtrlBase::documentLoaded, &window, [&] { loaded = true; });
+    const QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     window.show();
-    ASSERT_TRUE(WaitFor([&] { return loaded; }));
+    ASSERT_TRUE(WaitFor([&] { return !loaded.isEmpty(); }));
 }
 
 // What a script of the program's own gives back.
