@@ -187,14 +187,19 @@ ContactForm CContactEditDlg::Form() const {
 }
 
 void CContactEditDlg::SetForm(const ContactForm& form) {
-    const auto typed = [](const TypedField& field, const ContactTypedField& value,
-                          const ContactTypeTable& types) {
+    // A long text shows its start.
+    const auto show = [](CSkinEdit* field, const std::string& text) {
+        field->setText(ToQString(text));
+        field->home(false);
+    };
+    const auto typed = [&show](const TypedField& field, const ContactTypedField& value,
+                               const ContactTypeTable& types) {
         field.type->setCurrentIndex(types.ComboIndex(value.type));
-        field.text->setText(ToQString(value.text));
+        show(field.text, value.text);
     };
     favourite_->SetCheck(form.favourite ? 1 : 0);
     name_->setText(ToQString(form.name));
-    nickname_->setText(ToQString(form.nickname));
+    show(nickname_, form.nickname);
     note_->SetText(ToQString(form.note));
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         typed(phones_[i], form.phones[i], kPhoneTypes);
@@ -202,8 +207,8 @@ void CContactEditDlg::SetForm(const ContactForm& form) {
     typed(im_, form.im, kImTypes);
     typed(email_, form.email, kEmailTypes);
     website_->SetText(ToQString(form.website));
-    organisation_->setText(ToQString(form.organisation));
-    address_->setText(ToQString(form.address));
+    show(organisation_, form.organisation);
+    show(address_, form.address);
 }
 
 void CContactEditDlg::SetBusy(bool busy) {

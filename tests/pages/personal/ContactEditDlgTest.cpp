@@ -201,6 +201,11 @@ TEST_F(ContactEditor, LoadShowsEveryField) {
     EXPECT_EQ(Area(1381)->toPlainText(), ToQString(u8"十月生日"));
     EXPECT_EQ(Notice(), QString());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
+    for (const int number : {1152, 1150, 1236, 1242, 1243, 1244}) {
+        EXPECT_EQ(Edit(number)->cursorPosition(), 0) << number;  // a long text shows its start
+    }
+    EXPECT_EQ(Focused(), QStringLiteral("1149"));
+    EXPECT_EQ(Edit(1149)->cursorPosition(), 3);  // the name is to be gone on with
 }
 
 TEST_F(ContactEditor, TextsOfAMegabyteAreShownAndSavedWhole) {
