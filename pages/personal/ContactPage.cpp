@@ -161,7 +161,6 @@ void CContactPage::AddContact() {
     auto* editor = new CContactEditDlg(Host(), this, agentPort_);
     if (unsaved_) {
         editor->Resume(*unsaved_);
-        unsaved_.reset();  // offered once
     }
     editor->Open([this, editor](int result) {
         unsaved_ = editor->Unsaved();

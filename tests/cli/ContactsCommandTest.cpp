@@ -94,9 +94,10 @@ TEST_F(ContactsCommand, ListGivesEachRowWithItsAttribution) {
     EXPECT_EQ(row["name"].asString(), "林远舟");
     EXPECT_EQ(row["number"].asString(), "10086");
     EXPECT_EQ(row["attribution"].asString(), "中国移动");
-    EXPECT_TRUE(row["favourite"].asBool());
+    EXPECT_EQ(row["favourite"], Json::Value(true));
     EXPECT_EQ(row["last_contact"].asString(), "N/A");
     EXPECT_EQ(row["photo_bytes"].asUInt(), 4u);
+    EXPECT_EQ(row.size(), 7u);  // and nothing else
     EXPECT_EQ(Request(0), Word(870101));
 }
 
@@ -114,7 +115,7 @@ TEST_F(ContactsCommand, ShowGivesTheRecordWithItsLabels) {
     const auto record = ParseJson(ended.output);
     ASSERT_TRUE(record && record->isObject());
     EXPECT_EQ((*record)["id"].asUInt(), 7u);
-    EXPECT_TRUE((*record)["favourite"].asBool());
+    EXPECT_EQ((*record)["favourite"], Json::Value(true));
     EXPECT_EQ((*record)["name"].asString(), "林远舟");
     EXPECT_EQ((*record)["last_contact"].asString(), "N/A");
     EXPECT_EQ((*record)["times_contacted"].asUInt(), 27u);
