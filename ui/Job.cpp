@@ -1,34 +1,74 @@
 #include "ui/Job.h"
 
 #include <QCoreApplication>
-#include <QMetaObject>
+#include <QEvent>
+#include <deque>
+#include <mutex>
 
 namespace quorvi {
 namespace {
 
-// Lives as long as the process, so that a worker may post to it at any time.
-QObject& WindowThread() {
-    static QObject* const object = [] {
-        auto* made = new QObject;
-        if (QCoreApplication::instance() != nullptr) {
-            made->moveToThread(QCoreApplication::instance()->thread());
+struct Posted {
+    QPointer<QObject> receiver;
+    std::function<void()> what;
+};
+
+// What is on its way to the window's thread. Qt only wakes that thread, once for each post: the
+// hand-over is under a mutex of our own, so that the thread sanitizer, which knows nothing of Qt's,
+// sees what comes before what. Lives as long as the process, so that a worker may post to it at any
+// time.
+class WindowQueue : public QObject {
+  public:
+    static WindowQueue& Get() {
+        static WindowQueue* const queue = [] {
+            auto* made = new WindowQueue;
+            if (QCoreApplication::instance() != nullptr) {
+                made->moveToThread(QCoreApplication::instance()->thread());
+            }
+            return made;
+        }();
+        return *queue;
+    }
+
+    void Post(Posted posted) {
+        {
+            const std::lock_guard lock(mutex_);
+            posted_.push_back(std::move(posted));
         }
-        return made;
-    }();
-    return *object;
-}
+        QCoreApplication::postEvent(this, new QEvent(kWake));
+    }
+
+  protected:
+    // One post for each event: what runs may turn the window's loop itself.
+    bool event(QEvent* event) override {
+        if (event->type() != kWake) {
+            return QObject::event(event);
+        }
+        const Posted first = TakeFirst();
+        if (first.receiver) {
+            first.what();
+        }
+        return true;
+    }
+
+  private:
+    static constexpr QEvent::Type kWake = QEvent::User;
+
+    Posted TakeFirst() {
+        const std::lock_guard lock(mutex_);
+        Posted first = std::move(posted_.front());
+        posted_.pop_front();
+        return first;
+    }
+
+    std::mutex mutex_;
+    std::deque<Posted> posted_;
+};
 
 }  // namespace
 
 void PostToWindow(QPointer<QObject> receiver, std::function<void()> what) {
-    QMetaObject::invokeMethod(
-        &WindowThread(),
-        [receiver = std::move(receiver), what = std::move(what)] {
-            if (receiver) {
-                what();
-            }
-        },
-        Qt::QueuedConnection);
+    WindowQueue::Get().Post({std::move(receiver), std::move(what)});
 }
 
 }  // namespace quorvi
