@@ -169,6 +169,10 @@ void AnsiToUtf8(std::string& text) {
     }
 }
 
+bool FitsCodePage(std::string_view utf8) {
+    return IsAscii(utf8) || ToUtf8(ToAnsi(utf8)) == utf8;
+}
+
 std::string Ansi(std::u8string_view text) {
     return ToAnsi({reinterpret_cast<const char*>(text.data()), text.size()});
 }

@@ -28,6 +28,10 @@ void AnsiToUtf8(std::string& text);
 [[nodiscard]] std::string ToAnsi(std::string_view utf8);
 [[nodiscard]] std::string ToUtf8(std::string_view ansi);
 
+// True when a text comes back from the program's code page as it was: it holds no character that
+// the code page lacks, and no malformed sequence. Any thread.
+[[nodiscard]] bool FitsCodePage(std::string_view utf8);
+
 // A text of the program's own, as it is kept in memory.
 [[nodiscard]] std::string Ansi(std::u8string_view text);
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "base/Json.h"
 #include "base/Text.h"
@@ -101,9 +102,16 @@ constexpr Member kMembers[] = {
     {"address", kInto<&ContactForm::address>},
 };
 
+bool LosesCharacters(const Json::Value& value) {
+    if (value.isString()) {
+        return !FitsCodePage(value.asString());
+    }
+    return std::any_of(value.begin(), value.end(), LosesCharacters);
+}
+
 }  // namespace
 
-std::variant<ContactForm, FormComplaint> ReadContactForm(std::string_view utf8) {
+std::variant<ContactFormInput, FormComplaint> ReadContactForm(std::string_view utf8) {
     const auto document = ParseJson(utf8);
     if (!document || !document->isObject()) {
         return FormComplaint{Ansi(u8"标准输入应为一个 JSON 对象")};
@@ -118,7 +126,7 @@ std::variant<ContactForm, FormComplaint> ReadContactForm(std::string_view utf8) 
             return *std::move(complaint);
         }
     }
-    return form;
+    return ContactFormInput{std::move(form), LosesCharacters(*document)};
 }
 
 }  // namespace quorvi::cli

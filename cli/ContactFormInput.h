@@ -16,9 +16,15 @@ struct FormComplaint {
     std::string text;
 };
 
+struct ContactFormInput {
+    ContactForm form;
+    // A text holds characters that the code page lacks: they are '?' in the form.
+    bool charactersLost = false;
+};
+
 // {favourite, name, nickname, note, phones: [up to three of {type, text}], im: {type, text},
 // email: {type, text}, website, organisation, address}; a member left out is a field left as the
 // editor opens with it. A member of another name, or of another kind, is refused.
-[[nodiscard]] std::variant<ContactForm, FormComplaint> ReadContactForm(std::string_view utf8);
+[[nodiscard]] std::variant<ContactFormInput, FormComplaint> ReadContactForm(std::string_view utf8);
 
 }  // namespace quorvi::cli

@@ -122,12 +122,16 @@ std::optional<ContactRecord> ReadContact(std::uint32_t id, Needed needed, Output
 // The form on standard input.
 std::optional<ContactForm> FormOfInput(Output& output) {
     const std::string input(std::istreambuf_iterator<char>(std::cin), {});
-    auto form = ReadContactForm(input);
-    if (const auto* complaint = std::get_if<FormComplaint>(&form)) {
+    auto read = ReadContactForm(input);
+    if (const auto* complaint = std::get_if<FormComplaint>(&read)) {
         output.Complain(complaint->text);
         return std::nullopt;
     }
-    return std::get<ContactForm>(std::move(form));
+    auto& [form, charactersLost] = std::get<ContactFormInput>(read);
+    if (charactersLost) {
+        output.Complain(Ansi(u8"有些字符无法保存，会变成“?”"));
+    }
+    return std::move(form);
 }
 
 }  // namespace

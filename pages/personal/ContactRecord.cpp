@@ -36,9 +36,8 @@ ContactField TakeUtf8Field(ReplyCursor& cursor) {
 
 // A text in ANSI. `lost` becomes true when the code page lacks a character of it.
 std::string AnsiOf(std::string_view utf8, bool& lost) {
-    std::string ansi = ToAnsi(utf8);
-    lost = lost || ToUtf8(ansi) != utf8;
-    return ansi;
+    lost = lost || !FitsCodePage(utf8);
+    return ToAnsi(utf8);
 }
 
 ContactField TakeField(ReplyCursor& cursor, bool& lost) {

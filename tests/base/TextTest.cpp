@@ -186,5 +186,18 @@ TEST(ToInt, ANumberBeyond32BitsStaysAtTheNearestEnd) {
     EXPECT_EQ(ToInt("-99999999999999999999"), std::numeric_limits<int>::min());
 }
 
+TEST(Text, OnlyWhatComesBackAsItWasFitsTheCodePage) {
+    EXPECT_TRUE(FitsCodePage(""));
+    EXPECT_TRUE(FitsCodePage("A?"));
+    EXPECT_TRUE(FitsCodePage("连接？"));
+    EXPECT_FALSE(FitsCodePage("\xF0\x9F\x8E\x88"));  // a balloon
+    EXPECT_FALSE(FitsCodePage("\xFF"));
+}
+
+TEST_F(InGb18030, EveryCharacterFits) {
+    EXPECT_TRUE(FitsCodePage("\xF0\x9F\x8E\x88"));
+    EXPECT_FALSE(FitsCodePage("\xFF"));
+}
+
 }  // namespace
 }  // namespace quorvi

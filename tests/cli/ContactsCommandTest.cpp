@@ -163,6 +163,18 @@ TEST_F(ContactsCommand, AddSendsTheVeryBytesOfTheEditor) {
     EXPECT_EQ(Request(0), AddContactRequest(RecordToAdd(Form()).value()));
 }
 
+TEST_F(ContactsCommand, CharactersThatTheCodePageLacksAreSavedWithAWarning) {
+    START_OR_SKIP({.bytes = Word(1)});
+    const std::string line =
+        Fed("contacts add", R"({"name": "A", "phones": [{"text": "\ud83c\udf88"}]})");
+    EXPECT_EQ(Err(line).output, "quorvictl: 有些字符无法保存，会变成“?”\n");
+    ContactForm form;
+    form.name = "A";
+    form.phones[0].text = "?";
+    EXPECT_EQ(Request(0), AddContactRequest(RecordToAdd(form).value()));
+    EXPECT_EQ(Err(Fed("contacts add", kForm)).output, "");
+}
+
 TEST_F(ContactsCommand, UpdateReadsTheContactAndSendsTheDifference) {
     START_OR_SKIP({.bytes = Framed(Contact())});
     EXPECT_EQ(Out(Fed("contacts update 7", kForm)).status, 0);
