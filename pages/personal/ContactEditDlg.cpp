@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "agent/AgentSession.h"
+#include "base/Text.h"
 #include "pages/PageSession.h"
 #include "ui/ControlNumber.h"
 #include "ui/Job.h"
@@ -69,11 +70,17 @@ CContactEditDlg::CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidge
 }
 
 CSkinEdit* CContactEditDlg::Edit(int number, const QString& name) {
-    return SetControlNumber(new CSkinEdit({}, Body()), number, name);
+    auto* field = SetControlNumber(new CSkinEdit({}, Body()), number, name);
+    connect(field, &QLineEdit::textChanged, this,
+            [this, field](const QString& text) { Follow(field, text); });
+    return field;
 }
 
 CSkinTextEdit* CContactEditDlg::TextEdit(int number, const QString& name) {
-    return SetControlNumber(new CSkinTextEdit({}, Body()), number, name);
+    auto* field = SetControlNumber(new CSkinTextEdit({}, Body()), number, name);
+    connect(field, &QPlainTextEdit::textChanged, this,
+            [this, field] { Follow(field, field->toPlainText()); });
+    return field;
 }
 
 CContactEditDlg::TypedField CContactEditDlg::Typed(int typeNumber, int textNumber,
@@ -239,9 +246,27 @@ void CContactEditDlg::Load() {
         });
 }
 
+void CContactEditDlg::Follow(const QWidget* field, const QString& text) {
+    if (FitsCodePage(text.toStdString())) {
+        lossy_.erase(field);
+    } else {
+        lossy_.insert(field);
+    }
+    ShowNotice();
+}
+
 void CContactEditDlg::Notice(int state, std::u8string_view text) {
-    notice_->SetState(state, ToQString(text));
-    notice_->setVisible(!text.empty());
+    noticeState_ = state;
+    noticeText_ = ToQString(text);
+    ShowNotice();
+}
+
+// What is being typed comes first.
+void CContactEditDlg::ShowNotice() {
+    const bool lossy = !lossy_.empty();
+    notice_->SetState(lossy ? CSkinStateLabel::kRed : noticeState_,
+                      lossy ? ToQString(u8"有些字符无法保存，会变成“?”") : noticeText_);
+    notice_->setVisible(!notice_->text().isEmpty());
 }
 
 void CContactEditDlg::Resume(const ContactForm& form) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string_view>
 
 #include "agent/Wire.h"
@@ -53,7 +54,10 @@ class CContactEditDlg : public SkinDialog {
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
     void Load();
+    // A field's text has changed.
+    void Follow(const QWidget* field, const QString& text);
     void Notice(int state, std::u8string_view text);
+    void ShowNotice();
     void Save();
     void Send(Bytes request);
     void SetBusy(bool busy);
@@ -64,6 +68,10 @@ class CContactEditDlg : public SkinDialog {
     std::uint16_t agentPort_;
     ContactRecord record_;  // update mode: as it was loaded
     std::optional<ContactForm> unsaved_;
+    // What there is to say of the contact beside the state.
+    int noticeState_ = 0;
+    QString noticeText_;
+    std::set<const QWidget*> lossy_;  // fields with characters that cannot be saved
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;

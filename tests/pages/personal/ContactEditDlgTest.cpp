@@ -362,6 +362,21 @@ TEST_F(ContactEditor, SaveThatIsNotAcknowledgedIsKept) {
     EXPECT_EQ(saveAt(UnusedPort())->name, "A");
 }
 
+TEST_F(ContactEditor, CharactersThatCannotBeSavedAreWarnedOfWhileTheyStand) {
+    OpenLoaded(ContactPayload(7, "A\xFF"));
+    const QString loaded = Notice();
+    const QString typed = ToQString(u8"有些字符无法保存，会变成“?”");
+    const QString balloon = QStringLiteral("\U0001F388");
+    Edit(1243)->setText(balloon);
+    EXPECT_EQ(Notice(), typed);
+    Area(1381)->setPlainText(balloon);
+    Edit(1243)->setText(QStringLiteral("a"));
+    EXPECT_EQ(Notice(), typed);
+    Area(1381)->clear();
+    EXPECT_EQ(Notice(), loaded);
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
+}
+
 TEST_F(ContactEditor, FormThatIsResumedIsShownWithAWord) {
     OpenToAdd();
     ContactForm form;
