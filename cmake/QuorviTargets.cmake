@@ -50,7 +50,9 @@ endfunction()
 # [ENV k=v…]):
 # a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER,
 # the program is one (for suites whose set-up is dear). LOCKS names what two tests may not hold at
-# once: `agent_port` (127.0.0.1:50505 and an adb server) above all.
+# once: `agent_port` (127.0.0.1:50505 and an adb server) above all. LABEL: ctest's, and the target
+# tests_<label> builds all programs that bear it: `e2e` real adb and simulated phones, `threads`
+# what the window does with its workers.
 function(quorvi_test name)
   cmake_parse_arguments(ARG "QT;WHOLE" "TIMEOUT;LABEL" "SOURCES;LIBS;LOCKS;WRAPPER;ENV" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
@@ -77,6 +79,10 @@ function(quorvi_test name)
   endif()
   if(ARG_LABEL)
     list(APPEND properties LABELS "${ARG_LABEL}")
+    if(NOT TARGET tests_${ARG_LABEL})
+      add_custom_target(tests_${ARG_LABEL})
+    endif()
+    add_dependencies(tests_${ARG_LABEL} ${name})
   endif()
   if(ARG_WHOLE OR ARG_WRAPPER)
     add_test(NAME ${name} COMMAND ${ARG_WRAPPER} $<TARGET_FILE:${name}>)

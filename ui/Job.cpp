@@ -1,7 +1,6 @@
 #include "ui/Job.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <deque>
 #include <mutex>
 
@@ -14,10 +13,11 @@ struct Posted {
 };
 
 // What is on its way to the window's thread. Qt only wakes that thread, once for each post: the
-// hand-over is under a mutex of our own, so that the thread sanitizer, which knows nothing of Qt's,
-// sees what comes before what. Lives as long as the process, so that a worker may post to it at any
-// time.
+// hand-over is under a mutex of our own, so that the thread sanitizer, which sees nothing of Qt's
+// inside, knows what comes before what. Lives as long as the process, so that a worker may post to
+// it at any time.
 class WindowQueue : public QObject {
+    Q_OBJECT
   public:
     static WindowQueue& Get() {
         static WindowQueue* const queue = [] {
@@ -35,24 +35,24 @@ class WindowQueue : public QObject {
             const std::lock_guard lock(mutex_);
             posted_.push_back(std::move(posted));
         }
-        QCoreApplication::postEvent(this, new QEvent(kWake));
+        Q_EMIT postCame();
     }
 
-  protected:
-    // One post for each event: what runs may turn the window's loop itself.
-    bool event(QEvent* event) override {
-        if (event->type() != kWake) {
-            return QObject::event(event);
-        }
+  Q_SIGNALS:
+    void postCame();
+
+  private:
+    WindowQueue() {
+        connect(this, &WindowQueue::postCame, this, &WindowQueue::RunFirst, Qt::QueuedConnection);
+    }
+
+    // One post for each wake: what runs may turn the window's loop itself.
+    void RunFirst() {
         const Posted first = TakeFirst();
         if (first.receiver) {
             first.what();
         }
-        return true;
     }
-
-  private:
-    static constexpr QEvent::Type kWake = QEvent::User;
 
     Posted TakeFirst() {
         const std::lock_guard lock(mutex_);
@@ -72,3 +72,5 @@ void PostToWindow(QPointer<QObject> receiver, std::function<void()> what) {
 }
 
 }  // namespace quorvi
+
+#include "Job.moc"

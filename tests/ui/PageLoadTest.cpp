@@ -1,8 +1,10 @@
+#include <QTest>
+#include <atomic>
 #include <future>
 #include <memory>
 #include <vector>
 
-#include "tests/app/WidgetTest.h"
+#include "tests/ui/QtMain.h"
 #include "ui/PageLoad.h"
 
 namespace quorvi {
@@ -10,8 +12,12 @@ namespace {
 
 constexpr int kKey = 4;
 
-class PageLoading : public WidgetTest {
+class PageLoading : public QtTest {
   protected:
+    [[nodiscard]] static bool WaitFor(const std::function<bool()>& reached) {
+        return QTest::qWaitFor(reached, 30'000);
+    }
+
     PageLoadState state_;
     std::unique_ptr<QObject> page_ = std::make_unique<QObject>();
     PageLoad load_{*page_, state_, kKey};
