@@ -15,7 +15,7 @@
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "agent/Wire.h"
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 

@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "app/SmallFile.h"
 #include "base/Text.h"
+#include "base/os/SmallFile.h"
 
 namespace quorvi {
 namespace {

@@ -3,8 +3,8 @@
 #include <system_error>
 
 #include "app/DesktopEntry.h"
-#include "app/SmallFile.h"
 #include "base/Text.h"
+#include "base/os/SmallFile.h"
 
 namespace quorvi {
 namespace {

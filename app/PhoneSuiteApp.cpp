@@ -20,7 +20,7 @@
 #include "app/Tour.h"
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 #include "link/DeviceManagerDlg.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"

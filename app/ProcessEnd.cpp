@@ -13,7 +13,7 @@
 #include <fstream>
 #include <string>
 
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 #include "ui/QtText.h"
 #include "ui/QuestionDlg.h"
 

@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "base/Json.h"
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 
 namespace quorvi {
 namespace {

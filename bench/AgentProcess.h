@@ -8,7 +8,7 @@
 
 #include "agent/AgentCommand.h"
 #include "agent/Wire.h"
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 

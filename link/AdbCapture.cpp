@@ -6,6 +6,8 @@
 #include <array>
 #include <cerrno>
 
+#include "link/AdbPath.h"
+
 namespace quorvi {
 namespace {
 
@@ -30,7 +32,8 @@ std::ptrdiff_t ReadOnce(int descriptor, std::size_t most, std::string& text, std
 Capture RunAdbCapture(std::string_view command, std::size_t limit) {
     Capture capture;
     ChildProcess child;
-    capture.outcome = child.Start(command, ChildProcess::Input::none, ChildProcess::Output::pipe);
+    capture.outcome = child.Start(SplitCommandLine(command), ChildProcess::Input::none,
+                                  ChildProcess::Output::pipe);
     if (capture.outcome != RunOutcome::started) {
         return capture;
     }
@@ -55,8 +58,8 @@ Capture RunAdbCapture(std::string_view command, std::size_t limit) {
 
 bool LaunchAdb(std::string_view command) {
     ChildProcess child;
-    return child.Start(command, ChildProcess::Input::none, ChildProcess::Output::none) ==
-           RunOutcome::started;
+    return child.Start(SplitCommandLine(command), ChildProcess::Input::none,
+                       ChildProcess::Output::none) == RunOutcome::started;
 }
 
 }  // namespace quorvi

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "link/ChildProcess.h"
+#include "base/os/ChildProcess.h"
 
 namespace quorvi {
 

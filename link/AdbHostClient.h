@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 

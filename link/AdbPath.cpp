@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 
 namespace quorvi {
 namespace {

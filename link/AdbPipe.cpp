@@ -13,7 +13,8 @@
 #include <thread>
 #include <utility>
 
-#include "link/ChildProcess.h"
+#include "base/os/ChildProcess.h"
+#include "link/AdbPath.h"
 
 namespace quorvi {
 
@@ -109,8 +110,8 @@ bool CAdbPipe::Start(std::string_view command) {
     auto run = std::make_shared<Run>(listener_, pollInterval_);
     run->stopEvent = FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     if (!run->stopEvent.IsOpen() ||
-        run->child.Start(command, ChildProcess::Input::pipe, ChildProcess::Output::pipe) !=
-            RunOutcome::started) {
+        run->child.Start(SplitCommandLine(command), ChildProcess::Input::pipe,
+                         ChildProcess::Output::pipe) != RunOutcome::started) {
         return false;
     }
     // Held while the reader starts, so that a Stop from its first call finds the run.

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/os/ChildProcess.h"
 #include "link/AdbOutput.h"
-#include "link/ChildProcess.h"
 #include "link/LinkEnvironment.h"
 
 namespace quorvi {

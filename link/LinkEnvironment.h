@@ -7,7 +7,7 @@
 #include <string>
 
 #include "agent/Wire.h"
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 #include "link/AdbHostClient.h"
 #include "link/AdbPath.h"
 

@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "link/FileDescriptor.h"
+#include "base/os/FileDescriptor.h"
 
 namespace quorvi {
 namespace {

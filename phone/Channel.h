@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "agent/Request.h"
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 #include "phone/EventLoop.h"
 
 namespace quorvi::phone {

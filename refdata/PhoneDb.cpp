@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 #include "refdata/PhoneDbFormat.h"
 
 namespace quorvi {

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "agent/Request.h"
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "app/DesktopFolders.h"
-#include "app/SmallFile.h"
+#include "base/os/SmallFile.h"
 #include "tests/app/TemporaryFolder.h"
 
 namespace quorvi {

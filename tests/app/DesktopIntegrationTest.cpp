@@ -7,7 +7,7 @@
 
 #include "app/DesktopEntry.h"
 #include "app/DesktopIntegration.h"
-#include "app/SmallFile.h"
+#include "base/os/SmallFile.h"
 #include "tests/app/TemporaryFolder.h"
 
 namespace quorvi {

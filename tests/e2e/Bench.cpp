@@ -7,8 +7,8 @@
 #include <chrono>
 #include <thread>
 
-#include "base/TcpSocket.h"
 #include "base/Text.h"
+#include "base/os/TcpSocket.h"
 #include "phone/adb/Packet.h"
 
 namespace quorvi::e2e {

@@ -12,7 +12,7 @@
 
 #include "agent/AgentCommand.h"
 #include "agent/Wire.h"
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 

@@ -5,8 +5,8 @@
 
 #include <thread>
 
-#include "base/ProgramPath.h"
 #include "base/Text.h"
+#include "base/os/ProgramPath.h"
 #include "refdata/AreaTable.h"
 #include "refdata/PhoneDb.h"
 #include "tests/refdata/SmallPhoneDb.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 
 namespace quorvi {
 namespace {

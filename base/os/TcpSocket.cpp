@@ -1,4 +1,4 @@
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

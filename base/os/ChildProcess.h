@@ -1,13 +1,14 @@
-// One child process with its output on a pipe: what both runners of adb stand on.
+// One child process with its output on a pipe: what the runners of adb stand on.
 #pragma once
 
 #include <sys/types.h>
 
 #include <cstddef>
 #include <mutex>
-#include <string_view>
+#include <string>
+#include <vector>
 
-#include "link/FileDescriptor.h"
+#include "base/os/FileDescriptor.h"
 
 namespace quorvi {
 
@@ -30,10 +31,10 @@ class ChildProcess {
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    // Starts a command line (see SplitCommandLine) without a shell, from the argument vector. The
-    // child gets no descriptor of this process but its standard ones: output and error together on
+    // Starts a program with its arguments, the program's name first, without a shell. The child
+    // gets no descriptor of this process but its standard ones: output and error together on
     // the pipe, or nowhere; input from a pipe on which nothing is ever written, or from nowhere.
-    RunOutcome Start(std::string_view command, Input input, Output output);
+    RunOutcome Start(std::vector<std::string> arguments, Input input, Output output);
 
     // The pipe's read end. Does not block.
     [[nodiscard]] int OutputDescriptor() const { return output_.Get(); }

@@ -1,4 +1,4 @@
-#include "link/ChildProcess.h"
+#include "base/os/ChildProcess.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -13,8 +13,6 @@
 #include <thread>
 #include <utility>
 #include <vector>
-
-#include "link/AdbPath.h"
 
 namespace quorvi {
 namespace {
@@ -97,9 +95,8 @@ void AwaitEnd(pid_t child) {
 
 }  // namespace
 
-RunOutcome ChildProcess::Start(std::string_view command, Input input, Output output) {
+RunOutcome ChildProcess::Start(std::vector<std::string> arguments, Input input, Output output) {
     Release();
-    std::vector<std::string> arguments = SplitCommandLine(command);
     if (arguments.empty()) {
         return RunOutcome::noProcess;
     }

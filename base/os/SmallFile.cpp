@@ -1,4 +1,4 @@
-#include "app/SmallFile.h"
+#include "base/os/SmallFile.h"
 
 #include <fstream>
 #include <system_error>

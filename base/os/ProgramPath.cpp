@@ -1,4 +1,4 @@
-#include "base/ProgramPath.h"
+#include "base/os/ProgramPath.h"
 
 #include <system_error>
 

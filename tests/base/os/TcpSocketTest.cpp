@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-#include "base/TcpSocket.h"
+#include "base/os/TcpSocket.h"
 
 namespace quorvi {
 namespace {
