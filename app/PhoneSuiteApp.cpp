@@ -9,7 +9,6 @@
 
 #include "app/BusNotifier.h"
 #include "app/CommandLine.h"
-#include "app/DesktopIntegration.h"
 #include "app/DesktopTray.h"
 #include "app/EffectSounds.h"
 #include "app/EndSignals.h"
@@ -21,6 +20,7 @@
 #include "app/WindowLinkFace.h"
 #include "base/Deployment.h"
 #include "base/os/ProgramPath.h"
+#include "desktop/DesktopIntegration.h"
 #include "link/DeviceManagerDlg.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "app/DesktopIntegration.h"
+#include "desktop/DesktopIntegration.h"
 #include "ui/Page.h"
 #include "ui/PageLoad.h"
 

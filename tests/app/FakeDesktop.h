@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/DesktopIntegration.h"
+#include "desktop/DesktopIntegration.h"
 
 namespace quorvi {
 

@@ -1,4 +1,4 @@
-#include "app/DesktopEntry.h"
+#include "desktop/DesktopEntry.h"
 
 #include "base/Text.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/DesktopEntry.h"
+#include "desktop/DesktopEntry.h"
 
 namespace quorvi {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/DesktopFolders.h"
+#include "desktop/DesktopFolders.h"
 
 #include <cstdlib>
 

@@ -2,8 +2,8 @@
 
 #include <map>
 
-#include "app/DesktopFolders.h"
 #include "base/os/SmallFile.h"
+#include "desktop/DesktopFolders.h"
 #include "tests/app/TemporaryFolder.h"
 
 namespace quorvi {

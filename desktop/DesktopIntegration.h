@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "app/DesktopFolders.h"
+#include "desktop/DesktopFolders.h"
 
 namespace quorvi {
 

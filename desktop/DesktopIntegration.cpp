@@ -1,10 +1,10 @@
-#include "app/DesktopIntegration.h"
+#include "desktop/DesktopIntegration.h"
 
 #include <system_error>
 
-#include "app/DesktopEntry.h"
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
+#include "desktop/DesktopEntry.h"
 
 namespace quorvi {
 namespace {

@@ -5,9 +5,9 @@
 #include <map>
 #include <thread>
 
-#include "app/DesktopEntry.h"
-#include "app/DesktopIntegration.h"
 #include "base/os/SmallFile.h"
+#include "desktop/DesktopEntry.h"
+#include "desktop/DesktopIntegration.h"
 #include "tests/app/TemporaryFolder.h"
 
 namespace quorvi {
