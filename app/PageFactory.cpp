@@ -1,13 +1,13 @@
 #include "app/PageFactory.h"
 
 #include "app/PlaceholderPage.h"
-#include "app/SettingsPage.h"
-#include "pages/device/HomePage.h"
-#include "pages/device/SystemInfoPage.h"
-#include "pages/personal/CallLogPage.h"
-#include "pages/personal/ContactPage.h"
-#include "pages/personal/SmsPage.h"
-#include "refdata/CalendarPage.h"
+#include "pages/calendar/CalendarPage.h"
+#include "pages/calls/CallLogPage.h"
+#include "pages/contacts/ContactPage.h"
+#include "pages/messages/SmsPage.h"
+#include "pages/phoneinfo/HomePage.h"
+#include "pages/phoneinfo/SystemInfoPage.h"
+#include "pages/settings/SettingsPage.h"
 #include "ui/QtText.h"
 
 namespace quorvi {

@@ -6,7 +6,7 @@
 #include "app/MainDlg.h"
 #include "app/Tour.h"
 #include "app/TrayMenu.h"
-#include "refdata/NumberQueryDlg.h"
+#include "pages/numbers/NumberQueryDlg.h"
 #include "ui/Look.h"
 #include "ui/QtText.h"
 #include "ui/SkinMenu.h"

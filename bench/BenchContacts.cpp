@@ -18,9 +18,9 @@
 #include "bench/PeakMemory.h"
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
-#include "pages/personal/ContactPage.h"
+#include "pages/contacts/ContactPage.h"
 #include "tests/pages/FakeHost.h"
-#include "tests/pages/personal/ContactReplies.h"
+#include "tests/pages/contacts/ContactReplies.h"
 #include "ui/ControlNumber.h"
 #include "ui/HtmlSite.h"
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/pages/personal/CallReplies.h"
-#include "tests/pages/personal/MessageReplies.h"
+#include "tests/pages/calls/CallReplies.h"
+#include "tests/pages/messages/MessageReplies.h"
 
 namespace quorvi {
 namespace {

@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Exchange.h"
-#include "pages/personal/CallLog.h"
+#include "pages/calls/CallLog.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-#include "pages/personal/ContactForm.h"
+#include "pages/contacts/ContactForm.h"
 
 namespace quorvi::cli {
 

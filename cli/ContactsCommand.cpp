@@ -10,9 +10,9 @@
 #include "cli/ContactFormInput.h"
 #include "cli/Exchange.h"
 #include "cli/Output.h"
-#include "pages/personal/ContactForm.h"
-#include "pages/personal/ContactList.h"
-#include "pages/personal/ContactTypes.h"
+#include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactList.h"
+#include "pages/contacts/ContactTypes.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {

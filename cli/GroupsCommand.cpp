@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Exchange.h"
-#include "pages/personal/ContactGroups.h"
+#include "pages/contacts/ContactGroups.h"
 
 namespace quorvi::cli {
 namespace {

@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
-#include "pages/device/SystemInfo.h"
+#include "pages/phoneinfo/SystemInfo.h"
 
 namespace quorvi::cli {
 

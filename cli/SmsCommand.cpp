@@ -3,8 +3,8 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Exchange.h"
-#include "pages/personal/Conversations.h"
-#include "pages/personal/OutgoingMessage.h"
+#include "pages/messages/Conversations.h"
+#include "pages/messages/OutgoingMessage.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {

@@ -1,5 +1,5 @@
-# Strictness and hardening, set once for all targets, and the three words with which rooms
-# declare what they build: quorvi_library, quorvi_program, quorvi_test.
+# Strictness and hardening, set once for all targets, and the words with which rooms declare what
+# they build: quorvi_library, quorvi_feature, quorvi_program, quorvi_test.
 
 add_library(quorvi_flags INTERFACE)
 target_compile_features(quorvi_flags INTERFACE cxx_std_20)
@@ -31,6 +31,33 @@ function(quorvi_library name)
     target_link_libraries(${name} PUBLIC quorvi_qt_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
   else()
     target_link_libraries(${name} PUBLIC quorvi_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+  endif()
+endfunction()
+
+# quorvi_feature(name LOGIC … UI … USES …): one feature of pages/<name>, from its class names. LOGIC
+# becomes the library quorvi_<name>, which cannot see Qt, UI the library quorvi_<name>_ui. USES names
+# the rooms below that the feature needs beyond the kit: refdata, link, desktop, or html, which only
+# the UI sees. All features together are quorvi_pages and quorvi_pages_ui.
+function(quorvi_feature name)
+  cmake_parse_arguments(ARG "" "" "LOGIC;UI;USES" ${ARGN})
+  set(ui_rooms quorvi_${name} quorvi_kit_ui)
+  if("html" IN_LIST ARG_USES)
+    list(REMOVE_ITEM ARG_USES html)
+    list(APPEND ui_rooms quorvi_html)
+  endif()
+  list(TRANSFORM ARG_USES PREPEND quorvi_)
+  list(TRANSFORM ARG_LOGIC REPLACE "(.+)" "${name}/\\1.cpp")
+  if(ARG_LOGIC)
+    quorvi_library(quorvi_${name} SOURCES ${ARG_LOGIC} LIBS quorvi_kit ${ARG_USES})
+  else()
+    add_library(quorvi_${name} INTERFACE)
+    target_link_libraries(quorvi_${name} INTERFACE quorvi_kit ${ARG_USES})
+  endif()
+  target_link_libraries(quorvi_pages INTERFACE quorvi_${name})
+  if(QUORVI_WITH_QT)
+    list(TRANSFORM ARG_UI REPLACE "(.+)" "${name}/\\1.cpp;${name}/\\1.h")
+    quorvi_library(quorvi_${name}_ui QT SOURCES ${ARG_UI} LIBS ${ui_rooms})
+    target_link_libraries(quorvi_pages_ui INTERFACE quorvi_${name}_ui)
   endif()
 endfunction()
 

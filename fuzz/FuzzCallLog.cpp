@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "fuzz/FuzzReplyOf.h"
-#include "pages/personal/CallLog.h"
+#include "pages/calls/CallLog.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto reply = quorvi::fuzz::ReplyOf({data, size});

@@ -6,8 +6,8 @@
 
 #include "agent/Wire.h"
 #include "fuzz/FuzzReplyOf.h"
-#include "pages/personal/ContactForm.h"
-#include "pages/personal/ContactFragment.h"
+#include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactFragment.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "fuzz/FuzzReplyOf.h"
-#include "pages/personal/ContactList.h"
+#include "pages/contacts/ContactList.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto reply = quorvi::fuzz::ReplyOf({data, size});

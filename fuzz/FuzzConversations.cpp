@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "fuzz/FuzzReplyOf.h"
-#include "pages/personal/Conversations.h"
+#include "pages/messages/Conversations.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);

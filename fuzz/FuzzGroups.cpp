@@ -5,7 +5,9 @@
 #include <cstdlib>
 
 #include "fuzz/FuzzReplyOf.h"
-#include "pages/personal/Recipients.h"
+#include "pages/contacts/ContactGroups.h"
+#include "pages/messages/GroupTree.h"
+#include "pages/messages/Recipients.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto reply = quorvi::fuzz::ReplyOf({data, size});

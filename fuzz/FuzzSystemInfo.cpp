@@ -1,7 +1,7 @@
 // Reads the system information out of any payload and shows it both ways.
 #include <cstdlib>
 
-#include "pages/device/SystemInfo.h"
+#include "pages/phoneinfo/SystemInfo.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace quorvi;

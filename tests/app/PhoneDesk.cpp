@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "link/DeviceManagerDlg.h"
+#include "pages/devices/DeviceManagerDlg.h"
 #include "tests/ui/WaitFor.h"
 
 namespace quorvi {

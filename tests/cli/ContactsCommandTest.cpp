@@ -6,7 +6,7 @@
 
 #include "base/Json.h"
 #include "base/Text.h"
-#include "pages/personal/ContactForm.h"
+#include "pages/contacts/ContactForm.h"
 #include "tests/cli/AgentFixture.h"
 #include "tests/cli/RunProgram.h"
 

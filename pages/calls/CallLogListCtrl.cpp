@@ -1,0 +1,89 @@
+#include "pages/calls/CallLogListCtrl.h"
+
+#include <array>
+#include <utility>
+
+#include "ui/QtText.h"
+
+namespace quorvi {
+
+using look::Color;
+
+namespace {
+
+enum Column { kHead, kContact, kType, kDuration, kTime, kTick, kId };
+
+constexpr std::array<ListColumn, 7> kColumns{{
+    {u8"头像", 60, CellKind::picture},
+    {u8"联系人", 160, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {u8"类型", 110, CellKind::iconText},
+    {u8"通话用时", 140},
+    {u8"上次联系时间、归属地", 200, CellKind::twoSmallLines, CellAlign::left},
+    {u8"选择", 44, CellKind::check},
+    {u8"", 0},  // hidden: the call's id
+}};
+
+// How a type is marked; one that is not known has no mark.
+struct TypeMark {
+    std::uint32_t type;
+    QStringView icon;
+    Color ink;
+};
+constexpr std::array<TypeMark, 3> kTypeMarks{{
+    {1, u"call-in", Color::green},
+    {2, u"call-out", Color::blue},
+    {3, u"call-missed", Color::red},
+}};
+
+Cell TypeCell(std::uint32_t type) {
+    const QString text = ToQString(CallTypeText(type));
+    for (const TypeMark& mark : kTypeMarks) {
+        if (mark.type == type) {
+            return {.text = text, .icon = mark.icon.toString(), .iconInk = mark.ink};
+        }
+    }
+    return {.text = text};
+}
+
+}  // namespace
+
+CCallLogListCtrl::CCallLogListCtrl(QWidget* parent)
+    : RecordListCtrl(kColumns, look::Metric::rowTall, parent) {}
+
+void CCallLogListCtrl::Show(CallLog log) {
+    if (log.endedByMark) {
+        CallLogRow& rest = log.rows.emplace_back();
+        rest.id = log.markedId;
+    }
+    SetRecords(std::move(log.rows));
+}
+
+std::vector<std::uint32_t> CCallLogListCtrl::TickedIds() const {
+    std::vector<std::uint32_t> ids;
+    for (const int row : TickedRows()) {
+        ids.push_back(CallIdOf(FromQString(CellAt(row, kId).text)));
+    }
+    return ids;
+}
+
+Cell CCallLogListCtrl::CellOf(const CallLogRow& row, int column) const {
+    switch (column) {
+        case kContact:
+            return {.text = ToShownQString(row.name), .second = ToShownQString(row.number)};
+        case kType:
+            // Only a row that was not read to its end has no time.
+            return row.time.empty() ? Cell() : TypeCell(row.type);
+        case kDuration:
+            return {.text = ToQString(row.duration)};
+        case kTime:
+            return {.text = ToQString(row.time),
+                    .second = ToShownQString(row.attribution),
+                    .secondInk = Color::red};
+        case kId:
+            return {.text = ToQString(CallIdText(row.id))};
+        default:
+            return {};
+    }
+}
+
+}  // namespace quorvi

@@ -1,0 +1,44 @@
+// The call log page: the calls kept on the phone, to be looked at and deleted.
+#pragma once
+
+#include <cstdint>
+
+#include "agent/Wire.h"
+#include "pages/calls/CallLogListCtrl.h"
+#include "refdata/NumberAttribution.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+// Page 12, dialog 368, key 3 in PageLoadState. The list stands in the order that the agent gives
+// it, until the next refresh. One worker at most; a refresh while it runs is dropped.
+class CCallLogPage : public Page {
+    Q_OBJECT
+  public:
+    static constexpr int kLoadKey = 3;
+    enum Command { commandRefresh, commandDelete, commandDeleteAll };
+
+    explicit CCallLogPage(PageHost& host, QWidget* parent = nullptr,
+                          std::uint16_t agentPort = AgentPort);
+
+    void RefreshCallLog();
+
+    void Load() override { RefreshCallLog(); }
+    void OnCommand(int index) override;
+
+    // Ask, delete, and fetch the list again, whether the phone was reached or not. Deleting all
+    // asks and is sent even while the list is empty.
+    void DeleteTicked();
+    void DeleteAll();
+
+  private:
+    void AskAndSend(const QString& question, Bytes request);
+
+    std::uint16_t agentPort_;
+    AttributionOf attribution_ = MakeNumberAttribution();
+    PageLoad load_;
+    CCallLogListCtrl* list_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,305 @@
+#include "pages/contacts/ContactEditDlg.h"
+
+#include <QGridLayout>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "base/Text.h"
+#include "pages/kit/PageSession.h"
+#include "ui/ControlNumber.h"
+#include "ui/Job.h"
+#include "ui/QtText.h"
+#include "ui/SkinChecks.h"
+#include "ui/SkinFields.h"
+#include "ui/SkinLabels.h"
+
+namespace quorvi {
+
+using look::ButtonKind;
+using look::Color;
+using look::Metric;
+
+namespace {
+
+// Numbers of the dialog and its controls.
+constexpr int kDialog = 540;
+constexpr int kName = 1149;
+constexpr int kNickname = 1152;
+struct TypedNumbers {
+    int type;
+    int text;
+};
+constexpr std::array<TypedNumbers, kContactFormPhones> kPhones{
+    {{1380, 1150}, {1382, 1151}, {1383, 1240}}};
+constexpr TypedNumbers kIm{1235, 1236};
+constexpr TypedNumbers kEmail{1385, 1242};
+constexpr int kNote = 1381;
+constexpr int kAddress = 1243;
+constexpr int kOrganisation = 1244;
+constexpr int kWebsite = 1245;
+constexpr int kFavourite = 1224;
+constexpr int kSave = 1020;
+constexpr int kCancel = 1021;
+constexpr int kState = 1109;
+
+// The form's grid: a column of captions, of combos and of fields at the left, of captions and of
+// fields at the right.
+enum Column { leftCaption, combo, leftField, between, rightCaption, rightField };
+constexpr int kWebsiteRows = 2;
+constexpr int kNoteRows = 3;
+
+}  // namespace
+
+CContactEditDlg::CContactEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : SkinDialog(kDialog, ToQString(u8"添加联系人 - Quorvi"), parent),
+      host_(host),
+      adds_(true),
+      agentPort_(agentPort) {
+    BuildControls();
+}
+
+CContactEditDlg::CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent,
+                                 std::uint16_t agentPort)
+    : SkinDialog(kDialog, ToQString(u8"修改联系人 - Quorvi"), parent),
+      host_(host),
+      adds_(false),
+      contactId_(contactId),
+      agentPort_(agentPort) {
+    BuildControls();
+    Load();
+}
+
+CSkinEdit* CContactEditDlg::Edit(int number, const QString& name) {
+    auto* field = SetControlNumber(new CSkinEdit({}, Body()), number, name);
+    connect(field, &QLineEdit::textChanged, this,
+            [this, field](const QString& text) { Follow(field, text); });
+    return field;
+}
+
+CSkinTextEdit* CContactEditDlg::TextEdit(int number, const QString& name) {
+    auto* field = SetControlNumber(new CSkinTextEdit({}, Body()), number, name);
+    connect(field, &QPlainTextEdit::textChanged, this,
+            [this, field] { Follow(field, field->toPlainText()); });
+    return field;
+}
+
+CContactEditDlg::TypedField CContactEditDlg::Typed(int typeNumber, int textNumber,
+                                                   const QString& name,
+                                                   const ContactTypeTable& types) {
+    auto* type = SetControlNumber(new CSkinCombo(Body()), typeNumber, name + ToQString(u8"类型"));
+    for (const std::u8string_view caption : types.Captions()) {
+        type->addItem(ToQString(caption));
+    }
+    type->setFixedWidth(Metric::editorCombo);
+    return {type, Edit(textNumber, name)};
+}
+
+void CContactEditDlg::BuildControls() {
+    auto* grid = new QGridLayout(Body());
+    Body()->setContentsMargins(Metric::gap3, Metric::formPadding, Metric::formPadding, 0);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Metric::gap2);
+    grid->setVerticalSpacing(Metric::formGap);
+    // The left fields with their combos are a little wider than the right ones.
+    grid->setColumnStretch(leftField, Metric::editorLeftField);
+    grid->setColumnStretch(rightField, Metric::editorRightField);
+    const auto caption = [&](int row, int column, std::u8string_view text) {
+        grid->addWidget(new FormCaption(ToQString(text), Body()), row, column, Qt::AlignTop);
+    };
+
+    // Created in the order of the Tab key.
+    int row = 0;
+    caption(row, leftCaption, u8"姓名");
+    grid->addWidget(name_ = Edit(kName, ToQString(u8"姓名")), row++, combo, 1, 2);
+    caption(row, leftCaption, u8"昵称");
+    grid->addWidget(nickname_ = Edit(kNickname, ToQString(u8"昵称")), row++, combo, 1, 2);
+    const auto typed = [&](TypedNumbers numbers, const QString& name,
+                           const ContactTypeTable& types) {
+        const TypedField field = Typed(numbers.type, numbers.text, name, types);
+        grid->addWidget(field.type, row, combo);
+        grid->addWidget(field.text, row++, leftField);
+        return field;
+    };
+    auto* phone = new FormCaption({}, Body());
+    phone->setPixmap(look::icon(u"call", Metric::iconButton, Color::ink2, devicePixelRatioF()));
+    grid->addWidget(phone, row, leftCaption);
+    for (std::size_t i = 0; i < phones_.size(); ++i) {
+        phones_[i] = typed(kPhones[i], ToQString(u8"电话 %1").arg(i + 1), kPhoneTypes);
+    }
+    caption(row, leftCaption, u8"IM通讯");
+    im_ = typed(kIm, ToQString(u8"IM通讯"), kImTypes);
+    caption(row, leftCaption, u8"电子邮件");
+    email_ = typed(kEmail, ToQString(u8"电子邮件"), kEmailTypes);
+
+    row = 0;
+    caption(row, rightCaption, u8"联系地址");
+    grid->addWidget(address_ = Edit(kAddress, ToQString(u8"联系地址")), row++, rightField);
+    caption(row, rightCaption, u8"公司组织");
+    grid->addWidget(organisation_ = Edit(kOrganisation, ToQString(u8"公司组织")), row++,
+                    rightField);
+    caption(row, rightCaption, u8"网站微博");
+    grid->addWidget(website_ = TextEdit(kWebsite, ToQString(u8"网站微博")), row, rightField,
+                    kWebsiteRows, 1);
+    row += kWebsiteRows;
+    caption(row, rightCaption, u8"备注");
+    grid->addWidget(note_ = TextEdit(kNote, ToQString(u8"备注")), row, rightField, kNoteRows, 1);
+    for (CSkinTextEdit* area : {website_, note_}) {
+        area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    }
+    for (int line = 0; line < grid->rowCount(); ++line) {
+        grid->setRowMinimumHeight(line, Metric::fieldHeight);
+    }
+    grid->setRowStretch(grid->rowCount(), 1);
+
+    state_ = SetControlNumber(new CSkinStateLabel(ToQString(u8"就绪"), this), kState);
+    favourite_ = SetControlNumber(new CSkinCheck(ToQString(u8"设为收藏"), this), kFavourite,
+                                  ToQString(u8"设为收藏"));
+    // The tick box stands under the fields.
+    state_->setMinimumWidth(Metric::formCaption);
+    AddToFooter(state_);
+    AddToFooter(favourite_);
+    notice_ = new CSkinStateLabel({}, this);
+    notice_->hide();
+    AddToFooter(notice_);
+    save_ = AddButton(kSave, ToQString(u8"保存"), ButtonKind::primary);
+    save_->SetImage(QStringLiteral("save"));
+    connect(save_, &QAbstractButton::clicked, this, &CContactEditDlg::Save);
+    AddEndButton(kCancel, ToQString(u8"取消"), QDialog::Rejected);
+    save_->setDefault(true);
+    name_->setFocus();
+
+    SetInnerSize({Metric::editorWidth, Metric::editorHeight});
+    SetForm({});
+}
+
+ContactForm CContactEditDlg::Form() const {
+    const auto text = [](const CSkinEdit* field) { return FromQString(field->text()); };
+    const auto typed = [&](const TypedField& field, const ContactTypeTable& types) {
+        return ContactTypedField{types.Code(field.type->currentIndex()), text(field.text)};
+    };
+    ContactForm form;
+    form.favourite = favourite_->GetCheck() == 1;
+    form.name = text(name_);
+    form.nickname = text(nickname_);
+    form.note = FromQString(note_->toPlainText());
+    for (std::size_t i = 0; i < phones_.size(); ++i) {
+        form.phones[i] = typed(phones_[i], kPhoneTypes);
+    }
+    form.im = typed(im_, kImTypes);
+    form.email = typed(email_, kEmailTypes);
+    form.website = FromQString(website_->toPlainText());
+    form.organisation = text(organisation_);
+    form.address = text(address_);
+    return form;
+}
+
+void CContactEditDlg::SetForm(const ContactForm& form) {
+    // A long text shows its start.
+    const auto show = [](CSkinEdit* field, const std::string& text) {
+        field->setText(ToQString(text));
+        field->home(false);
+    };
+    const auto typed = [&show](const TypedField& field, const ContactTypedField& value,
+                               const ContactTypeTable& types) {
+        field.type->setCurrentIndex(types.ComboIndex(value.type));
+        show(field.text, value.text);
+    };
+    favourite_->SetCheck(form.favourite ? 1 : 0);
+    name_->setText(ToQString(form.name));
+    show(nickname_, form.nickname);
+    note_->SetText(ToQString(form.note));
+    for (std::size_t i = 0; i < phones_.size(); ++i) {
+        typed(phones_[i], form.phones[i], kPhoneTypes);
+    }
+    typed(im_, form.im, kImTypes);
+    typed(email_, form.email, kEmailTypes);
+    website_->SetText(ToQString(form.website));
+    show(organisation_, form.organisation);
+    show(address_, form.address);
+}
+
+void CContactEditDlg::SetBusy(bool busy) {
+    Body()->setEnabled(!busy);
+    favourite_->setEnabled(!busy);
+    save_->setEnabled(!busy);
+}
+
+void CContactEditDlg::Load() {
+    record_ = {};
+    // What a save goes to when the phone gave no record.
+    record_.id = contactId_;
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
+    SetBusy(true);
+    RunJob(
+        this, [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
+        [this](ContactReply&& reply) {
+            SetBusy(false);
+            Notice(CSkinStateLabel::kRed, RiskOfSaving(reply));
+            if (reply.outcome == SessionOutcome::connectFailed) {
+                ShowConnectError(host_);
+            }
+            if (reply.record) {
+                record_ = *std::move(reply.record);
+                SetForm(FormOf(record_));
+            }
+            name_->setFocus();
+        });
+}
+
+void CContactEditDlg::Follow(const QWidget* field, const QString& text) {
+    if (FitsCodePage(text.toStdString())) {
+        lossy_.erase(field);
+    } else {
+        lossy_.insert(field);
+    }
+    ShowNotice();
+}
+
+void CContactEditDlg::Notice(int state, std::u8string_view text) {
+    noticeState_ = state;
+    noticeText_ = ToQString(text);
+    ShowNotice();
+}
+
+// What is being typed comes first.
+void CContactEditDlg::ShowNotice() {
+    const bool lossy = !lossy_.empty();
+    notice_->SetState(lossy ? CSkinStateLabel::kRed : noticeState_,
+                      lossy ? ToQString(u8"有些字符无法保存，会变成“?”") : noticeText_);
+    notice_->setVisible(!notice_->text().isEmpty());
+}
+
+void CContactEditDlg::Resume(const ContactForm& form) {
+    SetForm(form);
+    Notice(CSkinStateLabel::kBlue, u8"上次填写的联系人没有得到手机的确认");
+}
+
+void CContactEditDlg::Save() {
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
+    if (!adds_) {
+        Send(UpdateContactRequest(RecordToUpdate(record_, Form())));
+        return;
+    }
+    const auto record = RecordToAdd(Form());
+    if (!record) {
+        state_->SetState(CSkinStateLabel::kRed, ToQString(kEmptyContactName));
+        name_->setFocus();
+        return;
+    }
+    Send(AddContactRequest(*record));
+}
+
+void CContactEditDlg::Send(Bytes request) {
+    SetBusy(true);
+    EndWithOk();
+    unsaved_ = Form();
+    SendChange(host_, *Body(), agentPort_, std::move(request),
+               [this](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete) {
+                       unsaved_.reset();
+                   }
+                   accept();
+               });
+}
+
+}  // namespace quorvi

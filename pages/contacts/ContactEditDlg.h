@@ -1,0 +1,91 @@
+// The contact editor: adds a contact, or changes one by the difference to what was loaded.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string_view>
+
+#include "agent/Wire.h"
+#include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactTypes.h"
+#include "ui/Page.h"
+#include "ui/SkinDialog.h"
+
+namespace quorvi {
+
+class CSkinCheck;
+class CSkinCombo;
+class CSkinEdit;
+class CSkinTextEdit;
+
+// Dialog 540. Ends with Accepted once a save is on its way, whether or not the link was there and
+// whichever way it is closed; with Rejected otherwise. While it speaks to the phone its fields and
+// 保存 are disabled; 取消 never is. The window's thread.
+class CContactEditDlg : public SkinDialog {
+    Q_OBJECT
+  public:
+    // Add mode.
+    CContactEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort = AgentPort);
+    // Update mode: loads the contact at once.
+    CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent,
+                    std::uint16_t agentPort = AgentPort);
+
+    // The form as it is filled in, and the other way round.
+    [[nodiscard]] ContactForm Form() const;
+    void SetForm(const ContactForm& form);
+
+    // Add mode: puts a form back that did not get to the phone from an earlier dialog.
+    void Resume(const ContactForm& form);
+    // The form that the user has told to save and the phone has not acknowledged.
+    [[nodiscard]] const std::optional<ContactForm>& Unsaved() const { return unsaved_; }
+
+  private:
+    // A field with a combo box before it.
+    struct TypedField {
+        CSkinCombo* type = nullptr;
+        CSkinEdit* text = nullptr;
+    };
+
+    void BuildControls();
+    CSkinEdit* Edit(int number, const QString& name);
+    CSkinTextEdit* TextEdit(int number, const QString& name);
+    TypedField Typed(int typeNumber, int textNumber, const QString& name,
+                     const ContactTypeTable& types);
+    void Load();
+    // A field's text has changed.
+    void Follow(const QWidget* field, const QString& text);
+    void Notice(int state, std::u8string_view text);
+    void ShowNotice();
+    void Save();
+    void Send(Bytes request);
+    void SetBusy(bool busy);
+
+    PageHost& host_;
+    bool adds_;
+    std::uint32_t contactId_ = 0;
+    std::uint16_t agentPort_;
+    ContactRecord record_;  // update mode: as it was loaded
+    std::optional<ContactForm> unsaved_;
+    // What there is to say of the contact beside the state.
+    int noticeState_ = 0;
+    QString noticeText_;
+    std::set<const QWidget*> lossy_;  // fields with characters that cannot be saved
+
+    CSkinEdit* name_ = nullptr;
+    CSkinEdit* nickname_ = nullptr;
+    std::array<TypedField, kContactFormPhones> phones_;
+    TypedField im_;
+    TypedField email_;
+    CSkinEdit* address_ = nullptr;
+    CSkinEdit* organisation_ = nullptr;
+    CSkinTextEdit* website_ = nullptr;
+    CSkinTextEdit* note_ = nullptr;
+    CSkinCheck* favourite_ = nullptr;
+    CSkinStateLabel* state_ = nullptr;
+    CSkinStateLabel* notice_ = nullptr;  // beside the state; hidden while there is nothing to say
+    CSkinButton* save_ = nullptr;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,40 @@
+// The group dialog: the phone's contact groups, to be added, renamed and deleted.
+#pragma once
+
+#include <cstdint>
+
+#include "agent/Wire.h"
+#include "pages/contacts/ContactGroups.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+#include "ui/SkinDialog.h"
+
+namespace quorvi {
+
+class ContactGroupListCtrl;
+
+// Dialog 679. Loads the groups as it is made, and again after each change. Its list has neither a
+// menu nor an action on a double click. The window's thread.
+class CContactGroupDlg : public SkinDialog {
+    Q_OBJECT
+  public:
+    explicit CContactGroupDlg(PageHost& host, QWidget* parent = nullptr,
+                              std::uint16_t agentPort = AgentPort);
+
+    // Fetches the groups; dropped while a load runs.
+    void Refresh();
+
+  private:
+    void BuildControls();
+    void Add();
+    void Rename();
+    void DeleteTicked();
+    void RunEditor(SkinDialog* editor);
+
+    PageHost& host_;
+    std::uint16_t agentPort_;
+    PageLoad load_{*this};
+    ContactGroupListCtrl* list_ = nullptr;
+};
+
+}  // namespace quorvi

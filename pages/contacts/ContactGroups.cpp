@@ -1,0 +1,59 @@
+#include "pages/contacts/ContactGroups.h"
+
+#include <utility>
+
+#include "base/Text.h"
+
+namespace quorvi {
+ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
+    ContactGroups groups;
+    ReplyCursor cursor(reply);
+    do {
+        ContactGroup group;
+        group.id = cursor.TakeId();
+        if (cursor.IsCut()) {
+            return groups;  // what is done to the row would befall another group
+        }
+        auto title = cursor.TakeText();
+        if (!title) {
+            groups.EndByMark(group.id);
+            return groups;
+        }
+        group.title = std::move(*title);
+        group.account = cursor.TakeTextOrEmpty();
+        group.visible = cursor.TakeUInt32() == 1;
+        if (cursor.Overran()) {
+            return groups;
+        }
+        groups.rows.push_back(std::move(group));
+    } while (!cursor.AtEnd());
+    return groups;
+}
+
+ContactGroupsReply FetchContactGroups(const AgentSession& session,
+                                      const AgentSession::Progress& progress) {
+    return FetchList<ContactGroup>(session, BareRequest(AgentCommand::listGroups), progress,
+                                   &ParseContactGroups);
+}
+
+std::string GroupVisibleText(bool visible) {
+    return visible ? Ansi(u8"是") : Ansi(u8"【隐藏】");
+}
+
+Bytes AddGroupRequest(std::string_view title) {
+    return RequestBuilder(AgentCommand::addGroup).BeginItem().AddText(title).Take();
+}
+
+Bytes RenameGroupRequest(std::uint32_t id, std::string_view title) {
+    return RequestBuilder(AgentCommand::renameGroup)
+        .BeginItem()
+        .AddUInt32(id)
+        .AddText(title)
+        .Take();
+}
+
+Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids) {
+    return IdsRequest(AgentCommand::deleteGroups, ids);
+}
+
+}  // namespace quorvi

@@ -1,0 +1,67 @@
+#include "pages/contacts/ContactListCtrl.h"
+
+#include <array>
+#include <bit>
+#include <utility>
+
+#include "ui/QtText.h"
+
+namespace quorvi {
+
+using look::Color;
+
+namespace {
+
+enum Column { kPhoto, kContact, kFavourite, kLastContact, kTick };
+
+constexpr std::array<ListColumn, 5> kColumns{{
+    {u8"头像", 60, CellKind::picture},
+    {u8"联系人", 140, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {u8"收藏", 44, CellKind::star},
+    {u8"上次联系时间、归属地", 150, CellKind::twoLines, CellAlign::left, CellAlign::centre},
+    {u8"选择", 44, CellKind::check},
+}};
+
+}  // namespace
+
+CContactListCtrl::CContactListCtrl(QWidget* parent)
+    : RecordListCtrl(kColumns, look::Metric::rowTall, parent) {}
+
+void CContactListCtrl::Show(ContactList list) {
+    contacts_ = static_cast<int>(list.rows.size());
+    if (list.endedByMark) {
+        list.rows.emplace_back();
+    }
+    SetRecords(std::move(list.rows));
+}
+
+const ContactListRow* CContactListCtrl::ContactAt(int row) const {
+    return row < 0 || row >= contacts_ || row >= RowCount() ? nullptr : &At(row);
+}
+
+Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
+    switch (column) {
+        case kContact:
+            return {.text = ToShownQString(row.name),
+                    .second = ToShownQString(row.number),
+                    .secondInk = Color::statedGrey};
+        case kFavourite:
+            return {.value = row.favourite ? 1 : 0};
+        case kLastContact:
+            return {.text = ToShownQString(row.lastContact),
+                    .second = ToShownQString(row.attribution),
+                    .secondInk = Color::red};
+        default:
+            return {};
+    }
+}
+
+RowPicture CContactListCtrl::PictureOf(const ContactListRow& row) const {
+    const auto photo = row.photo.Bytes();
+    // The photo's place in the reply tells it from every other for as long as the rows stand; a
+    // phone may give two contacts one id.
+    return {.id = std::bit_cast<std::uintptr_t>(photo.data()),
+            .bytes = {reinterpret_cast<const char*>(photo.data()), photo.size()}};
+}
+
+}  // namespace quorvi

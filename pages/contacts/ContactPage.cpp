@@ -1,0 +1,217 @@
+#include "pages/contacts/ContactPage.h"
+
+#include <QHBoxLayout>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "pages/contacts/ContactEditDlg.h"
+#include "pages/contacts/ContactFragment.h"
+#include "pages/contacts/ContactGroupDlg.h"
+#include "pages/kit/PageSession.h"
+#include "ui/ControlNumber.h"
+#include "ui/HtmlFrame.h"
+#include "ui/HtmlTemplate.h"
+#include "ui/QtText.h"
+#include "ui/QuestionDlg.h"
+#include "ui/SkinMenu.h"
+
+namespace quorvi {
+
+using look::Metric;
+
+namespace {
+
+constexpr int kDialog = 132;
+constexpr int kList = 1067;
+constexpr int kView = 1370;
+
+enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
+
+}  // namespace
+
+CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      listLoad_(*this, host.LoadState(), kLoadKey),
+      list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
+      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
+      frame_(new HtmlFrame(*view_, this)) {
+    list_->SetEmptyText(ToQString(u8"列表是空的"), ToQString(u8"手机上没有联系人，或者还没有获取"));
+    list_->SetFailedText(ToQString(u8"没有连上手机"),
+                         ToQString(u8"请检查数据线，然后点“重新获取”"));
+    view_->setAccessibleName(ToQString(u8"联系人详细信息"));
+    view_->LoadFromResource(kContactTemplate);
+    frame_->SetFilled();  // the template says what to do while nothing is selected
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins({});
+    row->setSpacing(Metric::gap2);
+    row->addWidget(list_, Metric::contactList);
+    row->addWidget(frame_, Metric::contactDetail);
+
+    detailTimer_.setSingleShot(true);
+    connect(&detailTimer_, &QTimer::timeout, this, &CContactPage::RefreshDetail);
+    connect(list_, &CSkinListCtrl::rowClicked, this, &CContactPage::Select);
+    // The selection by key leads to the same as a click.
+    connect(list_, &CSkinListCtrl::rowSelected, this, [this](int selected) {
+        if (!selecting_) {
+            Select(selected);
+        }
+    });
+    connect(list_, &CSkinListCtrl::rowOpened, this, &CContactPage::EditSelected);
+    connect(list_, &CSkinListCtrl::menuAsked, this,
+            [this](int, const QPoint& at) { OpenMenu(at); });
+}
+
+void CContactPage::RefreshContacts() {
+    LoadList(
+        listLoad_, Host(), list_,
+        [port = agentPort_, attribution = attribution_](const AgentSession::Progress& progress) {
+            return FetchContactList(AgentSession(port), attribution, progress);
+        },
+        [this] { SelectFirst(); });
+}
+
+void CContactPage::SelectFirst() {
+    if (const ContactListRow* first = list_->ContactAt(0)) {
+        Host().Selection().Set(PageSelection::kContact, first->contactId);
+        list_->setFocus();
+        selecting_ = true;
+        list_->SelectRow(0);
+        selecting_ = false;
+    }
+    detailTimer_.start(0);
+}
+
+void CContactPage::Select(int row) {
+    if (const ContactListRow* contact = list_->ContactAt(row)) {
+        Host().Selection().Set(PageSelection::kContact, contact->contactId);
+        RefreshDetail();
+    }
+}
+
+void CContactPage::RefreshDetail() {
+    detailLoad_.Start(
+        [this] { frame_->SetState(ListState::loading); },
+        [port = agentPort_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
+         document = view_->Document()] {
+            const ContactReply reply = FetchContact(AgentSession(port), id);
+            if (reply.record) {
+                document.SetInnerHtml("block", ContactFragment(*reply.record));
+            }
+            return reply.outcome;
+        },
+        [this](SessionOutcome outcome) {
+            frame_->SetState(ListState::idle);
+            if (outcome == SessionOutcome::connectFailed) {
+                ShowConnectError(Host());
+            }
+        });
+}
+
+void CContactPage::OnCommand(int index) {
+    if (!isEnabled()) {
+        return;  // a delete is on its way
+    }
+    switch (index) {
+        case commandRefresh:
+            RefreshContacts();
+            break;
+        case commandAdd:
+            AddContact();
+            break;
+        case commandGroups:
+            (new CContactGroupDlg(Host(), this, agentPort_))->Open();
+            break;
+        case commandDelete:
+            DeleteTicked();
+            break;
+        default:
+            break;
+    }
+}
+
+void CContactPage::OpenMenu(const QPoint& at) {
+    auto* menu = new CSkinMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->SetStrip(
+        {QStringLiteral("add-contact"), QStringLiteral("edit"), QStringLiteral("delete")});
+    menu->AddItem(CSkinMenu::normal, menuAdd, 0, ToQString(u8"添加联系人"));
+    menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
+    menu->AddItem(CSkinMenu::normal, menuDelete, 2, ToQString(u8"删除选择的"));
+    connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
+        switch (command) {
+            case menuAdd:
+                AddContact();
+                break;
+            case menuEdit:
+                EditSelected();
+                break;
+            case menuDelete:
+                DeleteSelected();
+                break;
+            default:
+                break;
+        }
+    });
+    menu->popup(at);
+}
+
+void CContactPage::AddContact() {
+    auto* editor = new CContactEditDlg(Host(), this, agentPort_);
+    if (unsaved_) {
+        editor->Resume(*unsaved_);
+    }
+    editor->Open([this, editor](int result) {
+        unsaved_ = editor->Unsaved();
+        EndEditor(result);
+    });
+}
+
+void CContactPage::EditSelected() {
+    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+        auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agentPort_);
+        editor->Open([this](int result) { EndEditor(result); });
+    }
+}
+
+void CContactPage::EndEditor(int result) {
+    if (result == QDialog::Accepted) {
+        RefreshContacts();
+    } else {
+        list_->viewport()->update();
+        view_->update();
+    }
+}
+
+void CContactPage::DeleteTicked() {
+    std::vector<std::uint32_t> ids;
+    for (const int row : list_->TickedRows()) {
+        if (const ContactListRow* contact = list_->ContactAt(row)) {
+            ids.push_back(contact->contactId);
+        }
+    }
+    Delete(std::move(ids));
+}
+
+void CContactPage::DeleteSelected() {
+    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+        Delete({contact->contactId});
+    }
+}
+
+void CContactPage::Delete(std::vector<std::uint32_t> ids) {
+    if (ids.empty()) {
+        (new CNothingCheckedDlg(this))->Open();
+        return;
+    }
+    const QString question = ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
+    (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
+        if (result == QDialog::Accepted) {
+            SendChange(Host(), *this, agentPort_, DeleteContactsRequest(ids),
+                       [this](const AcknowledgedReply&) { RefreshContacts(); });
+        }
+    });
+}
+
+}  // namespace quorvi

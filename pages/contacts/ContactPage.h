@@ -1,0 +1,68 @@
+// The contacts page: all contacts in a list, and beside it all that is known of the selected one.
+#pragma once
+
+#include <QTimer>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "agent/Wire.h"
+#include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactListCtrl.h"
+#include "refdata/NumberAttribution.h"
+#include "ui/HtmlCtrl.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+class HtmlFrame;
+
+// Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
+// whole list is fetched again. Two workers at most, one for the list and one for the detail; a
+// call of either while it runs is dropped.
+class CContactPage : public Page, private HtmlListener {
+    Q_OBJECT
+  public:
+    static constexpr int kLoadKey = 1;
+    enum Command { commandRefresh, commandAdd, commandGroups, commandDelete };
+
+    explicit CContactPage(PageHost& host, QWidget* parent = nullptr,
+                          std::uint16_t agentPort = AgentPort);
+
+    // Fetches the list and, once it is there, the detail of its first contact.
+    void RefreshContacts();
+    // Fetches the contact that PageSelection names, and shows it.
+    void RefreshDetail();
+
+    void Load() override { RefreshContacts(); }
+    void OnCommand(int index) override;
+
+    // Opens the editor.
+    void AddContact();
+    void EditSelected();
+    // Asks, deletes, and fetches the list again.
+    void DeleteTicked();
+    void DeleteSelected();
+
+  private:
+    void OnAppCmd(const std::string&) override {}  // the view holds no links of the page's own
+    void SelectFirst();
+    void Select(int row);
+    void OpenMenu(const QPoint& at);
+    void EndEditor(int result);
+    void Delete(std::vector<std::uint32_t> ids);
+
+    std::uint16_t agentPort_;
+    AttributionOf attribution_ = MakeNumberAttribution();
+    PageLoad listLoad_;
+    PageLoad detailLoad_{*this};
+    std::optional<ContactForm> unsaved_;  // a new contact that did not get to the phone
+    bool selecting_ = false;              // the page itself moves the selection
+    QTimer detailTimer_;                  // timer 0: the detail after a fill
+    CContactListCtrl* list_;
+    CHtmlCtrlFix* view_;
+    HtmlFrame* frame_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,58 @@
+#include "pages/kit/PageSession.h"
+
+#include <utility>
+
+#include "ui/QtText.h"
+
+namespace quorvi {
+
+void ShowConnectError(PageHost& host) {
+    host.SetStatus(ToQString(u8"【X】连接错误"));
+}
+
+namespace {
+
+// Disables controls, and gives the keyboard back to the one of them that had it, unless the user
+// has moved on meanwhile: until then the window itself holds it.
+class FocusKeeper {
+  public:
+    explicit FocusKeeper(QWidget& controls) {
+        QWidget* window = controls.window();
+        if (QWidget* focus = window->focusWidget(); focus && controls.isAncestorOf(focus)) {
+            had_ = focus;
+            window->setFocus();
+        }
+        controls.setEnabled(false);
+    }
+    void Enable(QWidget& controls) const {
+        controls.setEnabled(true);
+        const QWidget* window = controls.window();
+        if (had_ && had_->isVisible() && window->focusWidget() == window) {
+            had_->setFocus();
+        }
+    }
+
+  private:
+    QPointer<QWidget> had_;
+};
+
+}  // namespace
+
+void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
+                std::function<void(const AcknowledgedReply& reply)> done) {
+    const FocusKeeper focus(controls);
+    RunJob(
+        &controls,
+        [agentPort, request = std::move(request)] {
+            return AgentSession(agentPort).RunAcknowledged(request);
+        },
+        [&host, &controls, focus, done = std::move(done)](AcknowledgedReply&& reply) {
+            focus.Enable(controls);
+            if (!reply.Connected()) {
+                ShowConnectError(host);
+            }
+            done(reply);
+        });
+}
+
+}  // namespace quorvi

@@ -1,0 +1,165 @@
+#include "pages/messages/Conversations.h"
+
+#include <utility>
+
+#include "agent/Wire.h"
+#include "base/Format.h"
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::int64_t kMillisecondsPerSecond = 1000;
+
+// Reserved up front, so that a fragment of an ordinary phone is not copied as it grows. Bytes.
+constexpr std::size_t kConversationsReserve = 30'000;
+constexpr std::size_t kConversationReserve = 15'000;
+
+constexpr std::string_view kViewLink = "vid=";
+constexpr std::string_view kDeleteLink = "did=";
+
+std::string TakeDate(ReplyCursor& cursor) {
+    return FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
+}
+
+std::string SignedText(std::uint32_t id) {
+    return std::to_string(static_cast<std::int32_t>(id));
+}
+
+}  // namespace
+
+std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
+                                             const AttributionOf& attribution) {
+    std::vector<Conversation> conversations;
+    ReplyCursor cursor(reply);
+    do {
+        Conversation conversation;
+        conversation.id = cursor.TakeId();
+        if (cursor.IsCut()) {
+            return conversations;  // its links would lead to another conversation
+        }
+        auto name = cursor.TakeText();
+        if (!name) {
+            return {};
+        }
+        conversation.name = std::move(*name);
+        conversation.number = cursor.TakeTextOrEmpty();
+        conversation.date = TakeDate(cursor);
+        cursor.SkipBytes(2 * sizeof(std::uint32_t));  // reserved
+        conversation.text = cursor.TakeTextOrEmpty();
+        if (cursor.Overran()) {
+            return conversations;
+        }
+        conversation.attribution = attribution(conversation.number);
+        conversations.push_back(std::move(conversation));
+    } while (!cursor.AtEnd());
+    return conversations;
+}
+
+ConversationListReply FetchConversations(const AgentSession& session,
+                                         const AttributionOf& attribution,
+                                         const AgentSession::Progress& progress) {
+    const PayloadReply reply =
+        session.RunPayload(BareRequest(AgentCommand::listConversations), progress);
+    return {reply.outcome, reply.HasPayload() ? ParseConversations(reply.buffer, attribution)
+                                              : std::vector<Conversation>()};
+}
+
+std::string ConversationsFragment(std::span<const Conversation> conversations) {
+    const std::string deleteCaption = Ansi(u8"删除");
+    std::string html;
+    html.reserve(kConversationsReserve);
+    for (const Conversation& conversation : conversations) {
+        const std::string id = SignedText(conversation.id);
+        html.append("<li><span class=tool><a href='qvh:did=").append(id).append("'>");
+        html.append(deleteCaption);
+        html.append("</a> </span> <span class=sender><a href='qvh:vid=").append(id).append("'>");
+        html.append(conversation.name);
+        html.append("</a></span><span class=location>[").append(conversation.attribution);
+        html.append("]</span><span class='time'>").append(conversation.date);
+        html.append(
+            "</span><p class=text><span><a href='javascript:void(0)'><img src='s_checked.gif'></a> "
+            "</span><a href='qvh:vid=");
+        html.append(id).append("'>").append(conversation.text).append("</a></p></li>");
+    }
+    return html;
+}
+
+std::optional<ConversationLink> ReadConversationLink(std::string_view text) {
+    const std::string_view word = text.substr(0, kViewLink.size());
+    if (word != kViewLink && word != kDeleteLink) {
+        return std::nullopt;
+    }
+    const auto action =
+        word == kViewLink ? ConversationLink::Action::view : ConversationLink::Action::remove;
+    return ConversationLink{action, static_cast<std::uint32_t>(ToInt(ReplaceAll(text, word, {})))};
+}
+
+Bytes DeleteConversationRequest(std::uint32_t id) {
+    return RequestBuilder(AgentCommand::deleteConversation).BeginItem().AddUInt32(id).Take();
+}
+
+Bytes ReadConversationRequest(std::uint32_t id) {
+    Bytes request = BareRequest(AgentCommand::readConversation);
+    const std::size_t at = request.size();
+    request.resize(at + sizeof id);
+    PackUInt32(id, request.data() + at);
+    return request;
+}
+
+std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply) {
+    std::vector<ConversationMessage> messages;
+    ReplyCursor cursor(reply);
+    do {
+        ConversationMessage message;
+        cursor.SkipBytes(sizeof(std::uint64_t));  // message id
+        message.incoming = cursor.TakeUInt32() == 1;
+        auto address = cursor.TakeText();
+        if (!address) {
+            return {};
+        }
+        if (cursor.IsCut()) {
+            return messages;  // half a number is somebody else's
+        }
+        message.address = std::move(*address);
+        message.date = TakeDate(cursor);
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        message.text = cursor.TakeTextOrEmpty();
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        if (cursor.Overran()) {
+            return messages;
+        }
+        messages.push_back(std::move(message));
+    } while (!cursor.AtEnd());
+    return messages;
+}
+
+ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id) {
+    const PayloadReply reply = session.RunPayload(ReadConversationRequest(id));
+    return {reply.outcome, reply.HasPayload() ? ParseConversationMessages(reply.buffer)
+                                              : std::vector<ConversationMessage>()};
+}
+
+std::string ConversationFragment(std::span<const ConversationMessage> messages) {
+    const std::string own = Ansi(u8"本机");
+    const std::string received =
+        Ansi(u8"]</span></li><li><dl class='remote'><dd><span>对您说：</span>");
+    const std::string sent = Ansi(u8"]</span></li><li><dl class='me'><dd><span>我说：</span>");
+    std::string html;
+    html.reserve(kConversationReserve);
+    for (const ConversationMessage& message : messages) {
+        html.append("<div class='entry'><ul class='detail_ul'><li><strong>");
+        html.append(message.incoming ? message.address : own);
+        html.append("</strong><span>[").append(message.date);
+        html.append(message.incoming ? received : sent);
+        html.append(message.text);
+        html.append("<div></div></dd></dl></li></ul><div class='clear'></div></div>");
+    }
+    return html;
+}
+
+std::string ConversationParty(std::span<const ConversationMessage> messages) {
+    return messages.empty() ? std::string() : messages.front().address;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,285 @@
+#include "pages/messages/SmsComposeDlg.h"
+
+#include <QGridLayout>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "pages/kit/PageSession.h"
+#include "pages/messages/OutgoingMessage.h"
+#include "ui/ControlNumber.h"
+#include "ui/HtmlFrame.h"
+#include "ui/HtmlTemplate.h"
+#include "ui/QtText.h"
+#include "ui/SkinFields.h"
+#include "ui/SkinLabels.h"
+#include "ui/SkinTree.h"
+
+namespace quorvi {
+
+using look::ButtonKind;
+using look::Color;
+using look::Metric;
+using look::Size;
+
+namespace {
+
+constexpr int kDialog = 550;
+constexpr int kView = 1359;
+constexpr int kTree = 1338;
+constexpr int kRecipients = 1337;
+constexpr int kText = 1271;
+constexpr int kSend = 1030;
+constexpr int kCancel = 1021;
+
+// What a worker brings of a conversation; its fragment is in the view by then.
+struct ConversationShown {
+    SessionOutcome outcome;
+    bool shown;
+    std::string party;
+};
+
+std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& members) {
+    std::vector<TreeNode> nodes;
+    for (const RecipientGroup& group : RecipientTree(names, members)) {
+        TreeNode& node = nodes.emplace_back(ToQString(group.text));
+        for (const std::string& member : group.members) {
+            node.children.push_back({ToQString(member)});
+        }
+    }
+    return nodes;
+}
+
+}  // namespace
+
+CSmsComposeDlg::CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent,
+                               std::uint16_t agentPort)
+    : SkinDialog(kDialog, ToQString(u8"编写短信 - Quorvi"), parent),
+      host_(host),
+      conversation_(conversation),
+      agentPort_(agentPort) {
+    BuildControls();
+    connect(view_, &CHtmlCtrlBase::documentLoaded, this,
+            [this] { PostToWindow(this, [this] { OnMessage(Message::documentLoaded, 0); }); });
+    connect(recipients_, &QLineEdit::textEdited, this, &CSmsComposeDlg::TidyTyped);
+    connect(recipients_, &QLineEdit::textChanged, this, [this] { ResolveRecipient(); });
+    connect(text_, &QPlainTextEdit::textChanged, this, &CSmsComposeDlg::ShowLength);
+    connect(tree_, &CSkinTree::ticksChanged, this, &CSmsComposeDlg::TakeTicked);
+    connect(send_, &QAbstractButton::clicked, this, &CSmsComposeDlg::Send);
+    ShowLength();
+    view_->LoadFromResource(kConversationTemplate);
+}
+
+void CSmsComposeDlg::BuildControls() {
+    tree_ = SetControlNumber(new CSkinTree(Body(), CSkinTree::Ticks::each), kTree,
+                             ToQString(u8"联系人"));
+    tree_->setFixedWidth(Metric::composerTree);
+    tree_->Status().SetEmptyText(ToQString(u8"没有联系人"), ToQString(u8"可以直接输入收件人号码"));
+    tree_->Status().SetFailedText(ToQString(u8"没有连上手机"), ToQString(u8"请检查数据线"));
+    tree_->Status().Set(ListState::loading);
+
+    view_ = new CHtmlCtrlFix(kView, HtmlContent::local, *this, Body());
+    view_->setAccessibleName(ToQString(u8"短信对话"));
+    frame_ = new HtmlFrame(*view_, Body());
+    if (conversation_ == kNoConversation) {
+        frame_->SetFilled();  // with the template's own word
+    }
+
+    const QString recipients = ToQString(u8"收件人:");
+    recipients_ = SetControlNumber(new CSkinEdit({}, Body()), kRecipients, recipients);
+    const QString text = ToQString(u8"发送内容");
+    text_ = SetControlNumber(new CSkinTextEdit({}, Body()), kText, text);
+    text_->setFixedHeight(Metric::composerText);
+
+    length_ = new QLabel(Body());
+    length_->setObjectName(QStringLiteral("messageLength"));
+    length_->setFont(look::font(Size::s12));
+    length_->setAlignment(Qt::AlignRight | Qt::AlignTop);
+    length_->setTextFormat(Qt::PlainText);
+    QPalette ink = length_->palette();
+    ink.setColor(QPalette::WindowText, look::color(Color::ink2));
+    length_->setPalette(ink);
+
+    auto* captions = new QVBoxLayout;
+    captions->setSpacing(0);
+    captions->addWidget(new FormCaption(text, Body()));
+    captions->addWidget(length_, 1);
+    auto* grid = new QGridLayout(Body());
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Metric::formGap);
+    grid->setVerticalSpacing(Metric::formGap);
+    grid->addWidget(tree_, 0, 0, 3, 1);
+    grid->addWidget(frame_, 0, 1, 1, 2);
+    grid->addWidget(new FormCaption(recipients, Body()), 1, 1);
+    grid->addWidget(recipients_, 1, 2);
+    grid->addLayout(captions, 2, 1);
+    grid->addWidget(text_, 2, 2, Qt::AlignTop);
+    grid->setRowStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+
+    // Enter in a field must not send: a message cannot be called back.
+    send_ = AddButton(kSend, ToQString(u8"立即发送"), ButtonKind::primary);
+    send_->SetImage(QStringLiteral("send"));
+    send_->setAutoDefault(false);
+    cancel_ = AddEndButton(kCancel, ToQString(u8"取消发送"), QDialog::Rejected);
+    cancel_->setAutoDefault(false);
+    state_ = AddState({});
+    SetInnerSize({Metric::composerWidth, Metric::composerHeight});
+    if (conversation_ == kNoConversation) {
+        recipients_->setFocus();
+    } else {
+        text_->setFocus();
+    }
+}
+
+void CSmsComposeDlg::OnMessage(Message message, int first) {
+    if (message != Message::documentLoaded || first != 0) {
+        return;
+    }
+    if (conversation_ == kNoConversation) {
+        ReadTree();
+    } else {
+        ReadConversation();
+    }
+}
+
+// ---- the conversation --------------------------------------------------------------------------
+
+void CSmsComposeDlg::ReadConversation() {
+    frame_->SetState(ListState::loading);
+    recipients_->setEnabled(false);  // the party of the conversation comes to stand there
+    RunJob(
+        this,
+        [port = agentPort_, id = conversation_, document = view_->Document()] {
+            const ConversationReply reply = FetchConversation(AgentSession(port), id);
+            const bool shown = !reply.messages.empty();
+            if (shown) {
+                document.SetInnerHtml("conversation_list", ConversationFragment(reply.messages),
+                                      HtmlScroll::end);
+            }
+            return ConversationShown{reply.outcome, shown, ConversationParty(reply.messages)};
+        },
+        [this](ConversationShown&& read) {
+            ShowConversation(read.outcome, read.shown, read.party);
+            ReadTree();
+        });
+}
+
+void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
+                                      const std::string& party) {
+    frame_->SetFilled();
+    frame_->SetState(ListState::idle);
+    recipients_->setEnabled(true);
+    if (outcome == SessionOutcome::connectFailed) {
+        ShowConnectError(host_);
+    }
+    if (shown) {
+        recipients_->setText(ToShownQString(party));  // a megabyte is no number
+    }
+}
+
+// ---- the tree ----------------------------------------------------------------------------------
+
+void CSmsComposeDlg::ReadTree() {
+    RunJob(
+        this, [port = agentPort_] { return FetchGroupTree(AgentSession(port)); },
+        [this](GroupTree&& tree) { ShowTree(std::move(tree)); });
+}
+
+void CSmsComposeDlg::ShowTree(GroupTree&& tree) {
+    if (!tree.connected) {
+        ShowConnectError(host_);
+    }
+    tree_->Status().Set(tree.connected ? ListState::idle : ListState::failed);
+    members_ = std::move(tree.members);
+    if (!tree.complete) {
+        return;
+    }
+    tree_->SetNodes(NodesOf(tree.names, members_));
+    if (QTreeWidgetItem* first = tree_->topLevelItem(0)) {
+        first->setExpanded(true);
+    }
+    ResolveRecipient();
+}
+
+// ---- recipients --------------------------------------------------------------------------------
+
+void CSmsComposeDlg::TidyTyped(const QString& text) {
+    const std::string typed = FromQString(text);
+    const std::string tidy = WithOwnSeparators(typed);
+    if (tidy != typed) {
+        const std::string beforeCursor = FromQString(text.left(recipients_->cursorPosition()));
+        recipients_->setText(ToQString(tidy));
+        recipients_->setCursorPosition(
+            static_cast<int>(ToQString(WithOwnSeparators(beforeCursor)).size()));
+    }
+}
+
+void CSmsComposeDlg::ResolveRecipient() {
+    if (resolving_) {
+        return;
+    }
+    const auto entry = quorvi::ResolveRecipient(FromQString(recipients_->text()), members_);
+    if (entry) {
+        resolving_ = true;  // an entry is not resolved again, whatever a contact's number is
+        recipients_->setText(ToQString(*entry));
+        resolving_ = false;
+    }
+}
+
+// What was typed by hand is lost; this is meant.
+void CSmsComposeDlg::TakeTicked() {
+    std::string entries;
+    for (int i = 0; i < tree_->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* group = tree_->topLevelItem(i);
+        for (int k = 0; k < group->childCount(); ++k) {
+            const QTreeWidgetItem* member = group->child(k);
+            if (tree_->IsTicked(member)) {
+                entries += RecipientOfNode(FromQString(member->text(0)));
+            }
+        }
+    }
+    recipients_->setText(ToQString(entries));
+}
+
+// ---- the message -------------------------------------------------------------------------------
+
+void CSmsComposeDlg::ShowLength() {
+    const QString typed = text_->toPlainText();
+    const std::string text = FromQString(typed);
+    const MessageLength length = MeasureMessage(text);
+    length_->setText(ToQString(u8"%1 字\n%2 条短信").arg(length.characters).arg(length.messages));
+    length_->setToolTip(ToQString(u8"还可以写 %1 字，再多就要增加一条短信").arg(length.left));
+    const bool lossy = ToQString(text) != typed;
+    state_->SetState(CSkinStateLabel::kRed,
+                     lossy ? ToQString(u8"有些字符无法发送，会变成“?”") : QString());
+}
+
+void CSmsComposeDlg::Resume(const UnsentMessage& message) {
+    recipients_->setText(message.recipients);
+    text_->SetText(message.text);
+    text_->moveCursor(QTextCursor::End);
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"上次的短信没有得到手机的确认"));
+}
+
+void CSmsComposeDlg::Send() {
+    const std::string text = FromQString(text_->toPlainText());
+    const std::vector<std::string> numbers = RecipientNumbers(FromQString(recipients_->text()));
+    if (text.empty() || numbers.empty()) {
+        return;
+    }
+    // What is on its way cannot be called back; the window may be closed all the same.
+    EndWithOk();
+    send_->setEnabled(false);
+    cancel_->setEnabled(false);
+    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在发送…"));
+    unsent_ = {recipients_->text(), text_->toPlainText()};
+    SendChange(host_, *Body(), agentPort_, SendMessageRequest(numbers, text),
+               [this](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete) {
+                       unsent_.reset();
+                   }
+                   accept();
+               });
+}
+
+}  // namespace quorvi

@@ -1,0 +1,77 @@
+// The composer: one window to write a new message, and to read and answer a conversation.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "agent/Wire.h"
+#include "pages/messages/Conversations.h"
+#include "pages/messages/Recipients.h"
+#include "ui/HtmlCtrl.h"
+#include "ui/Page.h"
+#include "ui/SkinDialog.h"
+
+namespace quorvi {
+
+class CSkinEdit;
+class CSkinTextEdit;
+class CSkinTree;
+class HtmlFrame;
+
+// What was to be sent, as it stood in the two fields.
+struct UnsentMessage {
+    QString recipients;
+    QString text;
+};
+
+// Dialog 550. Ends with Accepted once a message is on its way, whether or not the link was there
+// and whichever way it is closed; with Rejected otherwise. It may be closed at any time, a worker
+// still running or not. The window's thread.
+class CSmsComposeDlg : public SkinDialog, private HtmlListener {
+    Q_OBJECT
+  public:
+    // kNoConversation for a new message.
+    CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent = nullptr,
+                   std::uint16_t agentPort = AgentPort);
+
+    // Puts a message back that did not get out of an earlier composer.
+    void Resume(const UnsentMessage& message);
+    // What the user has told to send and the phone has not acknowledged.
+    [[nodiscard]] const std::optional<UnsentMessage>& Unsent() const { return unsent_; }
+
+    // Message::documentLoaded with the first argument 0, which the view posts: reads the
+    // conversation, if there is one, and then the tree.
+    void OnMessage(Message message, int first);
+
+  private:
+    void OnAppCmd(const std::string&) override {}  // a conversation holds no links of ours
+    void BuildControls();
+    void ReadConversation();
+    void ShowConversation(SessionOutcome outcome, bool shown, const std::string& party);
+    void ReadTree();
+    void ShowTree(GroupTree&& tree);
+    void TidyTyped(const QString& text);
+    void ResolveRecipient();
+    void TakeTicked();
+    void ShowLength();
+    void Send();
+
+    PageHost& host_;
+    std::uint32_t conversation_;
+    std::uint16_t agentPort_;
+    GroupMembers members_;
+    CHtmlCtrlFix* view_ = nullptr;
+    HtmlFrame* frame_ = nullptr;
+    CSkinTree* tree_ = nullptr;
+    CSkinEdit* recipients_ = nullptr;
+    CSkinTextEdit* text_ = nullptr;
+    QLabel* length_ = nullptr;
+    CSkinButton* send_ = nullptr;
+    CSkinButton* cancel_ = nullptr;
+    CSkinStateLabel* state_ = nullptr;
+    std::optional<UnsentMessage> unsent_;
+    bool resolving_ = false;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,133 @@
+#include "pages/messages/SmsPage.h"
+
+#include <QVBoxLayout>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "pages/kit/PageSession.h"
+#include "pages/messages/Conversations.h"
+#include "ui/HtmlFrame.h"
+#include "ui/HtmlTemplate.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kDialog = 397;
+constexpr int kView = 1361;
+
+// First arguments of Message::conversation.
+enum { kViewConversation = 0, kDeleteConversation = 1 };
+
+}  // namespace
+
+struct CSmsPage::Loaded {
+    SessionOutcome outcome;
+    bool shown;  // the fragment has been set
+};
+
+CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      load_(*this, host.LoadState(), kLoadKey),
+      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
+      frame_(new HtmlFrame(*view_, this)) {
+    view_->setAccessibleName(ToQString(u8"短信会话"));
+    view_->LoadFromResource(kConversationsTemplate);
+    frame_->SetFailedText(ToQString(u8"没有连上手机"),
+                          ToQString(u8"请检查数据线，然后点“刷新列表”"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(frame_);
+}
+
+void CSmsPage::RefreshSms() {
+    load_.Start([this] { frame_->SetState(ListState::loading); },
+                [port = agentPort_, attribution = attribution_, frame = frame_,
+                 document = view_->Document()](const LoadProgress& progress) {
+                    const ConversationListReply reply = FetchConversations(
+                        AgentSession(port), attribution, ProgressTo(progress, frame));
+                    const bool shown = !reply.conversations.empty();
+                    if (shown) {
+                        document.SetInnerHtml("sms_ul", ConversationsFragment(reply.conversations),
+                                              HtmlScroll::top);
+                    }
+                    return Loaded{reply.outcome, shown};
+                },
+                [this](const Loaded& loaded) { ShowLoaded(loaded); });
+}
+
+void CSmsPage::ShowLoaded(const Loaded& loaded) {
+    const bool connected = loaded.outcome != SessionOutcome::connectFailed;
+    if (!connected) {
+        ShowConnectError(Host());
+    }
+    if (loaded.shown) {
+        frame_->SetFilled();
+    }
+    frame_->SetState(connected ? ListState::idle : ListState::failed);
+}
+
+void CSmsPage::OnCommand(int index) {
+    if (!isEnabled()) {
+        return;  // a delete is on its way
+    }
+    switch (index) {
+        case commandRefresh:
+            RefreshSms();
+            break;
+        case commandCompose:
+            Compose(kNoConversation);
+            break;
+        default:
+            break;
+    }
+}
+
+void CSmsPage::OnAppCmd(const std::string& text) {
+    if (const auto link = ReadConversationLink(text)) {
+        OnMessage(Message::conversation,
+                  link->action == ConversationLink::Action::view ? kViewConversation
+                                                                 : kDeleteConversation,
+                  static_cast<int>(link->id));
+    }
+}
+
+void CSmsPage::OnMessage(Message message, int first, int second) {
+    if (message != Message::conversation || !isEnabled()) {
+        return;
+    }
+    const auto id = static_cast<std::uint32_t>(second);
+    if (first == kViewConversation) {
+        Compose(id);
+    } else if (first == kDeleteConversation) {
+        Delete(id);
+    }
+}
+
+void CSmsPage::Compose(std::uint32_t conversation) {
+    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agentPort_);
+    if (const auto unsent = unsent_.extract(conversation)) {
+        composer->Resume(unsent.mapped());
+    }
+    composer->Open([this, composer, conversation](int result) {
+        if (composer->Unsent()) {
+            unsent_[conversation] = *composer->Unsent();
+        }
+        if (result == QDialog::Accepted) {
+            RefreshSms();
+        }
+    });
+}
+
+// Asks nothing; this is meant.
+void CSmsPage::Delete(std::uint32_t conversation) {
+    if (conversation == kNoConversation) {
+        RefreshSms();
+        return;
+    }
+    SendChange(Host(), *this, agentPort_, DeleteConversationRequest(conversation),
+               [this](const AcknowledgedReply&) { RefreshSms(); });
+}
+
+}  // namespace quorvi

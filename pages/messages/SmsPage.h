@@ -1,0 +1,58 @@
+// The SMS page: the phone's conversations in an HTML view, one block each.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "agent/Wire.h"
+#include "pages/messages/SmsComposeDlg.h"
+#include "refdata/NumberAttribution.h"
+#include "ui/HtmlCtrl.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+class HtmlFrame;
+
+// Page 11, dialog 397, key 2 in PageLoadState. The fragment in the view is its only state: what is
+// done with a conversation is a link in it, which carries the conversation's id. One worker at
+// most; a refresh while it runs is dropped. A load that brings nothing to show leaves the view as
+// it is.
+class CSmsPage : public Page, private HtmlListener {
+    Q_OBJECT
+  public:
+    static constexpr int kLoadKey = 2;
+    enum Command { commandRefresh, commandCompose };  // the third command has no action
+
+    explicit CSmsPage(PageHost& host, QWidget* parent = nullptr,
+                      std::uint16_t agentPort = AgentPort);
+
+    void RefreshSms();
+
+    void Load() override { RefreshSms(); }
+    void OnCommand(int index) override;
+    // Message::conversation, which the page sends to itself.
+    void OnMessage(Message message, int first, int second) override;
+
+    // Opens the composer with a conversation, or kNoConversation; fetches the list again if a
+    // message was sent. One that did not get out stands in the next composer of that conversation.
+    void Compose(std::uint32_t conversation);
+
+  private:
+    struct Loaded;
+
+    void OnAppCmd(const std::string& text) override;
+    void ShowLoaded(const Loaded& loaded);
+    void Delete(std::uint32_t conversation);
+
+    std::uint16_t agentPort_;
+    AttributionOf attribution_ = MakeNumberAttribution();
+    PageLoad load_;
+    CHtmlCtrlFix* view_;
+    HtmlFrame* frame_;
+    std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
+};
+
+}  // namespace quorvi

@@ -1,0 +1,144 @@
+#include "pages/numbers/NumberQueryDlg.h"
+
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/ControlNumber.h"
+#include "ui/Job.h"
+#include "ui/Look.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+
+using look::Metric;
+using look::Size;
+
+namespace {
+
+constexpr int kDialog = 433;
+constexpr int kNumberBox = 1123;
+constexpr int kQueryButton = 1124;
+constexpr int kPlaceLink = 1127;
+constexpr int kAreaCodeLabel = 1128;
+constexpr int kPostalCodeLabel = 1129;
+constexpr int kHeadingLabel = 1138;
+
+// The outside search engine that a place is looked up with; the text goes behind it.
+constexpr std::u8string_view kSearchAddress = u8"https://duckduckgo.com/?q=";
+
+QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink) {
+    auto* label = new QLabel(ToQString(text));
+    label->setFont(look::font(Size::s13));
+    label->setTextFormat(Qt::PlainText);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, look::color(color));
+    label->setPalette(palette);
+    return label;
+}
+
+}  // namespace
+
+CNumberQueryDlg::CNumberQueryDlg(QWidget* parent)
+    : CNumberQueryDlg([] { return CPhoneDb(); },
+                      [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); },
+                      parent) {}
+
+CNumberQueryDlg::CNumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent)
+    : SkinDialog(kDialog, ToQString(u8"号码查询"), parent),
+      makeDb_(std::move(makeDb)),
+      open_(std::move(open)),
+      number_(SetControlNumber(new CSkinEdit, kNumberBox, ToQString(u8"手机号码"))),
+      query_(SetControlNumber(new CSkinButton(ToQString(u8"立即查询")), kQueryButton,
+                              ToQString(u8"立即查询"))),
+      heading_(SetControlNumber(MakeLabel(u8""), kHeadingLabel)),
+      place_(SetControlNumber(new CSkinLink(QString()), kPlaceLink)),
+      areaCode_(SetControlNumber(MakeLabel(u8""), kAreaCodeLabel)),
+      postalCode_(SetControlNumber(MakeLabel(u8""), kPostalCodeLabel)) {
+    auto* group = new CSkinGroupBox(ToQString(u8"手机号码归属地"), Body());
+    auto* inside = new QVBoxLayout(group);
+    inside->setSpacing(Metric::formGap);
+    inside->addWidget(MakeLabel(u8"请输入手机号前 7 位即可", look::Color::ink2));
+    inside->addWidget(MakeQuestion());
+    inside->addWidget(MakeAnswer());
+    auto* layout = new QVBoxLayout(Body());
+    layout->addWidget(group);
+    setFixedWidth(Metric::questionWidth);
+
+    connect(number_, &QLineEdit::textChanged, this, &CNumberQueryDlg::CutText);
+    connect(query_, &QAbstractButton::clicked, this, &CNumberQueryDlg::Query);
+    connect(place_, &QAbstractButton::clicked, this, &CNumberQueryDlg::SearchPlace);
+    SetDefault(query_);
+}
+
+QWidget* CNumberQueryDlg::MakeQuestion() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Metric::gap2);
+    layout->addWidget(number_, 1);
+    layout->addWidget(query_);
+    return row;
+}
+
+QWidget* CNumberQueryDlg::MakeAnswer() {
+    answer_ = new QWidget;
+    auto* layout = new QVBoxLayout(answer_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Metric::gap1);
+    const auto addRow = [&](QWidget* left, QWidget* right) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(Metric::gap2);
+        row->addWidget(left);
+        row->addWidget(right);
+        row->addStretch(1);
+        layout->addLayout(row);
+    };
+    addRow(heading_, place_);
+    addRow(MakeLabel(u8"区号", look::Color::ink2), areaCode_);
+    addRow(MakeLabel(u8"邮编", look::Color::ink2), postalCode_);
+    return answer_;
+}
+
+// The box gives up what is behind its eleventh character, wherever the new ones were typed.
+void CNumberQueryDlg::CutText() {
+    const QString text = number_->text();
+    if (text.size() > kQueryLength) {
+        const int cursor = number_->cursorPosition();
+        number_->setText(text.left(kQueryLength));
+        number_->setCursorPosition(std::min(cursor, kQueryLength));
+    }
+}
+
+// The database writes its file: not on the window's thread.
+void CNumberQueryDlg::Query() {
+    query_->setEnabled(false);
+    RunJob(
+        this,
+        [makeDb = makeDb_, text = FromQString(number_->text())] {
+            return QueryNumber(text, makeDb());
+        },
+        [this](const NumberAnswer& answer) { Show(answer); });
+}
+
+void CNumberQueryDlg::Show(const NumberAnswer& answer) {
+    heading_->setText(ToQString(answer.heading));
+    place_->setText(ToQString(answer.place));
+    place_->setAccessibleName(place_->text());
+    place_->updateGeometry();
+    areaCode_->setText(ToQString(answer.areaCode));
+    postalCode_->setText(ToQString(answer.postalCode));
+    answer_->update();
+    query_->setEnabled(true);
+}
+
+void CNumberQueryDlg::SearchPlace() {
+    if (!place_->text().isEmpty()) {
+        open_(ToQString(kSearchAddress) +
+              QString::fromLatin1(QUrl::toPercentEncoding(place_->text())));
+    }
+}
+
+}  // namespace quorvi

@@ -1,0 +1,101 @@
+#include "pages/phoneinfo/HomePage.h"
+
+#include <QVBoxLayout>
+
+#include "base/Text.h"
+#include "pages/kit/PageSession.h"
+#include "pages/phoneinfo/DashboardLink.h"
+#include "ui/HtmlTemplate.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kDialog = 130;
+constexpr int kView = 1360;
+
+// Where links lead: tab and page.
+struct Target {
+    int tab;
+    int page;
+};
+constexpr Target kStore{2, 20};
+constexpr Target kSystemInformation{4, 40};
+constexpr Target kPhoneSettings{4, 41};
+
+void GoTo(PageHost& host, Target target) {
+    host.Post(Message::goToPage, target.tab, target.page);
+}
+
+void Command(PageHost& host, PageCommand command, int argument = 0) {
+    host.Post(Message::pageCommand, static_cast<int>(command), argument);
+}
+
+}  // namespace
+
+CHomePage::CHomePage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)) {
+    view_->setAccessibleName(ToQString(u8"我的手机"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(view_);
+    view_->LoadFromResource(kDashboardTemplate);
+}
+
+void CHomePage::Refresh() {
+    const bool started =
+        load_.Start([port = agentPort_] { return FetchSystemInfo(AgentSession(port)); },
+                    [this](SystemInfoReply&& reply) { Show(reply); });
+    again_ = !started;
+}
+
+void CHomePage::Show(const SystemInfoReply& reply) {
+    if (reply.outcome == SessionOutcome::connectFailed) {
+        ShowConnectError(Host());
+    } else if (reply.info) {
+        view_->SetInnerHtml("manufacturer", DashboardHeader(*reply.info));
+        view_->SetInnerHtml("info_ul", DashboardList(*reply.info));
+    }
+    if (again_) {
+        PostToWindow(this, [this] { Refresh(); });
+    }
+}
+
+void CHomePage::OnLink(const std::string& text) {
+    OnMessage(Message::dashboardLink, static_cast<int>(DashboardActionOf(text)), ToInt(text));
+}
+
+void CHomePage::OnMessage(Message message, int first, int second) {
+    if (message != Message::dashboardLink) {
+        return;
+    }
+    switch (static_cast<DashboardAction>(first)) {
+        case DashboardAction::deviceManager:
+            Command(Host(), PageCommand::openDeviceManager);
+            break;
+        case DashboardAction::appStore:
+            GoTo(Host(), kStore);
+            break;
+        case DashboardAction::refresh:
+            Refresh();
+            break;
+        case DashboardAction::screenshot:
+            break;
+        case DashboardAction::capture:
+            Command(Host(), PageCommand::captureScreen);
+            break;
+        case DashboardAction::systemInformation:
+            GoTo(Host(), kSystemInformation);
+            break;
+        case DashboardAction::phoneSettings:
+            GoTo(Host(), kPhoneSettings);
+            break;
+        case DashboardAction::storeItem:
+            Command(Host(), PageCommand::openStoreItem, second);
+            break;
+    }
+}
+
+}  // namespace quorvi

@@ -1,0 +1,41 @@
+// The dashboard: the phone's name and state, and the ways to the rest of the suite.
+#pragma once
+
+#include <cstdint>
+
+#include "agent/Wire.h"
+#include "pages/phoneinfo/SystemInfo.h"
+#include "ui/HtmlCtrl.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+// Page 0, dialog 130. Refreshed when the link comes up and by its own link; PageLoadState knows
+// nothing of it. It holds the state it was given last, also when the phone is gone.
+class CHomePage : public Page, private HtmlListener {
+    Q_OBJECT
+  public:
+    explicit CHomePage(PageHost& host, QWidget* parent = nullptr,
+                       std::uint16_t agentPort = AgentPort);
+
+    // Fetches the phone's state and shows it. One that is asked for while another runs follows it.
+    void Refresh();
+    // A link was clicked; `text` is what follows the scheme's colon.
+    void OnLink(const std::string& text);
+
+    void Load() override { Refresh(); }
+    // Message::dashboardLink: `first` is a DashboardAction, `second` the number of a store item.
+    void OnMessage(Message message, int first, int second) override;
+
+  private:
+    void OnAppCmd(const std::string& text) override { OnLink(text); }
+    void Show(const SystemInfoReply& reply);
+
+    std::uint16_t agentPort_;
+    PageLoad load_{*this};
+    bool again_ = false;
+    CHtmlCtrlFix* view_;
+};
+
+}  // namespace quorvi

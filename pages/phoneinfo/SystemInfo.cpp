@@ -1,0 +1,152 @@
+#include "pages/phoneinfo/SystemInfo.h"
+
+#include <fmt/format.h>
+
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::size_t kListReserve = 15000;
+constexpr std::uint64_t kMillisecondsPerSecond = 1000;
+
+// One line of the dashboard's list: link key, picture, label, id of the span or none, text.
+struct DashboardLine {
+    std::string_view link;
+    std::string_view image;
+    std::u8string_view label;
+    std::string_view spanId;
+    std::string text;
+};
+
+void Append(std::string& list, const DashboardLine& line) {
+    const std::string id = line.spanId.empty() ? "" : fmt::format(" id='{}'", line.spanId);
+    list += fmt::format(
+        "<li><div class='icon'><a href='qvh:{0}'><img src='{1}' alt='' /></a></div>"
+        "<div class='label'><a href='qvh:{0}'>{2}</a></div><span{3}>{4}</span></li>",
+        line.link, line.image, Ansi(line.label), id, line.text);
+}
+
+std::string TimeSinceBoot(std::uint64_t milliseconds) {
+    const std::uint64_t seconds = milliseconds / kMillisecondsPerSecond;
+    return fmt::format("{} {} {:02} {} {:02} {} \n", seconds / 86400, Ansi(u8"天"),
+                       seconds / 3600 % 24, Ansi(u8"小时"), seconds / 60 % 60, Ansi(u8"分"));
+}
+
+// The table takes exactly 1 as on.
+std::string TableState(std::uint32_t state) {
+    return Ansi(state == 1 ? u8"是" : u8"已禁用");
+}
+
+// The dashboard takes anything but 0 as on: that the two differ is meant.
+std::string DashboardState(std::uint32_t state) {
+    return Ansi(state != 0 ? u8"开启" : u8"已禁用");
+}
+
+std::string BatteryText(const SystemInfo& info) {
+    return info.batteryLevel + " %";
+}
+
+}  // namespace
+
+std::optional<SystemInfo> ParseSystemInfo(const ReplyBuffer& reply) {
+    ReplyCursor cursor(reply);
+    std::optional<std::string> model = cursor.TakeText();
+    if (!model) {
+        return std::nullopt;
+    }
+    SystemInfo info;
+    info.model = std::move(*model);
+    info.millisecondsSinceBoot = cursor.TakeUInt64();
+    info.systemVersion = cursor.TakeTextOrEmpty();
+    info.imei = cursor.TakeTextOrEmpty();
+    info.imsi = cursor.TakeTextOrEmpty();
+    info.resolution = cursor.TakeTextOrEmpty();
+    info.batteryLevel = cursor.TakeTextOrEmpty();
+    info.cpu = cursor.TakeTextOrEmpty();
+    info.ram = cursor.TakeTextOrEmpty();
+    info.rom = cursor.TakeTextOrEmpty();
+    info.sdCard = cursor.TakeTextOrEmpty();
+    info.gps = cursor.TakeUInt32();
+    info.bluetooth = cursor.TakeUInt32();
+    info.wifi = cursor.TakeUInt32();
+    info.gravity = cursor.TakeUInt32();
+    info.mobileNetwork = cursor.TakeTextOrEmpty();
+    info.wifiNetwork = cursor.TakeTextOrEmpty();
+    info.brightness = cursor.TakeUInt32();
+    if (cursor.Overran()) {
+        return std::nullopt;
+    }
+    return info;
+}
+
+SystemInfoReply FetchSystemInfo(const AgentSession& session) {
+    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::systemInformation));
+    return {reply.outcome, reply.HasPayload() ? ParseSystemInfo(reply.buffer) : std::nullopt};
+}
+
+std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info) {
+    const std::array<std::string, kSystemInfoRows> texts{
+        info.model,
+        TimeSinceBoot(info.millisecondsSinceBoot),
+        info.systemVersion,
+        info.imei,
+        info.imsi,
+        info.resolution,
+        BatteryText(info),
+        info.cpu,
+        info.ram,
+        info.rom,
+        info.sdCard,
+        TableState(info.gps),
+        TableState(info.bluetooth),
+        TableState(info.wifi),
+        TableState(info.gravity),
+        info.mobileNetwork,
+        info.wifiNetwork,
+        fmt::format("{} / 255", static_cast<std::int32_t>(info.brightness)),
+        Ansi(u8"无"),
+    };
+    std::array<SystemInfoRow, kSystemInfoRows> rows;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        rows[i] = {Ansi(kSystemInfoCaptions[i]), texts[i]};
+    }
+    return rows;
+}
+
+std::string DashboardHeader(const SystemInfo& info) {
+    return "<a href='qvh:device'>" + info.model + "</a>";
+}
+
+std::string DashboardList(const SystemInfo& info) {
+    const DashboardLine lines[] = {
+        {"os", "w_os.gif", u8"操作系统", "status_os", info.systemVersion},
+        {"battery", BatteryImage(ToInt(info.batteryLevel)), u8"电池信息", "", BatteryText(info)},
+        {"space", "w_space.gif", u8"剩余空间", "status_space", info.sdCard},
+        {"gps", "w_gps.gif", u8"GPS状态", "", DashboardState(info.gps)},
+        {"bluetooth", "w_bluetooth.gif", u8"蓝牙状态", "", DashboardState(info.bluetooth)},
+        {"wifi", "w_wifi.gif", u8"WiFi状态", "", DashboardState(info.wifi)},
+        {"gravity", "w_gravity.gif", u8"重力感应", "", DashboardState(info.gravity)},
+    };
+    std::string list;
+    list.reserve(kListReserve);
+    for (const DashboardLine& line : lines) {
+        Append(list, line);
+    }
+    return list;
+}
+
+std::string_view BatteryImage(int percent) {
+    if (percent < 15) {
+        return "w_battery_none.gif";
+    }
+    if (percent <= 30) {
+        return "w_battery_low.gif";
+    }
+    if (percent < 70) {
+        return "w_battery_mid.gif";
+    }
+    return "w_battery_full.gif";
+}
+
+}  // namespace quorvi

@@ -1,0 +1,92 @@
+#include "pages/phoneinfo/SystemInfoPage.h"
+
+#include <QVBoxLayout>
+#include <array>
+
+#include "base/Text.h"
+#include "pages/kit/PageSession.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/RecordListCtrl.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kDialog = 135;
+
+enum Column : int { kIconColumn, kTextColumn, kComparisonColumn };
+
+constexpr std::array<ListColumn, 3> kColumns{{
+    {u8"类型", 80, CellKind::icon},
+    {u8"详细信息", 448, CellKind::captioned, CellAlign::left},
+    {u8"主流对比", 200, CellKind::text, CellAlign::left},  // stays empty
+}};
+
+// The icon of each row.
+constexpr std::array<QStringView, kSystemInfoRows> kIcons{
+    u"my-phone",   u"clock",        u"os",          u"info",        u"tab-data",
+    u"screenshot", u"battery-full", u"system-info", u"performance", u"row-data",
+    u"space",      u"gps",          u"bluetooth",   u"wifi",        u"gravity",
+    u"web",        u"wifi",         u"brightness",  u"usb",
+};
+
+struct InfoRow {
+    SystemInfoRow row;
+    QStringView icon;
+};
+
+}  // namespace
+
+class SystemInfoListCtrl : public RecordListCtrl<InfoRow> {
+  public:
+    using RecordListCtrl::RecordListCtrl;
+
+  protected:
+    [[nodiscard]] Cell CellOf(const InfoRow& record, int column) const override {
+        const QString caption = ToQString(record.row.caption);
+        switch (column) {
+            case kIconColumn:
+                return {.text = caption, .icon = record.icon.toString()};
+            case kTextColumn:
+                return {.text = caption, .second = ToQString(record.row.text)};
+            default:
+                return {};
+        }
+    }
+};
+
+CSystemInfoPage::CSystemInfoPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+    : Page(host, kDialog, parent),
+      agentPort_(agentPort),
+      load_(*this, host.LoadState(), kLoadKey),
+      list_(new SystemInfoListCtrl(kColumns, look::Metric::rowCompact, this)) {
+    SetControlNumber(list_, kList, ToQString(u8"系统信息"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(list_);
+    std::vector<InfoRow> rows;
+    for (std::size_t i = 0; i < kSystemInfoRows; ++i) {
+        rows.push_back({{Ansi(kSystemInfoCaptions[i]), {}}, kIcons[i]});
+    }
+    list_->SetRecords(std::move(rows));
+}
+
+void CSystemInfoPage::Load() {
+    load_.Start([this] { list_->SetState(ListState::loading); },
+                [port = agentPort_] { return FetchSystemInfo(AgentSession(port)); },
+                [this](SystemInfoReply&& reply) { Show(reply); });
+}
+
+void CSystemInfoPage::Show(const SystemInfoReply& reply) {
+    list_->SetState(ListState::idle);
+    if (reply.outcome == SessionOutcome::connectFailed) {
+        ShowConnectError(Host());
+    } else if (reply.info) {
+        const auto rows = SystemInfoTable(*reply.info);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            list_->Edit(static_cast<int>(i), [&](InfoRow& record) { record.row = rows[i]; });
+        }
+    }
+}
+
+}  // namespace quorvi

@@ -1,0 +1,36 @@
+// The table of the phone's system information.
+#pragma once
+
+#include <cstdint>
+
+#include "agent/Wire.h"
+#include "pages/phoneinfo/SystemInfo.h"
+#include "ui/Page.h"
+#include "ui/PageLoad.h"
+
+namespace quorvi {
+
+class SystemInfoListCtrl;
+
+// Page 40, dialog 135. Its rows stand from the start; a load fills in what they tell. A phone that
+// tells nothing leaves them as they are.
+class CSystemInfoPage : public Page {
+    Q_OBJECT
+  public:
+    static constexpr int kLoadKey = 10;
+    static constexpr int kList = 1362;  // number of the list control
+
+    explicit CSystemInfoPage(PageHost& host, QWidget* parent = nullptr,
+                             std::uint16_t agentPort = AgentPort);
+
+    void Load() override;
+
+  private:
+    void Show(const SystemInfoReply& reply);
+
+    std::uint16_t agentPort_;
+    PageLoad load_;
+    SystemInfoListCtrl* list_;
+};
+
+}  // namespace quorvi

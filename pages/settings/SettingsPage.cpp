@@ -1,0 +1,201 @@
+#include "pages/settings/SettingsPage.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/SkinButtons.h"
+#include "ui/SkinChecks.h"
+#include "ui/SkinLabels.h"
+
+namespace quorvi {
+namespace {
+
+using look::Color;
+using look::Metric;
+using look::Size;
+
+constexpr int kDialog = 202;
+
+// Control numbers.
+constexpr int kAutoRun = 1016;
+constexpr int kAutoRunOnUsb = 1017;
+constexpr int kExitHide = 1018;
+constexpr int kExitQuit = 1019;
+constexpr int kRepair = 1355;
+constexpr int kProgress = 1356;
+constexpr int kRepairText = 1109;
+
+// What `exit_mode` may be.
+constexpr std::string_view kExitMode = "exit_mode";
+constexpr std::uint32_t kHideToTray = 0;
+constexpr std::uint32_t kLeaveProgram = 3;
+
+// How far the repair is, in percent, behind each of its steps. Nothing is done for the second and
+// the third: the library that they put back on other systems has no use on this one.
+constexpr int kShortcutMade = 10;
+constexpr int kLibraryWritten = 20;
+constexpr int kLibraryRegistered = 30;
+constexpr int kProtocolWritten = 40;
+constexpr int kRepaired = 100;
+
+QLabel* Line(std::u8string_view text, Color ink) {
+    auto* label = new QLabel(ToQString(text));
+    label->setFont(look::font(Size::s12));
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, look::color(ink));
+    label->setPalette(palette);
+    return label;
+}
+
+template <typename Control>
+Control* Hidden(Control* control) {
+    control->hide();
+    return control;
+}
+
+}  // namespace
+
+CSettingsPage::CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
+                             QWidget* parent)
+    : Page(host, kDialog, parent),
+      desktop_(std::move(desktop)),
+      autoRun_(new CSkinCheck(ToQString(u8"启动Windows时自动运行奎维掌上工坊"))),
+      autoRunOnUsb_(new CSkinCheck(ToQString(u8"USB 连接到智能手机时自动运行 Quorvi"))),
+      exitHide_(new CSkinRadio(ToQString(u8"隐藏到系统右下角托盘区"))),
+      exitQuit_(new CSkinRadio(ToQString(u8"完全退出 奎维掌上工坊"))),
+      repair_(new CSkinButton(ToQString(u8"修复组件"))),
+      progress_(new CSkinProgress),
+      repairText_(new CSkinStateLabel(ToQString(u8"就绪"))) {
+    for (const auto& [button, number] :
+         std::initializer_list<std::pair<QAbstractButton*, int>>{{autoRun_, kAutoRun},
+                                                                 {autoRunOnUsb_, kAutoRunOnUsb},
+                                                                 {exitHide_, kExitHide},
+                                                                 {exitQuit_, kExitQuit},
+                                                                 {repair_, kRepair}}) {
+        SetControlNumber(button, number, button->text());
+    }
+    SetControlNumber(progress_, kProgress, ToQString(u8"修复进度"));
+    SetControlNumber(repairText_, kRepairText);
+    repair_->SetImage(QStringLiteral("repair"));
+
+    auto* start = new CSkinGroupBox(ToQString(u8"启动设置"));
+    auto* startRows = new QVBoxLayout(start);
+    startRows->setContentsMargins({});
+    startRows->setSpacing(Metric::gap1);
+    startRows->addWidget(autoRun_, 0, Qt::AlignLeft);
+    auto* startHint = Line(u8"随桌面一起启动，隐藏在系统托盘中等待手机连接", Color::ink2);
+    startHint->setIndent(Metric::tick + Metric::tickGap);  // under the caption of its box
+    startRows->addWidget(startHint);
+    startRows->addWidget(Hidden(autoRunOnUsb_));
+    startRows->addWidget(Hidden(Line(u8"关闭主窗口时", Color::ink)));
+    startRows->addWidget(Hidden(exitHide_));
+    startRows->addWidget(Hidden(exitQuit_));
+
+    auto* repair = new CSkinGroupBox(ToQString(u8"修复组件"));
+    auto* repairRows = new QVBoxLayout(repair);
+    repairRows->setContentsMargins({});
+    repairRows->setSpacing(Metric::gap3);
+    repairRows->addWidget(
+        Line(u8"重新建立桌面快捷方式，并让 Quorvi 链接由本程序打开", Color::ink2));
+    auto* action = new QHBoxLayout;
+    action->setSpacing(Metric::gap4);
+    action->addWidget(repair_);
+    action->addWidget(progress_, 1);
+    repairRows->addLayout(action);
+    repairRows->addWidget(repairText_);
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins({});
+    rows->setSpacing(Metric::gap3);
+    rows->addWidget(start);
+    rows->addWidget(repair);
+    rows->addStretch();
+
+    connect(autoRun_, &QAbstractButton::clicked, this, &CSettingsPage::OnAutoRun);
+    connect(exitHide_, &QAbstractButton::clicked, this, &CSettingsPage::OnExitHide);
+    connect(exitQuit_, &QAbstractButton::clicked, this, &CSettingsPage::OnExitQuit);
+    connect(repair_, &QAbstractButton::clicked, this, &CSettingsPage::OnRepair);
+    OnInitDialog();
+}
+
+void CSettingsPage::OnInitDialog() {
+    autoRunOnUsb_->SetCheck(1);
+    progress_->setRange(0, kRepaired);
+    progress_->setValue(0);
+    LoadSettings();
+}
+
+template <typename Work, typename Done>
+void CSettingsPage::Run(Work work, Done done) {
+    job_.Start([this] { SetBusy(true); },
+               [desktop = desktop_, work](const LoadProgress& progress) {
+                   return work(*desktop, progress);
+               },
+               [this, done](auto&& result) {
+                   SetBusy(false);
+                   done(result);
+               });
+}
+
+void CSettingsPage::SetBusy(bool busy) {
+    if (busy) {
+        focus_ = focusWidget();
+    }
+    autoRun_->setEnabled(!busy);
+    repair_->setEnabled(!busy);
+    if (!busy && focus_ && focusWidget() != focus_ && isVisible()) {
+        focus_->setFocus();
+    }
+}
+
+void CSettingsPage::LoadSettings() {
+    const bool leaves = Host().Settings().ReadNumber(kSettingsKey, kExitMode) == kLeaveProgram;
+    (leaves ? exitQuit_ : exitHide_)->setChecked(true);
+    Run([](DesktopIntegration& desktop, const LoadProgress&) { return desktop.AutoRuns(); },
+        [this](bool autoRuns) { autoRun_->SetCheck(autoRuns ? 1 : 0); });
+}
+
+void CSettingsPage::OnAutoRun() {
+    Run(
+        [on = autoRun_->GetCheck() == 1](DesktopIntegration& desktop, const LoadProgress&) {
+            desktop.SetAutoRun(on);
+            return desktop.AutoRuns();
+        },
+        [this](bool autoRuns) { autoRun_->SetCheck(autoRuns ? 1 : 0); });
+}
+
+void CSettingsPage::OnExitHide() {
+    Host().Settings().WriteNumber(kSettingsKey, kExitMode, kHideToTray);
+    LoadSettings();
+}
+
+void CSettingsPage::OnExitQuit() {
+    Host().Settings().WriteNumber(kSettingsKey, kExitMode, kLeaveProgram);
+    LoadSettings();
+}
+
+void CSettingsPage::OnRepair() {
+    Run(
+        [this](DesktopIntegration& desktop, const LoadProgress& progress) {
+            const auto reached = [&](int percent) {
+                progress([this, percent] { progress_->setValue(percent); });
+            };
+            desktop.MakeShortcut();
+            reached(kShortcutMade);
+            reached(kLibraryWritten);
+            reached(kLibraryRegistered);
+            desktop.RegisterProtocol();
+            reached(kProtocolWritten);
+            return kRepaired;
+        },
+        [this](int percent) {
+            progress_->setValue(percent);
+            repairText_->SetState(CSkinStateLabel::kGreen,
+                                  ToQString(u8"修复完成,仍然存在问题请尝试重装 Quorvi"));
+        });
+}
+
+}  // namespace quorvi

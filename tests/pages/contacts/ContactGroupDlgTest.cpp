@@ -1,0 +1,284 @@
+#include <QLabel>
+#include <QLineEdit>
+
+#include "pages/contacts/ContactGroupDlg.h"
+#include "pages/contacts/GroupEditDlg.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentDialogTest.h"
+#include "tests/pages/DialogDriver.h"
+#include "tests/pages/WireBytes.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/SkinListCtrl.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kGroups = 679;
+constexpr int kEditor = 681;
+constexpr int kConfirm = 548;
+constexpr int kNothingChecked = 682;
+
+WireBytes& Add(WireBytes& bytes, std::uint64_t id, std::string_view title, std::uint32_t visible) {
+    return bytes
+        .U64(id)        // group id
+        .Text(title)    // title
+        .Text("phone")  // account
+        .U32(visible);  // visible
+}
+
+class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
+  protected:
+    void SetUp() override {
+        AnswerTwoGroups();
+        agent_.AnswerAcknowledged(AgentCommand::addGroup);
+        agent_.AnswerAcknowledged(AgentCommand::renameGroup);
+        agent_.AnswerAcknowledged(AgentCommand::deleteGroups);
+    }
+
+    void AnswerTwoGroups() {
+        WireBytes groups;
+        groups.U32(0);  // leading word
+        Add(groups, 0x500000005, "朋友", 1);
+        Add(groups, 6, "同事", 2);
+        agent_.AnswerPayload(AgentCommand::listGroups, groups.Get());
+    }
+    void OpenAt(std::uint16_t port) { Show(new CContactGroupDlg(host_, nullptr, port)); }
+    void OpenLoaded() {
+        OpenAt(agent_.Port());
+        WaitForLoads(1);
+    }
+    CSkinListCtrl& List() { return *FindControl<CSkinListCtrl>(dialog_, 1372); }
+    std::size_t Loads() { return agent_.Requests(AgentCommand::listGroups).size(); }
+    void WaitForLoads(std::size_t count) {
+        ASSERT_TRUE(
+            WaitFor([&] { return Loads() == count && List().State() != ListState::loading; }));
+    }
+    QLineEdit* Title() { return FindControl<QLineEdit>(OpenDialog(kEditor), 1257); }
+    // Presses 确定 in the editor and waits for its end.
+    void EndEditor() {
+        PressIn(kEditor, 1215);
+        ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
+    }
+};
+
+TEST_F(GroupDialog, OpeningLoadsTheGroupsIntoTheirColumns) {
+    OpenLoaded();
+    EXPECT_EQ(dialog_->objectName(), QStringLiteral("dialog 679"));
+    EXPECT_EQ(dialog_->windowTitle(), ToQString(u8"联系人分组 - Quorvi"));
+    const std::vector<std::pair<std::u8string_view, int>> columns{
+        {u8"", 25}, {u8"标题", 200}, {u8"所属账户", 180}, {u8"可见", 70}, {u8"选择", 80}};
+    ASSERT_EQ(List().ColumnCount(), 5);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(List().Column(i).caption, columns[static_cast<std::size_t>(i)].first);
+        EXPECT_EQ(List().Column(i).width, columns[static_cast<std::size_t>(i)].second);
+        EXPECT_EQ(List().Column(i).align, CellAlign::centre);
+    }
+    ASSERT_EQ(List().RowCount(), 2);
+    EXPECT_EQ(List().CellAt(0, 1).text, ToQString(u8"朋友"));
+    EXPECT_EQ(List().CellAt(0, 2).text, QStringLiteral("phone"));
+    EXPECT_EQ(List().CellAt(0, 3).text, ToQString(u8"是"));
+    EXPECT_TRUE(List().Redraw());
+}
+
+TEST_F(GroupDialog, AVisibleValueOtherThanOneIsHidden) {
+    OpenLoaded();
+    EXPECT_EQ(List().CellAt(1, 3).text, ToQString(u8"【隐藏】"));
+}
+
+TEST_F(GroupDialog, ItsOkAndTheCloseButtonEndIt) {
+    OpenLoaded();
+    PressIn(kGroups, 1215);
+    EXPECT_EQ(results_, std::vector<int>{QDialog::Accepted});
+    OpenAt(agent_.Port());
+    OpenDialog(kGroups)->close();
+    EXPECT_EQ(results_.size(), 2u);
+}
+
+TEST_F(GroupDialog, RefreshDuringARunningLoadIsDropped) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::listGroups);
+    PressIn(kGroups, 1047);
+    PressIn(kGroups, 1047);
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_FALSE(List().Redraw());
+    ASSERT_TRUE(WaitFor([&] { return Loads() == 2; }));
+    agent_.Release();
+    WaitForLoads(2);
+    QTest::qWait(50);
+    EXPECT_EQ(Loads(), 2u);
+}
+
+TEST_F(GroupDialog, ConnectFailureIsToldAndRedrawGoesOn) {
+    OpenAt(UnusedPort());
+    ASSERT_TRUE(WaitFor([&] { return List().State() == ListState::failed; }));
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_TRUE(List().Redraw());
+}
+
+// Replies that end the worker early.
+class GroupDialogEarlyEnd : public GroupDialog,
+                            public testing::WithParamInterface<ScriptedAgent::Reply> {};
+
+TEST_P(GroupDialogEarlyEnd, LeavesAnEmptyListWithoutRedrawOrMessageUntilALaterLoadGetsFurther) {
+    agent_.Answer(AgentCommand::listGroups, GetParam());
+    OpenLoaded();
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+    AnswerTwoGroups();
+    PressIn(kGroups, 1047);
+    WaitForLoads(2);
+    EXPECT_EQ(List().RowCount(), 2);
+    EXPECT_TRUE(List().Redraw());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    NoData_Closed_Broken, GroupDialogEarlyEnd,
+    testing::Values(ScriptedAgent::Reply{Word(NoDataMark)}, ScriptedAgent::Reply{Bytes{}},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}));
+
+TEST_F(GroupDialog, AnAbsentTitleLeavesAnEmptyRowBehindItsIdAndNoRedraw) {
+    WireBytes groups;
+    groups.U32(0);
+    Add(groups, 5, "朋友", 1).U64(9).Absent();
+    agent_.AnswerPayload(AgentCommand::listGroups, groups.Get());
+    OpenLoaded();
+    ASSERT_EQ(List().RowCount(), 2);
+    EXPECT_FALSE(List().Redraw());
+    for (const int column : {1, 2, 3}) {
+        EXPECT_EQ(List().CellAt(1, column).text, QString());
+    }
+}
+
+TEST_F(GroupDialog, AddingSendsTheTitleAndLoadsAgain) {
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"新建分组 - Quorvi"));
+    EXPECT_EQ(Title()->text(), QString());
+    Title()->setText(ToQString(u8"家"));
+    EndEditor();
+    WaitForLoads(2);
+    const auto requests = agent_.Requests(AgentCommand::addGroup);
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0], Join({Word(870121), Word(19), Word(1), Text("家")}));
+}
+
+TEST_F(GroupDialog, AnEmptyTitleSendsNothingAndTheListLoadsAgain) {
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    EndEditor();
+    WaitForLoads(2);
+    EXPECT_TRUE(agent_.Requests(AgentCommand::addGroup).empty());
+}
+
+TEST_F(GroupDialog, CancellingTheEditorLoadsNothing) {
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    PressIn(kEditor, 1021);
+    QTest::qWait(50);
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(GroupDialog, RenamingWithoutASelectionDoesNothing) {
+    OpenLoaded();
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(OpenDialog(kEditor), nullptr);
+}
+
+TEST_F(GroupDialog, RenamingWithAnUnchangedTitleStillSends) {
+    OpenLoaded();
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"修改分组 - Quorvi"));
+    EXPECT_EQ(Title()->text(), ToQString(u8"朋友"));
+    EndEditor();
+    WaitForLoads(2);
+    const auto requests = agent_.Requests(AgentCommand::renameGroup);
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0], Join({Word(870122), Word(26), Word(1), Word(5), Text("朋友")}));
+}
+
+TEST_F(GroupDialog, DeletingWithNothingTickedSaysSo) {
+    OpenLoaded();
+    PressIn(kGroups, 1049);
+    ASSERT_NE(OpenDialog(kNothingChecked), nullptr);
+    PressIn(kNothingChecked, 1215);
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteGroups).empty());
+}
+
+TEST_F(GroupDialog, DeletingTickedGroupsAsksSendsTheirIdsAndLoadsAgain) {
+    OpenLoaded();
+    List().TickAll(true);
+    PressIn(kGroups, 1049);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
+              ToQString(u8"您真的要删除选择的【 2 】条联系人分组吗？"));
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    const auto requests = agent_.Requests(AgentCommand::deleteGroups);
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0], Join({Word(870124), Word(20), Word(2), Word(5), Word(6)}));
+}
+
+TEST_F(GroupDialog, ADeleteThatFindsNoPhoneIsToldAndLoadsNothingAgain) {
+    auto phone = std::make_unique<ScriptedAgent>();
+    WireBytes groups;
+    groups.U32(0);
+    Add(groups, 5, "朋友", 1);
+    phone->AnswerPayload(AgentCommand::listGroups, groups.Get());
+    OpenAt(phone->Port());
+    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 1; }));
+    phone.reset();
+    List().TickAll(true);
+    PressIn(kGroups, 1049);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
+    QTest::qWait(50);
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});  // a load would have told it again
+    EXPECT_EQ(List().RowCount(), 1);
+    EXPECT_TRUE(List().isEnabled());
+}
+
+TEST_F(GroupDialog, AnEditorThatFindsNoPhoneIsToldAndEndsWithOk) {
+    int result = -1;
+    auto* editor = new CGroupEditDlg(host_, nullptr, UnusedPort());
+    editor->Open([&](int ended) { result = ended; });
+    Title()->setText(ToQString(u8"家"));
+    EndEditor();
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+    EXPECT_EQ(result, QDialog::Accepted);
+}
+
+TEST_F(GroupDialog, AnEditorThatIsClosedWhileItsTitleIsOnItsWayLoadsTheListAgain) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::addGroup);
+    PressIn(kGroups, 1154);
+    Title()->setText(ToQString(u8"家"));
+    PressIn(kEditor, 1215);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::addGroup).empty(); }));
+    PressIn(kEditor, 1021);
+    WaitForLoads(2);
+    agent_.Release();
+}
+
+TEST_F(GroupDialog, ARightClickAndADoubleClickDoNothing) {
+    OpenLoaded();
+    Q_EMIT List().menuAsked(0, QPoint(0, 0));
+    Q_EMIT List().rowOpened(0);
+    EXPECT_EQ(OpenDialog(kEditor), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(GroupDialog, MayBeClosedWhileItsPhoneStalls) {
+    agent_.Hold(AgentCommand::listGroups);
+    OpenAt(agent_.Port());
+    ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
+    OpenDialog(kGroups)->close();
+    ASSERT_TRUE(Gone());
+    agent_.Release();
+    QTest::qWait(50);
+}
+
+}  // namespace
+}  // namespace quorvi

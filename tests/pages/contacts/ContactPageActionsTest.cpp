@@ -1,0 +1,193 @@
+// What the contacts page opens and does: its menu, the editor, the deletion.
+#include <QLabel>
+#include <QLineEdit>
+
+#include "tests/pages/contacts/ContactPageFixture.h"
+
+namespace quorvi {
+namespace {
+
+TEST_F(ContactPage, DoubleClickOpensTheEditorOfItsContact) {
+    OpenLoaded();
+    QTest::mouseDClick(List().viewport(), Qt::LeftButton, {},
+                       List().CellRect(0, kNameColumn).center());
+    SkinDialog* editor = OpenDialog(kEditor);
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->windowTitle(), ToQString(u8"修改联系人 - Quorvi"));
+    ASSERT_TRUE(WaitFor([&] { return Details() >= 2; }));
+    PressIn(kEditor, 1021);
+    Settle();
+    EXPECT_EQ(Loads(), 1u);  // cancelled: nothing is fetched again
+}
+
+TEST_F(ContactPage, EditorThatEndsWithOkFetchesTheListAgain) {
+    CContactPage& page = OpenLoaded();
+    page.OnCommand(1);
+    SkinDialog* editor = OpenDialog(kEditor);
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->windowTitle(), ToQString(u8"添加联系人 - Quorvi"));
+    FindControl<QLineEdit>(editor, 1149)->setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::addContact).size(), 1u);
+}
+
+TEST_F(ContactPage, NewContactThatDidNotGetToThePhoneStandsInTheNextEditorOnce) {
+    CContactPage& page = OpenLoaded();
+    const auto nameInEditor = [] {
+        return FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->text();
+    };
+    agent_.Answer(AgentCommand::addContact, {});  // closed without a word
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QStringLiteral("A"));
+    PressIn(kEditor, 1021);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QString());
+    PressIn(kEditor, 1021);
+
+    agent_.AnswerAcknowledged(AgentCommand::addContact);
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(QStringLiteral("B"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(3);
+    page.AddContact();
+    EXPECT_EQ(nameInEditor(), QString());
+}
+
+TEST_F(ContactPage, MenuHasItsThreeItems) {
+    OpenLoaded();
+    QMenu* menu = OpenMenu();
+    ASSERT_NE(menu, nullptr);
+    QStringList texts;
+    for (const QAction* action : menu->actions()) {
+        texts.append(action->text());
+    }
+    EXPECT_EQ(texts, (QStringList{ToQString(u8"添加联系人"), ToQString(u8"修改选择的"),
+                                  ToQString(u8"删除选择的")}));
+    delete menu;
+}
+
+TEST_F(ContactPage, ThirdCommandOpensTheGroups) {
+    OpenLoaded().OnCommand(2);
+    ASSERT_NE(OpenDialog(kGroups), nullptr);
+    EXPECT_EQ(OpenDialog(kGroups)->windowTitle(), ToQString(u8"联系人分组 - Quorvi"));
+}
+
+TEST_F(ContactPage, MenuAddsAndEdits) {
+    OpenLoaded();
+    ChooseInMenu(0);
+    ASSERT_NE(OpenDialog(kEditor), nullptr);
+    EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"添加联系人 - Quorvi"));
+    PressIn(kEditor, 1021);
+    ChooseInMenu(1);
+    ASSERT_NE(OpenDialog(kEditor), nullptr);
+    EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"修改联系人 - Quorvi"));
+}
+
+TEST_F(ContactPage, MenuHasNoEffectOnNoSelection) {
+    OpenLoaded();
+    List().SelectRow(-1);
+    ChooseInMenu(1);
+    ChooseInMenu(2);
+    Settle();
+    EXPECT_EQ(OpenDialog(kEditor), nullptr);
+    EXPECT_EQ(OpenDialog(kConfirm), nullptr);
+    EXPECT_EQ(OpenDialog(kNothingChecked), nullptr);
+}
+
+TEST_F(ContactPage, DeleteWithoutATickAsksForOne) {
+    CContactPage& page = OpenLoaded();
+    page.OnCommand(3);
+    ASSERT_NE(OpenDialog(kNothingChecked), nullptr);
+    PressIn(kNothingChecked, 1215);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteContacts).empty());
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(ContactPage, DeleteNamesTheTickedContactsInRowOrderAndFetchesAgain) {
+    CContactPage& page = OpenLoaded();
+    List().SetTicked(2, true);
+    List().SetTicked(0, true);
+    page.OnCommand(3);
+    SkinDialog* question = OpenDialog(kConfirm);
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(FindControl<QLabel>(question, 1378)->text(),
+              ToQString(u8"您真的要删除选择的【 2 】条联系人吗？"));
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::deleteContacts),
+              (std::vector<Bytes>{WireBytes()
+                                      .U32(870106)  // code
+                                      .U32(20)      // total
+                                      .U32(2)       // item count
+                                      .U32(11)      // contact ids
+                                      .U32(13)
+                                      .Get()}));
+}
+
+TEST_F(ContactPage, DeleteThatIsNotConfirmedSendsNothing) {
+    CContactPage& page = OpenLoaded();
+    List().SetTicked(0, true);
+    page.OnCommand(3);
+    PressIn(kConfirm, 1021);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteContacts).empty());
+    EXPECT_EQ(Loads(), 1u);
+    EXPECT_TRUE(List().IsTicked(0));
+}
+
+TEST_F(ContactPage, DeleteFromTheMenuNeedsNoTick) {
+    OpenLoaded();
+    Click(1);
+    ChooseInMenu(2);
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    const std::uint32_t id = 12;
+    EXPECT_EQ(agent_.Requests(AgentCommand::deleteContacts),
+              (std::vector<Bytes>{DeleteContactsRequest({&id, 1})}));
+}
+
+TEST_F(ContactPage, WhileADeleteRunsThePageIsDisabledAndTheWindowLives) {
+    CContactPage& page = OpenLoaded();
+    agent_.Hold(AgentCommand::deleteContacts);
+    List().SetTicked(0, true);
+    page.OnCommand(3);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return agent_.Requests(AgentCommand::deleteContacts).size() == 1; }));
+    EXPECT_FALSE(page.isEnabled());
+    EXPECT_EQ(Loads(), 1u);  // the list follows the deletion's end
+    for (const int command : {0, 1, 2, 3}) {
+        page.OnCommand(command);
+    }
+    for (const int dialog : {kEditor, kGroups, kConfirm}) {
+        EXPECT_EQ(OpenDialog(dialog), nullptr) << dialog;
+    }
+    EXPECT_EQ(Loads(), 1u);
+    agent_.Release();
+    WaitForLoads(2);
+    EXPECT_TRUE(page.isEnabled());
+}
+
+TEST_F(ContactPage, DeleteThatCannotConnectIsToldAndTheListFetchedAgain) {
+    auto gone = std::make_unique<ScriptedAgent>();
+    gone->AnswerPayload(AgentCommand::listContacts, ListPayload(kThree).Get());
+    CContactPage& page = OpenAt(gone->Port());
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3 && Key() == 1; }));
+    Settle();
+    gone.reset();
+    List().SetTicked(0, true);
+    page.OnCommand(3);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return List().State() == ListState::failed; }));
+    EXPECT_EQ(host_.statuses.value(0), kConnectError);
+    EXPECT_EQ(host_.statuses.value(1), kConnectError);
+}
+
+}  // namespace
+}  // namespace quorvi

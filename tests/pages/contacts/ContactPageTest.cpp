@@ -1,0 +1,375 @@
+// The contacts page: its list, its detail, and what it shows of photos.
+#include "base/Text.h"
+#include "pages/contacts/ContactRecord.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/contacts/ContactPageFixture.h"
+#include "tests/ui/PictureFiles.h"
+
+namespace quorvi {
+namespace {
+
+TEST_F(ContactPage, NumbersAreTheControls) {
+    CContactPage& page = Open();
+    EXPECT_EQ(page.objectName(), QStringLiteral("dialog 132"));
+    EXPECT_NE(FindControl(&page, 1067), nullptr);
+    EXPECT_NE(FindControl(&page, 1370), nullptr);
+    Settle();
+    EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
+}
+
+TEST_F(ContactPage, LoadShowsEachContactInItsRow) {
+    OpenLoaded();
+    ASSERT_EQ(List().RowCount(), 3);
+    EXPECT_EQ(List().CellAt(0, 1).text, ToQString(u8"林远舟"));
+    EXPECT_EQ(List().CellAt(0, 1).second, QStringLiteral("10086"));
+    EXPECT_EQ(List().CellAt(0, 2).value, 1);
+    EXPECT_EQ(List().CellAt(1, 2).value, 0);
+    EXPECT_EQ(List().CellAt(0, 3).text, QStringLiteral("N/A"));
+    EXPECT_EQ(List().CellAt(0, 3).second, ToQString(u8"中国移动"));
+    EXPECT_EQ(List().CellAt(2, 3).second, ToQString(u8"未知"));
+    EXPECT_TRUE(List().Redraw());
+    EXPECT_EQ(List().State(), ListState::idle);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(ContactPage, ColumnsAreTheFiveOfAContact) {
+    Open();
+    const struct {
+        std::u8string_view caption;
+        int width;
+        CellKind kind;
+        CellAlign align;
+        CellAlign cells;
+    } columns[] = {
+        {u8"头像", 60, CellKind::picture, CellAlign::centre, CellAlign::centre},
+        {u8"联系人", 140, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+        {u8"收藏", 44, CellKind::star, CellAlign::centre, CellAlign::centre},
+        {u8"上次联系时间、归属地", 150, CellKind::twoLines, CellAlign::left, CellAlign::centre},
+        {u8"选择", 44, CellKind::check, CellAlign::centre, CellAlign::centre},
+    };
+    ASSERT_EQ(List().ColumnCount(), 5);
+    for (int i = 0; i < 5; ++i) {
+        const ListColumn& column = List().Column(i);
+        EXPECT_EQ(column.caption, columns[i].caption) << i;
+        EXPECT_EQ(column.width, columns[i].width) << i;
+        EXPECT_EQ(column.kind, columns[i].kind) << i;
+        EXPECT_EQ(column.align, columns[i].align) << i;
+        EXPECT_EQ(column.cells, columns[i].cells) << i;
+    }
+}
+
+TEST_F(ContactPage, NumberIsGreyAndAttributionRed) {
+    OpenLoaded();
+    EXPECT_EQ(List().CellAt(0, 1).ink, look::Color::ink);
+    EXPECT_EQ(List().CellAt(0, 1).secondInk, look::Color::statedGrey);
+    EXPECT_EQ(List().CellAt(0, 3).ink, look::Color::ink);
+    EXPECT_EQ(List().CellAt(0, 3).secondInk, look::Color::red);
+    EXPECT_EQ(List().CellAt(0, 0).text, QString());  // the photo's cell has no text
+}
+
+TEST_F(ContactPage, FillGivesTheListTheFocus) {
+    CContactPage& page = Open();
+    page.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+    View().setFocus();
+    page.Load();
+    WaitForLoads(1);
+    EXPECT_TRUE(List().hasFocus());
+}
+
+TEST_F(ContactPage, FillSelectsTheFirstRowAndFetchesItsDetail) {
+    OpenLoaded();
+    EXPECT_EQ(List().CurrentRow(), 0);
+    EXPECT_EQ(Selected(), 11u);
+    EXPECT_EQ(agent_.Requests(AgentCommand::readContact).at(0), ReadContactRequest(11));
+    ASSERT_TRUE(WaitFor([&] {
+        return InnerHtml(View(), QStringLiteral("block")).contains(ToQString(u8"<b>林远舟</b>"));
+    }));
+    Settle();
+    EXPECT_EQ(Details(), 1u);
+}
+
+TEST_F(ContactPage, WhileItLoadsTheListIsClearedWithoutRedrawAndSaysSo) {
+    CContactPage& page = OpenLoaded();
+    agent_.Hold(AgentCommand::listContacts);
+    page.Load();
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_EQ(List().State(), ListState::loading);
+    ASSERT_TRUE(WaitFor([&] { return Key() == PageLoadState::kRunning; }));
+    agent_.Release();
+    WaitForLoads(2);
+    EXPECT_TRUE(List().Redraw());
+    EXPECT_EQ(List().RowCount(), 3);
+}
+
+TEST_F(ContactPage, WhileItLoadsTheListShowsHowMuchHasCome) {
+    look::SetLessMotion(true);  // nothing moves but what comes
+    CContactPage& page = Open();
+    agent_.Hold(AgentCommand::listContacts);
+    WireBytes half;
+    half.U32(1'000'000).Raw(std::string(500'000, '\0'));
+    agent_.Answer(AgentCommand::listContacts, {half.Get(), ScriptedAgent::End::wait});
+    page.Load();
+    const auto shot = [&] { return List().viewport()->grab().toImage(); };
+    const QImage before = shot();
+    agent_.Release();
+    EXPECT_TRUE(WaitFor([&] { return shot() != before; }));
+    EXPECT_EQ(List().State(), ListState::loading);
+    look::SetLessMotion(false);
+}
+
+TEST_F(ContactPage, WhileTheDetailIsFetchedItsFrameSaysSo) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::readContact);
+    Click(1);
+    EXPECT_EQ(Frame().State(), ListState::loading);
+    agent_.Release();
+    EXPECT_TRUE(WaitFor([&] { return Frame().State() == ListState::idle; }));
+}
+
+TEST_F(ContactPage, RefreshDuringARunningLoadIsDroppedNotQueued) {
+    CContactPage& page = Open();
+    agent_.Hold(AgentCommand::listContacts);
+    page.OnCommand(0);
+    page.OnCommand(0);
+    ASSERT_TRUE(WaitFor([&] { return Loads() == 1; }));
+    page.OnCommand(0);
+    agent_.Release();
+    WaitForLoads(1);
+    Settle();
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(ContactPage, ConnectFailureIsToldAndTheListEmptyWithRedrawOn) {
+    CContactPage& page = OpenAt(UnusedPort());
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return Key() == PageLoadState::kEnded; }));
+    EXPECT_EQ(host_.statuses.value(0), kConnectError);
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_TRUE(List().Redraw());
+    EXPECT_EQ(List().State(), ListState::failed);
+    EXPECT_FALSE(Selected());
+    // The detail is asked for all the same.
+    ASSERT_TRUE(WaitFor([&] { return host_.statuses.size() == 2; }));
+    EXPECT_EQ(host_.statuses.value(1), kConnectError);
+}
+
+TEST_F(ContactPage, PhoneWithoutContactsLeavesTheListEmptyAndTheDetailAsItWas) {
+    CContactPage& page = OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::listContacts);
+    page.Load();
+    WaitForLoads(2);
+    Settle();
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_FALSE(List().Redraw());  // meant: until a later load gets further
+    EXPECT_EQ(Details(), 1u);       // no timer was started
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(ContactPage, AgentThatIsGoneLeavesRedrawOff) {
+    agent_.Answer(AgentCommand::listContacts, {});
+    CContactPage& page = Open();
+    page.Load();
+    WaitForLoads(1);
+    Settle();
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_EQ(Details(), 0u);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(ContactPage, ConnectionThatBreaksInsideThePayloadLeavesRedrawOff) {
+    WireBytes broken;
+    broken.U32(1'000'000).Add(ListPayload(kThree).Get());
+    agent_.Answer(AgentCommand::listContacts, {broken.Get(), ScriptedAgent::End::reset});
+    CContactPage& page = Open();
+    page.Load();
+    WaitForLoads(1);
+    Settle();
+    EXPECT_EQ(List().RowCount(), 0);
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_EQ(Details(), 0u);
+}
+
+TEST_F(ContactPage, AbsentNameLeavesAnEmptyLastRowWithoutRedrawOrSelection) {
+    WireBytes payload = ListPayload({{.id = 11}});
+    payload.U64(12).U64(12).Absent();
+    agent_.AnswerPayload(AgentCommand::listContacts, payload.Get());
+    CContactPage& page = Open();
+    page.Load();
+    WaitForLoads(1);
+    Settle();
+    EXPECT_EQ(List().RowCount(), 2);
+    EXPECT_EQ(List().CellAt(1, 1).text, QString());
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_EQ(List().CurrentRow(), -1);
+    EXPECT_FALSE(Selected());
+    EXPECT_EQ(Details(), 0u);
+    Click(1);  // beyond the contacts: ignored
+    Q_EMIT List().rowOpened(1);
+    Settle();
+    EXPECT_FALSE(Selected());
+    EXPECT_EQ(OpenDialog(kEditor), nullptr);
+}
+
+TEST_F(ContactPage, RefreshAfterAnEarlyEndShowsTheListAgain) {
+    agent_.AnswerNoData(AgentCommand::listContacts);
+    CContactPage& page = Open();
+    page.Load();
+    WaitForLoads(1);
+    EXPECT_FALSE(List().Redraw());
+    agent_.AnswerPayload(AgentCommand::listContacts, ListPayload(kThree).Get());
+    page.OnCommand(0);
+    WaitForLoads(2);
+    EXPECT_TRUE(List().Redraw());
+    EXPECT_EQ(List().RowCount(), 3);
+}
+
+TEST_F(ContactPage, CutReplyShowsTheRowsThatCame) {
+    WireBytes cut;
+    cut.U32(1'000'000).Add(ListPayload(kThree).Get());
+    agent_.Answer(AgentCommand::listContacts, {cut.Get(), ScriptedAgent::End::close});
+    CContactPage& page = Open();
+    page.Load();
+    WaitForLoads(1);
+    EXPECT_EQ(List().RowCount(), 3);
+    EXPECT_TRUE(List().Redraw());
+    EXPECT_EQ(List().CurrentRow(), 0);
+}
+
+TEST_F(ContactPage, TicksAreLostAtEachRefresh) {
+    CContactPage& page = OpenLoaded();
+    List().SetTicked(1, true);
+    page.Load();
+    WaitForLoads(2);
+    EXPECT_TRUE(List().TickedRows().empty());
+}
+
+TEST_F(ContactPage, ClickFetchesTheDetailOfItsRow) {
+    OpenLoaded();
+    Click(2);
+    ASSERT_TRUE(WaitFor([&] { return Details() == 2; }));
+    EXPECT_EQ(Selected(), 13u);
+    EXPECT_EQ(agent_.Requests(AgentCommand::readContact).at(1), ReadContactRequest(13));
+}
+
+TEST_F(ContactPage, ClickDuringARunningDetailIsDropped) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::readContact);
+    Click(1);
+    ASSERT_TRUE(WaitFor([&] { return Details() == 2; }));
+    Click(2);
+    agent_.Release();
+    Settle();
+    EXPECT_EQ(Details(), 2u);  // the view shows another contact than the selected one
+    EXPECT_EQ(Selected(), 13u);
+}
+
+TEST_F(ContactPage, SelectionByKeyFetchesTheDetailToo) {
+    OpenLoaded();
+    QTest::keyClick(&List(), Qt::Key_Down);
+    ASSERT_TRUE(WaitFor([&] { return Details() == 2; }));
+    EXPECT_EQ(Selected(), 12u);
+}
+
+TEST_F(ContactPage, DetailThatCannotBeFetchedLeavesTheViewAndIsTold) {
+    CContactPage& page = OpenAt(UnusedPort());
+    page.RefreshDetail();
+    ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+}
+
+TEST_F(ContactPage, DetailOfNoDataLeavesTheViewWithoutAMessage) {
+    OpenLoaded();
+    ASSERT_TRUE(
+        WaitFor([&] { return !InnerHtml(View(), QStringLiteral("block")).trimmed().isEmpty(); }));
+    const QString before = InnerHtml(View(), QStringLiteral("block"));
+    agent_.AnswerNoData(AgentCommand::readContact);
+    Click(1);
+    ASSERT_TRUE(WaitFor([&] { return Details() == 2; }));
+    Settle();
+    EXPECT_EQ(InnerHtml(View(), QStringLiteral("block")), before);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+// A contact with `text` in each of its texts.
+WireBytes ContactOf(std::string_view text) {
+    WireBytes bytes = ContactStart(11).U32(0);  // structured flag
+    for (int field = 0; field < 3; ++field) {
+        bytes.U32(1).U64(70).U32(0).Text(text);
+    }
+    for (int list = 0; list < 7; ++list) {
+        AddItems(bytes, {{80, 99, text}});
+    }
+    return bytes;
+}
+
+TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
+    agent_.AnswerPayload(
+        AgentCommand::readContact,
+        ContactOf("<script>document.documentElement.setAttribute('ran',1)</script><img src=x "
+                  "onerror=\"document.documentElement.setAttribute('ran',1)\"><i class=t>x</i>")
+            .Get());
+    OpenLoaded();
+    const auto ask = [&](const char* script) {
+        return AskHtml(View(), QString::fromLatin1(script));
+    };
+    ASSERT_TRUE(WaitFor(
+        [&] { return ask("document.querySelectorAll('#block i.t').length").toInt() == 3 + 7; }));
+    Settle();
+    EXPECT_FALSE(ask("document.documentElement.hasAttribute('ran')").toBool());
+}
+
+TEST_F(ContactPage, BytesThatAreNoTextShowInTheDetailAsQuestionMarks) {
+    agent_.AnswerPayload(AgentCommand::readContact,
+                         ContactOf("<i class=t>\x01\x1b[31m\xff\xfe</i>").Get());
+    OpenLoaded();
+    EXPECT_TRUE(WaitFor([&] {
+        return AskHtml(View(), QStringLiteral("document.querySelector('.t')?.textContent"))
+                   .toString() == QStringLiteral("\x01\x1b[31m??");
+    }));
+}
+
+TEST_F(ContactPage, BrokenPhotosShowTheDefaultHead) {
+    agent_.AnswerPayload(AgentCommand::listContacts,
+                         ListPayload({{.id = 1},
+                                      {.id = 2, .photo = "x"},
+                                      {.id = 3, .photo = "no picture at all"},
+                                      {.id = 4, .photo = PngClaiming(60'000)},
+                                      {.id = 5, .photo = std::string(262'245, 'x')}})
+                             .Get());
+    OpenLoaded();
+    List().SelectRow(-1);
+    const auto photo = [&](int row) {
+        const QRect cell = List().CellRect(row, 0).adjusted(6, 6, -6, -6);
+        return List().viewport()->grab(cell).toImage();
+    };
+    for (int row = 2; row < 5; row += 2) {  // rows of one ground
+        EXPECT_EQ(photo(row), photo(0)) << row;
+    }
+    EXPECT_EQ(photo(3), photo(1));
+}
+
+TEST_F(ContactPage, NameOfAMegabyteIsShownAndCostsLittle) {
+    const std::string name(1 << 20, 'n');
+    agent_.AnswerPayload(AgentCommand::listContacts, ListPayload({{.id = 1, .name = name}}).Get());
+    OpenLoaded();
+    EXPECT_TRUE(List().CellAt(0, 1).text.startsWith(QStringLiteral("nnn")));
+    EXPECT_LT(List().CellAt(0, 1).text.size(), 2000);
+}
+
+TEST_F(ContactPage, BytesThatAreNoTextShowInTheListAsQuestionMarks) {
+    agent_.AnswerPayload(AgentCommand::listContacts,
+                         ListPayload({{.id = 1, .name = "\x01\x1b[31m\xff\xfe"}}).Get());
+    OpenLoaded();
+    EXPECT_EQ(List().CellAt(0, 1).text, QStringLiteral("\x01\x1b[31m??"));
+    EXPECT_FALSE(List().viewport()->grab().isNull());
+}
+
+TEST_F(ContactPage, PageThatGoesDuringALoadLeavesNothingBehind) {
+    GoWhileThePhoneStalls();
+    EXPECT_EQ(Details(), 0u);
+}
+
+}  // namespace
+}  // namespace quorvi

@@ -1,0 +1,338 @@
+// The device manager, driven by control number over a scripted adb.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTableView>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "pages/devices/DeviceManagerDlg.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/link/FakeAdb.h"
+#include "tests/ui/QtMain.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+namespace {
+
+namespace fs = std::filesystem;
+
+class DeviceManagerDlgTest : public QtTest {
+  protected:
+    // A run waits as long as the file "hold-list", "hold-one" or "hold-two" is there.
+    static constexpr const char* kScript =
+        "hold() { while test -e \"$dir/hold-$1\"; do sleep 0.02; done; }\n"
+        "case \"$*\" in\n"
+        "devices) hold list; cat \"$dir/devices\";;\n"
+        "*one*) hold one; printf '[ro.build.version.sdk]: [10]\\n"
+        "[ro.product.manufacturer]: [HTC]\\n[ro.product.model]: [HTC Desire]\\n';;\n"
+        "*two*) hold two; printf '[ro.build.version.sdk]: [8]\\n"
+        "[ro.product.manufacturer]: [motorola]\\n[ro.product.model]: [M52]\\n';;\n"
+        "esac";
+
+    void SetUp() override {
+        window_.resize(960, 640);
+        window_.show();
+        environment_ = adb_.Environment();
+        Print("devices", "List of devices attached\none\tdevice\ntwo\tdevice\n\n");
+    }
+    void TearDown() override {
+        delete dialog_;
+        for (const char* const name : {"list", "one", "two"}) {
+            Release(name);
+        }
+    }
+
+    void Print(const char* file, const char* text) const {
+        std::ofstream(adb_.Directory() / file) << text;
+    }
+    void Hold(const std::string& name) const {
+        std::ofstream(adb_.Directory() / ("hold-" + name)) << "";
+    }
+    void Release(const std::string& name) const { fs::remove(adb_.Directory() / ("hold-" + name)); }
+
+    void ServerAnswers(std::string_view text) {
+        const auto bytes = std::as_bytes(std::span(text));
+        server_ = std::make_unique<LoopbackAgent>(
+            Answer{Bytes(bytes.begin(), bytes.end()), Answer::End::wait});
+        environment_.hostPort = server_->Port();
+    }
+    void Open(const QString& title = {}) {
+        dialog_ = new CDeviceManagerDlg(
+            device_, [this](const QString& text) { status_.append(text); }, title, &window_,
+            environment_);
+        dialog_->Open([this](int result) { result_ = result; });
+    }
+    void OpenWithRows(int rows) {
+        Open();
+        ASSERT_TRUE(Reached([this, rows] { return Rows() == rows && dialog_->Ready(); }));
+    }
+
+    template <typename Condition>
+    static bool Reached(Condition condition) {
+        return QTest::qWaitFor(condition, 15000);
+    }
+    template <typename Control = QAbstractButton>
+    [[nodiscard]] Control* Find(int number) const {
+        return FindControl<Control>(dialog_, number);
+    }
+    [[nodiscard]] QTableView* List() const { return Find<QTableView>(1214); }
+    [[nodiscard]] int Rows() const { return List()->model()->rowCount(); }
+    [[nodiscard]] QString Words(int row, int column) const {
+        return List()->model()->index(row, column).data().toString();
+    }
+    [[nodiscard]] QString State() const { return Find<QLabel>(1220)->text(); }
+    [[nodiscard]] int SelectedRow() const {
+        const auto rows = List()->selectionModel()->selectedRows();
+        return rows.isEmpty() ? -1 : rows.front().row();
+    }
+    [[nodiscard]] long Runs(const std::string& line) const {
+        const auto runs = adb_.Runs();
+        return std::count(runs.begin(), runs.end(), line);
+    }
+
+    const FakeAdb adb_{kScript};
+    LinkEnvironment environment_;
+    DeviceContext device_;
+    std::unique_ptr<LoopbackAgent> server_;
+    QWidget window_;
+    QPointer<CDeviceManagerDlg> dialog_;
+    QStringList status_;
+    int result_ = -1;
+};
+
+TEST_F(DeviceManagerDlgTest, ControlsAreFoundByTheirNumbers) {
+    Open();
+    EXPECT_EQ(dialog_->objectName(), QStringLiteral("dialog 533"));
+    EXPECT_EQ(Find(1047)->text(), ToQString(u8"刷新"));
+    EXPECT_EQ(Find(1215)->text(), ToQString(u8"连接"));
+    EXPECT_EQ(Find(10200)->text(), ToQString(u8"关闭"));
+    EXPECT_EQ(Find(1199)->text(), ToQString(u8"使用帮助"));
+    ASSERT_EQ(Find<QComboBox>(1073)->count(), 1);
+    EXPECT_EQ(Find<QComboBox>(1073)->currentText(), ToQString(u8"USB (数据线)"));
+    const QStringList captions{ToQString(u8"品牌信息"), ToQString(u8"硬件信息"),
+                               ToQString(u8"系统版本"), ToQString(u8"连接方式")};
+    for (int column = 0; column < captions.size(); ++column) {
+        EXPECT_EQ(List()->model()->headerData(column, Qt::Horizontal).toString(), captions[column]);
+    }
+    EXPECT_EQ(List()->columnWidth(0), 104);
+    EXPECT_EQ(List()->columnWidth(1), 200);
+    EXPECT_EQ(List()->columnWidth(2), 140);
+}
+
+TEST_F(DeviceManagerDlgTest, TitleIsItsOwnUnlessGiven) {
+    Open();
+    EXPECT_EQ(dialog_->windowTitle(), ToQString(u8"设备管理器 - Quorvi"));
+    delete dialog_;
+    Open(ToQString(u8"连接管理器 - Quorvi"));
+    EXPECT_EQ(dialog_->windowTitle(), ToQString(u8"连接管理器 - Quorvi"));
+}
+
+TEST_F(DeviceManagerDlgTest, StateIsUnknownAtFirst) {
+    dialog_ = new CDeviceManagerDlg(
+        device_, [](const QString&) {}, {}, &window_, environment_);
+    EXPECT_EQ(State(), ToQString(u8"未知"));
+    EXPECT_TRUE(dialog_->Ready());
+}
+
+TEST_F(DeviceManagerDlgTest, OpeningFillsTheListRowByRow) {
+    device_.SetSerial("two");
+    Hold("list");
+    Open();
+    EXPECT_FALSE(dialog_->Ready());
+    EXPECT_EQ(State(), ToQString(u8"获取设备信息中,请稍等..."));
+    Hold("two");
+    Release("list");
+    ASSERT_TRUE(Reached([this] { return Rows() == 1; }));
+    EXPECT_TRUE(dialog_->Ready());
+    EXPECT_EQ(State(), QStringLiteral("two"));
+    EXPECT_EQ(SelectedRow(), 0);
+    Release("two");
+    ASSERT_TRUE(Reached([this] { return Rows() == 2; }));
+    EXPECT_EQ(SelectedRow(), 0);
+
+    EXPECT_TRUE(Words(0, 1).startsWith(QStringLiteral("HTC [ HTC Desire ]")));
+    EXPECT_TRUE(Words(0, 2).contains(QStringLiteral("API Level 10")));
+    EXPECT_TRUE(Words(0, 2).contains(QStringLiteral("Android 2.3.X")));
+    EXPECT_EQ(Words(0, 3), ToQString(u8"USB 数据线"));
+    EXPECT_TRUE(Words(1, 1).startsWith(ToQString(u8"摩托罗拉 [ M52 ]")));
+    EXPECT_TRUE(Words(1, 2).contains(QStringLiteral("API Level 8")));
+}
+
+TEST_F(DeviceManagerDlgTest, ListGetsTheFocusBehindARefresh) {
+    window_.activateWindow();
+    Open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog_));
+    EXPECT_TRUE(Reached([this] { return List()->hasFocus(); }));
+}
+
+TEST_F(DeviceManagerDlgTest, RefreshDuringARefreshIsIgnored) {
+    Hold("list");
+    Open();
+    Find(1047)->click();
+    QMetaObject::invokeMethod(Find(1047), "clicked", Q_ARG(bool, false));
+    Release("list");
+    ASSERT_TRUE(Reached([this] { return Rows() == 2; }));
+    EXPECT_EQ(Runs("devices"), 1);
+}
+
+TEST_F(DeviceManagerDlgTest, RefreshReadsTheListAgain) {
+    OpenWithRows(2);
+    Print("devices", "List of devices attached\ntwo\tdevice\n\n");
+    Find(1047)->click();
+    EXPECT_EQ(Rows(), 0);
+    ASSERT_TRUE(Reached([this] { return Rows() == 1; }));
+    QTest::qWait(150);
+    EXPECT_EQ(Rows(), 1);
+    EXPECT_TRUE(Words(0, 1).startsWith(ToQString(u8"摩托罗拉")));
+}
+
+TEST_F(DeviceManagerDlgTest, AnswerToAnEarlierRefreshIsDropped) {
+    Hold("two");
+    Open();
+    ASSERT_TRUE(Reached([this] { return Runs("-s two shell getprop") == 1; }));
+    Print("devices", "List of devices attached\none\tdevice\n\n");
+    Find(1047)->click();
+    Release("two");
+    ASSERT_TRUE(Reached([this] { return Rows() == 1 && dialog_->Ready(); }));
+    QTest::qWait(150);
+    EXPECT_EQ(Rows(), 1);
+    EXPECT_TRUE(Words(0, 1).startsWith(QStringLiteral("HTC")));
+}
+
+TEST_F(DeviceManagerDlgTest, NoPhoneLeavesTheListEmpty) {
+    Print("devices", "List of devices attached\n\n");
+    Open();
+    ASSERT_TRUE(Reached([this] { return dialog_->Ready(); }));
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(State(), QString());
+    Find(1215)->click();  // nothing is selected: nothing happens
+    QTest::qWait(50);
+    EXPECT_EQ(result_, -1);
+    EXPECT_TRUE(status_.isEmpty());
+}
+
+TEST_F(DeviceManagerDlgTest, MissingAdbLeavesTheListFailed) {
+    environment_.adbPath = [] { return std::string("/nonexistent/adb"); };
+    Open();
+    ASSERT_TRUE(Reached([this] { return dialog_->Ready(); }));
+    EXPECT_EQ(Rows(), 0);
+}
+
+TEST_F(DeviceManagerDlgTest, PhoneThatVanishedHasARowWithoutBrand) {
+    Print("devices", "List of devices attached\nthree\tdevice\n\n");
+    OpenWithRows(1);
+    EXPECT_TRUE(Words(0, 1).startsWith(QStringLiteral(" [  ]")));
+    EXPECT_TRUE(Words(0, 2).contains(QStringLiteral("API Level 0")));
+    EXPECT_TRUE(Words(0, 2).contains(ToQString(u8"未知版本")));
+}
+
+TEST_F(DeviceManagerDlgTest, ConnectLinksTheSelectedPhoneAndEnds) {
+    ServerAnswers("OKAY");
+    OpenWithRows(2);
+    List()->selectRow(1);
+    Find(1215)->click();
+    EXPECT_EQ(device_.Serial(), "two");
+    EXPECT_FALSE(Find(1215)->isEnabled());  // while the exchange runs
+    ASSERT_TRUE(Reached([this] { return result_ != -1; }));
+    EXPECT_EQ(result_, QDialog::Accepted);
+    EXPECT_EQ(status_, QStringList{ToQString(u8"连接协议成功")});
+}
+
+TEST_F(DeviceManagerDlgTest, TwoPhonesWithTheSameSerialBothWork) {
+    ServerAnswers("OKAY");
+    Print("devices", "List of devices attached\none\tdevice\none\tdevice\n\n");
+    OpenWithRows(2);
+    List()->selectRow(1);
+    Find(1215)->click();
+    ASSERT_TRUE(Reached([this] { return result_ == QDialog::Accepted; }));
+    EXPECT_EQ(device_.Serial(), "one");
+}
+
+TEST_F(DeviceManagerDlgTest, FailedTryFromTheReadyStateEndsTheDialogToo) {
+    ServerAnswers("FAIL");
+    OpenWithRows(2);
+    Find(1215)->click();
+    ASSERT_TRUE(Reached([this] { return result_ != -1; }));
+    EXPECT_EQ(result_, QDialog::Rejected);
+    EXPECT_EQ(status_, QStringList{ToQString(u8"【错误】连接协议失败")});
+    EXPECT_EQ(device_.Serial(), "one");
+}
+
+TEST_F(DeviceManagerDlgTest, FailedTryDuringARefreshLeavesTheDialogOpen) {
+    server_ = std::make_unique<LoopbackAgent>(
+        Answer{Word(0), Answer::End::wait, 1, std::chrono::milliseconds(100)});
+    environment_.hostPort = server_->Port();
+    OpenWithRows(2);
+    Find(1215)->click();
+    // The server is slow; meanwhile a refresh begins.
+    Hold("list");
+    Find(1047)->setEnabled(true);
+    Find(1047)->click();
+    ASSERT_FALSE(dialog_->Ready());
+    ASSERT_TRUE(Reached([this] { return !status_.isEmpty(); }));
+    ASSERT_TRUE(Reached([this] { return Find(1215)->isEnabled(); }));
+    EXPECT_EQ(result_, -1);
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
+TEST_F(DeviceManagerDlgTest, CloseEndsWithoutAChoice) {
+    OpenWithRows(2);
+    Find(10200)->click();
+    EXPECT_EQ(result_, QDialog::Rejected);
+    EXPECT_EQ(device_.Serial(), "");
+}
+
+TEST_F(DeviceManagerDlgTest, HelpDoesNothing) {
+    OpenWithRows(2);
+    Find(1199)->click();
+    QTest::qWait(50);
+    EXPECT_EQ(result_, -1);
+    EXPECT_TRUE(dialog_->isVisible());
+}
+
+TEST_F(DeviceManagerDlgTest, DialogMayGoWhileAPhoneNeverAnswers) {
+    Hold("one");
+    Open();
+    ASSERT_TRUE(Reached([this] { return Runs("-s one shell getprop") == 1; }));
+    QElapsedTimer timer;
+    timer.start();
+    Find(10200)->click();
+    ASSERT_TRUE(Reached([this] { return dialog_.isNull(); }));
+    EXPECT_LT(timer.elapsed(), 500);
+}
+
+TEST_F(DeviceManagerDlgTest, DialogMayGoWhileAdbNeverEnds) {
+    Hold("list");
+    Open();
+    ASSERT_TRUE(Reached([this] { return Runs("devices") == 1; }));
+    Find(10200)->click();
+    ASSERT_TRUE(Reached([this] { return dialog_.isNull(); }));
+    Release("list");
+    QTest::qWait(100);
+}
+
+// Writes the dialog's picture where QUORVI_PICTURES names a directory.
+TEST_F(DeviceManagerDlgTest, LooksAsDrawn) {
+    device_.SetSerial("one");
+    OpenWithRows(2);
+    const QPixmap picture = dialog_->grab();
+    EXPECT_GE(picture.width(), 632);
+    const QString directory = qEnvironmentVariable("QUORVI_PICTURES");
+    if (!directory.isEmpty()) {
+        EXPECT_TRUE(picture.save(directory + QStringLiteral("/device-manager.png")));
+        Print("devices", "List of devices attached\n\n");
+        Find(1047)->click();
+        dialog_->grab().save(directory + QStringLiteral("/device-manager-loading.png"));
+        ASSERT_TRUE(Reached([this] { return dialog_->Ready(); }));
+        dialog_->grab().save(directory + QStringLiteral("/device-manager-empty.png"));
+    }
+}
+
+}  // namespace
+}  // namespace quorvi

@@ -1,0 +1,205 @@
+// Messages written to do harm, in the list of conversations and in a conversation.
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include <array>
+
+#include "base/Text.h"
+#include "pages/messages/SmsComposeDlg.h"
+#include "pages/messages/SmsPage.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/DialogDriver.h"
+#include "tests/pages/PageTest.h"
+#include "tests/pages/ScriptedAgent.h"
+#include "tests/pages/messages/MessageReplies.h"
+#include "tests/ui/HtmlDriver.h"
+#include "ui/ControlNumber.h"
+#include "ui/HtmlTemplate.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kGrace = 300;  // ms in which what must not happen would
+
+#define RAN "document.documentElement.setAttribute(\"ran\",1)"
+
+struct Hostile {
+    const char* name;
+    const char* text;  // %1 is a web server's root
+};
+
+constexpr Hostile kHostile[] = {
+    {"Script", "<script>" RAN "</script><script src='%1x.js'></script>"},
+    {"Handlers", "<img src=x onerror='" RAN "'><svg onload='" RAN "'></svg>"
+                 "<details open ontoggle='" RAN "'></details><b id=hit onclick='" RAN "'>go</b>"},
+    {"RemoteImages",
+     "<img src='%1a.png'><img srcset='%1b.png 1x'><picture><source srcset='%1c'>"
+     "<img></picture><div style='background:url(%1d.png)'>x</div>"},
+    {"StyleSheets",
+     "<style>@import '%1a.css'; body{background:url(%1b.png)}</style>"
+     "<link rel=stylesheet href='%1c.css'><link rel=prefetch href='%1d'>"},
+    {"Form",
+     "<form action='%1post' method=post><input name=a value=b>"
+     "<button id=hit>go</button></form>"},
+    {"PrivateForm", "<form action='qvh:did=7'><button id=hit>go</button></form>"},
+    {"Frames", "<iframe src='%1frame'></iframe><iframe srcdoc='<script>" RAN "</script>'></iframe>"
+               "<object data='%1o'></object><embed src='%1e'>"},
+    {"Refresh",
+     "<meta http-equiv=refresh content='0;url=%1r'>"
+     "<meta http-equiv=refresh content='0;url=qvh:did=7'><base href='%1'>"},
+    {"Media", "<audio src='%1a.mp3' autoplay></audio><video src='%1v.mp4' autoplay></video>"},
+    {"LinkToTheWeb", "<a id=hit href='%1go' target=_blank ping='%1ping'>go</a>"},
+    {"LinkToAScript", "<a id=hit href='javascript:" RAN "'>go</a>"},
+    {"LinkToAFile", "<a id=hit href='file:///etc/passwd'>go</a>"},
+    {"LinkToData", "<a id=hit href='data:text/html,<script>1</script>'>go</a>"},
+    {"LinkToAnApplication", "<a id=hit href='tel:10086'>go</a><a href='mailto:a@b'>mail</a>"},
+    {"LinkToABlankPage", "<a id=hit href='about:blank'>go</a>"},
+    {"LinkToTheBrowsersPages", "<a id=hit href='chrome://settings'>go</a>"},
+    {"LinkToASource", "<a id=hit href='view-source:%1'>go</a>"},
+    {"LinkToAServerOfFiles", "<a id=hit href='ftp://127.0.0.1/x'>go</a>"},
+    {"LinkWithoutAScheme", "<a id=hit href='//127.0.0.1/x'>go</a>"},
+    {"LinkIntoTheProgram", "<a id=hit href='qrc:/views/contact.html'>go</a>"},
+    {"Blob", "<a id=hit href='blob:null/1'>go</a>"},
+    {"Download", "<a id=hit href='%1x.exe' download>go</a>"},
+    {"BrokenMarkup", "</p></li></ul></body></html><plaintext><!-- <script>" RAN "</script>"},
+};
+
+// A web server's address: whoever connects is seen.
+class Bait {
+  public:
+    Bait() : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        auto* raw = reinterpret_cast<sockaddr*>(&address);
+        listening_ = bind(listener_.Descriptor(), raw, size) == 0 &&
+                     listen(listener_.Descriptor(), 16) == 0 &&
+                     getsockname(listener_.Descriptor(), raw, &size) == 0;
+        port_ = ntohs(address.sin_port);
+    }
+    [[nodiscard]] bool Listening() const { return listening_; }
+    [[nodiscard]] std::string Url() const {
+        return "http://127.0.0.1:" + std::to_string(port_) + "/";
+    }
+    // Whether anybody has connected.
+    [[nodiscard]] bool Taken() const {
+        return TcpSocket(accept(listener_.Descriptor(), nullptr, nullptr)).IsOpen();
+    }
+
+  private:
+    TcpSocket listener_;
+    bool listening_ = false;
+    std::uint16_t port_ = 0;
+};
+
+class HostileMessage : public PageTest, public testing::WithParamInterface<Hostile> {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(bait_.Listening());
+        text_ = "<b id=mark>shown</b>" + ReplaceAll(GetParam().text, "%1", bait_.Url());
+        agent_.AnswerNoData(AgentCommand::listGroupNames);
+        agent_.AnswerNoData(AgentCommand::listGroupMembers);
+        agent_.AnswerPayload(AgentCommand::listConversations,
+                             ConversationsPayload({{.name = text_, .text = text_}}).Get());
+        agent_.AnswerPayload(
+            AgentCommand::readConversation,
+            MessagesPayload({{.address = text_, .text = text_}, {.incoming = 0, .text = text_}})
+                .Get());
+    }
+
+    // Clicks what there is to click, and sees that nothing has come of the text.
+    void Prove(const CHtmlCtrlBase& view, int resource) {
+        const auto shown = [&] {
+            return AskHtml(view, QStringLiteral("document.querySelector('#mark')?.innerText"))
+                       .toString() == QStringLiteral("shown");
+        };
+        ASSERT_TRUE(WaitFor(shown));
+        const bool clicks =
+            AskHtml(view, QStringLiteral("document.querySelector('#hit') !== null")).toBool();
+        if (clicks) {
+            ClickHtml(view, QStringLiteral("#hit"));
+            QTest::qWait(kGrace / 2);
+            ClickHtml(view, QStringLiteral("#hit"), Qt::MiddleButton);
+        }
+        QTest::qWait(kGrace);
+        EXPECT_TRUE(WaitFor(shown));
+        EXPECT_FALSE(
+            AskHtml(view, QStringLiteral("document.documentElement.hasAttribute('ran')")).toBool());
+        EXPECT_EQ(view.Browser()->url().adjusted(QUrl::RemoveFragment), TemplateUrl(resource));
+        EXPECT_FALSE(bait_.Taken());
+        EXPECT_TRUE(agent_.Requests(AgentCommand::deleteConversation).empty());
+    }
+
+    Bait bait_;
+    std::string text_;
+    ScriptedAgent agent_;
+};
+
+TEST_P(HostileMessage, InTheListRunsNothingFetchesNothingAndLeavesTheView) {
+    CSmsPage page(host_, nullptr, agent_.Port());
+    page.resize(760, 462);
+    page.show();
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return host_.loadState.Value(2) == PageLoadState::kEnded; }));
+    auto& view = *FindControl<CHtmlCtrlBase>(&page, 1361);
+    ASSERT_TRUE(WaitFor([&] { return view.Browser() != nullptr; }));
+    Prove(view, kConversationsTemplate);
+}
+
+TEST_P(HostileMessage, InAConversationRunsNothingFetchesNothingAndLeavesTheView) {
+    auto* dialog = new CSmsComposeDlg(host_, 7, nullptr, agent_.Port());
+    dialog->Open();
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::listGroupMembers).empty(); }));
+    auto& view = *FindControl<CHtmlCtrlBase>(dialog, 1359);
+    Prove(view, kConversationTemplate);
+    delete dialog;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, HostileMessage, testing::ValuesIn(kHostile),
+                         [](const auto& hostile) { return std::string(hostile.param.name); });
+
+class LongMessage : public PageTest {
+  protected:
+    static constexpr std::size_t kMegabyte = 1 << 20;
+
+    LongMessage() {
+        agent_.AnswerPayload(AgentCommand::listConversations,
+                             ConversationsPayload({{.name = text_, .text = text_}}).Get());
+        agent_.AnswerPayload(AgentCommand::readConversation,
+                             MessagesPayload({{.address = text_, .text = text_}}).Get());
+    }
+    // Waits until the element holds that many characters.
+    static bool Holds(const CHtmlCtrlBase& view, const char* selector, std::size_t characters) {
+        return WaitFor([&] {
+            return view.Browser() != nullptr &&
+                   AskHtml(view, QStringLiteral("document.querySelector('%1')?.textContent.length")
+                                     .arg(QLatin1String(selector)))
+                           .toULongLong() == characters;
+        });
+    }
+
+    const std::string text_ = std::string(kMegabyte, 'm');
+    ScriptedAgent agent_;
+};
+
+TEST_F(LongMessage, OfAMegabyteIsShownWholeInTheList) {
+    CSmsPage page(host_, nullptr, agent_.Port());
+    page.resize(760, 462);
+    page.show();
+    page.Load();
+    EXPECT_TRUE(Holds(*FindControl<CHtmlCtrlBase>(&page, 1361), "#sms_ul .text > a", kMegabyte));
+}
+
+TEST_F(LongMessage, OfAMegabyteIsShownWholeInAConversation) {
+    const QPointer dialog = new CSmsComposeDlg(host_, 7, nullptr, agent_.Port());
+    dialog->Open();
+    constexpr std::size_t kCaption = 4;  // 对您说：
+    EXPECT_TRUE(
+        Holds(*FindControl<CHtmlCtrlBase>(dialog, 1359), ".remote dd", kMegabyte + kCaption));
+    delete dialog;
+}
+
+}  // namespace
+}  // namespace quorvi

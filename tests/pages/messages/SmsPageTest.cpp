@@ -1,0 +1,277 @@
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "pages/messages/SmsPage.h"
+#include "tests/agent/LoopbackAgent.h"
+#include "tests/pages/AgentPageTest.h"
+#include "tests/pages/DialogDriver.h"
+#include "tests/pages/messages/MessageReplies.h"
+#include "tests/ui/HtmlDriver.h"
+#include "ui/ControlNumber.h"
+#include "ui/HtmlFrame.h"
+#include "ui/QtText.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kComposer = 550;
+
+class SmsPage : public AgentPageTest<CSmsPage, AgentCommand::listConversations> {
+  protected:
+    void SetUp() override {
+        agent_.AnswerPayload(AgentCommand::listConversations,
+                             ConversationsPayload({{}, {.id = 0xFFFFFFFE, .name = "10086"}}).Get());
+        agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload({{}}).Get());
+        agent_.AnswerNoData(AgentCommand::listGroupNames);
+        agent_.AnswerNoData(AgentCommand::listGroupMembers);
+        agent_.AnswerAcknowledged(AgentCommand::deleteConversation);
+        agent_.AnswerAcknowledged(AgentCommand::sendMessage);
+    }
+
+    // The page, shown, with its template loaded.
+    CSmsPage& OpenAt(std::uint16_t port) {
+        MakeAt(port);
+        ShowWithDocument(*page_, View());
+        return *page_;
+    }
+    CSmsPage& Open() { return OpenAt(agent_.Port()); }
+    CSmsPage& OpenLoaded() {
+        CSmsPage& page = Open();
+        page.Load();
+        WaitForLoads(1);
+        EXPECT_TRUE(WaitFor([&] { return !List().isEmpty(); }));
+        return page;
+    }
+
+    CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(page_.get(), 1361); }
+    HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }
+    QString List() { return InnerHtml(View(), QStringLiteral("sms_ul")); }
+    std::vector<Bytes> Deletes() { return agent_.Requests(AgentCommand::deleteConversation); }
+    // As a click on a private link tells the page.
+    void Follow(const char* link) {
+        ClickHtml(View(), QStringLiteral("a[href='qvh:%1']").arg(QLatin1String(link)));
+    }
+};
+
+TEST_F(SmsPage, NumbersAreTheControls) {
+    CSmsPage& page = Open();
+    EXPECT_EQ(page.objectName(), QStringLiteral("dialog 397"));
+    EXPECT_EQ(CSmsPage::kLoadKey, 2);
+    EXPECT_NE(FindControl(&page, 1361), nullptr);
+    EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
+}
+
+TEST_F(SmsPage, LoadShowsABlockAConversation) {
+    OpenLoaded();
+    EXPECT_EQ(AskHtml(View(), QStringLiteral("[...document.querySelectorAll('#sms_ul .sender')]"
+                                             ".map(e => e.innerText).join('|')"))
+                  .toString(),
+              ToQString(u8"林远舟|10086"));
+    EXPECT_TRUE(List().contains(ToQString(u8"[中国移动]")));
+    EXPECT_EQ(Frame().State(), ListState::idle);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(SmsPage, SaysThatItIsAtWorkWhileItLoadsAndDropsASecondRefresh) {
+    agent_.Hold(AgentCommand::listConversations);
+    CSmsPage& page = Open();
+    page.OnCommand(CSmsPage::commandRefresh);
+    page.OnCommand(CSmsPage::commandRefresh);
+    EXPECT_EQ(Frame().State(), ListState::loading);
+    ASSERT_TRUE(WaitFor([&] { return Key() == PageLoadState::kRunning; }));
+    agent_.Release();
+    WaitForLoads(1);
+    EXPECT_EQ(Frame().State(), ListState::idle);
+    QTest::qWait(50);
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(SmsPage, ConnectFailureIsToldAndCoversAViewThatNeverShowedAnything) {
+    OpenAt(UnusedPort()).Load();
+    ASSERT_TRUE(WaitFor([&] { return Key() == PageLoadState::kEnded; }));
+    EXPECT_EQ(host_.statuses, QStringList{kConnectError});
+    EXPECT_EQ(Frame().State(), ListState::failed);
+    EXPECT_FALSE(Frame().IsFilled());
+    EXPECT_EQ(List(), QString());
+}
+
+// Replies that bring nothing to show.
+class SmsPageUnchanged : public SmsPage,
+                         public testing::WithParamInterface<ScriptedAgent::Reply> {};
+
+TEST_P(SmsPageUnchanged, TheOldFragmentStaysWithoutAMessage) {
+    CSmsPage& page = OpenLoaded();
+    const QString before = List();
+    agent_.Answer(AgentCommand::listConversations, GetParam());
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return Frame().State() != ListState::loading; }));
+    EXPECT_EQ(List(), before);
+    EXPECT_EQ(Key(), PageLoadState::kEnded);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    NoData_AbsentName_LeadingWord_Closed_Broken_Cut, SmsPageUnchanged,
+    testing::Values(ScriptedAgent::Reply{Word(NoDataMark)},
+                    ScriptedAgent::Reply{
+                        Framed(ConversationsPayload({{.name = "new"}}).U64(9).Absent().Get())},
+                    ScriptedAgent::Reply{Framed(Word(0))}, ScriptedAgent::Reply{Bytes{}},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset},
+                    ScriptedAgent::Reply{Join({Word(100), Word(0)})}));
+
+TEST_F(SmsPage, TheOldFragmentStaysWhenThePhoneIsGone) {
+    auto phone = std::make_unique<ScriptedAgent>();
+    phone->AnswerPayload(AgentCommand::listConversations, ConversationsPayload({{}}).Get());
+    CSmsPage& page = OpenAt(phone->Port());
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return Frame().IsFilled(); }));
+    phone.reset();
+    page.Load();
+    ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
+    EXPECT_TRUE(List().contains(ToQString(u8"林远舟")));
+}
+
+TEST_F(SmsPage, AViewLinkOpensTheComposerWithTheConversation) {
+    OpenLoaded();
+    Follow("vid=7");
+    ASSERT_TRUE(WaitFor([] { return OpenDialog(kComposer) != nullptr; }));
+    EXPECT_EQ(OpenDialog(kComposer)->windowTitle(), ToQString(u8"编写短信 - Quorvi"));
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(7)}));
+    PressIn(kComposer, 1021);
+    QTest::qWait(50);
+    EXPECT_EQ(Loads(), 1u);  // cancelled: nothing is fetched anew
+}
+
+TEST_F(SmsPage, ALinkFarDownAListThatWasNeverInSightOpensItsConversation) {
+    std::vector<ListedConversation> conversations;
+    for (std::uint64_t id = 1; id <= 400; ++id) {
+        conversations.push_back({.id = id});
+    }
+    agent_.AnswerPayload(AgentCommand::listConversations,
+                         ConversationsPayload(conversations).Get());
+    OpenLoaded();
+    static_cast<void>(
+        AskHtml(View(), QStringLiteral("document.querySelector(\"a[href='qvh:vid=390']\")"
+                                       ".scrollIntoView({block: 'center'})")));
+    QTest::qWait(200);  // some frames: what has come near is laid out by now
+    Follow("vid=390");
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(390)}));
+    PressIn(kComposer, 1021);
+}
+
+TEST_F(SmsPage, ANegativeIdComesBackAsTheSame32Bits) {
+    OpenLoaded();
+    Follow("vid=-2");
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0],
+              Join({Word(870202), Word(0xFFFFFFFE)}));
+    PressIn(kComposer, 1021);
+}
+
+TEST_F(SmsPage, ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain) {
+    OpenLoaded();
+    Follow("did=7");
+    WaitForLoads(2);
+    ASSERT_EQ(Deletes().size(), 1u);
+    EXPECT_EQ(Deletes()[0], Join({Word(870206), Word(16), Word(1), Word(7)}));
+    EXPECT_EQ(OpenDialog(548), nullptr);
+}
+
+TEST_F(SmsPage, AnIdOfMinusOneIsNotSent) {
+    CSmsPage& page = OpenLoaded();
+    page.OnMessage(Message::conversation, 1, -1);
+    WaitForLoads(2);
+    EXPECT_TRUE(Deletes().empty());
+}
+
+TEST_F(SmsPage, ADeleteThatFindsNoPhoneIsToldAndTheListIsTriedAllTheSame) {
+    OpenAt(UnusedPort()).OnMessage(Message::conversation, 1, 7);
+    ASSERT_TRUE(WaitFor([&] { return Key() == PageLoadState::kEnded; }));
+    EXPECT_EQ(host_.statuses, (QStringList{kConnectError, kConnectError}));
+}
+
+TEST_F(SmsPage, IsDisabledWhileADeleteIsOnItsWay) {
+    CSmsPage& page = OpenLoaded();
+    agent_.Hold(AgentCommand::deleteConversation);
+    page.OnMessage(Message::conversation, 1, 7);
+    ASSERT_TRUE(WaitFor([&] { return Deletes().size() == 1; }));
+    EXPECT_FALSE(page.isEnabled());
+    page.OnCommand(CSmsPage::commandRefresh);
+    page.OnMessage(Message::conversation, 1, 7);
+    agent_.Release();
+    WaitForLoads(2);
+    EXPECT_EQ(Deletes().size(), 1u);
+}
+
+TEST_F(SmsPage, OtherLinksAndMessagesDoNothing) {
+    CSmsPage& page = OpenLoaded();
+    ClickHtml(View(), QStringLiteral("#sms_ul .text img"));  // its link is no command
+    page.OnMessage(Message::conversation, 2, 7);
+    page.OnMessage(Message::dashboardLink, 1, 7);
+    QTest::qWait(100);
+    EXPECT_TRUE(Deletes().empty());
+    EXPECT_EQ(OpenDialog(kComposer), nullptr);
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(SmsPage, TheThirdCommandDoesNothing) {
+    Open().OnCommand(2);
+    QTest::qWait(50);
+    EXPECT_EQ(Loads(), 0u);
+    EXPECT_EQ(OpenDialog(kComposer), nullptr);
+}
+
+TEST_F(SmsPage, ComposingOpensTheComposerWithoutAConversationAndLoadsAgainOnOk) {
+    CSmsPage& page = OpenLoaded();
+    page.OnCommand(CSmsPage::commandCompose);
+    ASSERT_NE(OpenDialog(kComposer), nullptr);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::listGroupMembers).empty(); }));
+    EXPECT_TRUE(agent_.Requests(AgentCommand::readConversation).empty());
+    OpenDialog(kComposer)->accept();
+    WaitForLoads(2);
+}
+
+// A composer of a message, or of an answer in conversation 7.
+class SmsPageUnsent : public SmsPage, public testing::WithParamInterface<std::uint32_t> {
+  protected:
+    static QLineEdit& Recipients() { return *FindControl<QLineEdit>(OpenDialog(kComposer), 1337); }
+    static QPlainTextEdit& Text() {
+        return *FindControl<QPlainTextEdit>(OpenDialog(kComposer), 1271);
+    }
+    void Send() {
+        PressIn(kComposer, 1030);
+        ASSERT_TRUE(WaitFor([] { return OpenDialog(kComposer) == nullptr; }));
+    }
+};
+
+TEST_P(SmsPageUnsent, AMessageThatDidNotGetOutStandsInTheNextComposerOfItsConversation) {
+    agent_.Answer(AgentCommand::sendMessage, {});  // closed upon, without a word
+    Open().Compose(GetParam());
+    Recipients().setText(QStringLiteral("111"));
+    Text().setPlainText(QStringLiteral("text"));
+    Send();
+    page_->Compose(9);  // another conversation
+    EXPECT_EQ(Text().toPlainText(), QString());
+    OpenDialog(kComposer)->reject();
+
+    agent_.AnswerAcknowledged(AgentCommand::sendMessage);
+    page_->Compose(GetParam());
+    EXPECT_EQ(Recipients().text(), QStringLiteral("111"));
+    EXPECT_EQ(Text().toPlainText(), QStringLiteral("text"));
+    Send();
+    page_->Compose(GetParam());  // sent: it is gone
+    EXPECT_EQ(Text().toPlainText(), QString());
+    OpenDialog(kComposer)->reject();
+    EXPECT_EQ(agent_.Requests(AgentCommand::sendMessage).size(), 2u);
+}
+
+INSTANTIATE_TEST_SUITE_P(New_Answer, SmsPageUnsent, testing::Values(kNoConversation, 7u));
+
+TEST_F(SmsPage, MayGoWhileItsPhoneStalls) {
+    GoWhileThePhoneStalls();
+}
+
+}  // namespace
+}  // namespace quorvi

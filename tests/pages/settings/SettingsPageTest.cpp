@@ -1,0 +1,131 @@
+#include <QSignalSpy>
+
+#include "pages/settings/SettingsPage.h"
+#include "tests/app/FakeDesktop.h"
+#include "tests/app/WidgetTest.h"
+#include "tests/pages/FakeHost.h"
+#include "ui/ControlNumber.h"
+#include "ui/QtText.h"
+#include "ui/SkinButtons.h"
+#include "ui/SkinChecks.h"
+#include "ui/SkinLabels.h"
+
+namespace quorvi {
+namespace {
+
+class SettingsPage : public WidgetTest {
+  protected:
+    // The page, shown, after it has read what is written.
+    void Open() {
+        page_ = std::make_unique<CSettingsPage>(host_, desktop_);
+        page_->resize(760, 462);
+        page_->show();
+        Rest();
+    }
+    void Rest() {
+        ASSERT_TRUE(WaitFor([&] { return Control<CSkinButton>(1355).isEnabled(); }));
+    }
+    template <typename T>
+    T& Control(int number) {
+        return *FindControl<T>(page_.get(), number);
+    }
+    void Click(int number) {
+        Control<QAbstractButton>(number).click();
+        Rest();
+    }
+
+    std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
+    FakeHost host_;
+    std::unique_ptr<CSettingsPage> page_;
+};
+
+TEST_F(SettingsPage, ControlsHaveTheirCaptionsAndFourAreNeverShown) {
+    Open();
+    EXPECT_EQ(page_->objectName(), QStringLiteral("dialog 202"));
+    const std::tuple<int, std::u8string_view, bool> buttons[] = {
+        {1016, u8"启动Windows时自动运行奎维掌上工坊", true},
+        {1017, u8"USB 连接到智能手机时自动运行 Quorvi", false},
+        {1018, u8"隐藏到系统右下角托盘区", false},
+        {1019, u8"完全退出 奎维掌上工坊", false},
+        {1355, u8"修复组件", true},
+    };
+    for (const auto& [number, caption, shown] : buttons) {
+        EXPECT_EQ(Control<QAbstractButton>(number).text(), ToQString(caption));
+        EXPECT_EQ(Control<QAbstractButton>(number).isVisible(), shown) << number;
+    }
+    EXPECT_EQ(Control<CSkinStateLabel>(1109).text(), ToQString(u8"就绪"));
+    EXPECT_EQ(Control<CSkinProgress>(1356).value(), 0);
+    EXPECT_EQ(Control<CSkinCheck>(1017).GetCheck(), 1);
+}
+
+TEST_F(SettingsPage, BoxShowsWhetherTheDesktopStartsTheProgram) {
+    Open();
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 0);
+    desktop_->autoRuns = true;
+    Open();
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 1);
+}
+
+TEST_F(SettingsPage, BoxWritesAndDeletesTheCommand) {
+    Open();
+    Click(1016);
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 1);
+    Click(1016);
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 0);
+    EXPECT_EQ(desktop_->Asked(), (std::vector<std::string>{"auto run", "no auto run"}));
+}
+
+TEST_F(SettingsPage, CommandThatCannotBeWrittenLeavesTheBoxUnchecked) {
+    desktop_->writable = false;
+    Open();
+    Click(1016);
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 0);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(SettingsPage, RepairGoesThroughItsStepsInOrder) {
+    Open();
+    QSignalSpy progress(&Control<CSkinProgress>(1356), &QProgressBar::valueChanged);
+    Click(1355);
+    QList<int> values;
+    for (const auto& signal : progress) {
+        values.append(signal.front().toInt());
+    }
+    EXPECT_EQ(values, (QList<int>{10, 20, 30, 40, 100}));
+    EXPECT_EQ(desktop_->Asked(), (std::vector<std::string>{"shortcut", "protocol"}));
+    EXPECT_EQ(Control<CSkinStateLabel>(1109).text(),
+              ToQString(u8"修复完成,仍然存在问题请尝试重装 Quorvi"));
+}
+
+TEST_F(SettingsPage, ControlsRestWhileWorkGoesOnAndTheFocusComesBack) {
+    Open();
+    page_->activateWindow();
+    Control<CSkinButton>(1355).setFocus();
+    Control<CSkinButton>(1355).click();
+    EXPECT_FALSE(Control<CSkinButton>(1355).isEnabled());
+    EXPECT_FALSE(Control<CSkinCheck>(1016).isEnabled());
+    Rest();
+    EXPECT_EQ(page_->focusWidget(), &Control<CSkinButton>(1355));
+}
+
+TEST_F(SettingsPage, HiddenChoiceOfTheEndIsReadAndWritten) {
+    host_.settings.WriteNumber(kSettingsKey, "exit_mode", 3);
+    Open();
+    EXPECT_TRUE(Control<CSkinRadio>(1019).isChecked());
+    Click(1018);
+    EXPECT_EQ(host_.settings.ReadNumber(kSettingsKey, "exit_mode"), 0U);
+    EXPECT_TRUE(Control<CSkinRadio>(1018).isChecked());
+    EXPECT_FALSE(Control<CSkinRadio>(1019).isChecked());
+    Click(1019);
+    EXPECT_EQ(host_.settings.ReadNumber(kSettingsKey, "exit_mode"), 3U);
+    EXPECT_FALSE(Control<CSkinRadio>(1018).isChecked());
+}
+
+TEST_F(SettingsPage, AnyOtherStoredChoiceCountsAsHiding) {
+    host_.settings.WriteNumber(kSettingsKey, "exit_mode", 7);
+    Open();
+    EXPECT_TRUE(Control<CSkinRadio>(1018).isChecked());
+}
+
+}  // namespace
+}  // namespace quorvi
