@@ -7,8 +7,8 @@
 #include <QVariantAnimation>
 #include <algorithm>
 
-#include "ui/Look.h"
-#include "ui/WindowFrame.h"
+#include "ui/kit/WindowFrame.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -4,8 +4,8 @@
 #include <QDBusMessage>
 #include <QVariantMap>
 
-#include "ui/Job.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {

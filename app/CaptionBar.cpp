@@ -5,11 +5,11 @@
 #include <QStyleOption>
 #include <array>
 
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinButtons.h"
-#include "ui/SkinFields.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

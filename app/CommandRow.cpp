@@ -3,10 +3,10 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinButtons.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

@@ -4,7 +4,7 @@
 
 #include "app/BalloonCard.h"
 #include "app/TrayMenu.h"
-#include "ui/SkinMenu.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 namespace {

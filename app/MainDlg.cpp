@@ -24,11 +24,11 @@
 #include "app/Sounds.h"
 #include "app/StatusStrip.h"
 #include "app/TabStrip.h"
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinFields.h"
-#include "ui/WindowFrame.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/WindowFrame.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -13,7 +13,7 @@
 #include "app/PageFactory.h"
 #include "app/Tray.h"
 #include "link/LinkFace.h"
-#include "ui/Page.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

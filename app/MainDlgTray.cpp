@@ -5,8 +5,8 @@
 #include "app/MainDlg.h"
 #include "app/Notifier.h"
 #include "app/TrayMenu.h"
-#include "ui/QtText.h"
-#include "ui/SkinMenu.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 

@@ -8,7 +8,7 @@
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/settings/SettingsPage.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "app/PageTable.h"
-#include "ui/Page.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

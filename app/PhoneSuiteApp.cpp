@@ -24,9 +24,9 @@
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
 #include "pages/devices/DeviceManagerDlg.h"
-#include "ui/HtmlSite.h"
-#include "ui/Job.h"
-#include "ui/Look.h"
+#include "ui/html/HtmlSite.h"
+#include "ui/look/Look.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
-#include "ui/Look.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -1,7 +1,7 @@
 // A page that is one picture.
 #pragma once
 
-#include "ui/Page.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

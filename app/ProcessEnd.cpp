@@ -14,8 +14,8 @@
 #include <string>
 
 #include "base/os/ProgramPath.h"
-#include "ui/QtText.h"
-#include "ui/QuestionDlg.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
 
 namespace quorvi {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QVariant>
 
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

@@ -2,10 +2,10 @@
 
 #include <QHBoxLayout>
 
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinLabels.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

@@ -8,9 +8,9 @@
 #include <QSignalBlocker>
 
 #include "app/PageTable.h"
-#include "ui/FocusRing.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

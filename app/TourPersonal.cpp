@@ -13,7 +13,7 @@
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
-#include "ui/ControlNumber.h"
+#include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 namespace {

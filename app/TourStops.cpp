@@ -7,9 +7,9 @@
 #include "app/Tour.h"
 #include "app/TrayMenu.h"
 #include "pages/numbers/NumberQueryDlg.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinMenu.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -1,7 +1,7 @@
 #include "app/TrayMenu.h"
 
-#include "ui/QtText.h"
-#include "ui/SkinMenu.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 

@@ -3,8 +3,8 @@
 #include <future>
 
 #include "app/MainDlg.h"
-#include "ui/Job.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 

@@ -21,8 +21,8 @@
 #include "pages/contacts/ContactPage.h"
 #include "tests/pages/FakeHost.h"
 #include "tests/pages/contacts/ContactReplies.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlSite.h"
+#include "ui/html/HtmlSite.h"
+#include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 namespace {

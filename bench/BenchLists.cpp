@@ -12,7 +12,7 @@
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
 #include "tests/ui/SampleList.h"
-#include "ui/Look.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

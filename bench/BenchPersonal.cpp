@@ -34,11 +34,11 @@
 #include "pages/messages/SmsPage.h"
 #include "refdata/NumberAttribution.h"
 #include "tests/pages/FakeHost.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlSite.h"
-#include "ui/HtmlTemplate.h"
-#include "ui/QtText.h"
-#include "ui/SkinTree.h"
+#include "ui/html/HtmlSite.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinTree.h"
 
 namespace quorvi {
 namespace {

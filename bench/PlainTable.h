@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ui/Look.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "ui/Look.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

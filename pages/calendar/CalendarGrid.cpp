@@ -6,9 +6,9 @@
 #include <QStyledItemDelegate>
 
 #include "refdata/LunarCalendar.h"
-#include "ui/FocusRing.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

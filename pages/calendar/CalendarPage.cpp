@@ -6,10 +6,10 @@
 
 #include "pages/calendar/CalendarGrid.h"
 #include "refdata/LunarCalendar.h"
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/SkinButtons.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "refdata/CalendarMonth.h"
-#include "ui/Page.h"
-#include "ui/SkinFields.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

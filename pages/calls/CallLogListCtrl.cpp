@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

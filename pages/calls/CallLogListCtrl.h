@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "pages/calls/CallLog.h"
-#include "ui/RecordListCtrl.h"
+#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 

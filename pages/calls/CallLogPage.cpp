@@ -6,9 +6,9 @@
 
 #include "agent/AgentSession.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/QuestionDlg.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
 
 namespace quorvi {
 namespace {

@@ -6,8 +6,8 @@
 #include "agent/Wire.h"
 #include "pages/calls/CallLogListCtrl.h"
 #include "refdata/NumberAttribution.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

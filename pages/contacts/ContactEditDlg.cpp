@@ -6,12 +6,12 @@
 #include "agent/AgentSession.h"
 #include "base/Text.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/Job.h"
-#include "ui/QtText.h"
-#include "ui/SkinChecks.h"
-#include "ui/SkinFields.h"
-#include "ui/SkinLabels.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinChecks.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 

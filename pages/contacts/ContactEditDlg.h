@@ -10,8 +10,8 @@
 #include "agent/Wire.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactTypes.h"
-#include "ui/Page.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

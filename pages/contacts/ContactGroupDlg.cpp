@@ -8,10 +8,10 @@
 
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/QuestionDlg.h"
-#include "ui/RecordListCtrl.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
+#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 

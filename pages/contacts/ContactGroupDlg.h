@@ -5,9 +5,9 @@
 
 #include "agent/Wire.h"
 #include "pages/contacts/ContactGroups.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

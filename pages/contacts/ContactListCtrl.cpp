@@ -4,7 +4,7 @@
 #include <bit>
 #include <utility>
 
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "pages/contacts/ContactList.h"
-#include "ui/RecordListCtrl.h"
+#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 

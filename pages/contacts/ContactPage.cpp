@@ -8,12 +8,12 @@
 #include "pages/contacts/ContactFragment.h"
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlFrame.h"
-#include "ui/HtmlTemplate.h"
-#include "ui/QtText.h"
-#include "ui/QuestionDlg.h"
-#include "ui/SkinMenu.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 

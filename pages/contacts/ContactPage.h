@@ -10,9 +10,9 @@
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactListCtrl.h"
 #include "refdata/NumberAttribution.h"
-#include "ui/HtmlCtrl.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/html/HtmlCtrl.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

@@ -5,10 +5,10 @@
 
 #include "pages/contacts/ContactGroups.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/SkinFields.h"
-#include "ui/SkinLabels.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
 
 namespace quorvi {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "agent/Wire.h"
-#include "ui/Page.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

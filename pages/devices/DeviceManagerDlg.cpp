@@ -10,11 +10,11 @@
 #include "link/AdbHostClient.h"
 #include "link/AdbNames.h"
 #include "link/LinkText.h"
-#include "ui/ControlNumber.h"
-#include "ui/Job.h"
-#include "ui/QtText.h"
-#include "ui/RecordListCtrl.h"
-#include "ui/SkinFields.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/list/RecordListCtrl.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 

@@ -10,7 +10,7 @@
 #include "link/DeviceContext.h"
 #include "link/DeviceInquiry.h"
 #include "link/LinkEnvironment.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/SkinDialog.h"
 
 namespace quorvi {
 

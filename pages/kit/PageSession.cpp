@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

@@ -9,8 +9,8 @@
 
 #include "agent/AgentSession.h"
 #include "pages/kit/ListReply.h"
-#include "ui/PageLoad.h"
-#include "ui/ViewStatus.h"
+#include "ui/kit/ViewStatus.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

@@ -6,13 +6,13 @@
 
 #include "pages/kit/PageSession.h"
 #include "pages/messages/OutgoingMessage.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlFrame.h"
-#include "ui/HtmlTemplate.h"
-#include "ui/QtText.h"
-#include "ui/SkinFields.h"
-#include "ui/SkinLabels.h"
-#include "ui/SkinTree.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinTree.h"
 
 namespace quorvi {
 

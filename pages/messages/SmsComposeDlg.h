@@ -8,9 +8,9 @@
 #include "agent/Wire.h"
 #include "pages/messages/Conversations.h"
 #include "pages/messages/Recipients.h"
-#include "ui/HtmlCtrl.h"
-#include "ui/Page.h"
-#include "ui/SkinDialog.h"
+#include "ui/html/HtmlCtrl.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

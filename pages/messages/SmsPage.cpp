@@ -6,9 +6,9 @@
 #include "agent/AgentSession.h"
 #include "pages/kit/PageSession.h"
 #include "pages/messages/Conversations.h"
-#include "ui/HtmlFrame.h"
-#include "ui/HtmlTemplate.h"
-#include "ui/QtText.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

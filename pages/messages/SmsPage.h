@@ -8,9 +8,9 @@
 #include "agent/Wire.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "refdata/NumberAttribution.h"
-#include "ui/HtmlCtrl.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/html/HtmlCtrl.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

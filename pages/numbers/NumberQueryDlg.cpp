@@ -6,10 +6,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "ui/ControlNumber.h"
-#include "ui/Job.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/look/Look.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 

@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "refdata/NumberQuery.h"
-#include "ui/SkinDialog.h"
-#include "ui/SkinFields.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/kit/SkinFields.h"
 
 namespace quorvi {
 

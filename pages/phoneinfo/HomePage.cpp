@@ -5,8 +5,8 @@
 #include "base/Text.h"
 #include "pages/kit/PageSession.h"
 #include "pages/phoneinfo/DashboardLink.h"
-#include "ui/HtmlTemplate.h"
-#include "ui/QtText.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

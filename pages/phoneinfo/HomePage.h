@@ -5,9 +5,9 @@
 
 #include "agent/Wire.h"
 #include "pages/phoneinfo/SystemInfo.h"
-#include "ui/HtmlCtrl.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/html/HtmlCtrl.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

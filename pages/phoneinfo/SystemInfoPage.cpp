@@ -5,9 +5,9 @@
 
 #include "base/Text.h"
 #include "pages/kit/PageSession.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/RecordListCtrl.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "agent/Wire.h"
 #include "pages/phoneinfo/SystemInfo.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 

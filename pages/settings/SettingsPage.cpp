@@ -4,11 +4,11 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/SkinButtons.h"
-#include "ui/SkinChecks.h"
-#include "ui/SkinLabels.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/kit/SkinChecks.h"
+#include "ui/kit/SkinLabels.h"
 
 namespace quorvi {
 namespace {

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "desktop/DesktopIntegration.h"
-#include "ui/Page.h"
-#include "ui/PageLoad.h"
+#include "ui/page/Page.h"
+#include "ui/page/PageLoad.h"
 
 class QAbstractButton;
 

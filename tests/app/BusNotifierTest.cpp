@@ -8,7 +8,7 @@
 
 #include "app/BusNotifier.h"
 #include "tests/app/WidgetTest.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

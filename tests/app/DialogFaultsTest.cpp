@@ -3,7 +3,7 @@
 #include <QLineEdit>
 
 #include "tests/app/WindowFaults.h"
-#include "ui/HtmlFrame.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {

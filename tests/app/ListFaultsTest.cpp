@@ -1,6 +1,6 @@
 // Every fault of the phone against every command that fills a list or the view of conversations.
 #include "tests/app/WindowFaults.h"
-#include "ui/HtmlFrame.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {

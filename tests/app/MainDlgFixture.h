@@ -7,8 +7,8 @@
 #include "tests/app/MainDoubles.h"
 #include "tests/app/WidgetTest.h"
 #include "tests/app/WindowDriver.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

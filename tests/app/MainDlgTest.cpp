@@ -7,7 +7,7 @@
 #include "app/BalloonCard.h"
 #include "app/MainDlg.h"
 #include "tests/app/MainDlgFixture.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/SkinDialog.h"
 
 namespace quorvi {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "ui/HtmlFrame.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {

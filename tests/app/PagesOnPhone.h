@@ -17,7 +17,7 @@
 #include "tests/pages/WireBytes.h"
 #include "tests/ui/HtmlDriver.h"
 #include "tests/ui/PrintQt.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

@@ -1,6 +1,6 @@
 // Every fault of the phone against the commands that fill the HTML views of the pages.
 #include "tests/app/WindowFaults.h"
-#include "ui/HtmlFrame.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {

@@ -6,7 +6,7 @@
 #include <QApplication>
 
 #include "tests/ui/WaitFor.h"
-#include "ui/Look.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

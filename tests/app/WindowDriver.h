@@ -9,7 +9,7 @@
 #include "app/CommandRow.h"
 #include "app/MainDlg.h"
 #include "tests/ui/ControlDriver.h"
-#include "ui/ControlNumber.h"
+#include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 

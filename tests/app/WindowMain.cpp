@@ -5,8 +5,8 @@
 #include <QStandardPaths>
 
 #include "tests/support/PrivateNetwork.h"
-#include "ui/HtmlSite.h"
-#include "ui/Look.h"
+#include "ui/html/HtmlSite.h"
+#include "ui/look/Look.h"
 
 // The one application object of tests whose windows hold browsers, in a network of its own.
 int main(int argc, char** argv) {

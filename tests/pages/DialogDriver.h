@@ -6,8 +6,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 
-#include "ui/ControlNumber.h"
-#include "ui/SkinDialog.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/SkinDialog.h"
 
 namespace quorvi {
 

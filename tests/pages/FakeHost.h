@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tests/base/MemorySettings.h"
-#include "ui/Page.h"
+#include "ui/page/Page.h"
 
 namespace quorvi {
 

@@ -5,7 +5,7 @@
 
 #include "tests/pages/FakeHost.h"
 #include "tests/ui/WaitFor.h"
-#include "ui/QtText.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 

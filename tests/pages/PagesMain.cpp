@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QStandardPaths>
 
-#include "ui/HtmlSite.h"
-#include "ui/Look.h"
+#include "ui/html/HtmlSite.h"
+#include "ui/look/Look.h"
 
 // The one application object of the pages' tests.
 int main(int argc, char** argv) {

@@ -7,8 +7,8 @@
 #include <QTreeWidgetItem>
 #include <QWidget>
 
-#include "ui/SkinListCtrl.h"
-#include "ui/SkinTree.h"
+#include "ui/kit/SkinTree.h"
+#include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
 

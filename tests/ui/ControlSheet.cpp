@@ -10,17 +10,17 @@
 #include <functional>
 
 #include "tests/ui/SampleList.h"
-#include "ui/ControlNumber.h"
-#include "ui/Look.h"
-#include "ui/QtText.h"
-#include "ui/QuestionDlg.h"
-#include "ui/SkinButtons.h"
-#include "ui/SkinChecks.h"
-#include "ui/SkinDialog.h"
-#include "ui/SkinFields.h"
-#include "ui/SkinLabels.h"
-#include "ui/SkinMenu.h"
-#include "ui/SkinTree.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/kit/SkinChecks.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinMenu.h"
+#include "ui/kit/SkinTree.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

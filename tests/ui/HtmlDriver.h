@@ -10,7 +10,7 @@
 #include <QWebEngineView>
 
 #include "tests/ui/WaitFor.h"
-#include "ui/HtmlCtrl.h"
+#include "ui/html/HtmlCtrl.h"
 
 namespace quorvi {
 

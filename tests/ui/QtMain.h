@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-#include "ui/Look.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/RecordListCtrl.h"
+#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 

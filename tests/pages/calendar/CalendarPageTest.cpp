@@ -11,9 +11,9 @@
 #include "pages/calendar/CalendarPage.h"
 #include "tests/pages/PageTest.h"
 #include "tests/ui/QtMain.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/SkinButtons.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
 
 namespace quorvi {
 namespace {

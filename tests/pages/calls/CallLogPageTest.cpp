@@ -9,8 +9,8 @@
 #include "tests/pages/AgentPageTest.h"
 #include "tests/pages/DialogDriver.h"
 #include "tests/pages/calls/CallReplies.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

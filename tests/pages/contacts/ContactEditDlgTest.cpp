@@ -9,8 +9,8 @@
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/contacts/ContactReplies.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

@@ -7,9 +7,9 @@
 #include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/DialogDriver.h"
 #include "tests/pages/WireBytes.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/SkinListCtrl.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
 namespace {

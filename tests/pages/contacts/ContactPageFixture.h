@@ -9,8 +9,8 @@
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/ui/ControlDriver.h"
 #include "tests/ui/HtmlDriver.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlFrame.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 

@@ -14,8 +14,8 @@
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/link/FakeAdb.h"
 #include "tests/ui/QtMain.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

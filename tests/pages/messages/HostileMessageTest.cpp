@@ -14,8 +14,8 @@
 #include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/ui/HtmlDriver.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlTemplate.h"
+#include "ui/html/HtmlTemplate.h"
+#include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 namespace {

@@ -11,11 +11,11 @@
 #include "tests/pages/DialogDriver.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/ui/HtmlDriver.h"
-#include "ui/ControlNumber.h"
-#include "ui/HtmlFrame.h"
-#include "ui/QtText.h"
-#include "ui/SkinLabels.h"
-#include "ui/SkinTree.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinTree.h"
 
 namespace quorvi {
 namespace {

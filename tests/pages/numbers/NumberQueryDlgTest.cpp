@@ -7,8 +7,8 @@
 #include "pages/numbers/NumberQueryDlg.h"
 #include "tests/refdata/SmallPhoneDb.h"
 #include "tests/ui/QtMain.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

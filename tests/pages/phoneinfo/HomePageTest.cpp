@@ -7,8 +7,8 @@
 #include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
 #include "tests/ui/HtmlDriver.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 
 namespace quorvi {
 namespace {

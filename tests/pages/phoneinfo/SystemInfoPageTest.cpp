@@ -3,9 +3,9 @@
 #include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/PageTest.h"
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
-#include "ui/ControlNumber.h"
-#include "ui/QtText.h"
-#include "ui/SkinListCtrl.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
 namespace {

@@ -1,0 +1,116 @@
+// What assistive tools are told of the kit.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QTest>
+
+#include "tests/ui/QtMain.h"
+#include "tests/ui/SampleList.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QuestionDlg.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/kit/SkinChecks.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinTree.h"
+
+namespace quorvi {
+namespace {
+
+class AccessibleTest : public QtTest {
+  protected:
+    static QAccessibleInterface* Of(QObject* object) {
+        return QAccessible::queryAccessibleInterface(object);
+    }
+    static QString NameOf(QObject* object) { return Of(object)->text(QAccessible::Name); }
+};
+
+TEST_F(AccessibleTest, EachControlHasTheRoleOfItsStockBase) {
+    CSkinButton button(QStringLiteral("刷新"));
+    CSkinToggle toggle;
+    CSkinCheck check(QStringLiteral("隐藏系统应用"));
+    CSkinRadio radio(QStringLiteral("一"));
+    CSkinEdit edit;
+    CSkinCombo combo;
+    CSkinProgress progress;
+    CSkinStateLabel label(QStringLiteral("就绪"));
+    CSkinGroupBox box(QStringLiteral("常规设置"));
+    SampleListCtrl list;
+    CSkinTree tree;
+    EXPECT_EQ(Of(&button)->role(), QAccessible::Button);
+    EXPECT_EQ(Of(&toggle)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(Of(&check)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(Of(&radio)->role(), QAccessible::RadioButton);
+    EXPECT_EQ(Of(&edit)->role(), QAccessible::EditableText);
+    EXPECT_EQ(Of(&combo)->role(), QAccessible::ComboBox);
+    EXPECT_EQ(Of(&progress)->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(Of(&label)->role(), QAccessible::StaticText);
+    EXPECT_EQ(Of(&box)->role(), QAccessible::Grouping);
+    EXPECT_EQ(Of(&list)->role(), QAccessible::Table);
+    EXPECT_EQ(Of(&tree)->role(), QAccessible::Tree);
+}
+
+TEST_F(AccessibleTest, NamesAreReadOut) {
+    CSkinButton button(QStringLiteral("刷新"));
+    CSkinStateLabel label(QStringLiteral("就绪"));
+    CWindowButton close(QStringLiteral("win-close"), QStringLiteral("关闭"));
+    CSkinToggle toggle;
+    SetControlNumber(&toggle, 1250, QStringLiteral("蓝牙"));
+    EXPECT_EQ(NameOf(&button), QStringLiteral("刷新"));
+    EXPECT_EQ(NameOf(&label), QStringLiteral("就绪"));
+    EXPECT_EQ(NameOf(&close), QStringLiteral("关闭"));
+    EXPECT_EQ(close.toolTip(), QStringLiteral("关闭"));
+    EXPECT_EQ(NameOf(&toggle), QStringLiteral("蓝牙"));
+}
+
+TEST_F(AccessibleTest, AToggleIsCheckedWhenOnAndPressedByItsAction) {
+    CSkinToggle toggle;
+    EXPECT_FALSE(Of(&toggle)->state().checked);
+    Of(&toggle)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(Of(&toggle)->state().checked);
+    EXPECT_EQ(toggle.GetCheck(), 1);
+}
+
+TEST_F(AccessibleTest, AListIsATableOfCellsInWords) {
+    SampleListCtrl list;
+    list.resize(760, 462);
+    list.SetRecords(SampleRecords(3));
+    list.SetTicked(1, true);
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
+    QAccessibleTableInterface* table = Of(&list)->tableInterface();
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->rowCount(), 3);
+    EXPECT_EQ(table->columnDescription(kSampleName), QStringLiteral("联系人"));
+    QAccessibleInterface* name = table->cellAt(1, kSampleName);
+    EXPECT_EQ(name->role(), QAccessible::Cell);
+    EXPECT_EQ(name->text(QAccessible::Name), QStringLiteral("联系人 1\n13800000001"));
+    EXPECT_TRUE(table->cellAt(1, kSampleTick)->state().checked);
+    EXPECT_FALSE(table->cellAt(0, kSampleTick)->state().checked);
+}
+
+TEST_F(AccessibleTest, ADialogIsADialogWithItsTitle) {
+    CNothingCheckedDlg dialog;
+    EXPECT_EQ(Of(&dialog)->role(), QAccessible::Dialog);
+    EXPECT_EQ(NameOf(&dialog), QStringLiteral("提示 - Quorvi"));
+}
+
+TEST_F(AccessibleTest, NumbersAreDescriptionsWhenAskedFor) {
+    qputenv("QUORVI_CONTROL_NUMBERS", "1");
+    CSkinToggle toggle;
+    SetControlNumber(&toggle, 1250);
+    QWidget page;
+    SetDialogNumber(page, 130);
+    qunsetenv("QUORVI_CONTROL_NUMBERS");
+    EXPECT_EQ(toggle.accessibleDescription(), QStringLiteral("1250"));
+    EXPECT_EQ(page.accessibleDescription(), QStringLiteral("dialog 130"));
+}
+
+TEST_F(AccessibleTest, DescriptionsAreForPeopleOtherwise) {
+    CSkinToggle toggle;
+    SetControlNumber(&toggle, 1250);
+    EXPECT_TRUE(toggle.accessibleDescription().isEmpty());
+}
+
+}  // namespace
+}  // namespace quorvi

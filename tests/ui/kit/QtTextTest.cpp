@@ -1,0 +1,36 @@
+// The border between text in memory and text in widgets.
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "ui/kit/PlainTip.h"
+#include "ui/kit/QtText.h"
+
+namespace quorvi {
+namespace {
+
+TEST(QtText, OfALongTextItsStartIsShown) {
+    EXPECT_EQ(ToShownQString(std::string(1024, 'n')), QString(1024, QLatin1Char('n')));
+    EXPECT_EQ(ToShownQString(std::string(1 << 20, 'n')),
+              QString(1024, QLatin1Char('n')) + QStringLiteral("…"));
+}
+
+TEST(QtText, AStartNeverEndsInsideACharacter) {
+    std::string text = "n";  // the cut goes through a character of two bytes
+    for (int i = 0; i < 1000; ++i) {
+        text += Ansi(u8"林");
+    }
+    const QString shown = ToShownQString(text);
+    EXPECT_EQ(shown, QStringLiteral("n") + QString(511, QChar(u'林')) + QStringLiteral("…"));
+}
+
+TEST(PlainTip, LinesAreBrokenAfterSixtyCharactersAndNoPairInTwo) {
+    EXPECT_EQ(BrokenForTip(QStringLiteral("brief\nand brief")), QStringLiteral("brief\nand brief"));
+    EXPECT_EQ(BrokenForTip(QString(61, QLatin1Char('x'))),
+              QString(60, QLatin1Char('x')) + QStringLiteral("\nx"));
+    const QString pair = QStringLiteral("\U0001F388");
+    EXPECT_EQ(BrokenForTip(QString(59, QLatin1Char('x')) + pair + pair),
+              QString(59, QLatin1Char('x')) + pair + QLatin1Char('\n') + pair);
+}
+
+}  // namespace
+}  // namespace quorvi

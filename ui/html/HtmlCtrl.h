@@ -1,0 +1,129 @@
+// The control in which a page shows HTML, and which turns every private link into a call of the
+// page that owns it.
+#pragma once
+
+#include <QPointer>
+#include <QUrl>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/html/HtmlEdit.h"
+#include "ui/html/HtmlSite.h"
+
+class QWebEngineLoadingInfo;
+class QWebEngineView;
+
+namespace quorvi {
+
+// A view's document as a worker may hold it: a value that may be kept and used on any thread, and
+// that does nothing once the view is gone.
+class WatchedDocumentCookie {
+  public:
+    WatchedDocumentCookie() = default;
+
+    // Sets the inner HTML (ANSI) of the element with this id, on the window's thread, in the order
+    // of the calls.
+    void SetInnerHtml(std::string_view id, std::string_view html,
+                      HtmlScroll scroll = HtmlScroll::keep) const;
+
+  private:
+    friend class CHtmlCtrlBase;
+    explicit WatchedDocumentCookie(QObject* view) : view_(view) {}
+
+    QPointer<QObject> view_;  // looked at on the window's thread only
+};
+
+// The window's thread, WatchedDocumentCookie excepted. In a local view Space opens the link that
+// has the focus, as Enter does where the window lets it through. The browser itself is made when
+// the control is first shown; what is asked of it before is kept until then.
+class CHtmlCtrlBase : public QWidget {
+    Q_OBJECT
+  public:
+    CHtmlCtrlBase(int controlId, HtmlContent content, QWidget* parent);
+    ~CHtmlCtrlBase() override;
+
+    // Show a template by its resource number, or a text that the page has built (ANSI; without a
+    // limit of length), with the templates' pictures beside it. Both give up what was set before.
+    // An unknown number shows nothing new. Local views only.
+    void LoadFromResource(int resourceId);
+    void LoadFromText(std::string_view html);
+
+    // Go to a URL, with a POST when `postData` is not empty. Web views only. In place of a site
+    // that does not answer template 663 is shown, and GoBack leads to what was shown before it.
+    void Navigate2(const QUrl& url, std::string_view postData = {});
+    void SetHome(const QUrl& url) { home_ = url; }
+    void GoHome() { Navigate2(home_); }
+    void GoBack();
+
+    // Sets an element's inner HTML (ANSI). Kept until the document has loaded, and set again when
+    // the document had to be loaded again.
+    void SetInnerHtml(std::string_view id, std::string_view html,
+                      HtmlScroll scroll = HtmlScroll::keep);
+    [[nodiscard]] WatchedDocumentCookie Document() { return WatchedDocumentCookie(this); }
+
+    // The browser, or nothing before the first show; for tests and pictures.
+    [[nodiscard]] QWebEngineView* Browser() const { return view_; }
+
+  Q_SIGNALS:
+    // A document has been loaded and all that was set in it has been handed to it.
+    void documentLoaded();
+
+  protected:
+    // A click on a private link; `text` is what follows the scheme's colon, ANSI.
+    virtual void OnAppCmd(const std::string& text) = 0;
+
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    friend class WatchedDocumentCookie;
+
+    void CreateBrowser();
+    void Load(const QUrl& document);
+    void Begin();
+    void Revive();
+    void Edit(HtmlEdit edit);
+    void OnSpace(QObject* receiver);
+    void OnLoadFinished();
+    void OnUrlChanged(const QUrl& url);
+    void OnLoadingChanged(const QWebEngineLoadingInfo& info);
+
+    HtmlContent content_;
+    QUrl document_;
+    QUrl home_;
+    QByteArray postData_;
+    std::vector<HtmlEdit> edits_;  // one an element, in the order in which they were set last
+    bool ready_ = false;           // the document stands and takes edits
+    bool announced_ = false;
+    int revivals_ = 0;
+    QWebEngineView* view_ = nullptr;
+};
+
+// What the owner of a view is told.
+class HtmlListener {
+  public:
+    virtual ~HtmlListener() = default;
+    virtual void OnAppCmd(const std::string& text) = 0;
+};
+
+// The view as the pages use it.
+class CHtmlCtrlFix : public CHtmlCtrlBase {
+    Q_OBJECT
+  public:
+    // `listener` is not owned and outlives the control.
+    CHtmlCtrlFix(int controlId, HtmlContent content, HtmlListener& listener, QWidget* parent);
+
+    // Puts a local view in the place of the control of that number on `parent`, which goes.
+    static CHtmlCtrlFix* CreateFromStatic(int controlId, QWidget& parent, HtmlListener& listener);
+
+  protected:
+    void OnAppCmd(const std::string& text) override { listener_.OnAppCmd(text); }
+
+  private:
+    HtmlListener& listener_;
+};
+
+}  // namespace quorvi

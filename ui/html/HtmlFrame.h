@@ -1,0 +1,40 @@
+// The frame around an HTML view, and in it the marks with which lists show what they are at.
+#pragma once
+
+#include <QFrame>
+
+#include "ui/kit/ViewStatus.h"
+
+namespace quorvi {
+
+// Holds one view and lays the mark over it: the running bar at its top while work goes on. As long
+// as the view has nothing to show, what a list would paint in that state covers all of it. The
+// window's thread.
+class HtmlFrame : public QFrame {
+    Q_OBJECT
+  public:
+    // Takes the view as its child.
+    HtmlFrame(QWidget& view, QWidget* parent);
+
+    void SetState(ListState state);
+    [[nodiscard]] ListState State() const;
+    // How far the load has come, in bytes; a total of 0 means that it is not known.
+    void SetLoadProgress(std::uint64_t have, std::uint64_t total);
+    // The view has something to show from now on, and stays in sight.
+    void SetFilled();
+    [[nodiscard]] bool IsFilled() const { return filled_; }
+    // The sentence of a failed load, which names the refresh button.
+    void SetFailedText(const QString& headline, const QString& sentence);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    class Cover;
+    void PlaceCover();
+
+    Cover* cover_;
+    bool filled_ = false;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,37 @@
+#include "ui/kit/QtText.h"
+
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+// Bytes of a text that a cell shows: more than its width can hold.
+constexpr std::size_t kShownBytes = 1024;
+
+}  // namespace
+
+QString ToQString(std::string_view ansi) {
+    return QString::fromStdString(ToUtf8(ansi));
+}
+
+QString ToQString(std::u8string_view text) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(text.data()),
+                             static_cast<qsizetype>(text.size()));
+}
+
+QString ToShownQString(std::string_view ansi) {
+    if (ansi.size() <= kShownBytes) {
+        return ToQString(ansi);
+    }
+    QString start = ToQString(ansi.substr(0, kShownBytes));
+    if (start.endsWith(QChar::ReplacementCharacter)) {
+        start.chop(1);  // the cut went through a character
+    }
+    return start + QStringLiteral("…");
+}
+
+std::string FromQString(const QString& text) {
+    return ToAnsi(text.toStdString());
+}
+
+}  // namespace quorvi

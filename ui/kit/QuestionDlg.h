@@ -1,0 +1,43 @@
+// Messages and questions: one picture, one sentence, and the buttons.
+#pragma once
+
+#include <functional>
+
+#include "ui/kit/SkinDialog.h"
+
+namespace quorvi {
+
+// The form of a message or question, 400 by 196. More text makes it higher.
+class QuestionDlg : public SkinDialog {
+    Q_OBJECT
+  public:
+    enum class Kind { information, warning, error };
+
+    // `textNumber` is the number of the control that holds the sentence.
+    QuestionDlg(int number, const QString& title, Kind kind, const QString& text, int textNumber,
+                QWidget* parent = nullptr);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+};
+
+// Dialog 548: asks before a delete. Ends with Accepted for 删除, with Rejected for anything else;
+// 取消 is the default.
+class CConfirmDeleteDlg : public QuestionDlg {
+    Q_OBJECT
+  public:
+    explicit CConfirmDeleteDlg(const QString& text, QWidget* parent = nullptr);
+};
+
+// Dialog 682: nothing is ticked. Its help button does nothing.
+class CNothingCheckedDlg : public QuestionDlg {
+    Q_OBJECT
+  public:
+    explicit CNothingCheckedDlg(QWidget* parent = nullptr);
+};
+
+// Shows a message box with one button, without blocking; `done` is called when it has ended.
+void ShowMessage(QWidget* parent, QuestionDlg::Kind kind, const QString& text,
+                 std::function<void()> done = {});
+
+}  // namespace quorvi

@@ -1,0 +1,209 @@
+#include "ui/kit/SkinDialog.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/WindowFrame.h"
+
+namespace quorvi {
+
+using look::ButtonKind;
+using look::Color;
+using look::Metric;
+using look::Size;
+
+namespace {
+
+class DialogFooter : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        look::fill(painter, rect(), look::color(Color::chrome2));
+        look::topLine(painter, rect(), look::color(Color::line));
+    }
+};
+
+}  // namespace
+
+// Dims a whole window, whatever it holds, and follows its size.
+class Scrim : public QWidget {
+  public:
+    explicit Scrim(QWidget* window) : QWidget(window) {
+        setObjectName(QStringLiteral("scrim"));
+        window->installEventFilter(this);
+        setGeometry(window->rect());
+        show();
+        raise();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), look::color(Color::ink, Metric::scrimPercent));
+    }
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Resize) {
+            setGeometry(parentWidget()->rect());
+        }
+        return QWidget::eventFilter(object, event);
+    }
+};
+
+SkinDialog::SkinDialog(int number, const QString& title, QWidget* parent)
+    : QDialog(parent == nullptr ? nullptr : parent->window(),
+              Qt::Dialog | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      title_(new QLabel(this)),
+      close_(new CWindowButton(QStringLiteral("win-close"), ToQString(u8"关闭"), this,
+                               ButtonKind::windowClose)),
+      body_(new QWidget(this)) {
+    SetDialogNumber(*this, number);
+    title_->setFont(look::font(Size::s14, true));
+    QPalette ink = title_->palette();
+    ink.setColor(QPalette::WindowText, look::color(Color::plum8));
+    title_->setPalette(ink);
+    title_->setTextFormat(Qt::PlainText);
+    SetTitle(title);
+
+    close_->setFixedSize(Metric::dialogCaption, Metric::dialogCaption);
+    close_->setFocusPolicy(Qt::NoFocus);  // Escape is its key
+    connect(close_, &QAbstractButton::clicked, this, &QDialog::reject);
+
+    auto* caption = new QHBoxLayout;
+    caption->setContentsMargins(Metric::dialogPadding, 0, 0, 0);
+    caption->addWidget(title_, 1);
+    caption->addWidget(close_);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(caption);
+    column->addWidget(body_, 1);
+    body_->setContentsMargins(Metric::dialogPadding, Metric::dialogPadding, Metric::dialogPadding,
+                              Metric::dialogPadding);
+    WindowFrame::Attach(*this);
+}
+
+SkinDialog::~SkinDialog() {
+    delete scrim_;
+}
+
+void SkinDialog::SetTitle(const QString& title) {
+    setWindowTitle(title);
+    title_->setText(title);
+}
+
+QHBoxLayout* SkinDialog::Footer() {
+    if (footer_ == nullptr) {
+        footer_ = new DialogFooter(this);
+        footer_->setFixedHeight(Metric::dialogFooter);
+        footerLayout_ = new QHBoxLayout(footer_);
+        footerLayout_->setContentsMargins(Metric::dialogPadding, 0, Metric::dialogPadding, 0);
+        footerLayout_->setSpacing(Metric::gap2);
+        footerLayout_->addStretch(1);
+        layout()->addWidget(footer_);
+    }
+    return footerLayout_;
+}
+
+CSkinButton* SkinDialog::AddButton(int number, const QString& text, ButtonKind kind) {
+    QHBoxLayout* row = Footer();
+    auto* button = SetControlNumber(new CSkinButton(text, footer_, kind), number, text);
+    row->addWidget(button);
+    return button;
+}
+
+CSkinButton* SkinDialog::AddEndButton(int number, const QString& text, int result,
+                                      ButtonKind kind) {
+    CSkinButton* button = AddButton(number, text, kind);
+    connect(button, &QAbstractButton::clicked, this, [this, result] { done(result); });
+    return button;
+}
+
+CSkinStateLabel* SkinDialog::AddState(const QString& text) {
+    Footer();
+    auto* label = new CSkinStateLabel(text, footer_);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    footerLayout_->insertWidget(footerLeft_++, label, 1);
+    return label;
+}
+
+CSkinStateLabel* SkinDialog::AddState(int number, const QString& text) {
+    return SetControlNumber(AddState(text), number);
+}
+
+void SkinDialog::AddToFooter(QWidget* widget) {
+    Footer()->insertWidget(footerLeft_++, widget);
+}
+
+void SkinDialog::SetDefault(CSkinButton* button) {
+    default_ = button;
+    button->setDefault(true);
+}
+
+void SkinDialog::Open(std::function<void(int)> done) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    if (done) {
+        // The opener may be gone by then; so may the dialog, when its parent is.
+        connect(this, &QDialog::finished, this,
+                [done = std::move(done)](int result) { done(result); });
+    }
+    open();
+}
+
+void SkinDialog::done(int result) {
+    QDialog::done(endsWithOk_ ? Accepted : result);
+}
+
+void SkinDialog::setVisible(bool visible) {
+    QWidget* behind = parentWidget();
+    if (visible && behind != nullptr && behind->isVisible()) {
+        adjustSize();
+        const QRect over(behind->mapToGlobal(QPoint(0, 0)), behind->size());
+        move(over.center() - QRect(QPoint(0, 0), size()).center());
+        if (scrim_ == nullptr) {
+            scrim_ = new Scrim(behind);
+        }
+    }
+    if (visible && default_ != nullptr) {
+        default_->setFocus(Qt::OtherFocusReason);
+    }
+    QDialog::setVisible(visible);
+    if (!visible) {
+        delete scrim_;
+    }
+}
+
+void SkinDialog::SetInnerSize(QSize size) {
+    setFixedSize(WindowFrame::Around(*this, size));
+}
+
+QRect SkinDialog::Captioned() const {
+    QRect caption = contentsRect();
+    caption.setHeight(Metric::dialogCaption);
+    return caption;
+}
+
+void SkinDialog::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    WindowFrame::Paint(painter, *this);
+    look::fill(painter, contentsRect(), look::color(Color::page));
+    look::fill(painter, Captioned(), look::color(Color::chrome1));
+}
+
+void SkinDialog::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && Captioned().contains(event->position().toPoint()) &&
+        windowHandle() != nullptr) {
+        windowHandle()->startSystemMove();
+        return;
+    }
+    QDialog::mousePressEvent(event);
+}
+
+}  // namespace quorvi

@@ -1,0 +1,295 @@
+#include "ui/kit/SkinFields.h"
+
+#include <QKeyEvent>
+#include <QListView>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+#include <algorithm>
+#include <limits>
+
+#include "ui/look/Look.h"
+
+namespace quorvi {
+
+using look::Color;
+using look::Metric;
+using look::Size;
+
+namespace {
+
+// QLineEdit keeps this much of its own between frame and text.
+constexpr int kLineEditMargin = 2;
+
+// Characters without a blank between them, beyond which breaking lines between words is dear: its
+// time grows with their square.
+constexpr qsizetype kLongWord = 1000;
+
+bool HasLongWord(const QString& text) {
+    qsizetype length = 0;
+    return std::ranges::any_of(text, [&](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kLongWord;
+    });
+}
+
+look::ButtonState FieldState(const QWidget& widget) {
+    using Stage = look::ButtonState::Stage;
+    return {widget.underMouse() ? Stage::hover : Stage::normal, widget.isEnabled(),
+            widget.hasFocus()};
+}
+
+}  // namespace
+
+CSkinEdit::CSkinEdit(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
+    setFont(look::font(Size::s13));
+    setMaxLength(std::numeric_limits<int>::max());  // what is cut off would be saved cut off
+    const int margin = Metric::fieldPadding - kLineEditMargin - Metric::hairline;
+    setTextMargins(margin, 0, margin, 0);
+    setAttribute(Qt::WA_Hover);
+}
+
+void CSkinEdit::SetBad(bool bad) {
+    bad_ = bad;
+    update();
+}
+
+QSize CSkinEdit::sizeHint() const {
+    return {QLineEdit::sizeHint().width(), Metric::fieldHeight};
+}
+
+CSkinTextEdit::CSkinTextEdit(const QString& text, QWidget* parent) : QPlainTextEdit(text, parent) {
+    setFont(look::font(Size::s13));
+    setFrameStyle(QFrame::NoFrame);
+    setTabChangesFocus(true);
+    const int x = Metric::fieldPadding - static_cast<int>(document()->documentMargin());
+    const int y = Metric::fieldAreaPadding - static_cast<int>(document()->documentMargin());
+    setViewportMargins(x, std::max(y, Metric::fieldFocusLine), Metric::fieldFocusLine,
+                       std::max(y, Metric::fieldFocusLine));
+    setAttribute(Qt::WA_Hover);
+    viewport()->setAutoFillBackground(false);
+}
+
+void CSkinTextEdit::SetText(const QString& text) {
+    clear();  // or the old text would be laid out by the new one's rule
+    setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
+                                      : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setPlainText(text);
+}
+
+void CSkinTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (HasLongWord(source->text())) {
+        setWordWrapMode(QTextOption::WrapAnywhere);
+    }
+    QPlainTextEdit::insertFromMimeData(source);
+}
+
+bool CSkinTextEdit::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Paint: {
+            // The frame lies on the area around the viewport.
+            QPainter painter(this);
+            look::paintField(painter, rect(), FieldState(*this));
+            return true;
+        }
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+        case QEvent::HoverEnter:
+        case QEvent::HoverLeave:
+        case QEvent::EnabledChange:
+            update();
+            break;
+        default:
+            break;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void CSkinTextEdit::paintEvent(QPaintEvent* event) {
+    QPlainTextEdit::paintEvent(event);
+}
+
+CSearchEdit::CSearchEdit(const QString& hint, QWidget* parent) : QLineEdit(parent) {
+    setFont(look::font(Size::s12));
+    setPlaceholderText(hint);
+    setAccessibleName(hint);
+    setFrame(false);
+    setAttribute(Qt::WA_Hover);
+    setTextMargins(
+        Metric::fieldPadding + Metric::iconField + Metric::searchIconGap - kLineEditMargin, 0,
+        Metric::fieldPadding - kLineEditMargin, 0);
+}
+
+QSize CSearchEdit::sizeHint() const {
+    return {Metric::searchWidth, Metric::fieldHeight};
+}
+
+void CSearchEdit::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        Color line = Color::searchLine;
+        int width = Metric::hairline;
+        if (!isEnabled()) {
+            line = Color::line2;
+        } else if (hasFocus()) {
+            line = Color::plum6;
+            width = Metric::fieldFocusLine;
+        } else if (underMouse()) {
+            line = Color::ink3;
+        }
+        look::plate(painter, rect(), height() / 2.0,
+                    look::color(isEnabled() ? Color::field : Color::fieldOff), look::color(line),
+                    width);
+        look::drawIcon(painter, QRectF(Metric::fieldPadding, 0, Metric::iconField, height()),
+                       u"search", Metric::iconField,
+                       look::color(isEnabled() ? Color::plum6 : Color::inkOff));
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void CSearchEdit::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            Q_EMIT searchAsked(text());
+            event->accept();
+            return;
+        case Qt::Key_Escape:
+            clear();
+            event->accept();
+            return;
+        default:
+            QLineEdit::keyPressEvent(event);
+    }
+}
+
+void CSearchEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+        // A click would put the cursor down behind this: select when it is through.
+        QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+    }
+}
+
+// One entry of a drop list.
+class DropDelegate : public QStyledItemDelegate {
+  public:
+    explicit DropDelegate(CSkinCombo* combo) : QStyledItemDelegate(combo), combo_(combo) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        if ((option.state & QStyle::State_Selected) != 0) {
+            look::fill(*painter, option.rect, look::color(Color::comboSel));
+        }
+        QRect area = option.rect.adjusted(Metric::fieldPadding, 0, -Metric::fieldPadding, 0);
+        const bool enabled = (option.state & QStyle::State_Enabled) != 0;
+        if (const QString image = Image(index.row()); !image.isEmpty()) {
+            look::drawIcon(*painter,
+                           QRectF(area.left(), area.top(), Metric::iconField, area.height()), image,
+                           Metric::iconField, look::color(Color::ink2));
+            area.setLeft(area.left() + Metric::iconField + Metric::gap2);
+        }
+        painter->setFont(combo_->font());
+        painter->setPen(look::color(enabled ? Color::ink : Color::inkOff));
+        const QString text = index.data(Qt::DisplayRole).toString();
+        painter->drawText(
+            area, Qt::AlignVCenter | Qt::AlignLeft,
+            QFontMetrics(combo_->font()).elidedText(text, Qt::ElideRight, area.width()));
+    }
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
+        const QString text = index.data(Qt::DisplayRole).toString();
+        return {QFontMetrics(combo_->font()).horizontalAdvance(text) + 2 * Metric::fieldPadding +
+                    Metric::comboArrowSpace,
+                Metric::dropRow};
+    }
+
+  private:
+    [[nodiscard]] QString Image(int row) const {
+        const auto* images = qobject_cast<const CSkinImageCombo*>(combo_);
+        return images == nullptr ? QString() : images->ImageOf(row);
+    }
+
+    CSkinCombo* combo_;
+};
+
+CSkinCombo::CSkinCombo(QWidget* parent) : QComboBox(parent) {
+    setFont(look::font(Size::s13));
+    auto* list = new QListView(this);
+    list->setUniformItemSizes(true);
+    list->setMouseTracking(true);
+    list->setFrameShape(QFrame::NoFrame);
+    setView(list);
+    setItemDelegate(new DropDelegate(this));
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize CSkinCombo::sizeHint() const {
+    int text = 0;
+    for (int i = 0; i < count(); ++i) {
+        text = std::max(text, fontMetrics().horizontalAdvance(itemText(i)));
+    }
+    return {text + Metric::fieldPadding + Metric::comboArrowSpace, Metric::fieldHeight};
+}
+
+QSize CSkinCombo::minimumSizeHint() const {
+    return {Metric::fieldPadding + Metric::comboArrowSpace + Metric::fieldHeight,
+            Metric::fieldHeight};
+}
+
+void CSkinCombo::showPopup() {
+    QComboBox::showPopup();
+    update();
+}
+
+void CSkinCombo::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();  // a turn over it on the way through a form must not change it
+    }
+}
+
+QString CSkinCombo::ImageOf(int) const {
+    return {};
+}
+
+void CSkinCombo::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const look::ButtonState state = FieldState(*this);
+    look::paintField(painter, rect(), state);
+    if (state.enabled && state.stage != look::ButtonState::Stage::normal && !state.focused) {
+        const qreal line = look::hairline(painter);
+        look::plate(painter, QRectF(rect()).adjusted(line, line, -line, -line),
+                    Metric::radius - line, look::color(Color::rowLight), Qt::transparent);
+    }
+    QRect area = rect().adjusted(Metric::fieldPadding, 0, -Metric::comboArrowSpace, 0);
+    if (const QString image = ImageOf(currentIndex()); !image.isEmpty()) {
+        look::drawIcon(painter, QRectF(area.left(), 0, Metric::iconField, height()), image,
+                       Metric::iconField, look::color(state.enabled ? Color::ink2 : Color::inkOff));
+        area.setLeft(area.left() + Metric::iconField + Metric::gap2);
+    }
+    painter.setFont(font());
+    painter.setPen(look::color(state.enabled ? Color::ink : Color::inkOff));
+    painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, area.width()));
+    const QRectF arrow(width() - Metric::comboArrowInset - Metric::iconField, 0, Metric::iconField,
+                       height());
+    look::drawIcon(painter, arrow, u"chevron-down", Metric::iconField,
+                   look::color(state.enabled ? Color::ink2 : Color::inkOff));
+}
+
+CSkinImageCombo::CSkinImageCombo(QWidget* parent) : CSkinCombo(parent) {}
+
+void CSkinImageCombo::SetImageList(QStringList icons) {
+    images_ = std::move(icons);
+    update();
+}
+
+QString CSkinImageCombo::ImageOf(int index) const {
+    return index >= 0 && index < images_.size() ? images_[index] : QString();
+}
+
+}  // namespace quorvi

@@ -1,0 +1,69 @@
+// What a list of the kit is told: its columns, the contents of a cell, and whom to tell of a link.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <string_view>
+
+#include "ui/look/Look.h"
+
+namespace quorvi {
+
+// How a cell is drawn and what a click on it means.
+enum class CellKind : std::uint8_t {
+    text,           // one line
+    twoLines,       // a line of 13 above one of 12
+    twoSmallLines,  // two lines of 12
+    captioned,      // the first line in the second ink, and the second beside it in the first
+    twoLinesLink,   // two lines of 12, the second being a link
+    link,           // one line, a link
+    imageLink,      // an icon that is a link
+    picture,        // the row's picture, 48 by 48
+    icon,           // a named icon alone
+    iconText,       // a named icon with a line beside it
+    star,           // a star, filled when the cell's value is not 0
+    rating,         // five stars, filled by the cell's value 0 to 5; any other value counts as 0
+    progress,       // a progress bar when the cell's value is 0 to 100, else the text
+    check,          // the row's tick box; a click anywhere in the cell flips it
+};
+
+enum class CellAlign : std::uint8_t { centre, left };
+
+// One column. A width of 0 hides it.
+struct ListColumn {
+    std::u8string_view caption;
+    int width;
+    CellKind kind = CellKind::text;
+    CellAlign align = CellAlign::centre;  // of the caption
+    CellAlign cells = align;              // of the cells, where they stand otherwise
+    int link = 0;                         // what the observer hears as `kind` of this column's link
+};
+
+// The contents of a cell.
+struct Cell {
+    QString text = {};
+    QString second = {};
+    look::Color ink = look::Color::ink;
+    look::Color secondInk = look::Color::ink2;
+    QString icon = {};  // a name of look::icon, or in a picture column of look::picture
+    look::Color iconInk = look::Color::plum6;
+    int value = -1;  // star, rating, progress
+};
+
+// The picture of a row.
+struct RowPicture {
+    std::uint64_t id = 0;         // the record's own, the same for as long as the picture is
+    std::string_view bytes = {};  // an image file; empty for none
+    std::u16string_view fallback = u"default-head";  // drawn in place of none or a broken one
+    bool rounded = true;  // a photo, cropped to a rounded square; an icon is fitted in
+};
+
+// Told of clicks on links in cells.
+class ListObserver {
+  public:
+    virtual ~ListObserver() = default;
+    // `kind` is 0 for the list's first link column and 1 for its second.
+    virtual void OnLinkClicked(int kind, int row) = 0;
+};
+
+}  // namespace quorvi

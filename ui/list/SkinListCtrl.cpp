@@ -1,0 +1,459 @@
+#include "ui/list/SkinListCtrl.h"
+
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
+
+#include "ui/kit/QtText.h"
+#include "ui/list/ListModel.h"
+#include "ui/list/SkinHeader.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/RoundCorners.h"
+
+namespace quorvi {
+
+using look::Color;
+using look::Metric;
+
+// Hands each cell to the list, which knows its record.
+class ListDelegate : public QStyledItemDelegate {
+  public:
+    explicit ListDelegate(CSkinListCtrl& list) : QStyledItemDelegate(&list), list_(list) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        list_.PaintCell(*painter, option.rect, index.row(), index.column());
+    }
+    // Clicks are the list's.
+    bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
+                     const QModelIndex&) override {
+        return false;
+    }
+
+  private:
+    CSkinListCtrl& list_;
+};
+
+CSkinListCtrl::CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight, QWidget* parent)
+    : QTableView(parent),
+      columns_(columns),
+      rowHeight_(rowHeight),
+      model_(new ListModel(*this)),
+      bar_(new QScrollBar(Qt::Vertical, this)),
+      status_(new ViewStatus(viewport())) {
+    setFont(look::font(look::Size::s12));
+    setHorizontalHeader(new CSkinHeader(columns, this));
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(rowHeight);
+    setModel(model_);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setItemDelegate(new ListDelegate(*this));
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setFrameShape(QFrame::StyledPanel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
+    setContextMenuPolicy(Qt::DefaultContextMenu);
+    LayColumns();
+    RoundCorners::Attach(*this);
+
+    // The bar lies over the rows; the view's own stays hidden and leads.
+    bar_->setFocusPolicy(Qt::NoFocus);
+    bar_->hide();
+    QScrollBar* own = verticalScrollBar();
+    connect(own, &QScrollBar::rangeChanged, this, [this, own](int least, int most) {
+        bar_->setRange(least, most);
+        bar_->setPageStep(own->pageStep());
+        bar_->setSingleStep(own->singleStep());
+        bar_->setVisible(most > least);
+    });
+    connect(own, &QScrollBar::valueChanged, bar_, &QScrollBar::setValue);
+    connect(bar_, &QScrollBar::valueChanged, own, &QScrollBar::setValue);
+}
+
+CSkinListCtrl::~CSkinListCtrl() = default;
+
+int CSkinListCtrl::RowCount() const {
+    return model_->Rows();
+}
+
+int CSkinListCtrl::CurrentRow() const {
+    return selected_;
+}
+
+void CSkinListCtrl::SelectRow(int row) {
+    if (row < 0 || row >= RowCount()) {
+        setCurrentIndex({});
+        clearSelection();
+        return;
+    }
+    const QModelIndex index = model_->index(row, 0);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+RowPicture CSkinListCtrl::PictureAt(int) const {
+    return {};
+}
+
+// ---- rows --------------------------------------------------------------------------------------
+
+void CSkinListCtrl::ResetRows(int count) {
+    const int before = std::exchange(selected_, -1);
+    pictures_.Clear();
+    hoverRow_ = hoverColumn_ = -1;
+    ticks_.assign(static_cast<std::size_t>(count), 0);
+    model_->Reset(count);
+    if (before >= 0) {
+        Q_EMIT rowSelected(-1);
+    }
+    viewport()->update();
+}
+
+void CSkinListCtrl::AppendRows(int count) {
+    ticks_.resize(ticks_.size() + static_cast<std::size_t>(count), 0);
+    model_->Append(count);
+    viewport()->update();
+}
+
+void CSkinListCtrl::RemoveRow(int row) {
+    ticks_.erase(ticks_.begin() + row);
+    hoverRow_ = hoverColumn_ = -1;
+    model_->Remove(row);
+    FollowSelection();  // rows below moved up without a change of the selection
+    viewport()->update();
+}
+
+void CSkinListCtrl::RowChanged(int row) {
+    model_->Changed(row);
+    UpdateRow(row);
+}
+
+// ---- ticks -------------------------------------------------------------------------------------
+
+int CSkinListCtrl::TickColumn() const {
+    const auto found = std::ranges::find(columns_, CellKind::check, &ListColumn::kind);
+    return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
+}
+
+bool CSkinListCtrl::IsTicked(int row) const {
+    return row >= 0 && row < RowCount() && ticks_[static_cast<std::size_t>(row)] != 0;
+}
+
+void CSkinListCtrl::SetTicked(int row, bool on) {
+    if (row >= 0 && row < RowCount() && IsTicked(row) != on) {
+        ticks_[static_cast<std::size_t>(row)] = on ? 1 : 0;
+        RowChanged(row);
+    }
+}
+
+void CSkinListCtrl::TickAll(bool on) {
+    for (int row = 0; row < RowCount(); ++row) {
+        SetTicked(row, on);
+    }
+}
+
+std::vector<int> CSkinListCtrl::TickedRows() const {
+    std::vector<int> rows;
+    for (int row = 0; row < RowCount(); ++row) {
+        if (IsTicked(row)) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
+void CSkinListCtrl::FlipTick(int row) {
+    SetTicked(row, !IsTicked(row));
+    Q_EMIT tickFlipped(row, IsTicked(row));
+}
+
+// ---- what is shown -----------------------------------------------------------------------------
+
+void CSkinListCtrl::SetRedraw(bool on) {
+    if (redraw_ == on) {
+        return;
+    }
+    // A list without rows stays blank, not "empty": what it holds is not known while redraw is off.
+    frozen_ = !on && RowCount() > 0 ? viewport()->grab() : QPixmap();
+    redraw_ = on;
+    viewport()->update();
+}
+
+// ---- geometry ----------------------------------------------------------------------------------
+
+// Columns keep their widths; the last takes what is left beside the scroll bar.
+void CSkinListCtrl::LayColumns() {
+    int left = viewport()->width() - Metric::scrollGutter;
+    int last = -1;
+    for (int i = 0; i < ColumnCount(); ++i) {
+        setColumnHidden(i, Column(i).width == 0);
+        if (Column(i).width != 0) {
+            last = i;
+        }
+    }
+    for (int i = 0; i < ColumnCount(); ++i) {
+        if (Column(i).width == 0) {
+            continue;
+        }
+        const int width = i == last ? std::max(left, Column(i).width) : Column(i).width;
+        setColumnWidth(i, width);
+        left -= width;
+    }
+}
+
+void CSkinListCtrl::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    LayColumns();
+    const QRect area = viewport()->geometry();
+    bar_->setGeometry(area.right() + 1 - Metric::scrollGutter, area.top(), Metric::scrollGutter,
+                      area.height());
+    bar_->setPageStep(verticalScrollBar()->pageStep());
+    verticalScrollBar()->setSingleStep(rowHeight_ / 2);
+}
+
+QRect CSkinListCtrl::CellRect(int row, int column) const {
+    return visualRect(model_->index(row, column));
+}
+
+QRect CSkinListCtrl::RowRect(int row) const {
+    return {0, rowViewportPosition(row), viewport()->width(), rowHeight_};
+}
+
+void CSkinListCtrl::UpdateRow(int row) {
+    if (row >= 0 && row < RowCount()) {
+        viewport()->update(RowRect(row));
+    }
+}
+
+// ---- mouse -------------------------------------------------------------------------------------
+
+void CSkinListCtrl::SetHover(int row, int column) {
+    if (row != hoverRow_) {
+        UpdateRow(hoverRow_);
+        UpdateRow(row);
+    } else if (column != hoverColumn_) {
+        UpdateRow(row);
+    }
+    hoverRow_ = row;
+    hoverColumn_ = column;
+}
+
+void CSkinListCtrl::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const QModelIndex index = indexAt(at);
+    const int row = index.isValid() ? index.row() : -1;
+    const int column = index.isValid() ? index.column() : -1;
+    const bool link = row >= 0 && LinkRect(row, column).contains(at);
+    SetHover(row, link ? column : -1);
+    viewport()->setCursor(link ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    if (event->buttons() == Qt::NoButton) {
+        QTableView::mouseMoveEvent(event);
+    }
+    // With a button held the selection stays where the press put it.
+}
+
+void CSkinListCtrl::mousePressEvent(QMouseEvent* event) {
+    QTableView::mousePressEvent(event);
+    const QPoint at = event->position().toPoint();
+    const QModelIndex index = indexAt(at);
+    if (event->button() != Qt::LeftButton || !index.isValid()) {
+        return;
+    }
+    const int row = index.row();
+    const int column = index.column();
+    Q_EMIT rowClicked(row);
+    if (row >= RowCount()) {
+        return;  // the click's handler changed the rows
+    }
+    if (Column(column).kind == CellKind::check) {
+        FlipTick(row);
+    } else if (LinkRect(row, column).contains(at) && observer_ != nullptr) {
+        observer_->OnLinkClicked(Column(column).link, row);
+    }
+}
+
+void CSkinListCtrl::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !index.isValid()) {
+        return;
+    }
+    if (Column(index.column()).kind == CellKind::check) {
+        FlipTick(index.row());  // two quick clicks are two clicks
+        return;
+    }
+    Q_EMIT rowOpened(index.row());
+}
+
+void CSkinListCtrl::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        Q_EMIT menuAsked(indexAt(event->pos()).row(), event->globalPos());
+        return;
+    }
+    const int row = currentIndex().row();
+    if (row >= 0) {
+        scrollTo(currentIndex());  // the menu stands beside it
+    }
+    const QPoint at =
+        row < 0 ? QPoint(0, 0) : RowRect(row).topLeft() + QPoint(rowHeight_ / 2, rowHeight_ / 2);
+    Q_EMIT menuAsked(row, viewport()->mapToGlobal(at));
+}
+
+bool CSkinListCtrl::viewportEvent(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Leave:
+            SetHover(-1, -1);
+            break;
+        case QEvent::ToolTip: {
+            const auto* help = static_cast<QHelpEvent*>(event);
+            if (ShowTip(help->pos(), help->globalPos())) {
+                return true;
+            }
+            QToolTip::hideText();
+            event->ignore();
+            return true;
+        }
+        default:
+            break;
+    }
+    return QTableView::viewportEvent(event);
+}
+
+// ---- keys --------------------------------------------------------------------------------------
+
+// All rows, or none when all are ticked.
+void CSkinListCtrl::FlipAllTicks() {
+    const bool on = std::ranges::find(ticks_, char{0}) != ticks_.end();
+    for (int row = 0; row < RowCount(); ++row) {
+        if (IsTicked(row) != on) {
+            FlipTick(row);
+        }
+    }
+}
+
+void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::SelectAll)) {
+        if (TickColumn() >= 0 && redraw_) {  // nobody ticks what is not shown
+            FlipAllTicks();
+        }
+        event->accept();
+        return;
+    }
+    const int row = currentIndex().row();
+    switch (event->key()) {
+        case Qt::Key_Space:
+            if (row >= 0 && TickColumn() >= 0) {
+                FlipTick(row);
+            }
+            event->accept();
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (row >= 0) {
+                Q_EMIT rowOpened(row);
+                event->accept();
+            } else {
+                event->ignore();
+            }
+            return;
+        default:
+            QTableView::keyPressEvent(event);
+    }
+}
+
+QModelIndex CSkinListCtrl::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const int rows = RowCount();
+    if (rows == 0) {
+        return {};
+    }
+    const int row = currentIndex().row();
+    const int page = std::max(1, viewport()->height() / rowHeight_ - 1);
+    int to = row;
+    switch (action) {
+        case MoveUp:
+        case MovePrevious:
+            to = row - 1;
+            break;
+        case MoveDown:
+        case MoveNext:
+            to = row + 1;
+            break;
+        case MovePageUp:
+            to = row - page;
+            break;
+        case MovePageDown:
+            to = row + page;
+            break;
+        case MoveHome:
+            to = 0;
+            break;
+        case MoveEnd:
+            to = rows - 1;
+            break;
+        default:
+            break;  // left and right: rows have no cursor of their own
+    }
+    Q_UNUSED(modifiers);
+    return model_->index(std::clamp(to, 0, rows - 1), std::max(0, currentIndex().column()));
+}
+
+void CSkinListCtrl::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    UpdateRow(previous.row());
+    UpdateRow(current.row());
+}
+
+void CSkinListCtrl::selectionChanged(const QItemSelection& selected,
+                                     const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    FollowSelection();
+}
+
+void CSkinListCtrl::FollowSelection() {
+    const QItemSelection& all = selectionModel()->selection();
+    const int row = all.isEmpty() ? -1 : all.first().top();
+    if (row != selected_) {
+        UpdateRow(std::exchange(selected_, row));
+        UpdateRow(row);
+        Q_EMIT rowSelected(row);
+    }
+}
+
+void CSkinListCtrl::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    if (event->reason() != Qt::MouseFocusReason && !currentIndex().isValid() && RowCount() > 0) {
+        // A ring needs a row to stand on; it does not select.
+        selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    }
+    UpdateRow(currentIndex().row());
+}
+
+void CSkinListCtrl::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    UpdateRow(currentIndex().row());
+}
+
+void CSkinListCtrl::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange) {
+        viewport()->update();
+    }
+}
+
+}  // namespace quorvi

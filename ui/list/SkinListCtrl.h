@@ -1,0 +1,151 @@
+// The list of the kit.
+#pragma once
+
+#include <QPixmap>
+#include <QScrollBar>
+#include <QTableView>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "ui/kit/ViewStatus.h"
+#include "ui/list/ListColumns.h"
+#include "ui/list/PictureCache.h"
+
+namespace quorvi {
+
+class ListModel;
+
+// A list of rows of one height, drawn from the records of its page: row i is element i of the
+// page's vector. It owns no record; see RecordListCtrl for the class that does. The window's
+// thread.
+//
+// Keys: arrows, Home, End and Page keys move; Space flips the row's tick; Ctrl+A ticks all rows, or
+// none when all are ticked; Enter opens the row; the menu key asks for its menu. A click on a link
+// tells the observer, a click in the tick column flips the tick; a click anywhere else changes only
+// the selection.
+class CSkinListCtrl : public QTableView {
+    Q_OBJECT
+  public:
+    // `columns` outlives the list. `rowHeight` is Metric::rowTall or Metric::rowCompact.
+    CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight, QWidget* parent = nullptr);
+    ~CSkinListCtrl() override;
+
+    // The observer is not owned and may be null.
+    void SetObserver(ListObserver* observer) { observer_ = observer; }
+
+    [[nodiscard]] int RowCount() const;
+    // The selected row, or -1.
+    [[nodiscard]] int CurrentRow() const;
+    // Selects a row and brings it into view; a row that is not there clears the selection.
+    void SelectRow(int row);
+
+    [[nodiscard]] bool IsTicked(int row) const;
+    void SetTicked(int row, bool on);
+    void TickAll(bool on);
+    // The ticked rows in their order.
+    [[nodiscard]] std::vector<int> TickedRows() const;
+
+    // Redraw off keeps the list as it is on the screen, whatever happens to its rows. On shows
+    // them.
+    void SetRedraw(bool on);
+    [[nodiscard]] bool Redraw() const { return redraw_; }
+
+    // Shows what the list is at. A loading list shows it even while redraw is off.
+    void SetState(ListState state) { status_->Set(state); }
+    [[nodiscard]] ListState State() const { return status_->Get(); }
+    // How far the load has come, in bytes; a total of 0 means that it is not known.
+    void SetLoadProgress(std::uint64_t have, std::uint64_t total) {
+        status_->SetProgress(have, total);
+    }
+    // The sentences of the empty list and of the failed load. The latter names the refresh button.
+    void SetEmptyText(const QString& headline, const QString& sentence) {
+        status_->SetEmptyText(headline, sentence);
+    }
+    void SetFailedText(const QString& headline, const QString& sentence) {
+        status_->SetFailedText(headline, sentence);
+    }
+
+    // Where the link or tick box of a cell is hit, in the viewport's coordinates; empty for none.
+    [[nodiscard]] QRect LinkRect(int row, int column) const;
+    [[nodiscard]] QRect CellRect(int row, int column) const;
+    [[nodiscard]] const PictureCache& Pictures() const { return pictures_; }
+
+    // The contents of a cell, as it is drawn and as it is read out.
+    [[nodiscard]] virtual Cell CellAt(int row, int column) const = 0;
+    [[nodiscard]] virtual RowPicture PictureAt(int row) const;
+    [[nodiscard]] const ListColumn& Column(int column) const {
+        return columns_[static_cast<std::size_t>(column)];
+    }
+    [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
+
+  Q_SIGNALS:
+    // A left click on a row, wherever in it; the row is selected by then.
+    void rowClicked(int row);
+    // A double click on a row, or Enter.
+    void rowOpened(int row);
+    // The selection came to another row (-1: none), by mouse, key or program.
+    void rowSelected(int row);
+    // A right click, or the menu key. `row` is -1 beside all rows; `at` is on the screen.
+    void menuAsked(int row, const QPoint& at);
+    // The user flipped a tick.
+    void tickFlipped(int row, bool on);
+
+  protected:
+    // To be called around every change of the number of records.
+    void ResetRows(int count);
+    void AppendRows(int count);
+    void RemoveRow(int row);
+    // The contents of a row changed.
+    void RowChanged(int row);
+
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+  private:
+    friend class ListModel;
+    friend class ListDelegate;
+
+    void PaintRows(QPainter& painter, const QRect& dirty) const;
+    void PaintCell(QPainter& painter, const QRect& rect, int row, int column);
+    void PaintPicture(QPainter& painter, const QRect& rect, int row, int column);
+    void PaintSkeleton(QPainter& painter) const;
+    void LayColumns();
+    void FollowSelection();
+    void UpdateRow(int row);
+    void SetHover(int row, int column);
+    void FlipTick(int row);
+    void FlipAllTicks();
+    bool ShowTip(const QPoint& at, const QPoint& global);
+    [[nodiscard]] QRect RowRect(int row) const;
+    [[nodiscard]] int TickColumn() const;
+
+    std::span<const ListColumn> columns_;
+    int rowHeight_;
+    ListModel* model_;
+    ListObserver* observer_ = nullptr;
+    QScrollBar* bar_;  // lies over the right end of the rows
+    PictureCache pictures_;
+    std::vector<char> ticks_;  // one for each row
+    int selected_ = -1;
+    int hoverRow_ = -1;
+    int hoverColumn_ = -1;
+    bool redraw_ = true;
+    QPixmap frozen_;  // what is shown while redraw is off
+    ViewStatus* status_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,110 @@
+#include "ui/look/FocusRing.h"
+
+#include <QApplication>
+#include <QFocusFrame>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "ui/look/Look.h"
+
+namespace quorvi {
+namespace {
+
+using look::Metric;
+
+FocusRing*& TheRing() {
+    static FocusRing* ring = nullptr;
+    return ring;
+}
+
+// The frame of one window. It lies above the control, takes no mouse, and follows it.
+class RingFrame : public QFocusFrame {
+  public:
+    explicit RingFrame(QWidget* window) : QFocusFrame(window) {
+        setObjectName(QStringLiteral("focus ring"));
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const auto* shape = dynamic_cast<const RingShape*>(widget());
+        if (shape == nullptr) {
+            return;
+        }
+        QPainter painter(this);
+        const QPointF origin = mapFromGlobal(widget()->mapToGlobal(QPoint(0, 0)));
+        look::outerRing(painter, shape->RingRect().translated(origin), shape->RingRadius());
+    }
+};
+
+RingFrame* FrameOf(QWidget* window) {
+    auto* frame = dynamic_cast<RingFrame*>(
+        window->findChild<QFocusFrame*>(QStringLiteral("focus ring"), Qt::FindChildrenRecursively));
+    return frame != nullptr ? frame : new RingFrame(window);
+}
+
+bool IsModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
+           key == Qt::Key_Meta || key == Qt::Key_AltGr || key == Qt::Key_CapsLock;
+}
+
+}  // namespace
+
+FocusRing::FocusRing(QObject* parent) : QObject(parent) {
+    TheRing() = this;
+    qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this] { Update(); });
+}
+
+FocusRing::~FocusRing() {
+    TheRing() = nullptr;
+}
+
+bool FocusRing::ShownOn(const QWidget* widget) {
+    return TheRing() != nullptr && TheRing()->shown_ && widget->hasFocus();
+}
+
+void FocusRing::Show() {
+    if (TheRing() != nullptr) {
+        TheRing()->Set(true);
+    }
+}
+
+bool FocusRing::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && !IsModifier(static_cast<QKeyEvent*>(event)->key())) {
+        Set(true);
+    } else if (event->type() == QEvent::MouseButtonPress && object->isWidgetType()) {
+        Set(false);
+    }
+    return QObject::eventFilter(object, event);
+}
+
+void FocusRing::Set(bool shown) {
+    if (shown_ != shown) {
+        shown_ = shown;
+        Update();
+    }
+}
+
+void FocusRing::Update() {
+    QWidget* widget = QApplication::focusWidget();
+    if (repainted_ && repainted_ != widget) {
+        if (QFocusFrame* old = FrameOf(repainted_->window()); old->widget() != nullptr) {
+            old->setWidget(nullptr);
+        }
+    }
+    repainted_ = widget;
+    if (widget == nullptr) {
+        return;
+    }
+    const auto* shape = dynamic_cast<const RingShape*>(widget);
+    const bool around = shape != nullptr && !shape->RingRect().isEmpty();
+    RingFrame* frame = FrameOf(widget->window());
+    frame->setWidget(around && shown_ ? widget : nullptr);
+    if (frame->widget() != nullptr) {
+        frame->show();
+        frame->raise();
+    }
+    widget->update();
+}
+
+}  // namespace quorvi

@@ -1,0 +1,127 @@
+#include "ui/look/Look.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QWidget>
+#include <algorithm>
+
+#include "ui/kit/SkinStyle.h"
+#include "ui/look/DesktopWishes.h"
+#include "ui/look/FocusRing.h"
+
+namespace quorvi::look {
+namespace {
+
+// Who asks for readable inks, by reason.
+std::array<bool, 2>& InkReasons() {
+    static std::array<bool, 2> asked{};
+    return asked;
+}
+
+bool& LessMotionFlag() {
+    static bool on = false;
+    return on;
+}
+
+const ColorRow& RowOf(Color color) {
+    return kColors[static_cast<std::size_t>(color)];
+}
+
+QStringList Families() {
+    return {QStringLiteral("Noto Sans CJK SC"),    QStringLiteral("Source Han Sans SC"),
+            QStringLiteral("Microsoft YaHei UI"),  QStringLiteral("PingFang SC"),
+            QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")};
+}
+
+QPalette Palette() {
+    QPalette palette;
+    using Role = QPalette::ColorRole;
+    struct Pair {
+        Role role;
+        Color color;
+    };
+    static constexpr std::array kRoles{
+        Pair{Role::Window, Color::page},
+        Pair{Role::WindowText, Color::ink},
+        Pair{Role::Base, Color::surface},
+        Pair{Role::AlternateBase, Color::rowLight},
+        Pair{Role::Text, Color::ink},
+        Pair{Role::Button, Color::surface},
+        Pair{Role::ButtonText, Color::ink},
+        Pair{Role::Highlight, Color::plum6},
+        Pair{Role::HighlightedText, Color::onAccent},
+        Pair{Role::Link, Color::plum7},
+        Pair{Role::LinkVisited, Color::plum7},
+        Pair{Role::ToolTipBase, Color::tip},
+        Pair{Role::ToolTipText, Color::onAccent},
+        Pair{Role::PlaceholderText, Color::ink2},
+        Pair{Role::Light, Color::surface},
+        Pair{Role::Mid, Color::line2},
+        Pair{Role::Dark, Color::frame},
+    };
+    for (const Pair& pair : kRoles) {
+        palette.setColor(pair.role, color(pair.color));
+    }
+    for (const Role role :
+         {Role::WindowText, Role::Text, Role::ButtonText, Role::PlaceholderText}) {
+        palette.setColor(QPalette::Disabled, role, color(Color::inkOff));
+    }
+    palette.setColor(QPalette::Disabled, Role::Base, color(Color::fieldOff));
+    return palette;
+}
+
+}  // namespace
+
+void SetReadableInks(bool on, InkReason reason) {
+    const bool before = ReadableInks();
+    InkReasons()[static_cast<std::size_t>(reason)] = on;
+    if (ReadableInks() == before) {
+        return;
+    }
+    for (QWidget* widget : QApplication::allWidgets()) {
+        widget->update();
+    }
+}
+
+bool ReadableInks() {
+    return std::ranges::find(InkReasons(), true) != InkReasons().end();
+}
+
+QColor color(Color color) {
+    const ColorRow& row = RowOf(color);
+    return QColor::fromRgb(ReadableInks() ? RowOf(row.readable).value : row.value);
+}
+
+QColor color(Color color, int percent) {
+    QColor made = look::color(color);
+    made.setAlphaF(static_cast<float>(percent) / 100.0F);
+    return made;
+}
+
+QFont font(Size size, bool bold) {
+    QFont made;
+    made.setFamilies(Families());
+    made.setPixelSize(static_cast<int>(size));
+    made.setWeight(bold ? QFont::Bold : QFont::Normal);
+    made.setStyleHint(QFont::SansSerif);
+    made.setHintingPreference(QFont::PreferVerticalHinting);
+    return made;
+}
+
+bool LessMotion() {
+    return LessMotionFlag();
+}
+
+void SetLessMotion(bool on) {
+    LessMotionFlag() = on;
+}
+
+void Apply(QApplication& application) {
+    application.setStyle(new SkinStyle);
+    application.setFont(font(Size::s13));
+    application.setPalette(Palette());
+    new FocusRing(&application);
+    (new DesktopWishes(&application))->Ask();
+}
+
+}  // namespace quorvi::look

@@ -1,0 +1,115 @@
+// The icons: drawings in one colour, named by what they show, rendered at the device's scale.
+#include <QFile>
+#include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <cmath>
+#include <tuple>
+
+#include "ui/look/Look.h"
+
+// Resources in a static library are registered by hand, outside any namespace.
+static void RegisterIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace quorvi::look {
+namespace {
+
+struct Key {
+    QString name;
+    QSize size;
+    QRgb rgb;
+    qreal dpr;
+
+    friend bool operator==(const Key& a, const Key& b) {
+        return a.rgb == b.rgb && a.size == b.size && qFuzzyCompare(a.dpr, b.dpr) &&
+               a.name == b.name;
+    }
+    friend size_t qHash(const Key& key, size_t seed = 0) {
+        return qHashMulti(seed, key.name, key.size.width(), key.size.height(), key.rgb);
+    }
+};
+
+// Icons on show at one time at one scale come to a few hundred; beyond that start afresh.
+constexpr qsizetype kCacheLimit = 1024;
+
+QHash<Key, QPixmap>& Cache() {
+    static QHash<Key, QPixmap> cache;
+    return cache;
+}
+
+QByteArray Drawing(QStringView name) {
+    static const bool registered = [] {
+        RegisterIcons();
+        return true;
+    }();
+    Q_UNUSED(registered);
+    QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QPixmap Render(const QByteArray& drawing, QSize size, qreal dpr) {
+    QSvgRenderer renderer(drawing);
+    if (!renderer.isValid()) {
+        return {};
+    }
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    const QSizeF device = QSizeF(size) * dpr;
+    QPixmap pixmap(static_cast<int>(std::lround(device.width())),
+                   static_cast<int>(std::lround(device.height())));
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(pixmap.size())));
+    painter.end();
+    pixmap.setDevicePixelRatio(dpr);
+    return pixmap;
+}
+
+QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr) {
+    const Key key{name.toString(), size, color.rgba(), dpr};
+    if (const auto found = Cache().constFind(key); found != Cache().constEnd()) {
+        return *found;
+    }
+    QByteArray drawing = Drawing(name);
+    drawing.replace("currentColor", color.name().toLatin1());
+    const QPixmap made = drawing.isEmpty() ? QPixmap() : Render(drawing, size, dpr);
+    if (Cache().size() >= kCacheLimit) {
+        Cache().clear();
+    }
+    Cache().insert(key, made);
+    return made;
+}
+
+}  // namespace
+
+QPixmap icon(QStringView name, int px, const QColor& color, qreal dpr) {
+    return Cached(name, QSize(px, px), color, dpr);
+}
+
+QPixmap icon(QStringView name, int px, Color color, qreal dpr) {
+    return Cached(name, QSize(px, px), look::color(color), dpr);
+}
+
+QPixmap picture(QStringView name, QSize size, qreal dpr) {
+    return Cached(name, size, look::color(Color::ink2), dpr);
+}
+
+void drawCentred(QPainter& painter, const QRectF& rect, const QPixmap& pixmap) {
+    QRectF target(QPointF(), pixmap.deviceIndependentSize());
+    target.moveCenter(rect.center());
+    // Only the corner is snapped: the size is already whole device pixels.
+    target.moveTopLeft(snapped(painter, target).topLeft());
+    painter.drawPixmap(target.topLeft(), pixmap);
+}
+
+void drawIcon(QPainter& painter, const QRectF& rect, QStringView name, int px,
+              const QColor& color) {
+    const QPixmap pixmap = icon(name, px, color, scaleOf(painter));
+    if (!pixmap.isNull()) {
+        drawCentred(painter, rect, pixmap);
+    }
+}
+
+}  // namespace quorvi::look

@@ -1,0 +1,58 @@
+// What every one of the pages is, and what it may ask of the main window.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include "base/SettingsStore.h"
+#include "ui/page/Messages.h"
+#include "ui/page/PageState.h"
+
+namespace quorvi {
+
+// The main window as its pages see it. The window's thread.
+class PageHost {
+  public:
+    virtual ~PageHost() = default;
+    // Shows text in the StatusLabel (control 1366).
+    virtual void SetStatus(const QString& text) = 0;
+    // Posts a message to the main window.
+    virtual void Post(Message message, int first = 0, int second = 0) = 0;
+    virtual void ShowBalloon(const QString& title, const QString& text) = 0;
+    // The number beside the navigation item of the download page; none at 0.
+    virtual void SetTaskCount(int tasks) = 0;
+    [[nodiscard]] virtual PageLoadState& LoadState() = 0;
+    [[nodiscard]] virtual PageSelection& Selection() = 0;
+    [[nodiscard]] virtual SettingsStore& Settings() = 0;
+};
+
+// A page: a child of the main window's content frame, made hidden at start, living as long as the
+// window. Its object name is "dialog N"; its controls are named by their numbers. All calls come on
+// the window's thread.
+class Page : public QWidget {
+    Q_OBJECT
+  public:
+    Page(PageHost& host, int dialog, QWidget* parent = nullptr);
+
+    // Loads the page; ignored while a load runs (see PageLoad). The navigator calls it at the first
+    // show of a page that has a load key, the page's own refresh button at each press, timer 1 of
+    // the main window for the dashboard.
+    virtual void Load() {}
+    // A press of command button 0 to 3 while this page is shown.
+    virtual void OnCommand(int /*index*/) {}
+    // A message that the main window forwards to this page.
+    virtual void OnMessage(Message /*message*/, int /*first*/, int /*second*/) {}
+    // Message::dropFiles: full paths of the files dropped on the main window.
+    virtual void OnDropFiles(const QStringList& /*paths*/) {}
+    // The text of the main window's search box, for the app store page.
+    virtual void OnSearch(const QString& /*text*/) {}
+
+  protected:
+    [[nodiscard]] PageHost& Host() const { return host_; }
+
+  private:
+    PageHost& host_;
+};
+
+}  // namespace quorvi
