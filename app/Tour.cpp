@@ -5,7 +5,7 @@
 #include <QPixmap>
 #include <cstdio>
 
-#include "app/MainDlg.h"
+#include "app/window/MainDlg.h"
 
 namespace quorvi {
 namespace {

@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
-#include "app/MainDlg.h"
 #include "app/Tour.h"
 #include "app/TourAgent.h"
+#include "app/window/MainDlg.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"

@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
-#include "app/MainDlg.h"
 #include "app/Tour.h"
-#include "app/TrayMenu.h"
+#include "app/window/MainDlg.h"
+#include "app/window/TrayMenu.h"
 #include "pages/numbers/NumberQueryDlg.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"

@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/MainDlg.h"
-#include "app/Notifier.h"
-#include "app/RunningInstance.h"
-#include "app/Sounds.h"
+#include "app/platform/Notifier.h"
+#include "app/platform/Sounds.h"
+#include "app/process/RunningInstance.h"
+#include "app/window/MainDlg.h"
 #include "link/DeviceContext.h"
 #include "tests/app/FakeDesktop.h"
 #include "tests/base/MemorySettings.h"

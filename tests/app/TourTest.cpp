@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 
 #include "app/Tour.h"
-#include "tests/app/MainDlgFixture.h"
+#include "tests/app/window/MainDlgFixture.h"
 
 namespace quorvi {
 namespace {

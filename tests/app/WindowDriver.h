@@ -6,8 +6,8 @@
 #include <QTabBar>
 #include <cstddef>
 
-#include "app/CommandRow.h"
-#include "app/MainDlg.h"
+#include "app/window/CommandRow.h"
+#include "app/window/MainDlg.h"
 #include "tests/ui/ControlDriver.h"
 #include "ui/kit/ControlNumber.h"
 

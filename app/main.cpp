@@ -1,5 +1,0 @@
-#include "app/PhoneSuiteApp.h"
-
-int main(int argc, char** argv) {
-    return quorvi::CPhoneSuiteApp(argc, argv).Run();
-}

@@ -1,0 +1,28 @@
+// Notices over the session bus, by org.freedesktop.Notifications.
+#pragma once
+
+#include <QObject>
+#include <QSet>
+
+#include "app/platform/Notifier.h"
+
+namespace quorvi {
+
+class BusNotifier : public QObject, public Notifier {
+    Q_OBJECT
+  public:
+    void Notify(const QString& title, const QString& text, std::function<void()> failed) override;
+    void Listen(std::function<void()> clicked) override;
+
+  private Q_SLOTS:
+    void OnAction(uint id, const QString& action);
+
+  private:
+    void Shown(uint id);
+
+    std::function<void()> clicked_;
+    QSet<uint> ids_;
+    bool listening_ = false;
+};
+
+}  // namespace quorvi

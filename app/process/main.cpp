@@ -1,0 +1,5 @@
+#include "app/process/PhoneSuiteApp.h"
+
+int main(int argc, char** argv) {
+    return quorvi::CPhoneSuiteApp(argc, argv).Run();
+}

@@ -1,0 +1,56 @@
+#include "app/window/CommandRow.h"
+
+#include <QLabel>
+#include <algorithm>
+
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinButtons.h"
+#include "ui/look/Look.h"
+
+namespace quorvi {
+
+using look::Metric;
+
+CommandRow::CommandRow(QWidget* parent) : QWidget(parent), heading_(new QLabel(this)) {
+    setObjectName(QStringLiteral("commands"));
+    setFixedHeight(Metric::buttonHeight);
+    heading_->setObjectName(QStringLiteral("heading"));
+    heading_->setFont(look::font(look::Size::s16, true));
+    heading_->setTextFormat(Qt::PlainText);
+    heading_->setGeometry(0, 0, Metric::pageWidth, Metric::buttonHeight);
+    for (std::size_t i = 0; i < kCommandCount; ++i) {
+        auto* button = new CSkinStripButton(QString(), this);
+        SetControlNumber(button, kButtons[i]);
+        button->setGeometry(static_cast<int>(i) * (Metric::commandWidth + Metric::commandGap), 0,
+                            Metric::commandWidth, Metric::buttonHeight);
+        button->hide();
+        connect(button, &QAbstractButton::clicked, this, [this, i] {
+            for (std::size_t other = 0; other < kCommandCount; ++other) {
+                if (other != i) {
+                    buttons_[other]->setChecked(false);
+                    buttons_[other]->update();
+                }
+            }
+            Q_EMIT pressed(static_cast<int>(i));
+        });
+        buttons_[i] = button;
+    }
+}
+
+void CommandRow::Show(const PageRow& row) {
+    for (std::size_t i = 0; i < kCommandCount; ++i) {
+        const Command& command = row.commands[i];
+        CSkinStripButton& button = *buttons_[i];
+        button.setVisible(!command.caption.empty());
+        button.setText(ToQString(command.caption));
+        button.setAccessibleName(ToQString(command.caption));
+        button.SetImage(ToQString(command.image));
+    }
+    const bool headed = std::ranges::all_of(
+        row.commands, [](const Command& command) { return command.caption.empty(); });
+    heading_->setText(headed ? ToQString(ItemEntry(row).caption) : QString());
+    heading_->setVisible(headed);
+}
+
+}  // namespace quorvi

@@ -1,0 +1,529 @@
+#include "app/window/MainDlg.h"
+
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QScreen>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <QWindow>
+#include <algorithm>
+
+#include "app/platform/Notifier.h"
+#include "app/platform/Sounds.h"
+#include "app/process/RunningInstance.h"
+#include "app/window/BalloonCard.h"
+#include "app/window/CaptionBar.h"
+#include "app/window/CommandRow.h"
+#include "app/window/NavigationBar.h"
+#include "app/window/PlaceholderPage.h"
+#include "app/window/StatusStrip.h"
+#include "app/window/TabStrip.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/WindowFrame.h"
+#include "ui/look/Look.h"
+
+namespace quorvi {
+namespace {
+
+using look::Color;
+using look::Metric;
+
+constexpr int kDialog = 102;
+constexpr std::u8string_view kTitle = u8"奎维掌上工坊";
+constexpr int kTimer1Ms = 50;
+constexpr qsizetype kShortestSearch = 2;
+
+// A message on its way to the main window.
+class MessageEvent : public QEvent {
+  public:
+    static constexpr auto kType = static_cast<QEvent::Type>(QEvent::User + 1);
+    MessageEvent(Message message, int first, int second)
+        : QEvent(kType), message_(message), first_(first), second_(second) {}
+    [[nodiscard]] Message Number() const { return message_; }
+    [[nodiscard]] int First() const { return first_; }
+    [[nodiscard]] int Second() const { return second_; }
+
+  private:
+    Message message_;
+    int first_;
+    int second_;
+};
+
+QStringList LocalFiles(const QMimeData& data) {
+    QStringList paths;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
+}
+
+// Assistive tools take a plain widget for a box; this one is a window.
+QAccessibleInterface* MakeAccessible(const QString& name, QObject* object) {
+    if (name == QLatin1StringView(CMainDlg::staticMetaObject.className())) {
+        return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Window);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+const std::array<CMainDlg::Handler, 7> CMainDlg::kHandlers = {{
+    {Message::tray, &CMainDlg::OnTray},
+    {Message::goToPage, &CMainDlg::OnGoToPage},
+    {Message::search, &CMainDlg::OnSearch},
+    {Message::selectTab, &CMainDlg::OnSelectTab},
+    {Message::commandButton, &CMainDlg::OnCommandButton},
+    {Message::selectItem, &CMainDlg::OnSelectItem},
+    {Message::pageCommand, &CMainDlg::OnPageCommand},
+}};
+
+CMainDlg::CMainDlg(MainParts parts)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), parts_(std::move(parts)) {
+    QAccessible::installFactory(&MakeAccessible);
+    SetDialogNumber(*this, kDialog);
+    BuildFrame();
+    timer1_.setSingleShot(true);
+    timer1_.setInterval(kTimer1Ms);
+    connect(&timer1_, &QTimer::timeout, this, &CMainDlg::OnTimer1);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState to) {
+        if (to == Qt::ApplicationActive) {
+            content_->update();
+        }
+    });
+    qApp->installEventFilter(this);
+}
+
+CMainDlg::~CMainDlg() {
+    qApp->removeEventFilter(this);
+    parts_.instance.Withdraw();
+    parts_.tray.Remove();
+}
+
+void CMainDlg::BuildFrame() {
+    WindowFrame::Attach(*this);
+    resize(WindowFrame::Around(*this, QSize(Metric::windowWidth, Metric::windowHeight)));
+    setMinimumSize(size());
+    setAcceptDrops(true);
+
+    caption_ = new CaptionBar(this);
+    tabs_ = new TabStrip(this);
+    bar_ = new NavigationBar(this);
+    commands_ = new CommandRow(this);
+    content_ = new QWidget(this);
+    content_->setObjectName(QStringLiteral("content"));
+    status_ = new StatusStrip(this);
+
+    auto* tabRow = new QHBoxLayout;
+    tabRow->setContentsMargins(Metric::tabsX, 0, 0, 0);
+    tabRow->addWidget(tabs_);
+    tabRow->addStretch(1);
+
+    auto* pageColumn = new QVBoxLayout;
+    pageColumn->setContentsMargins(Metric::pageInset,
+                                   Metric::commandsY - Metric::captionHeight - Metric::tabsHeight,
+                                   Metric::pageInset, Metric::contentBottom);
+    pageColumn->setSpacing(Metric::contentY - Metric::commandsY - Metric::buttonHeight);
+    pageColumn->addWidget(commands_);
+    pageColumn->addWidget(content_, 1);
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    grid->addWidget(caption_, 0, 0, 1, 2);
+    grid->addLayout(tabRow, 1, 0, 1, 2);
+    grid->addWidget(bar_, 2, 0);
+    grid->addLayout(pageColumn, 2, 1);
+    grid->addWidget(status_, 3, 0, 1, 2);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(1, 1);
+
+    tabs_->setFocus();
+
+    connect(caption_, &CaptionBar::pressed, this, &CMainDlg::OnCaptionButton);
+    connect(caption_, &CaptionBar::searchAsked, this, [this] { Post(Message::search); });
+    connect(tabs_, &TabStrip::chosen, this, [this](int tab) { Post(Message::selectTab, 0, tab); });
+    connect(bar_, &NavigationBar::chosen, this,
+            [this](int item) { Post(Message::selectItem, 0, item); });
+    connect(commands_, &CommandRow::pressed, this,
+            [this](int index) { Post(Message::commandButton, 0, index); });
+}
+
+void CMainDlg::BuildPages() {
+    for (const PageRow& row : kPages) {
+        if (!pages_.contains(row.dialog)) {
+            pages_[row.dialog] = MakePageOf(row, parts_.makers, *this, parts_.pages, content_);
+        }
+    }
+    pages_[kDialogNeverShown] = MakeAnnouncement(*this, kDialogNeverShown, content_);
+    for (const auto& [dialog, page] : pages_) {
+        page->hide();
+        page->setGeometry(content_->rect());
+    }
+}
+
+void CMainDlg::OnInitDialog() {
+    parts_.instance.Announce([this] { OnSecondStart(); });
+
+    parts_.tray.Listen({
+        [this](TrayMouse mouse) { Post(Message::tray, 0, static_cast<int>(mouse)); },
+        [this](TrayCommand command) { OnTrayCommand(command); },
+        [this] { OnTrayRecreated(); },
+    });
+    parts_.notifier.Listen(
+        [this] { Post(Message::tray, 0, static_cast<int>(TrayMouse::leftDown)); });
+    parts_.tray.Add(WelcomeText());
+    Welcome();
+
+    setWindowIcon(QIcon(QStringLiteral(":/icons/logo.svg")));
+    setWindowTitle(ToQString(kTitle));
+    BuildPages();
+    ShowPage(FindPage(kPageDashboard));
+    Centre();
+    parts_.watchUsb();
+    parts_.connectPhone(false);
+}
+
+void CMainDlg::EndDialog() {
+    if (ending_) {
+        return;
+    }
+    ending_ = true;
+    hide();
+    parts_.tray.Remove();
+    parts_.instance.Withdraw();
+    parts_.endProcess();
+}
+
+void CMainDlg::Centre() {
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        move(screen->availableGeometry().center() - QPoint(width() / 2, height() / 2));
+    }
+}
+
+// ---- messages ----------------------------------------------------------------------------------
+
+void CMainDlg::Post(Message message, int first, int second) {
+    QCoreApplication::postEvent(this, new MessageEvent(message, first, second));
+}
+
+bool CMainDlg::event(QEvent* event) {
+    if (event->type() != MessageEvent::kType) {
+        return QWidget::event(event);
+    }
+    const auto* sent = static_cast<const MessageEvent*>(event);
+    const auto* handler = std::ranges::find(kHandlers, sent->Number(), &Handler::message);
+    if (handler != kHandlers.end()) {
+        (this->*handler->take)(sent->First(), sent->Second());
+    }
+    return true;
+}
+
+void CMainDlg::OnGoToPage(int first, int second) {
+    if (const PageRow* row = navigation_.GoToPage(first, second)) {
+        tabs_->Select(first);
+        ShowPage(row);
+    }
+}
+
+void CMainDlg::OnSelectTab(int /*first*/, int second) {
+    if (const PageRow* row = navigation_.SelectTab(second)) {
+        tabs_->Select(second);
+        ShowPage(row);
+    }
+}
+
+void CMainDlg::OnSelectItem(int /*first*/, int second) {
+    ShowPage(navigation_.SelectItem(second));
+}
+
+// The one place that turns a page number into what is shown.
+void CMainDlg::ShowPage(const PageRow* row) {
+    if (row == nullptr) {
+        return;
+    }
+    commands_->Show(*row);
+    shownPage_ = pages_.at(row->dialog);
+    shownPage_->setGeometry(content_->rect());
+    shownPage_->show();
+    for (const auto& [dialog, page] : pages_) {
+        if (page != shownPage_) {
+            page->hide();
+        }
+    }
+    bar_->Show(TabOf(*row), ItemOf(*row));
+    if (row->loadKey != PageRow::kNoKey && !loadState_.Contains(row->loadKey)) {
+        shownPage_->Load();
+    }
+}
+
+void CMainDlg::OnCommandButton(int /*first*/, int second) {
+    const PageRow* row = FindPage(MainPage());
+    if (row == nullptr || second < 0 || second >= static_cast<int>(kCommandCount)) {
+        return;
+    }
+    Page& page = *pages_.at(row->dialog);
+    if (!page.isEnabled()) {
+        return;  // a change is on its way, and what follows it comes first
+    }
+    switch (row->commands[static_cast<std::size_t>(second)].action) {
+        case CommandAction::none:
+            break;
+        case CommandAction::load:
+            page.Load();
+            break;
+        case CommandAction::own:
+            page.OnCommand(second);
+            break;
+    }
+}
+
+void CMainDlg::OnSearch(int /*first*/, int /*second*/) {
+    const QString text = caption_->Search().text();
+    if (text.toUcs4().size() < kShortestSearch) {
+        ShowBalloon(ToQString(u8"Quorvi软件店搜索"),
+                    ToQString(u8"关键字【%1】过短，请换个长些的").arg(text));
+        return;
+    }
+    const PageRow& store = *FindPage(kPageStore);
+    pages_.at(store.dialog)->OnSearch(text);
+    Post(Message::goToPage, TabOf(store), store.page);
+}
+
+void CMainDlg::OnPageCommand(int first, int second) {
+    switch (static_cast<PageCommand>(first)) {
+        case PageCommand::openDeviceManager:
+            RunDeviceManager({}, [] {});
+            break;
+        case PageCommand::openStoreItem:
+            ForwardToPage(kPageStore, Message::openStoreItem, second);
+            break;
+        case PageCommand::captureScreen:
+            ForwardToPage(kPageCapture, Message::startCapture, second);
+            break;
+        case PageCommand::refreshDownloads:
+            pages_.at(FindPage(kPageDownloads)->dialog)->Load();
+            break;
+        case PageCommand::repaintContent:
+            content_->update();
+            break;
+    }
+}
+
+void CMainDlg::ForwardToPage(int page, Message message, int second) {
+    const PageRow& row = *FindPage(page);
+    OnGoToPage(TabOf(row), row.page);
+    pages_.at(row.dialog)->OnMessage(message, 0, second);
+}
+
+// ---- link, USB ---------------------------------------------------------------------------------
+
+void CMainDlg::ShowBanner(const QString& text, BannerState state) {
+    status_->SetBanner(text, state);
+}
+
+BannerState CMainDlg::Banner() const {
+    return status_->Banner();
+}
+
+void CMainDlg::LinkUp() {
+    timer1_.start();
+    parts_.sounds.Play(Sound::linkUp);
+}
+
+void CMainDlg::OnTimer1() {
+    pages_.at(FindPage(kPageDashboard)->dialog)->Load();
+}
+
+void CMainDlg::OnUsbArrival() {
+    ShowBalloon(ToQString(kTitle), ToQString(u8"检测到Android设备，正在尝试连接..."));
+    parts_.connectPhone(true);
+}
+
+// Nothing else changes: the serial stays, the forward stays, no page is cleared.
+void CMainDlg::OnUsbRemoval() {
+    ShowBanner(ToQString(u8"【提示】检测到一个设备断开"), BannerState::working);
+    ShowBalloon(ToQString(kTitle), ToQString(u8"Android设备已经断开USB连接"));
+    parts_.sounds.Play(Sound::removal);
+}
+
+void CMainDlg::RunDeviceManager(const QString& title, std::function<void()> done) {
+    parts_.openDeviceManager(this, title, std::move(done));
+}
+
+// ---- caption, keys, drops ----------------------------------------------------------------------
+
+void CMainDlg::OnCaptionButton(int control) {
+    switch (control) {
+        case CaptionBar::kClose:
+            EndDialog();
+            break;
+        case CaptionBar::kMinimise:
+            showMinimized();
+            break;
+        case CaptionBar::kMaximise:
+            break;  // Its command does nothing at all: this is meant.
+        case CaptionBar::kDeviceManager:
+            RunDeviceManager({}, [] {});
+            break;
+        case CaptionBar::kDownloads:
+            Post(Message::goToPage, 0, kPageDownloads);
+            break;
+        default:
+            break;
+    }
+}
+
+void CMainDlg::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    EndDialog();
+}
+
+// Escape is swallowed everywhere in the window, Enter outside the search box, so that neither
+// closes it. Dialogs are windows of their own.
+bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto* widget = qobject_cast<QWidget*>(object);
+        if (widget != nullptr && widget->window() == this) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+            if (key == Qt::Key_Escape || (enter && widget != &caption_->Search())) {
+                return true;
+            }
+        }
+    }
+    return QWidget::eventFilter(object, event);
+}
+
+void CMainDlg::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    if (event->button() != Qt::LeftButton ||
+        at.y() >= contentsRect().top() + Metric::captionHeight) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    if (!StartSystemMove()) {
+        dragFrom_ = at;
+    }
+}
+
+void CMainDlg::mouseMoveEvent(QMouseEvent* event) {
+    if (dragFrom_) {
+        move(event->globalPosition().toPoint() - *dragFrom_);
+    }
+}
+
+void CMainDlg::mouseReleaseEvent(QMouseEvent*) {
+    dragFrom_.reset();
+}
+
+bool CMainDlg::StartSystemMove() {
+    return windowHandle() != nullptr && windowHandle()->startSystemMove();
+}
+
+void CMainDlg::dragEnterEvent(QDragEnterEvent* event) {
+    if (!LocalFiles(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void CMainDlg::dropEvent(QDropEvent* event) {
+    pages_.at(FindPage(kPageFiles)->dialog)->OnDropFiles(LocalFiles(*event->mimeData()));
+    event->acceptProposedAction();
+}
+
+// ---- shape -------------------------------------------------------------------------------------
+
+// The grounds of the strips stand here and not in the strips: only the window knows its corners.
+void CMainDlg::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    WindowFrame::Paint(painter, *this);
+    const QRect inside = contentsRect();
+    const QRect top(inside.topLeft(), QSize(inside.width(), Metric::captionHeight));
+    const QRect tabs = top.translated(0, top.height())
+                           .adjusted(0, 0, 0, Metric::tabsHeight - Metric::captionHeight);
+    const QRect foot = inside.adjusted(0, inside.height() - Metric::statusHeight, 0, 0);
+    const QRect bar(inside.left(), tabs.bottom() + 1, Metric::navWidth,
+                    foot.top() - tabs.bottom() - 1);
+    QLinearGradient shade(tabs.topLeft(), tabs.bottomLeft());
+    shade.setColorAt(0, look::color(Color::chrome1));
+    shade.setColorAt(1, look::color(Color::chrome2));
+
+    look::fill(painter, inside, look::color(Color::page));
+    look::fill(painter, top, look::color(Color::chrome1));
+    painter.fillRect(tabs, shade);
+    look::bottomLine(painter, tabs, look::color(Color::line));
+    look::fill(painter, bar, look::color(Color::surface));
+    look::leftLine(painter, bar.translated(bar.width() - Metric::hairline, 0),
+                   look::color(Color::line));
+    look::fill(painter, foot, look::color(Color::chrome2));
+    look::topLine(painter, foot, look::color(Color::line));
+}
+
+void CMainDlg::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    layout()->activate();
+    for (const auto& [dialog, page] : pages_) {
+        page->setGeometry(content_->rect());
+    }
+}
+
+// ---- hiding, tray, balloons --------------------------------------------------------------------
+
+// A start with "/hide" shows the window for its first frame at most; what shows it without clearing
+// the mark, as a second start does, shows it for an instant only. This is meant.
+void CMainDlg::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (startHidden_) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (startHidden_) {
+                    hide();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void CMainDlg::ShowByUser() {
+    startHidden_ = false;
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+}
+
+void CMainDlg::OnSecondStart() {
+    showNormal();
+    raise();
+    activateWindow();
+}
+
+void CMainDlg::SetStatus(const QString& text) {
+    status_->SetStatus(text);
+}
+
+void CMainDlg::SetTaskCount(int tasks) {
+    bar_->SetTaskCount(tasks);
+}
+
+Page* CMainDlg::PageOfDialog(int dialog) const {
+    const auto found = pages_.find(dialog);
+    return found == pages_.end() ? nullptr : found->second;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,166 @@
+// The main window: the frame around the pages, and the window's part in the link, the tray and the
+// end of the process. Start here for everything that the user sees.
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <optional>
+
+#include "app/platform/Tray.h"
+#include "app/window/Navigation.h"
+#include "app/window/PageFactory.h"
+#include "link/LinkFace.h"
+#include "ui/page/Page.h"
+
+namespace quorvi {
+
+class BalloonCard;
+class CaptionBar;
+class CommandRow;
+class NavigationBar;
+class Notifier;
+class RunningInstance;
+class Sounds;
+class StatusStrip;
+class TabStrip;
+enum class Sound : int;
+
+// What the window stands on. All outlive it.
+struct MainParts {
+    SettingsStore& settings;
+    Tray& tray;
+    Notifier& notifier;
+    Sounds& sounds;
+    RunningInstance& instance;
+    PageParts pages;
+    PageMakers makers;
+    QString siteAddress;  // of the product, for the welcome
+
+    // Starts the link procedure and returns at once; `delay`: wait before, as after a USB arrival.
+    std::function<void(bool delay)> connectPhone;
+    // Asks to be told of USB events by OnUsbArrival and OnUsbRemoval; a failure is not looked at.
+    std::function<void()> watchUsb;
+    // Opens the device manager dialog, modal to the window, and returns at once; an empty title
+    // leaves the dialog's own. `done` is called when it has ended.
+    std::function<void(QWidget* parent, const QString& title, std::function<void()> done)>
+        openDeviceManager;
+    // Ends the process, waiting for nobody.
+    std::function<void()> endProcess;
+};
+
+// Frameless, 960 by 640. All of it belongs to the window's thread.
+class CMainDlg : public QWidget, public PageHost {
+    Q_OBJECT
+  public:
+    explicit CMainDlg(MainParts parts);
+    ~CMainDlg() override;
+
+    // `hidden`: from "/hide". Stays set until an action of the user shows the window; while it is
+    // set, the window hides itself at each first frame.
+    void SetStartHidden(bool hidden) { startHidden_ = hidden; }
+    [[nodiscard]] bool StartHidden() const { return startHidden_; }
+
+    // Tray icon, pages, page 0, USB events, link: in this order. Once, before the first show.
+    void OnInitDialog();
+    // The end of the process by way of the window.
+    void EndDialog();
+
+    // What the link and the USB watch bring, on the window's thread.
+    void ShowBanner(const QString& text, BannerState state);
+    void LinkUp();
+    void LinkEnded() { linkHasEnded_ = true; }
+    void OnUsbArrival();
+    void OnUsbRemoval();
+    void RunDeviceManager(const QString& title, std::function<void()> done);
+
+    // PageHost
+    void SetStatus(const QString& text) override;
+    void Post(Message message, int first = 0, int second = 0) override;
+    void ShowBalloon(const QString& title, const QString& text) override;
+    void SetTaskCount(int tasks) override;
+    [[nodiscard]] PageLoadState& LoadState() override { return loadState_; }
+    [[nodiscard]] PageSelection& Selection() override { return selection_; }
+    [[nodiscard]] SettingsStore& Settings() override { return parts_.settings; }
+
+    // Whether a link procedure has come to its end since the start, well or not.
+    [[nodiscard]] bool LinkHasEnded() const { return linkHasEnded_; }
+    // The page number that is shown, and its window.
+    [[nodiscard]] int MainPage() const { return navigation_.MainPage(); }
+    [[nodiscard]] Page* ShownPage() const { return shownPage_; }
+    [[nodiscard]] Page* PageOfDialog(int dialog) const;
+    [[nodiscard]] BannerState Banner() const;
+    // Takes away a balloon that stands inside the window.
+    void HideBalloon();
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    // Has the desktop move the window with the pointer; false where it cannot.
+    virtual bool StartSystemMove();
+
+  private:
+    struct Handler {
+        Message message;
+        void (CMainDlg::*take)(int first, int second);
+    };
+    static const std::array<Handler, 7> kHandlers;
+
+    void BuildFrame();
+    void BuildPages();
+    void Centre();
+
+    // The messages.
+    void OnTray(int first, int second);
+    void OnGoToPage(int first, int second);
+    void OnSearch(int first, int second);
+    void OnSelectTab(int first, int second);
+    void OnCommandButton(int first, int second);
+    void OnSelectItem(int first, int second);
+    void OnPageCommand(int first, int second);
+
+    void OnCaptionButton(int control);
+    void OnTrayCommand(TrayCommand command);
+    void OnTrayRecreated();
+    void OnSecondStart();
+    void ShowPage(const PageRow* row);
+    void ForwardToPage(int page, Message message, int second);
+    void ShowByUser();
+    void Welcome();
+    [[nodiscard]] QString WelcomeText() const;
+    void OnTimer1();
+
+    MainParts parts_;
+    Navigation navigation_;
+    PageLoadState loadState_;
+    PageSelection selection_;
+    std::map<int, Page*> pages_;  // by dialog number
+    Page* shownPage_ = nullptr;
+    bool startHidden_ = false;
+    bool ending_ = false;
+    bool linkHasEnded_ = false;
+    std::optional<QPoint> dragFrom_;  // where the desktop does not move windows: pointer to corner
+
+    CaptionBar* caption_ = nullptr;
+    TabStrip* tabs_ = nullptr;
+    NavigationBar* bar_ = nullptr;
+    CommandRow* commands_ = nullptr;
+    QWidget* content_ = nullptr;
+    StatusStrip* status_ = nullptr;
+    QPointer<BalloonCard> balloon_;
+    QTimer timer1_;
+};
+
+}  // namespace quorvi

@@ -1,0 +1,83 @@
+// The main window's part in the tray and its balloons.
+#include <QCursor>
+
+#include "app/platform/Notifier.h"
+#include "app/window/BalloonCard.h"
+#include "app/window/MainDlg.h"
+#include "app/window/TrayMenu.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
+
+namespace quorvi {
+
+void CMainDlg::OnTray(int /*first*/, int second) {
+    switch (static_cast<TrayMouse>(second)) {
+        case TrayMouse::leftDown:
+        case TrayMouse::leftDouble:
+            ShowByUser();
+            break;
+        case TrayMouse::rightDown: {
+            auto* menu = new CSkinMenu(this);
+            menu->setAttribute(Qt::WA_DeleteOnClose);
+            FillTrayMenu(*menu);
+            connect(menu, &CSkinMenu::commandChosen, this,
+                    [this](int command) { OnTrayCommand(static_cast<TrayCommand>(command)); });
+            menu->popup(QCursor::pos());
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+void CMainDlg::OnTrayCommand(TrayCommand command) {
+    switch (command) {
+        case TrayCommand::showWindow:
+            ShowByUser();
+            break;
+        case TrayCommand::showDownloads:
+            Post(Message::goToPage, 0, kPageDownloads);
+            ShowByUser();
+            break;
+        case TrayCommand::showSettings:
+            Post(Message::goToPage, 0, kPageSettings);
+            ShowByUser();
+            break;
+        case TrayCommand::exit:
+            EndDialog();
+            break;
+    }
+}
+
+void CMainDlg::OnTrayRecreated() {
+    parts_.tray.Add(ToQString(u8"Quorvi 奎维掌上工坊"));
+    Welcome();
+}
+
+QString CMainDlg::WelcomeText() const {
+    return ToQString(u8"奎维掌上工坊[%1]").arg(parts_.siteAddress);
+}
+
+void CMainDlg::Welcome() {
+    ShowBalloon(ToQString(u8"欢迎使用"), WelcomeText());
+}
+
+// The tray's balloon; without a tray a notice of the desktop; without one of these a card inside
+// the window.
+void CMainDlg::ShowBalloon(const QString& title, const QString& text) {
+    if (parts_.tray.ShowBalloon(title, text)) {
+        return;
+    }
+    parts_.notifier.Notify(title, text, [this, title, text] {
+        if (!balloon_) {
+            balloon_ = new BalloonCard(this);
+        }
+        balloon_->Show(title, text);
+    });
+}
+
+void CMainDlg::HideBalloon() {
+    delete balloon_;
+}
+
+}  // namespace quorvi

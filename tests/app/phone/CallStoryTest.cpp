@@ -1,0 +1,87 @@
+// A user's story with the call log: through the window by its control numbers, to the phone and
+// back.
+#include <gmock/gmock.h>
+
+#include "tests/app/phone/PagesOnPhone.h"
+
+namespace quorvi {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr int kList = 1072;
+constexpr std::size_t kDelete = 1;
+constexpr std::size_t kDeleteAll = 2;
+
+enum Column { kHead, kContact, kType, kDuration, kTime, kTick, kId };
+
+class CallStory : public PagesOnPhone {
+  protected:
+    void SetUp() override {
+        PagesOnPhone::SetUp();
+        OpenFresh(kCalls);
+    }
+
+    static CSkinListCtrl& List() { return OnPage<CSkinListCtrl>(kList); }
+    static QString Text(int row, int column) { return List().CellAt(row, column).text; }
+};
+
+TEST_F(CallStory, TickedCallsAreDeletedAndThenAllTheRest) {
+    ASSERT_EQ(List().RowCount(), 33);
+    EXPECT_EQ(Text(0, kContact), ToQString(u8"林远舟"));
+    EXPECT_EQ(List().CellAt(0, kContact).second, QStringLiteral("13861234567"));
+    EXPECT_EQ(Text(0, kType), ToQString(u8"已接来电"));
+    EXPECT_EQ(Text(0, kDuration), QStringLiteral("00:03:27\n"));
+    EXPECT_EQ(Text(0, kTime), QStringLiteral("2011-06-18 09:12:44"));
+    EXPECT_EQ(Text(0, kId), QStringLiteral("32 "));
+    EXPECT_EQ(Text(2, kId), QStringLiteral("30 "));
+
+    ClickCell(List(), 2, kTick);
+    ClickCell(List(), 0, kTick);
+    Command(kDelete);
+    EXPECT_EQ(ConfirmDelete(), ToQString(u8"您真的要删除选择的【 2 】条通话记录吗？"));
+    ASSERT_TRUE(WaitIdle());
+    EXPECT_EQ(List().RowCount(), 31);
+    EXPECT_EQ(Text(0, kId), QStringLiteral("31 "));
+    EXPECT_EQ(Text(1, kId), QStringLiteral("29 "));
+    EXPECT_TRUE(List().TickedRows().empty());
+    ASSERT_EQ(Requests(870303).size(), 1u);
+    EXPECT_THAT(Requests(870303)[0], HasSubstr(Hex(WireBytes()
+                                                       .U32(870303)  // code
+                                                       .U32(20)      // total
+                                                       .U32(2)       // item count
+                                                       .U32(32)      // call ids, in row order
+                                                       .U32(30))));
+
+    Command(kDeleteAll);
+    EXPECT_EQ(ConfirmDelete(), ToQString(u8"您真的要删除【 所有 】通话记录吗？"));
+    ASSERT_TRUE(WaitIdle());
+    EXPECT_EQ(List().RowCount(), 0);
+    ASSERT_EQ(Requests(870304).size(), 1u);
+    EXPECT_THAT(Requests(870304)[0],
+                HasSubstr(" 12 bytes " + Hex(WireBytes()
+                                                 .U32(870304)  // code
+                                                 .U32(12)      // total
+                                                 .U32(1))));   // item count, of nothing
+    // An empty log is answered with no data, which leaves the list without redraw. This is meant.
+    EXPECT_FALSE(List().Redraw());
+    EXPECT_EQ(Requests(870301).size(), 2u);
+    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+}
+
+TEST_F(CallStory, AQuestionThatIsNotConfirmedSendsNothing) {
+    Command(kDeleteAll);
+    ASSERT_TRUE(WaitForDialog(548));
+    Press(548, 1021);
+    ASSERT_TRUE(WaitForNoDialog(548));
+    EXPECT_TRUE(Requests(870304).empty());
+    EXPECT_EQ(List().RowCount(), 33);
+    Command(kDelete);
+    ASSERT_TRUE(WaitForDialog(682));
+    Press(682, 1215);
+    ASSERT_TRUE(WaitForNoDialog(682));
+    EXPECT_TRUE(Requests(870303).empty());
+}
+
+}  // namespace
+}  // namespace quorvi

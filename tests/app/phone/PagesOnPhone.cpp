@@ -1,0 +1,163 @@
+#include "tests/app/phone/PagesOnPhone.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "ui/html/HtmlFrame.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kConfirm = 548;
+constexpr int kQuestion = 1378;
+constexpr int kDelete = 1215;
+constexpr std::size_t kRefresh = 0;  // the first command of every list page
+
+// What an end starts begins in one of the turns right behind it.
+constexpr int kQuietTurns = 3;
+
+template <typename View, typename State>
+bool AnyAtWork(const QWidget& top, State state) {
+    const auto views = top.findChildren<View*>();
+    return std::ranges::any_of(
+        views, [&](View* view) { return view->isVisible() && state(*view) == ListState::loading; });
+}
+
+bool AtWork(const QWidget& top) {
+    const auto* dialog = qobject_cast<const SkinDialog*>(&top);
+    return (dialog != nullptr && !dialog->Body()->isEnabled()) ||
+           AnyAtWork<CSkinListCtrl>(top, [](const auto& list) { return list.State(); }) ||
+           AnyAtWork<HtmlFrame>(top, [](const auto& frame) { return frame.State(); }) ||
+           AnyAtWork<CSkinTree>(top, [](auto& tree) { return tree.Status().Get(); });
+}
+
+std::vector<SkinDialog*> OpenDialogs() {
+    std::vector<SkinDialog*> dialogs;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<SkinDialog*>(widget);
+        if (dialog != nullptr && dialog->isVisible()) {
+            dialogs.push_back(dialog);
+        }
+    }
+    return dialogs;
+}
+
+}  // namespace
+
+std::unique_ptr<PhoneDesk> PagesOnPhone::desk_;
+
+void PagesOnPhone::SetUpTestSuite() {
+    desk_ = std::make_unique<PhoneDesk>(1, ThePageMakers());
+    ASSERT_EQ(desk_->Error(), "");
+    ASSERT_TRUE(desk_->WaitForLink());
+    ASSERT_EQ(BannerOf(desk_->Window()), ToQString(u8"连接成功:)"));
+}
+
+void PagesOnPhone::TearDownTestSuite() {
+    desk_.reset();
+}
+
+void PagesOnPhone::SetUp() {
+    // Left by a test that failed.
+    for (SkinDialog* dialog : OpenDialogs()) {
+        dialog->reject();
+    }
+    Restore();
+    Tell("data");
+    ASSERT_TRUE(WaitIdle());
+    Window().SetStatus(ToQString(u8"就绪"));
+}
+
+void PagesOnPhone::TearDown() {
+    EXPECT_EQ(Tell("deviations"), "ok\n");
+}
+
+std::vector<std::string> PagesOnPhone::Requests(int code) {
+    const std::string log = Tell("log");
+    const std::string word = fmt::format("{} ", code);
+    std::vector<std::string> lines;
+    for (const std::string_view line : SplitAt(log, '\n')) {
+        const std::size_t behindCount = line.find(' ') + 1;
+        if (line.substr(behindCount).starts_with(word)) {
+            lines.emplace_back(line);
+        }
+    }
+    return lines;
+}
+
+void PagesOnPhone::Restore() {
+    Tell("faults clear");
+    Tell("release");
+    Tell("plug");
+    ASSERT_TRUE(desk_->Bench().WaitForDevices(1));
+    ASSERT_EQ(desk_->Bench().BringAgentUp(0), "");
+}
+
+void PagesOnPhone::OpenPage(int page) {
+    const PageRow& row = *FindPage(page);
+    ClickTab(Window(), TabOf(row));
+    ASSERT_TRUE(WaitFor([&] { return TabsOf(Window()).currentIndex() == TabOf(row); }));
+    ClickItem(Window(), ItemOf(row));
+    ASSERT_TRUE(WaitFor([&] { return Window().MainPage() == page; }));
+    ASSERT_TRUE(WaitIdle());
+}
+
+void PagesOnPhone::OpenFresh(int page) {
+    OpenPage(page);
+    Command(kRefresh);
+    ASSERT_TRUE(WaitIdle());
+    Tell("log clear");
+}
+
+void PagesOnPhone::Command(std::size_t index) {
+    ClickCommand(Window(), index);
+    QTest::qWait(0);
+}
+
+bool PagesOnPhone::Idle() {
+    const auto windows = QApplication::topLevelWidgets();
+    return Window().ShownPage()->isEnabled() &&
+           std::ranges::none_of(windows, [](const QWidget* top) { return AtWork(*top); });
+}
+
+bool PagesOnPhone::WaitIdle() {
+    int quiet = 0;
+    return WaitFor([&] {
+        quiet = Idle() ? quiet + 1 : 0;
+        return quiet > kQuietTurns;
+    });
+}
+
+bool PagesOnPhone::WaitForDialog(int number) {
+    return WaitFor([&] { return OpenDialog(number) != nullptr; }) && WaitIdle();
+}
+
+bool PagesOnPhone::WaitForNoDialog(int number) {
+    return WaitFor([&] { return OpenDialog(number) == nullptr; }) && WaitIdle();
+}
+
+void PagesOnPhone::Press(int dialog, int control) {
+    ASSERT_NE(OpenDialog(dialog), nullptr) << "dialog " << dialog;
+    auto* button = FindControl<QAbstractButton>(OpenDialog(dialog), control);
+    ASSERT_NE(button, nullptr) << control;
+    ClickOn(*button);
+}
+
+QString PagesOnPhone::ConfirmDelete() {
+    const QString question =
+        WaitForDialog(kConfirm) ? In<QLabel>(kConfirm, kQuestion).text() : QString();
+    Press(kConfirm, kDelete);
+    return question;
+}
+
+std::string Hex(const WireBytes& request) {
+    std::string text;
+    for (const std::byte b : request.Get()) {
+        text += fmt::format("{:02x}", std::to_integer<unsigned>(b));
+    }
+    return text;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,85 @@
+// The main window with the suite's own pages, on a desk with one phone: what a page asks for goes
+// through the real adb server's forward to the agent. One window for all tests of a suite: the
+// browser's set-up is dear.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/app/WindowDriver.h"
+#include "tests/app/phone/PhoneDesk.h"
+#include "tests/pages/DialogDriver.h"
+#include "tests/pages/WireBytes.h"
+#include "tests/ui/HtmlDriver.h"
+#include "tests/ui/PrintQt.h"
+#include "ui/kit/QtText.h"
+
+namespace quorvi {
+
+class PagesOnPhone : public testing::Test {
+  public:
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+
+  protected:
+    // Page numbers.
+    static constexpr int kContacts = 10;
+    static constexpr int kMessages = 11;
+    static constexpr int kCalls = 12;
+
+    // The phone as it was delivered and linked, its log empty, no dialog open, nothing said.
+    void SetUp() override;
+    // Whatever a test did, no frame of it was wrong.
+    void TearDown() override;
+
+    static PhoneDesk& Desk() { return *desk_; }
+    static CMainDlg& Window() { return desk_->Window(); }
+
+    // A line for the phone's control; its answer.
+    static std::string Tell(std::string_view line) { return desk_->Bench().Control(0, line); }
+    // The requests of one command that the phone took, as its log has them, in their order.
+    [[nodiscard]] static std::vector<std::string> Requests(int code);
+    // Ends every fault, plugs the phone in, and forwards the port to its running agent.
+    static void Restore();
+
+    // Comes to a page by its tab and its item, and waits until it stands.
+    static void OpenPage(int page);
+    // The same, with what the phone holds now; its log is empty then.
+    static void OpenFresh(int page);
+    // Presses a command button above the page, and lets what follows begin.
+    static void Command(std::size_t index);
+    // Until the page and the dialogs that can be seen are at no work.
+    [[nodiscard]] static bool WaitIdle();
+    [[nodiscard]] static bool Idle();
+    // Until the dialog of a number stands, or is gone, and nothing is at work.
+    [[nodiscard]] static bool WaitForDialog(int number);
+    [[nodiscard]] static bool WaitForNoDialog(int number);
+    // Presses a button of an open dialog with the mouse.
+    static void Press(int dialog, int control);
+    // A control of the page that is shown, or of an open dialog.
+    template <typename Control = QWidget>
+    [[nodiscard]] static Control& OnPage(int control) {
+        return *FindControl<Control>(Window().ShownPage(), control);
+    }
+    template <typename Control = QWidget>
+    [[nodiscard]] static Control& In(int dialog, int control) {
+        return *FindControl<Control>(OpenDialog(dialog), control);
+    }
+    // Answers a question about a deletion; its text.
+    static QString ConfirmDelete();
+
+    [[nodiscard]] static QString Status() { return StatusOf(Window()); }
+
+  private:
+    static std::unique_ptr<PhoneDesk> desk_;
+};
+
+// A request as the phone's log writes it.
+[[nodiscard]] std::string Hex(const WireBytes& request);
+
+}  // namespace quorvi

@@ -1,0 +1,55 @@
+#include "tests/app/phone/PhoneDesk.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <utility>
+
+#include "pages/devices/DeviceManagerDlg.h"
+#include "tests/ui/WaitFor.h"
+
+namespace quorvi {
+namespace {
+
+LinkEnvironment WithTheTestsAgent() {
+    LinkEnvironment environment;
+    environment.packageFile = std::filesystem::path(QUORVI_BIN_DIR) / kAgentPackageFile;
+    return environment;
+}
+
+}  // namespace
+
+PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : bench_(phones) {
+    if (!Error().empty()) {
+        return;
+    }
+    connectPhone_ = [this](bool delay) {
+        face_->ended = false;
+        link_->ConnectPhone(delay);
+    };
+    openDeviceManager_ = [this](QWidget* parent, const QString& title, std::function<void()> done) {
+        auto* dialog = new CDeviceManagerDlg(
+            device_, [this](const QString& text) { window_->SetStatus(text); }, title, parent,
+            WithTheTestsAgent());
+        dialog->Open([done = std::move(done)](int) { done(); });
+    };
+    MakeWindowOf(std::move(makers), false, [this](CMainDlg& window) {
+        face_ = std::make_unique<NotedFace>(window);
+        link_ = std::make_unique<PhoneLink>(device_, *face_, clock_, WithTheTestsAgent());
+    });
+}
+
+// No worker of the link may outlive what it stands on.
+PhoneDesk::~PhoneDesk() {
+    if (link_) {
+        EXPECT_TRUE(WaitForLink());
+    }
+}
+
+bool PhoneDesk::WaitForLink() {
+    const bool ended = WaitFor([this] { return face_->ended.load(); });
+    QTest::qWait(0);
+    return ended;
+}
+
+}  // namespace quorvi

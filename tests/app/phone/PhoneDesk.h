@@ -1,0 +1,55 @@
+// A desk with phones on it: the main window, its link procedure without the long waits, the real
+// adb server, and simulated phones. Nothing of it is left when it goes.
+//
+//   PhoneDesk desk(1, ThePageMakers());
+//   ASSERT_EQ(desk.Error(), "");
+//   ASSERT_TRUE(desk.WaitForLink());
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/window/WindowLinkFace.h"
+#include "link/PhoneLink.h"
+#include "tests/app/MainDoubles.h"
+#include "tests/e2e/Bench.h"
+#include "tests/e2e/LinkRun.h"
+
+namespace quorvi {
+
+class PhoneDesk : private MainDoubles {
+  public:
+    // Starts as the program does: with the window's pages made and the link on its way.
+    PhoneDesk(std::size_t phones, PageMakers makers);
+    ~PhoneDesk();
+
+    // Why the desk does not stand; empty when it does.
+    [[nodiscard]] const std::string& Error() const { return bench_.Error(); }
+    [[nodiscard]] e2e::Bench& Bench() { return bench_; }
+    [[nodiscard]] CMainDlg& Window() { return *window_; }
+    [[nodiscard]] const DeviceContext& Device() const { return device_; }
+    [[nodiscard]] const std::vector<Sound>& Played() const { return sounds_.played; }
+    // How often the window has asked for the end of the process.
+    [[nodiscard]] int Ended() const { return ended_; }
+
+    // Until nothing of the link procedure runs any more.
+    [[nodiscard]] bool WaitForLink();
+
+  private:
+    // The window's face, which notes when the procedure has ended.
+    class NotedFace : public WindowLinkFace {
+      public:
+        using WindowLinkFace::WindowLinkFace;
+        std::atomic<bool> ended = false;
+        void LinkEnded() override { ended = true; }
+    };
+
+    e2e::Bench bench_;
+    e2e::EagerClock clock_{bench_};
+    std::unique_ptr<NotedFace> face_;
+    std::unique_ptr<PhoneLink> link_;
+};
+
+}  // namespace quorvi

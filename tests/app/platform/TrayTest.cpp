@@ -1,0 +1,55 @@
+// The tray's menu, and the tray and the sounds of a machine that has neither.
+#include <QFile>
+
+#include "app/platform/DesktopTray.h"
+#include "app/platform/EffectSounds.h"
+#include "app/window/TrayMenu.h"
+#include "tests/app/WidgetTest.h"
+#include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
+
+namespace quorvi {
+namespace {
+
+class TrayParts : public WidgetTest {};
+
+TEST_F(TrayParts, TheMenuCarriesItsCommandsInOrder) {
+    CSkinMenu menu;
+    FillTrayMenu(menu);
+    std::vector<int> commands;
+    const auto actions = menu.actions();
+    for (const QAction* action : actions) {
+        commands.push_back(CSkinMenu::CommandOf(action));
+        EXPECT_FALSE(action->icon().isNull());
+    }
+    EXPECT_EQ(commands, (std::vector{32772, 32773, 32774, 32771}));
+}
+
+TEST_F(TrayParts, WithoutATrayNoBalloonIsClaimed) {
+    DesktopTray tray;
+    tray.Listen({[](TrayMouse) {}, [](TrayCommand) {}, [] {}});
+    tray.Add(QStringLiteral("tip"));
+    EXPECT_FALSE(tray.Available());
+    EXPECT_FALSE(tray.ShowBalloon(QStringLiteral("title"), QStringLiteral("text")));
+    tray.Remove();
+}
+
+TEST_F(TrayParts, SoundsAreSilentWithoutADevice) {
+    EffectSounds sounds;
+    sounds.Play(Sound::linkUp);
+    sounds.Play(Sound::removal);
+}
+
+TEST_F(TrayParts, BothSoundsArePartOfTheProgram) {
+    const EffectSounds sounds;
+    for (const int sound : {656, 657}) {
+        QFile wave(QStringLiteral(":/sounds/%1.wav").arg(sound));
+        ASSERT_TRUE(wave.open(QIODevice::ReadOnly)) << sound;
+        const QByteArray head = wave.read(12);
+        EXPECT_EQ(head.left(4), "RIFF");
+        EXPECT_EQ(head.mid(8), "WAVE");
+    }
+}
+
+}  // namespace
+}  // namespace quorvi

@@ -1,0 +1,141 @@
+// The program itself, started as a user starts it.
+#include <signal.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "app/process/ProcessEnd.h"
+#include "tests/app/WidgetTest.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kEndLimitMs = 1000;
+constexpr int kStartLimitMs = 20000;
+
+// Processes whose command line holds a text.
+std::vector<pid_t> ProcessesWith(const QByteArray& text) {
+    std::vector<pid_t> found;
+    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
+    for (const QString& entry : entries) {
+        bool isNumber = false;
+        const int pid = entry.toInt(&isNumber);
+        QFile line(QStringLiteral("/proc/%1/cmdline").arg(pid));
+        if (isNumber && line.open(QIODevice::ReadOnly) && line.readAll().contains(text)) {
+            found.push_back(pid);
+        }
+    }
+    return found;
+}
+
+class Program : public WidgetTest {
+  protected:
+    QTemporaryDir folder_;
+
+    void SetUp() override {
+        // An adb whose every command never ends.
+        QFile adb(folder_.filePath(QStringLiteral("adb")));
+        ASSERT_TRUE(adb.open(QIODevice::WriteOnly));
+        adb.write("#!/bin/sh\nexec sleep 1000 " + Mark() + "\n");
+        adb.close();
+        adb.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QDir(folder_.path()).mkdir(QStringLiteral("run"));
+        QFile::setPermissions(Runtime(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    // A number that no other process's command line holds.
+    [[nodiscard]] static QByteArray Mark() { return "77" + QByteArray::number(::getpid()); }
+    [[nodiscard]] QString Runtime() const { return folder_.filePath(QStringLiteral("run")); }
+
+    std::unique_ptr<QProcess> Start(const QStringList& arguments) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("PATH"),
+                           folder_.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), Runtime());
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_.path());
+        environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(environment);
+        process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process->start(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), arguments);
+        EXPECT_TRUE(process->waitForStarted());
+        return process;
+    }
+    // Waits until a started program can be found and its adb command hangs.
+    void WaitUntilUp() const {
+        ASSERT_TRUE(WaitFor([&] {
+            return !QDir(Runtime())
+                        .entryList({QStringLiteral("Quorvi*")}, QDir::System | QDir::AllEntries)
+                        .isEmpty() &&
+                   !ProcessesWith(Mark()).empty();
+        }));
+    }
+};
+
+TEST_F(Program, EndsWithinASecondWhileAnAdbCommandNeverEnds) {
+    const auto program = Start({});
+    WaitUntilUp();
+    QElapsedTimer timer;
+    timer.start();
+    program->terminate();
+    ASSERT_TRUE(program->waitForFinished(kStartLimitMs));
+    EXPECT_LT(timer.elapsed(), kEndLimitMs);
+    EXPECT_EQ(program->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program->exitCode(), 0);
+    EXPECT_TRUE(WaitFor([] { return ProcessesWith(Mark()).empty(); }));
+}
+
+TEST_F(Program, ASecondStartEndsWithZeroAndTheFirstGoesOn) {
+    const auto first = Start({});
+    WaitUntilUp();
+    const auto second = Start({QStringLiteral("quorvi://open/12")});
+    ASSERT_TRUE(second->waitForFinished(kStartLimitMs));
+    EXPECT_EQ(second->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(second->exitCode(), 0);
+    EXPECT_EQ(first->state(), QProcess::Running);
+    EXPECT_EQ(ProcessesWith(Mark()).size(), 1U);
+    first->terminate();
+    EXPECT_TRUE(first->waitForFinished());
+}
+
+TEST_F(Program, AProgramThatWasKilledDoesNotKeepTheNextFromStarting) {
+    const auto killed = Start({});
+    WaitUntilUp();
+    killed->kill();
+    ASSERT_TRUE(killed->waitForFinished());
+    for (const pid_t pid : ProcessesWith(Mark())) {
+        ::kill(pid, SIGKILL);
+    }
+    const auto next = Start({QStringLiteral("/hide")});
+    WaitUntilUp();
+    EXPECT_EQ(next->state(), QProcess::Running);
+    next->terminate();
+    EXPECT_TRUE(next->waitForFinished());
+}
+
+TEST_F(Program, AFaultShowsTheApologyAndEndsTheProcessWithOne) {
+    const auto program = Start({});
+    WaitUntilUp();
+    ::kill(static_cast<pid_t>(program->processId()), SIGSEGV);
+    ASSERT_TRUE(program->waitForFinished(kStartLimitMs));
+    EXPECT_EQ(program->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program->exitCode(), 1);
+    std::vector<pid_t> apologies;
+    EXPECT_TRUE(WaitFor([&] {
+        apologies = ProcessesWith(QByteArray(QUORVI_BIN_DIR "/quorvi") + '\0' + kApologyOption);
+        return !apologies.empty();
+    }));
+    for (const pid_t pid : apologies) {
+        ::kill(pid, SIGKILL);
+    }
+    for (const pid_t pid : ProcessesWith(Mark())) {
+        ::kill(pid, SIGKILL);
+    }
+}
+
+}  // namespace
+}  // namespace quorvi
