@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "app/Tour.h"
 #include "app/platform/BusNotifier.h"
 #include "app/platform/DesktopTray.h"
 #include "app/platform/EffectSounds.h"
@@ -24,6 +23,7 @@
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
 #include "pages/devices/DeviceManagerDlg.h"
+#include "tour/Tour.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"

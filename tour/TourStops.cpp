@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
-#include "app/Tour.h"
 #include "app/window/MainDlg.h"
 #include "app/window/TrayMenu.h"
 #include "pages/numbers/NumberQueryDlg.h"
+#include "tour/Tour.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/look/Look.h"

@@ -26,7 +26,7 @@ struct TourStop {
 };
 
 // All stops, in order: the pages of the page table first. Whoever adds a dialog or a menu adds its
-// stop in app/TourStops.cpp.
+// stop in tour/TourStops.cpp.
 [[nodiscard]] std::vector<TourStop> TheTourStops();
 // Those at the pages of the user's own records, beyond the pages themselves.
 [[nodiscard]] std::vector<TourStop> PersonalStops();

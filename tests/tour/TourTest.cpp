@@ -2,8 +2,8 @@
 #include <QDialog>
 #include <QTemporaryDir>
 
-#include "app/Tour.h"
 #include "tests/app/window/MainDlgFixture.h"
+#include "tour/Tour.h"
 
 namespace quorvi {
 namespace {

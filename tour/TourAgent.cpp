@@ -1,4 +1,4 @@
-#include "app/TourAgent.h"
+#include "tour/TourAgent.h"
 
 #include <QHostAddress>
 #include <QTcpSocket>

@@ -1,4 +1,4 @@
-#include "app/Tour.h"
+#include "tour/Tour.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -3,8 +3,6 @@
 #include <array>
 #include <string_view>
 
-#include "app/Tour.h"
-#include "app/TourAgent.h"
 #include "app/window/MainDlg.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactEditDlg.h"
@@ -13,6 +11,8 @@
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
+#include "tour/Tour.h"
+#include "tour/TourAgent.h"
 #include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
