@@ -19,8 +19,8 @@
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
 #include "pages/contacts/ContactPage.h"
-#include "tests/pages/FakeHost.h"
 #include "tests/pages/contacts/ContactReplies.h"
+#include "tests/support/FakeHost.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/kit/ControlNumber.h"
 

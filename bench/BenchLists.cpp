@@ -11,7 +11,7 @@
 #include "bench/PlainTable.h"
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
-#include "tests/ui/SampleList.h"
+#include "tests/support/SampleList.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {

@@ -33,7 +33,7 @@
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
 #include "refdata/NumberAttribution.h"
-#include "tests/pages/FakeHost.h"
+#include "tests/support/FakeHost.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "agent/AgentSession.h"
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "agent/Reply.h"
 #include "agent/Wire.h"
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 namespace {

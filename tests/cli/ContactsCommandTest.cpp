@@ -7,8 +7,8 @@
 #include "base/Json.h"
 #include "base/Text.h"
 #include "pages/contacts/ContactForm.h"
-#include "tests/cli/AgentFixture.h"
-#include "tests/cli/RunProgram.h"
+#include "tests/support/AgentFixture.h"
+#include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "base/Json.h"
-#include "tests/cli/RunProgram.h"
-#include "tests/cli/ToldAdb.h"
+#include "tests/support/RunProgram.h"
+#include "tests/support/ToldAdb.h"
 
 namespace quorvi::cli {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "agent/Wire.h"
 #include "base/Json.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/cli/RunProgram.h"
+#include "tests/support/LoopbackAgent.h"
+#include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "base/Json.h"
 #include "base/Text.h"
-#include "tests/cli/RunProgram.h"
-#include "tests/cli/ToldAdb.h"
+#include "tests/support/RunProgram.h"
+#include "tests/support/ToldAdb.h"
 
 namespace quorvi::cli {
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "base/Json.h"
-#include "tests/cli/AgentFixture.h"
-#include "tests/cli/RunProgram.h"
+#include "tests/support/AgentFixture.h"
+#include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {

@@ -1,8 +1,8 @@
 // Runs the built program with no phone about.
 #include <gtest/gtest.h>
 
-#include "tests/cli/RunProgram.h"
 #include "tests/support/PrivateNetwork.h"
+#include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {

@@ -1,7 +1,7 @@
 // The commands that need no phone: numbers and dates.
 #include <gtest/gtest.h>
 
-#include "tests/cli/RunProgram.h"
+#include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {

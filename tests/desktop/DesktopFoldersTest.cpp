@@ -4,7 +4,7 @@
 
 #include "base/os/SmallFile.h"
 #include "desktop/DesktopFolders.h"
-#include "tests/app/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
 namespace {

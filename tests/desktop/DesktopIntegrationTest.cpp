@@ -8,7 +8,7 @@
 #include "base/os/SmallFile.h"
 #include "desktop/DesktopEntry.h"
 #include "desktop/DesktopIntegration.h"
-#include "tests/app/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
 namespace {

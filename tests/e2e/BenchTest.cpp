@@ -3,7 +3,7 @@
 
 #include <fstream>
 
-#include "tests/e2e/Bench.h"
+#include "tests/support/Bench.h"
 
 namespace quorvi::e2e {
 namespace {

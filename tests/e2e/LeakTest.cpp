@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "agent/AgentSession.h"
-#include "tests/e2e/LinkRun.h"
+#include "tests/support/LinkRun.h"
 
 namespace quorvi::e2e {
 namespace {

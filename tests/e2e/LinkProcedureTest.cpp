@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "tests/e2e/LinkRun.h"
+#include "tests/support/LinkRun.h"
 
 namespace quorvi::e2e {
 namespace {

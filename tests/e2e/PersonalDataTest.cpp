@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "tests/e2e/Bench.h"
+#include "tests/support/Bench.h"
 
 namespace quorvi::e2e {
 namespace {

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "link/AdbCapture.h"
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
 
 namespace quorvi {
 namespace {

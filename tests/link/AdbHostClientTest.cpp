@@ -11,7 +11,7 @@
 #include "base/Text.h"
 #include "link/AdbHostClient.h"
 #include "link/LinkText.h"
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 namespace {

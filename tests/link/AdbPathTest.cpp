@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "link/AdbPath.h"
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
 
 namespace quorvi {
 namespace {

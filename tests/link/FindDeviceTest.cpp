@@ -7,7 +7,7 @@
 #include "link/DeviceList.h"
 #include "link/FindDevice.h"
 #include "link/LinkText.h"
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
 
 namespace quorvi {
 namespace {

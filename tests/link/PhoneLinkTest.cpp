@@ -13,8 +13,8 @@
 
 #include "base/Text.h"
 #include "link/PhoneLink.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "link/UsbWatch.h"
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
 
 namespace quorvi {
 namespace {

@@ -6,7 +6,7 @@
 #include "agent/AgentSession.h"
 #include "phone/PhoneServer.h"
 #include "phone/agent/AgentService.h"
-#include "tests/phone/Bytes.h"
+#include "tests/support/Bytes.h"
 
 namespace quorvi::phone {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "tests/phone/Ask.h"
-#include "tests/phone/Bytes.h"
+#include "tests/support/Ask.h"
+#include "tests/support/Bytes.h"
 
 namespace quorvi::phone {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "phone/adb/Packet.h"
 #include "phone/agent/Fault.h"
-#include "tests/phone/Bytes.h"
+#include "tests/support/Bytes.h"
 
 namespace quorvi::phone {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "phone/agent/Frame.h"
-#include "tests/phone/Bytes.h"
+#include "tests/support/Bytes.h"
 
 namespace quorvi::phone {
 namespace {

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/phone/Ask.h"
+#include "tests/support/Ask.h"
 
 namespace quorvi::phone {
 namespace {

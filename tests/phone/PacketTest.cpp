@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "phone/adb/Packet.h"
-#include "tests/phone/Bytes.h"
+#include "tests/support/Bytes.h"
 
 namespace quorvi::phone {
 namespace {

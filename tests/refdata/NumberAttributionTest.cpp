@@ -7,7 +7,7 @@
 
 #include "base/Text.h"
 #include "refdata/NumberAttribution.h"
-#include "tests/refdata/SmallPhoneDb.h"
+#include "tests/support/SmallPhoneDb.h"
 
 namespace quorvi {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "base/Text.h"
 #include "refdata/NumberQuery.h"
-#include "tests/refdata/SmallPhoneDb.h"
+#include "tests/support/SmallPhoneDb.h"
 
 namespace quorvi {
 namespace {

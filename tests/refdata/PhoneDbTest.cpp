@@ -9,7 +9,7 @@
 #include "base/os/ProgramPath.h"
 #include "refdata/AreaTable.h"
 #include "refdata/PhoneDb.h"
-#include "tests/refdata/SmallPhoneDb.h"
+#include "tests/support/SmallPhoneDb.h"
 
 namespace quorvi {
 namespace {

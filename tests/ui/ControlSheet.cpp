@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include "tests/ui/SampleList.h"
+#include "tests/support/SampleList.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"

@@ -11,12 +11,12 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/app/WindowDriver.h"
 #include "tests/app/phone/PhoneDesk.h"
-#include "tests/pages/DialogDriver.h"
-#include "tests/pages/WireBytes.h"
-#include "tests/ui/HtmlDriver.h"
-#include "tests/ui/PrintQt.h"
+#include "tests/support/DialogDriver.h"
+#include "tests/support/HtmlDriver.h"
+#include "tests/support/PrintQt.h"
+#include "tests/support/WindowDriver.h"
+#include "tests/support/WireBytes.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "pages/devices/DeviceManagerDlg.h"
-#include "tests/ui/WaitFor.h"
+#include "tests/support/WaitFor.h"
 
 namespace quorvi {
 namespace {

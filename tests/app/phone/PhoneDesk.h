@@ -13,9 +13,9 @@
 
 #include "app/window/WindowLinkFace.h"
 #include "link/PhoneLink.h"
-#include "tests/app/MainDoubles.h"
-#include "tests/e2e/Bench.h"
-#include "tests/e2e/LinkRun.h"
+#include "tests/support/Bench.h"
+#include "tests/support/LinkRun.h"
+#include "tests/support/MainDoubles.h"
 
 namespace quorvi {
 

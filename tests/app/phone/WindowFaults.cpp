@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 namespace {

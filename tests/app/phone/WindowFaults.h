@@ -10,7 +10,7 @@
 
 #include "tests/app/phone/Heartbeat.h"
 #include "tests/app/phone/PagesOnPhone.h"
-#include "tests/pages/ScriptedAgent.h"
+#include "tests/support/ScriptedAgent.h"
 
 namespace quorvi {
 

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "app/platform/BusNotifier.h"
-#include "tests/app/WidgetTest.h"
+#include "tests/support/WidgetTest.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {

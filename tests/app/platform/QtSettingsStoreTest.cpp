@@ -3,7 +3,7 @@
 
 #include "app/platform/QtSettingsStore.h"
 #include "base/Text.h"
-#include "tests/app/WidgetTest.h"
+#include "tests/support/WidgetTest.h"
 
 namespace quorvi {
 namespace {

@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 
 #include "app/process/ProcessEnd.h"
-#include "tests/app/WidgetTest.h"
+#include "tests/support/WidgetTest.h"
 
 namespace quorvi {
 namespace {

@@ -3,7 +3,7 @@
 #include <future>
 
 #include "app/process/RunningInstance.h"
-#include "tests/app/WidgetTest.h"
+#include "tests/support/WidgetTest.h"
 
 namespace quorvi {
 namespace {

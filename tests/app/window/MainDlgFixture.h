@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "tests/app/MainDoubles.h"
-#include "tests/app/WidgetTest.h"
-#include "tests/app/WindowDriver.h"
+#include "tests/support/MainDoubles.h"
+#include "tests/support/WidgetTest.h"
+#include "tests/support/WindowDriver.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

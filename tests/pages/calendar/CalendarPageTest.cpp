@@ -9,8 +9,8 @@
 #include <QTest>
 
 #include "pages/calendar/CalendarPage.h"
-#include "tests/pages/PageTest.h"
-#include "tests/ui/QtMain.h"
+#include "tests/support/PageTest.h"
+#include "tests/support/QtMain.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"

@@ -5,10 +5,10 @@
 #include <ctime>
 
 #include "pages/calls/CallLogPage.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/pages/AgentPageTest.h"
-#include "tests/pages/DialogDriver.h"
 #include "tests/pages/calls/CallReplies.h"
+#include "tests/support/AgentPageTest.h"
+#include "tests/support/DialogDriver.h"
+#include "tests/support/LoopbackAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

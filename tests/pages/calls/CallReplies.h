@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 

@@ -6,9 +6,9 @@
 
 #include "base/Text.h"
 #include "pages/contacts/ContactEditDlg.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/pages/AgentDialogTest.h"
 #include "tests/pages/contacts/ContactReplies.h"
+#include "tests/support/AgentDialogTest.h"
+#include "tests/support/LoopbackAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "pages/contacts/ContactGroups.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 namespace {

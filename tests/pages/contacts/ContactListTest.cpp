@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "pages/contacts/ContactList.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 namespace {

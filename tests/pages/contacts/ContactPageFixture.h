@@ -4,11 +4,11 @@
 #include <QMenu>
 
 #include "pages/contacts/ContactPage.h"
-#include "tests/pages/AgentPageTest.h"
-#include "tests/pages/DialogDriver.h"
 #include "tests/pages/contacts/ContactReplies.h"
-#include "tests/ui/ControlDriver.h"
-#include "tests/ui/HtmlDriver.h"
+#include "tests/support/AgentPageTest.h"
+#include "tests/support/ControlDriver.h"
+#include "tests/support/DialogDriver.h"
+#include "tests/support/HtmlDriver.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/kit/ControlNumber.h"
 

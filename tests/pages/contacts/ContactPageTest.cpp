@@ -1,9 +1,9 @@
 // The contacts page: its list, its detail, and what it shows of photos.
 #include "base/Text.h"
 #include "pages/contacts/ContactRecord.h"
-#include "tests/agent/LoopbackAgent.h"
 #include "tests/pages/contacts/ContactPageFixture.h"
-#include "tests/ui/PictureFiles.h"
+#include "tests/support/LoopbackAgent.h"
+#include "tests/support/PictureFiles.h"
 
 namespace quorvi {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 

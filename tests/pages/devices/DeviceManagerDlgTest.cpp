@@ -11,9 +11,9 @@
 #include <memory>
 
 #include "pages/devices/DeviceManagerDlg.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/link/FakeAdb.h"
-#include "tests/ui/QtMain.h"
+#include "tests/support/FakeAdb.h"
+#include "tests/support/LoopbackAgent.h"
+#include "tests/support/QtMain.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "pages/messages/GroupTree.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "base/Text.h"
 #include "pages/messages/OutgoingMessage.h"
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 namespace {

@@ -2,11 +2,11 @@
 #include <QPlainTextEdit>
 
 #include "pages/messages/SmsPage.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/pages/AgentPageTest.h"
-#include "tests/pages/DialogDriver.h"
 #include "tests/pages/messages/MessageReplies.h"
-#include "tests/ui/HtmlDriver.h"
+#include "tests/support/AgentPageTest.h"
+#include "tests/support/DialogDriver.h"
+#include "tests/support/HtmlDriver.h"
+#include "tests/support/LoopbackAgent.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"

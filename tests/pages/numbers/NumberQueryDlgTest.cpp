@@ -5,8 +5,8 @@
 #include <QUrl>
 
 #include "pages/numbers/NumberQueryDlg.h"
-#include "tests/refdata/SmallPhoneDb.h"
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
+#include "tests/support/SmallPhoneDb.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

@@ -2,11 +2,11 @@
 
 #include "base/Text.h"
 #include "pages/phoneinfo/HomePage.h"
-#include "tests/agent/LoopbackAgent.h"
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
-#include "tests/ui/HtmlDriver.h"
+#include "tests/support/HtmlDriver.h"
+#include "tests/support/LoopbackAgent.h"
+#include "tests/support/PageTest.h"
+#include "tests/support/ScriptedAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 

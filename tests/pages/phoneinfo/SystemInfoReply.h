@@ -1,7 +1,7 @@
 // The reply of a phone whose state the tests know.
 #pragma once
 
-#include "tests/pages/WireBytes.h"
+#include "tests/support/WireBytes.h"
 
 namespace quorvi {
 

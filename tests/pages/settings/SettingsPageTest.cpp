@@ -1,9 +1,9 @@
 #include <QSignalSpy>
 
 #include "pages/settings/SettingsPage.h"
-#include "tests/app/FakeDesktop.h"
-#include "tests/app/WidgetTest.h"
-#include "tests/pages/FakeHost.h"
+#include "tests/support/FakeDesktop.h"
+#include "tests/support/FakeHost.h"
+#include "tests/support/WidgetTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"

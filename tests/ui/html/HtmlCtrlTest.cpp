@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "base/Text.h"
-#include "tests/ui/HtmlDriver.h"
+#include "tests/support/HtmlDriver.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"

@@ -4,8 +4,8 @@
 #include <QAccessible>
 #include <QTest>
 
-#include "tests/ui/QtMain.h"
-#include "tests/ui/SampleList.h"
+#include "tests/support/QtMain.h"
+#include "tests/support/SampleList.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QuestionDlg.h"
 #include "ui/kit/SkinButtons.h"

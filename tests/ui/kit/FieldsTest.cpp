@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
 #include "ui/kit/SkinFields.h"
 
 namespace quorvi {

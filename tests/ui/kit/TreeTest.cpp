@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinTree.h"
 #include "ui/look/FocusRing.h"

@@ -6,9 +6,9 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "tests/ui/PictureFiles.h"
-#include "tests/ui/QtMain.h"
-#include "tests/ui/SampleList.h"
+#include "tests/support/PictureFiles.h"
+#include "tests/support/QtMain.h"
+#include "tests/support/SampleList.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/look/FocusRing.h"

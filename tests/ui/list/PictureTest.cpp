@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <array>
 
-#include "tests/ui/PictureFiles.h"
-#include "tests/ui/QtMain.h"
+#include "tests/support/PictureFiles.h"
+#include "tests/support/QtMain.h"
 #include "ui/list/PictureCache.h"
 
 namespace quorvi {

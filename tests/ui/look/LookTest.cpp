@@ -9,7 +9,7 @@
 #include <map>
 #include <set>
 
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
 #include "ui/look/DesktopWishes.h"
 #include "ui/look/Look.h"
 

@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {

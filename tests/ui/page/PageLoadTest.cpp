@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "tests/ui/QtMain.h"
+#include "tests/support/QtMain.h"
 #include "ui/page/PageLoad.h"
 
 namespace quorvi {

@@ -5,7 +5,7 @@
 #include <tuple>
 #include <vector>
 
-#include "tests/base/MemorySettings.h"
+#include "tests/support/MemorySettings.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {

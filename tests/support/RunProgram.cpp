@@ -1,4 +1,4 @@
-#include "tests/cli/RunProgram.h"
+#include "tests/support/RunProgram.h"
 
 #include <sys/wait.h>
 

@@ -1,4 +1,4 @@
-#include "tests/e2e/Bench.h"
+#include "tests/support/Bench.h"
 
 #include <fmt/format.h>
 #include <stdlib.h>

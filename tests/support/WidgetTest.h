@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-#include "tests/ui/WaitFor.h"
+#include "tests/support/WaitFor.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {

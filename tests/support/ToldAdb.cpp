@@ -1,4 +1,4 @@
-#include "tests/cli/ToldAdb.h"
+#include "tests/support/ToldAdb.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "tests/pages/ScriptedAgent.h"
+#include "tests/support/ScriptedAgent.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

@@ -1,4 +1,4 @@
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

@@ -10,7 +10,7 @@
 #include "link/DeviceContext.h"
 #include "link/LinkFace.h"
 #include "link/PhoneLink.h"
-#include "tests/e2e/Bench.h"
+#include "tests/support/Bench.h"
 
 namespace quorvi::e2e {
 

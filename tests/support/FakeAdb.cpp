@@ -1,4 +1,4 @@
-#include "tests/link/FakeAdb.h"
+#include "tests/support/FakeAdb.h"
 
 #include <stdlib.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "tests/e2e/LinkRun.h"
+#include "tests/support/LinkRun.h"
 
 #include <thread>
 

@@ -9,7 +9,7 @@
 #include <QWebEngineScript>
 #include <QWebEngineView>
 
-#include "tests/ui/WaitFor.h"
+#include "tests/support/WaitFor.h"
 #include "ui/html/HtmlCtrl.h"
 
 namespace quorvi {

@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "phone/PhoneServer.h"
-#include "tests/e2e/Process.h"
+#include "tests/support/Process.h"
 
 namespace quorvi::e2e {
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "agent/Wire.h"
-#include "tests/agent/LoopbackAgent.h"
+#include "tests/support/LoopbackAgent.h"
 
 namespace quorvi::cli {
 

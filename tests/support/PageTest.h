@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/pages/FakeHost.h"
-#include "tests/ui/WaitFor.h"
+#include "tests/support/FakeHost.h"
+#include "tests/support/WaitFor.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {

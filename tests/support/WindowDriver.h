@@ -8,7 +8,7 @@
 
 #include "app/window/CommandRow.h"
 #include "app/window/MainDlg.h"
-#include "tests/ui/ControlDriver.h"
+#include "tests/support/ControlDriver.h"
 #include "ui/kit/ControlNumber.h"
 
 namespace quorvi {

@@ -6,8 +6,8 @@
 #include <memory>
 #include <optional>
 
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
+#include "tests/support/PageTest.h"
+#include "tests/support/ScriptedAgent.h"
 
 namespace quorvi {
 

@@ -6,8 +6,8 @@
 #include <QPointer>
 #include <vector>
 
-#include "tests/pages/PageTest.h"
-#include "tests/pages/ScriptedAgent.h"
+#include "tests/support/PageTest.h"
+#include "tests/support/ScriptedAgent.h"
 
 namespace quorvi {
 

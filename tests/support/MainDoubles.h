@@ -12,8 +12,8 @@
 #include "app/process/RunningInstance.h"
 #include "app/window/MainDlg.h"
 #include "link/DeviceContext.h"
-#include "tests/app/FakeDesktop.h"
-#include "tests/base/MemorySettings.h"
+#include "tests/support/FakeDesktop.h"
+#include "tests/support/MemorySettings.h"
 
 namespace quorvi {
 
