@@ -4,7 +4,7 @@
 // Input: see FuzzReplyOf.h.
 #include <cstdlib>
 
-#include "fuzz/FuzzReplyOf.h"
+#include "fuzz/agent/FuzzReplyOf.h"
 #include "pages/contacts/ContactGroups.h"
 #include "pages/messages/GroupTree.h"
 #include "pages/messages/Recipients.h"

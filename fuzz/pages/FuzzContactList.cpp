@@ -3,7 +3,7 @@
 // Input: see FuzzReplyOf.h.
 #include <cstdlib>
 
-#include "fuzz/FuzzReplyOf.h"
+#include "fuzz/agent/FuzzReplyOf.h"
 #include "pages/contacts/ContactList.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

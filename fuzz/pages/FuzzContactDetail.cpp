@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "agent/Wire.h"
-#include "fuzz/FuzzReplyOf.h"
+#include "fuzz/agent/FuzzReplyOf.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactFragment.h"
 
