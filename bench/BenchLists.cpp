@@ -34,7 +34,7 @@ class Plain : public PlainTable<SampleRecord> {
     Plain()
         : PlainTable(static_cast<int>(kSampleColumns.size()),
                      [](const SampleRecord& record, int column) {
-                         return column == kSampleName ? record.name : record.number;
+                         return column == sampleName ? record.name : record.number;
                      }) {}
 };
 

@@ -2,7 +2,7 @@
 #include "base/Json.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
-#include "cli/Exchange.h"
+#include "cli/PhoneChange.h"
 #include "pages/messages/Conversations.h"
 #include "pages/messages/OutgoingMessage.h"
 #include "refdata/NumberAttribution.h"

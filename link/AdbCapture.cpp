@@ -29,8 +29,8 @@ std::ptrdiff_t ReadOnce(int descriptor, std::size_t most, std::string& text, std
 
 }  // namespace
 
-Capture RunAdbCapture(std::string_view command, std::size_t limit) {
-    Capture capture;
+AdbCapture RunAdbCapture(std::string_view command, std::size_t limit) {
+    AdbCapture capture;
     ChildProcess child;
     capture.outcome = child.Start(SplitCommandLine(command), ChildProcess::Input::none,
                                   ChildProcess::Output::pipe);

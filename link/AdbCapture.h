@@ -13,7 +13,7 @@ namespace quorvi {
 inline constexpr std::size_t kCaptureLimit = 4096;
 inline constexpr std::size_t kInstallCaptureLimit = 4095;
 
-struct Capture {
+struct AdbCapture {
     RunOutcome outcome = RunOutcome::noPipe;
     // Standard output and error as they came, up to the limit.
     std::string text;
@@ -23,7 +23,7 @@ struct Capture {
 // the window's thread. What goes beyond the limit is read and dropped, so that no amount of output
 // keeps the child from ending; a process that the child leaves behind with the pipe in its hands,
 // such as an adb server just started, is not waited for.
-[[nodiscard]] Capture RunAdbCapture(std::string_view command, std::size_t limit = kCaptureLimit);
+[[nodiscard]] AdbCapture RunAdbCapture(std::string_view command, std::size_t limit = kCaptureLimit);
 
 // Starts a command line and waits for nothing; its output goes nowhere. False if it could not be
 // started.

@@ -11,7 +11,7 @@
 namespace quorvi {
 
 SerialList ListSerials(const LinkEnvironment& environment) {
-    const Capture capture = RunAdbCapture(fmt::format("{} devices", environment.adbPath()));
+    const AdbCapture capture = RunAdbCapture(fmt::format("{} devices", environment.adbPath()));
     return {capture.outcome, ParseDevices(capture.text)};
 }
 
@@ -32,7 +32,8 @@ DeviceList ListDevices(const LinkEnvironment& environment) {
     SerialList found = ListSerials(environment);
     DeviceList list{found.outcome, {}};
     for (std::string& serial : found.serials) {
-        const Capture getprop = RunAdbCapture(GetpropCommand(environment, serial), kGetpropLimit);
+        const AdbCapture getprop =
+            RunAdbCapture(GetpropCommand(environment, serial), kGetpropLimit);
         list.rows.push_back(MakeDeviceRow(std::move(serial), getprop.text));
     }
     return list;

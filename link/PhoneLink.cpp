@@ -210,7 +210,7 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::InstallAgent(bool upgrade) {
         fmt::format("{} -s {} install -r {}", environment_.adbPath(), device_.Serial(),
                     QuoteBlanks(environment_.packageFile.string()));
     std::fprintf(stderr, "%s\n", command.c_str());  // the debug channel
-    const Capture capture = RunAdbCapture(command, kInstallCaptureLimit);
+    const AdbCapture capture = RunAdbCapture(command, kInstallCaptureLimit);
     const InstallResult result = capture.outcome == RunOutcome::started
                                      ? ParseInstall(Trim(capture.text))
                                      : InstallResult::noProcess;

@@ -42,7 +42,7 @@ std::optional<std::uint32_t> ParseCommand(const std::string& text) {
     if (text == "all") {
         return 0;
     }
-    if (const CommandRow* row = FindCommand(text)) {
+    if (const AgentCommandRow* row = FindCommand(text)) {
         return static_cast<std::uint32_t>(row->command);
     }
     return std::nullopt;

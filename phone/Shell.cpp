@@ -158,12 +158,12 @@ std::string Echo(Handset&, const Words& words) {
     return out + "\n";
 }
 
-struct Command {
+struct ShellCommand {
     std::string_view name;
     std::string (*run)(Handset&, const Words&);
 };
 
-constexpr std::array<Command, 7> kCommands{{
+constexpr std::array<ShellCommand, 7> kCommands{{
     {"getprop", GetProp},
     {"pm", Pm},
     {"am", Am},
@@ -216,7 +216,7 @@ std::string RunShell(Handset& handset, std::string_view command) {
     if (words.empty()) {
         return {};
     }
-    for (const Command& known : kCommands) {
+    for (const ShellCommand& known : kCommands) {
         if (known.name == words[0]) {
             return ReplaceAll(known.run(handset, words), "\n", "\r\n");
         }

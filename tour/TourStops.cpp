@@ -68,7 +68,7 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back(
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});
     stops.push_back(
-        {"dialog-number-query", [](CMainDlg& window) { (new CNumberQueryDlg(&window))->Open(); }});
+        {"dialog-number-query", [](CMainDlg& window) { (new NumberQueryDlg(&window))->Open(); }});
     stops.push_back({"balloon", [](CMainDlg& window) {
                          window.ShowBalloon(ToQString(u8"奎维掌上工坊"),
                                             ToQString(u8"检测到Android设备，正在尝试连接..."));

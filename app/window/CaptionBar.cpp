@@ -47,7 +47,7 @@ CaptionBar::CaptionBar(QWidget* parent)
     search_->setFixedSize(Metric::searchWidth, Metric::fieldHeight);
     connect(search_, &CSearchEdit::searchAsked, this, &CaptionBar::searchAsked);
 
-    auto* downloads = new CWindowButton(QStringLiteral("tasks"), ToQString(u8"当前下载任务"), this);
+    auto* downloads = new WindowButton(QStringLiteral("tasks"), ToQString(u8"当前下载任务"), this);
     SetControlNumber(downloads, kDownloads, ToQString(u8"当前下载任务"));
     downloads->setFixedSize(Metric::fieldHeight, Metric::fieldHeight);
 
@@ -75,7 +75,7 @@ CaptionBar::CaptionBar(QWidget* parent)
     tell(devices, kDeviceManager);
     for (const WindowButtonRow& line : kWindowButtons) {
         auto* button =
-            new CWindowButton(ToQString(line.image), ToQString(line.tip), this, line.kind);
+            new WindowButton(ToQString(line.image), ToQString(line.tip), this, line.kind);
         SetControlNumber(button, line.control, ToQString(line.tip));
         row->addWidget(button);
         tell(button, line.control);

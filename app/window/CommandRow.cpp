@@ -40,7 +40,7 @@ CommandRow::CommandRow(QWidget* parent) : QWidget(parent), heading_(new QLabel(t
 
 void CommandRow::Show(const PageRow& row) {
     for (std::size_t i = 0; i < kCommandCount; ++i) {
-        const Command& command = row.commands[i];
+        const CommandButton& command = row.commands[i];
         CSkinStripButton& button = *buttons_[i];
         button.setVisible(!command.caption.empty());
         button.setText(ToQString(command.caption));
@@ -48,8 +48,8 @@ void CommandRow::Show(const PageRow& row) {
         button.SetImage(ToQString(command.image));
     }
     const bool headed = std::ranges::all_of(
-        row.commands, [](const Command& command) { return command.caption.empty(); });
-    heading_->setText(headed ? ToQString(ItemEntry(row).caption) : QString());
+        row.commands, [](const CommandButton& command) { return command.caption.empty(); });
+    heading_->setText(headed ? ToQString(ItemCaption(row).caption) : QString());
     heading_->setVisible(headed);
 }
 

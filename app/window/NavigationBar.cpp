@@ -119,7 +119,7 @@ void NavigationBar::Show(int tab, int item) {
         const TabRow& row = kTabs[static_cast<std::size_t>(tab)];
         for (std::size_t i = 0; i < kItemCount; ++i) {
             QListWidgetItem* line = this->item(static_cast<int>(i));
-            const Entry& entry = row.items[i];
+            const CaptionedPicture& entry = row.items[i];
             line->setText(ToQString(entry.caption));
             line->setData(kImageRole, ToQString(entry.image));
         }

@@ -21,16 +21,16 @@ Page* Make(PageHost& host, const PageParts& /*parts*/, QWidget* parent) {
 }
 
 Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
-    return new CSettingsPage(host, parts.desktop, parent);
+    return new SettingsPage(host, parts.desktop, parent);
 }
 
 }  // namespace
 
 PageMakers ThePageMakers() {
     return {
-        {130, &Make<CHomePage>},     {132, &Make<CContactPage>}, {135, &Make<CSystemInfoPage>},
-        {202, &MakeSettings},        {368, &Make<CCallLogPage>}, {397, &Make<CSmsPage>},
-        {404, &Make<CCalendarPage>},
+        {130, &Make<CHomePage>},    {132, &Make<CContactPage>}, {135, &Make<CSystemInfoPage>},
+        {202, &MakeSettings},       {368, &Make<CCallLogPage>}, {397, &Make<CSmsPage>},
+        {404, &Make<CalendarPage>},
     };
 }
 
@@ -42,7 +42,7 @@ Page* MakePageOf(const PageRow& row, const PageMakers& makers, PageHost& host,
     if (row.role == PageRole::announced) {
         return MakeAnnouncement(host, row.dialog, parent);
     }
-    return new PlaceholderPage(host, row.dialog, ToQString(ItemEntry(row).caption),
+    return new PlaceholderPage(host, row.dialog, ToQString(ItemCaption(row).caption),
                                ToQString(u8"这一页正在建设中"), parent);
 }
 

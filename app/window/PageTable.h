@@ -16,14 +16,14 @@ inline constexpr std::size_t kItemCount = 7;
 inline constexpr std::size_t kCommandCount = 4;
 
 // A caption with its image.
-struct Entry {
+struct CaptionedPicture {
     std::u8string_view caption;
     std::string_view image;
 };
 
 struct TabRow {
-    Entry tab;
-    std::array<Entry, kItemCount> items;
+    CaptionedPicture tab;
+    std::array<CaptionedPicture, kItemCount> items;
 };
 
 inline constexpr std::array<TabRow, kTabCount> kTabs = {{
@@ -76,7 +76,7 @@ enum class CommandAction : unsigned char {
 };
 
 // A button without a caption is hidden.
-struct Command {
+struct CommandButton {
     std::u8string_view caption = {};
     std::string_view image = {};
     CommandAction action = CommandAction::none;
@@ -94,7 +94,7 @@ struct PageRow {
     int dialog;  // number of its window
     PageRole role = PageRole::feature;
     int loadKey = kNoKey;
-    std::array<Command, kCommandCount> commands = {};
+    std::array<CommandButton, kCommandCount> commands = {};
 };
 
 inline constexpr std::array<PageRow, kTabCount* kItemCount> kPages = {{
@@ -242,7 +242,7 @@ inline constexpr int kPageCapture = 44;
 }
 
 // The caption and image of the page's navigation item.
-[[nodiscard]] constexpr const Entry& ItemEntry(const PageRow& row) {
+[[nodiscard]] constexpr const CaptionedPicture& ItemCaption(const PageRow& row) {
     return kTabs[static_cast<std::size_t>(TabOf(row))].items[static_cast<std::size_t>(ItemOf(row))];
 }
 

@@ -87,7 +87,7 @@ void TabStrip::paintEvent(QPaintEvent*) {
 void TabStrip::PaintTab(QPainter& painter, int index) const {
     const bool selected = index == currentIndex();
     const QRectF area = tabRect(index);
-    const Entry& entry = kTabs[static_cast<std::size_t>(index)].tab;
+    const CaptionedPicture& entry = kTabs[static_cast<std::size_t>(index)].tab;
 
     if (index == hovered_ && !selected) {
         constexpr int inset = Metric::tabPlateInset;

@@ -64,7 +64,7 @@ void AskAgent(std::span<const std::byte> bytes) {
     if (bytes.size() < sizeof(std::uint32_t)) {
         return;
     }
-    const CommandRow* row = FindCommand(ReadUInt32(bytes.data()));
+    const AgentCommandRow* row = FindCommand(ReadUInt32(bytes.data()));
     const auto length = row ? LengthOf(row->form, bytes) : std::nullopt;
     if (length && length->deviation.empty() && bytes.size() >= length->bytes) {
         static_cast<void>(quorvi::phone::RunCommand(*row, data, bytes.first(length->bytes)));

@@ -70,7 +70,7 @@ class DayDelegate : public QStyledItemDelegate {
             look::fill(*painter, Inside(option.rect), look::color(Color::rowHover));
         }
         PaintTexts(*painter, option.rect, index, chosen);
-        if (index.data(CalendarModel::todayRole).toBool()) {
+        if (index.data(CalendarModel::roleToday).toBool()) {
             PaintToday(*painter, option.rect);
         }
         if (chosen && FocusRing::ShownOn(option.widget)) {
@@ -108,14 +108,14 @@ class DayDelegate : public QStyledItemDelegate {
         line.setHeight(Metric::calendarNumberLine);
         painter.setFont(look::font(Size::s18, chosen));
         painter.setPen(look::color(IsWeekend(index.column()) ? Color::red : Color::ink));
-        painter.drawText(line, Qt::AlignCenter, index.data(CalendarModel::dayRole).toString());
+        painter.drawText(line, Qt::AlignCenter, index.data(CalendarModel::roleDay).toString());
 
         line.translate(0, Metric::calendarNumberLine);
         line.setHeight(Metric::calendarNoteLine);
         painter.setFont(look::font(Size::s12));
-        const bool marked = index.data(CalendarModel::markedRole).toBool();
+        const bool marked = index.data(CalendarModel::roleMarked).toBool();
         painter.setPen(look::color(marked ? Color::plum7 : Color::ink2));
-        painter.drawText(line, Qt::AlignCenter, index.data(CalendarModel::noteRole).toString());
+        painter.drawText(line, Qt::AlignCenter, index.data(CalendarModel::roleNote).toString());
     }
     // A word in a disc: the mark does not hang on its colour.
     static void PaintToday(QPainter& painter, const QRect& cell) {
@@ -170,13 +170,13 @@ QVariant CalendarModel::data(const QModelIndex& index, int role) const {
             return QString::number(date->day) + QLatin1Char('\n') + ToQString(CellText(*date));
         case Qt::AccessibleTextRole:
             return Spoken(*date);
-        case dayRole:
+        case roleDay:
             return date->day;
-        case noteRole:
+        case roleNote:
             return ToQString(CellText(*date));
-        case markedRole:
+        case roleMarked:
             return IsMarkedDay(*date);
-        case todayRole:
+        case roleToday:
             return *date == today_();
         default:
             return {};

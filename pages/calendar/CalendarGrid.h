@@ -13,7 +13,7 @@ namespace quorvi {
 class CalendarModel : public QAbstractTableModel {
     Q_OBJECT
   public:
-    enum Role { dayRole = Qt::UserRole, noteRole, markedRole, todayRole };
+    enum Role { roleDay = Qt::UserRole, roleNote, roleMarked, roleToday };
 
     CalendarModel(std::function<CalendarDate()> today, QObject* parent);
 

@@ -94,7 +94,7 @@ QStringList MonthNames() {
 
 }  // namespace
 
-CCalendarPage::CCalendarPage(PageHost& host, QWidget* parent, std::function<CalendarDate()> today)
+CalendarPage::CalendarPage(PageHost& host, QWidget* parent, std::function<CalendarDate()> today)
     : Page(host, kDialog, parent),
       today_(std::move(today)),
       years_(SetControlNumber(new CSkinCombo, kYearBox, ToQString(u8"年"))),
@@ -117,7 +117,7 @@ CCalendarPage::CCalendarPage(PageHost& host, QWidget* parent, std::function<Cale
     ShowDate(today_());
 }
 
-QWidget* CCalendarPage::MakeBar() {
+QWidget* CalendarPage::MakeBar() {
     auto* bar = new QWidget(this);
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -146,7 +146,7 @@ QWidget* CCalendarPage::MakeBar() {
     return bar;
 }
 
-QWidget* CCalendarPage::MakePanel() {
+QWidget* CalendarPage::MakePanel() {
     auto* panel = new Panel(this);
     panel->setFixedHeight(Metric::calendarPanel);
     auto* layout = new QHBoxLayout(panel);
@@ -158,7 +158,7 @@ QWidget* CCalendarPage::MakePanel() {
     return panel;
 }
 
-void CCalendarPage::ShowDate(int year, int month, int day) {
+void CalendarPage::ShowDate(int year, int month, int day) {
     Fill(*years_, Numbers(kFirstCalendarYear, kLastCalendarYear), year - kFirstCalendarYear);
     Fill(*months_, MonthNames(), month - 1);
     Fill(*days_, Numbers(1, GregorianMonthDays(year, month)), day - 1);
@@ -168,13 +168,13 @@ void CCalendarPage::ShowDate(int year, int month, int day) {
     grid_->SetMonthDate(year, month, day);
 }
 
-CalendarDate CCalendarPage::SelectedDate() const {
+CalendarDate CalendarPage::SelectedDate() const {
     return {years_->currentIndex() + kFirstCalendarYear, months_->currentIndex() + 1,
             days_->currentIndex() + 1};
 }
 
 // Beyond the years of the first box there is nowhere to go.
-void CCalendarPage::Step(int days) {
+void CalendarPage::Step(int days) {
     if (const auto date = StepBySeconds(SelectedDate(), days)) {
         ShowDate(*date);
     }

@@ -14,12 +14,12 @@ namespace quorvi {
 class CalendarGrid;
 
 // Dialog 404. Needs no phone.
-class CCalendarPage : public Page {
+class CalendarPage : public Page {
     Q_OBJECT
   public:
     // `today` is asked when the page is made, at 转到今日, and for the mark in the grid.
-    explicit CCalendarPage(PageHost& host, QWidget* parent = nullptr,
-                           std::function<CalendarDate()> today = Today);
+    explicit CalendarPage(PageHost& host, QWidget* parent = nullptr,
+                          std::function<CalendarDate()> today = Today);
 
     // Fills the three boxes anew and selects the date in them, writes the weekday and the lunar
     // line, and hands the date to the grid. A day that the month does not have selects nothing.

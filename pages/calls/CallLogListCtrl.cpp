@@ -11,7 +11,15 @@ using look::Color;
 
 namespace {
 
-enum Column { kHead, kContact, kType, kDuration, kTime, kTick, kId };
+enum Column {
+    columnHead,
+    columnContact,
+    columnType,
+    columnDuration,
+    columnTime,
+    columnTick,
+    columnId
+};
 
 constexpr std::array<ListColumn, 7> kColumns{{
     {u8"头像", 60, CellKind::picture},
@@ -61,25 +69,25 @@ void CCallLogListCtrl::Show(CallLog log) {
 std::vector<std::uint32_t> CCallLogListCtrl::TickedIds() const {
     std::vector<std::uint32_t> ids;
     for (const int row : TickedRows()) {
-        ids.push_back(CallIdOf(FromQString(CellAt(row, kId).text)));
+        ids.push_back(CallIdOf(FromQString(CellAt(row, columnId).text)));
     }
     return ids;
 }
 
 Cell CCallLogListCtrl::CellOf(const CallLogRow& row, int column) const {
     switch (column) {
-        case kContact:
+        case columnContact:
             return {.text = ToShownQString(row.name), .second = ToShownQString(row.number)};
-        case kType:
+        case columnType:
             // Only a row that was not read to its end has no time.
             return row.time.empty() ? Cell() : TypeCell(row.type);
-        case kDuration:
+        case columnDuration:
             return {.text = ToQString(row.duration)};
-        case kTime:
+        case columnTime:
             return {.text = ToQString(row.time),
                     .second = ToShownQString(row.attribution),
                     .secondInk = Color::red};
-        case kId:
+        case columnId:
             return {.text = ToQString(CallIdText(row.id))};
         default:
             return {};

@@ -44,7 +44,14 @@ constexpr int kState = 1109;
 
 // The form's grid: a column of captions, of combos and of fields at the left, of captions and of
 // fields at the right.
-enum Column { leftCaption, combo, leftField, between, rightCaption, rightField };
+enum Column {
+    columnLeftCaption,
+    columnCombo,
+    columnLeftField,
+    columnBetween,
+    columnRightCaption,
+    columnRightField
+};
 constexpr int kWebsiteRows = 2;
 constexpr int kNoteRows = 3;
 
@@ -76,8 +83,8 @@ CSkinEdit* CContactEditDlg::Edit(int number, const QString& name) {
     return field;
 }
 
-CSkinTextEdit* CContactEditDlg::TextEdit(int number, const QString& name) {
-    auto* field = SetControlNumber(new CSkinTextEdit({}, Body()), number, name);
+SkinTextEdit* CContactEditDlg::TextEdit(int number, const QString& name) {
+    auto* field = SetControlNumber(new SkinTextEdit({}, Body()), number, name);
     connect(field, &QPlainTextEdit::textChanged, this,
             [this, field] { Follow(field, field->toPlainText()); });
     return field;
@@ -101,49 +108,50 @@ void CContactEditDlg::BuildControls() {
     grid->setHorizontalSpacing(Metric::gap2);
     grid->setVerticalSpacing(Metric::formGap);
     // The left fields with their combos are a little wider than the right ones.
-    grid->setColumnStretch(leftField, Metric::editorLeftField);
-    grid->setColumnStretch(rightField, Metric::editorRightField);
+    grid->setColumnStretch(columnLeftField, Metric::editorLeftField);
+    grid->setColumnStretch(columnRightField, Metric::editorRightField);
     const auto caption = [&](int row, int column, std::u8string_view text) {
         grid->addWidget(new FormCaption(ToQString(text), Body()), row, column, Qt::AlignTop);
     };
 
     // Created in the order of the Tab key.
     int row = 0;
-    caption(row, leftCaption, u8"姓名");
-    grid->addWidget(name_ = Edit(kName, ToQString(u8"姓名")), row++, combo, 1, 2);
-    caption(row, leftCaption, u8"昵称");
-    grid->addWidget(nickname_ = Edit(kNickname, ToQString(u8"昵称")), row++, combo, 1, 2);
+    caption(row, columnLeftCaption, u8"姓名");
+    grid->addWidget(name_ = Edit(kName, ToQString(u8"姓名")), row++, columnCombo, 1, 2);
+    caption(row, columnLeftCaption, u8"昵称");
+    grid->addWidget(nickname_ = Edit(kNickname, ToQString(u8"昵称")), row++, columnCombo, 1, 2);
     const auto typed = [&](TypedNumbers numbers, const QString& name,
                            const ContactTypeTable& types) {
         const TypedField field = Typed(numbers.type, numbers.text, name, types);
-        grid->addWidget(field.type, row, combo);
-        grid->addWidget(field.text, row++, leftField);
+        grid->addWidget(field.type, row, columnCombo);
+        grid->addWidget(field.text, row++, columnLeftField);
         return field;
     };
     auto* phone = new FormCaption({}, Body());
     phone->setPixmap(look::icon(u"call", Metric::iconButton, Color::ink2, devicePixelRatioF()));
-    grid->addWidget(phone, row, leftCaption);
+    grid->addWidget(phone, row, columnLeftCaption);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         phones_[i] = typed(kPhones[i], ToQString(u8"电话 %1").arg(i + 1), kPhoneTypes);
     }
-    caption(row, leftCaption, u8"IM通讯");
+    caption(row, columnLeftCaption, u8"IM通讯");
     im_ = typed(kIm, ToQString(u8"IM通讯"), kImTypes);
-    caption(row, leftCaption, u8"电子邮件");
+    caption(row, columnLeftCaption, u8"电子邮件");
     email_ = typed(kEmail, ToQString(u8"电子邮件"), kEmailTypes);
 
     row = 0;
-    caption(row, rightCaption, u8"联系地址");
-    grid->addWidget(address_ = Edit(kAddress, ToQString(u8"联系地址")), row++, rightField);
-    caption(row, rightCaption, u8"公司组织");
+    caption(row, columnRightCaption, u8"联系地址");
+    grid->addWidget(address_ = Edit(kAddress, ToQString(u8"联系地址")), row++, columnRightField);
+    caption(row, columnRightCaption, u8"公司组织");
     grid->addWidget(organisation_ = Edit(kOrganisation, ToQString(u8"公司组织")), row++,
-                    rightField);
-    caption(row, rightCaption, u8"网站微博");
-    grid->addWidget(website_ = TextEdit(kWebsite, ToQString(u8"网站微博")), row, rightField,
+                    columnRightField);
+    caption(row, columnRightCaption, u8"网站微博");
+    grid->addWidget(website_ = TextEdit(kWebsite, ToQString(u8"网站微博")), row, columnRightField,
                     kWebsiteRows, 1);
     row += kWebsiteRows;
-    caption(row, rightCaption, u8"备注");
-    grid->addWidget(note_ = TextEdit(kNote, ToQString(u8"备注")), row, rightField, kNoteRows, 1);
-    for (CSkinTextEdit* area : {website_, note_}) {
+    caption(row, columnRightCaption, u8"备注");
+    grid->addWidget(note_ = TextEdit(kNote, ToQString(u8"备注")), row, columnRightField, kNoteRows,
+                    1);
+    for (SkinTextEdit* area : {website_, note_}) {
         area->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     }
     for (int line = 0; line < grid->rowCount(); ++line) {

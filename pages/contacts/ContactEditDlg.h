@@ -18,7 +18,7 @@ namespace quorvi {
 class CSkinCheck;
 class CSkinCombo;
 class CSkinEdit;
-class CSkinTextEdit;
+class SkinTextEdit;
 
 // Dialog 540. Ends with Accepted once a save is on its way, whether or not the link was there and
 // whichever way it is closed; with Rejected otherwise. While it speaks to the phone its fields and
@@ -50,7 +50,7 @@ class CContactEditDlg : public SkinDialog {
 
     void BuildControls();
     CSkinEdit* Edit(int number, const QString& name);
-    CSkinTextEdit* TextEdit(int number, const QString& name);
+    SkinTextEdit* TextEdit(int number, const QString& name);
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
     void Load();
@@ -80,8 +80,8 @@ class CContactEditDlg : public SkinDialog {
     TypedField email_;
     CSkinEdit* address_ = nullptr;
     CSkinEdit* organisation_ = nullptr;
-    CSkinTextEdit* website_ = nullptr;
-    CSkinTextEdit* note_ = nullptr;
+    SkinTextEdit* website_ = nullptr;
+    SkinTextEdit* note_ = nullptr;
     CSkinCheck* favourite_ = nullptr;
     CSkinStateLabel* state_ = nullptr;
     CSkinStateLabel* notice_ = nullptr;  // beside the state; hidden while there is nothing to say

@@ -28,7 +28,7 @@ constexpr int kRename = 1155;
 constexpr int kDelete = 1049;
 constexpr int kOk = 1215;
 
-enum Column { kNothing, kTitle, kAccount, kVisible, kTick };
+enum Column { columnNothing, columnTitle, columnAccount, columnVisible, columnTick };
 
 constexpr std::array<ListColumn, 5> kColumns{{
     {u8"", 25},
@@ -65,11 +65,11 @@ class ContactGroupListCtrl : public RecordListCtrl<GroupRow> {
   protected:
     [[nodiscard]] Cell CellOf(const GroupRow& row, int column) const override {
         switch (column) {
-            case kTitle:
+            case columnTitle:
                 return {.text = ToShownQString(row.group.title)};
-            case kAccount:
+            case columnAccount:
                 return {.text = ToShownQString(row.group.account)};
-            case kVisible:
+            case columnVisible:
                 return row.whole ? Cell{.text = ToQString(GroupVisibleText(row.group.visible))}
                                  : Cell{};
             default:

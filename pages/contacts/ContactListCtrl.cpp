@@ -12,7 +12,7 @@ using look::Color;
 
 namespace {
 
-enum Column { kPhoto, kContact, kFavourite, kLastContact, kTick };
+enum Column { columnPhoto, columnContact, columnFavourite, columnLastContact, columnTick };
 
 constexpr std::array<ListColumn, 5> kColumns{{
     {u8"头像", 60, CellKind::picture},
@@ -41,13 +41,13 @@ const ContactListRow* CContactListCtrl::ContactAt(int row) const {
 
 Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
     switch (column) {
-        case kContact:
+        case columnContact:
             return {.text = ToShownQString(row.name),
                     .second = ToShownQString(row.number),
                     .secondInk = Color::statedGrey};
-        case kFavourite:
+        case columnFavourite:
             return {.value = row.favourite ? 1 : 0};
-        case kLastContact:
+        case columnLastContact:
             return {.text = ToShownQString(row.lastContact),
                     .second = ToShownQString(row.attribution),
                     .secondInk = Color::red};

@@ -38,7 +38,7 @@ constexpr int kHelp = 1199;
 // Between a phone's answer and the question to the next.
 constexpr std::chrono::milliseconds kTimer0{50};
 
-enum Column { kBrandColumn, kHardwareColumn, kVersionColumn, kConnectionColumn };
+enum Column { columnBrand, columnHardware, columnVersion, columnConnection };
 
 constexpr std::array<ListColumn, 4> kColumns{{
     {u8"品牌信息", 104, CellKind::picture},
@@ -56,18 +56,18 @@ class DeviceListCtrl : public RecordListCtrl<DeviceRow> {
   protected:
     [[nodiscard]] Cell CellOf(const DeviceRow& row, int column) const override {
         switch (column) {
-            case kBrandColumn: {
+            case columnBrand: {
                 const std::string_view picture = BrandPicture(row.record.brandImage);
                 return {.icon = QString::fromLatin1(picture.data(),
                                                     static_cast<qsizetype>(picture.size()))};
             }
-            case kHardwareColumn:
+            case columnHardware:
                 return {.text = ToQString(HardwareText(row.properties)),
                         .second = ToQString(row.record.serial)};
-            case kVersionColumn:
+            case columnVersion:
                 return {.text = ToQString(row.record.androidVersion),
                         .second = ToQString(ApiLevelText(row.properties))};
-            case kConnectionColumn:
+            case columnConnection:
                 return {.text = ToQString(ConnectionText(row.record)),
                         .icon = row.record.connectionKind == 0 ? QStringLiteral("usb")
                                                                : QStringLiteral("wifi")};

@@ -87,7 +87,7 @@ void CSmsComposeDlg::BuildControls() {
     const QString recipients = ToQString(u8"收件人:");
     recipients_ = SetControlNumber(new CSkinEdit({}, Body()), kRecipients, recipients);
     const QString text = ToQString(u8"发送内容");
-    text_ = SetControlNumber(new CSkinTextEdit({}, Body()), kText, text);
+    text_ = SetControlNumber(new SkinTextEdit({}, Body()), kText, text);
     text_->setFixedHeight(Metric::composerText);
 
     length_ = new QLabel(Body());

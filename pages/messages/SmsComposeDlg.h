@@ -15,7 +15,7 @@
 namespace quorvi {
 
 class CSkinEdit;
-class CSkinTextEdit;
+class SkinTextEdit;
 class CSkinTree;
 class HtmlFrame;
 
@@ -65,7 +65,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     HtmlFrame* frame_ = nullptr;
     CSkinTree* tree_ = nullptr;
     CSkinEdit* recipients_ = nullptr;
-    CSkinTextEdit* text_ = nullptr;
+    SkinTextEdit* text_ = nullptr;
     QLabel* length_ = nullptr;
     CSkinButton* send_ = nullptr;
     CSkinButton* cancel_ = nullptr;

@@ -17,7 +17,7 @@ constexpr int kDialog = 397;
 constexpr int kView = 1361;
 
 // First arguments of Message::conversation.
-enum { kViewConversation = 0, kDeleteConversation = 1 };
+enum { conversationView = 0, conversationDelete = 1 };
 
 }  // namespace
 
@@ -86,10 +86,10 @@ void CSmsPage::OnCommand(int index) {
 
 void CSmsPage::OnAppCmd(const std::string& text) {
     if (const auto link = ReadConversationLink(text)) {
-        OnMessage(Message::conversation,
-                  link->action == ConversationLink::Action::view ? kViewConversation
-                                                                 : kDeleteConversation,
-                  static_cast<int>(link->id));
+        OnMessage(
+            Message::conversation,
+            link->action == ConversationLink::Action::view ? conversationView : conversationDelete,
+            static_cast<int>(link->id));
     }
 }
 
@@ -98,9 +98,9 @@ void CSmsPage::OnMessage(Message message, int first, int second) {
         return;
     }
     const auto id = static_cast<std::uint32_t>(second);
-    if (first == kViewConversation) {
+    if (first == conversationView) {
         Compose(id);
-    } else if (first == kDeleteConversation) {
+    } else if (first == conversationDelete) {
         Delete(id);
     }
 }

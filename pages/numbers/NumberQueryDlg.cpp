@@ -41,12 +41,12 @@ QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink)
 
 }  // namespace
 
-CNumberQueryDlg::CNumberQueryDlg(QWidget* parent)
-    : CNumberQueryDlg([] { return CPhoneDb(); },
-                      [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); },
-                      parent) {}
+NumberQueryDlg::NumberQueryDlg(QWidget* parent)
+    : NumberQueryDlg([] { return CPhoneDb(); },
+                     [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); },
+                     parent) {}
 
-CNumberQueryDlg::CNumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent)
+NumberQueryDlg::NumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent)
     : SkinDialog(kDialog, ToQString(u8"号码查询"), parent),
       makeDb_(std::move(makeDb)),
       open_(std::move(open)),
@@ -54,7 +54,7 @@ CNumberQueryDlg::CNumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* 
       query_(SetControlNumber(new CSkinButton(ToQString(u8"立即查询")), kQueryButton,
                               ToQString(u8"立即查询"))),
       heading_(SetControlNumber(MakeLabel(u8""), kHeadingLabel)),
-      place_(SetControlNumber(new CSkinLink(QString()), kPlaceLink)),
+      place_(SetControlNumber(new SkinLink(QString()), kPlaceLink)),
       areaCode_(SetControlNumber(MakeLabel(u8""), kAreaCodeLabel)),
       postalCode_(SetControlNumber(MakeLabel(u8""), kPostalCodeLabel)) {
     auto* group = new CSkinGroupBox(ToQString(u8"手机号码归属地"), Body());
@@ -67,13 +67,13 @@ CNumberQueryDlg::CNumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* 
     layout->addWidget(group);
     setFixedWidth(Metric::questionWidth);
 
-    connect(number_, &QLineEdit::textChanged, this, &CNumberQueryDlg::CutText);
-    connect(query_, &QAbstractButton::clicked, this, &CNumberQueryDlg::Query);
-    connect(place_, &QAbstractButton::clicked, this, &CNumberQueryDlg::SearchPlace);
+    connect(number_, &QLineEdit::textChanged, this, &NumberQueryDlg::CutText);
+    connect(query_, &QAbstractButton::clicked, this, &NumberQueryDlg::Query);
+    connect(place_, &QAbstractButton::clicked, this, &NumberQueryDlg::SearchPlace);
     SetDefault(query_);
 }
 
-QWidget* CNumberQueryDlg::MakeQuestion() {
+QWidget* NumberQueryDlg::MakeQuestion() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -83,7 +83,7 @@ QWidget* CNumberQueryDlg::MakeQuestion() {
     return row;
 }
 
-QWidget* CNumberQueryDlg::MakeAnswer() {
+QWidget* NumberQueryDlg::MakeAnswer() {
     answer_ = new QWidget;
     auto* layout = new QVBoxLayout(answer_);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -103,7 +103,7 @@ QWidget* CNumberQueryDlg::MakeAnswer() {
 }
 
 // The box gives up what is behind its eleventh character, wherever the new ones were typed.
-void CNumberQueryDlg::CutText() {
+void NumberQueryDlg::CutText() {
     const QString text = number_->text();
     if (text.size() > kQueryLength) {
         const int cursor = number_->cursorPosition();
@@ -113,7 +113,7 @@ void CNumberQueryDlg::CutText() {
 }
 
 // The database writes its file: not on the window's thread.
-void CNumberQueryDlg::Query() {
+void NumberQueryDlg::Query() {
     query_->setEnabled(false);
     RunJob(
         this,
@@ -123,7 +123,7 @@ void CNumberQueryDlg::Query() {
         [this](const NumberAnswer& answer) { Show(answer); });
 }
 
-void CNumberQueryDlg::Show(const NumberAnswer& answer) {
+void NumberQueryDlg::Show(const NumberAnswer& answer) {
     heading_->setText(ToQString(answer.heading));
     place_->setText(ToQString(answer.place));
     place_->setAccessibleName(place_->text());
@@ -134,7 +134,7 @@ void CNumberQueryDlg::Show(const NumberAnswer& answer) {
     query_->setEnabled(true);
 }
 
-void CNumberQueryDlg::SearchPlace() {
+void NumberQueryDlg::SearchPlace() {
     if (!place_->text().isEmpty()) {
         open_(ToQString(kSearchAddress) +
               QString::fromLatin1(QUrl::toPercentEncoding(place_->text())));

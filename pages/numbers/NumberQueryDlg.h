@@ -10,16 +10,16 @@
 
 namespace quorvi {
 
-class CNumberQueryDlg : public SkinDialog {
+class NumberQueryDlg : public SkinDialog {
     Q_OBJECT
   public:
     // Makes the database of one query; called on a worker's thread.
     using MakePhoneDb = std::function<CPhoneDb()>;
     using OpenAddress = std::function<void(const QString& address)>;
 
-    explicit CNumberQueryDlg(QWidget* parent = nullptr);
+    explicit NumberQueryDlg(QWidget* parent = nullptr);
     // `open` is given the address of a web search for a place that is clicked.
-    CNumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent = nullptr);
+    NumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent = nullptr);
 
   private:
     void CutText();
@@ -35,7 +35,7 @@ class CNumberQueryDlg : public SkinDialog {
     CSkinButton* query_;
     QWidget* answer_ = nullptr;
     QLabel* heading_;
-    CSkinLink* place_;
+    SkinLink* place_;
     QLabel* areaCode_;
     QLabel* postalCode_;
 };

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kDialog = 135;
 
-enum Column : int { kIconColumn, kTextColumn, kComparisonColumn };
+enum Column : int { columnIcon, columnText, columnComparison };
 
 constexpr std::array<ListColumn, 3> kColumns{{
     {u8"类型", 80, CellKind::icon},
@@ -45,9 +45,9 @@ class SystemInfoListCtrl : public RecordListCtrl<InfoRow> {
     [[nodiscard]] Cell CellOf(const InfoRow& record, int column) const override {
         const QString caption = ToQString(record.row.caption);
         switch (column) {
-            case kIconColumn:
+            case columnIcon:
                 return {.text = caption, .icon = record.icon.toString()};
-            case kTextColumn:
+            case columnText:
                 return {.text = caption, .second = ToQString(record.row.text)};
             default:
                 return {};

@@ -58,14 +58,14 @@ Control* Hidden(Control* control) {
 
 }  // namespace
 
-CSettingsPage::CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
-                             QWidget* parent)
+SettingsPage::SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
+                           QWidget* parent)
     : Page(host, kDialog, parent),
       desktop_(std::move(desktop)),
       autoRun_(new CSkinCheck(ToQString(u8"启动Windows时自动运行奎维掌上工坊"))),
       autoRunOnUsb_(new CSkinCheck(ToQString(u8"USB 连接到智能手机时自动运行 Quorvi"))),
-      exitHide_(new CSkinRadio(ToQString(u8"隐藏到系统右下角托盘区"))),
-      exitQuit_(new CSkinRadio(ToQString(u8"完全退出 奎维掌上工坊"))),
+      exitHide_(new SkinRadio(ToQString(u8"隐藏到系统右下角托盘区"))),
+      exitQuit_(new SkinRadio(ToQString(u8"完全退出 奎维掌上工坊"))),
       repair_(new CSkinButton(ToQString(u8"修复组件"))),
       progress_(new CSkinProgress),
       repairText_(new CSkinStateLabel(ToQString(u8"就绪"))) {
@@ -114,14 +114,14 @@ CSettingsPage::CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration>
     rows->addWidget(repair);
     rows->addStretch();
 
-    connect(autoRun_, &QAbstractButton::clicked, this, &CSettingsPage::OnAutoRun);
-    connect(exitHide_, &QAbstractButton::clicked, this, &CSettingsPage::OnExitHide);
-    connect(exitQuit_, &QAbstractButton::clicked, this, &CSettingsPage::OnExitQuit);
-    connect(repair_, &QAbstractButton::clicked, this, &CSettingsPage::OnRepair);
+    connect(autoRun_, &QAbstractButton::clicked, this, &SettingsPage::OnAutoRun);
+    connect(exitHide_, &QAbstractButton::clicked, this, &SettingsPage::OnExitHide);
+    connect(exitQuit_, &QAbstractButton::clicked, this, &SettingsPage::OnExitQuit);
+    connect(repair_, &QAbstractButton::clicked, this, &SettingsPage::OnRepair);
     OnInitDialog();
 }
 
-void CSettingsPage::OnInitDialog() {
+void SettingsPage::OnInitDialog() {
     autoRunOnUsb_->SetCheck(1);
     progress_->setRange(0, kRepaired);
     progress_->setValue(0);
@@ -129,7 +129,7 @@ void CSettingsPage::OnInitDialog() {
 }
 
 template <typename Work, typename Done>
-void CSettingsPage::Run(Work work, Done done) {
+void SettingsPage::Run(Work work, Done done) {
     job_.Start([this] { SetBusy(true); },
                [desktop = desktop_, work](const LoadProgress& progress) {
                    return work(*desktop, progress);
@@ -140,7 +140,7 @@ void CSettingsPage::Run(Work work, Done done) {
                });
 }
 
-void CSettingsPage::SetBusy(bool busy) {
+void SettingsPage::SetBusy(bool busy) {
     if (busy) {
         focus_ = focusWidget();
     }
@@ -151,14 +151,14 @@ void CSettingsPage::SetBusy(bool busy) {
     }
 }
 
-void CSettingsPage::LoadSettings() {
+void SettingsPage::LoadSettings() {
     const bool leaves = Host().Settings().ReadNumber(kSettingsKey, kExitMode) == kLeaveProgram;
     (leaves ? exitQuit_ : exitHide_)->setChecked(true);
     Run([](DesktopIntegration& desktop, const LoadProgress&) { return desktop.AutoRuns(); },
         [this](bool autoRuns) { autoRun_->SetCheck(autoRuns ? 1 : 0); });
 }
 
-void CSettingsPage::OnAutoRun() {
+void SettingsPage::OnAutoRun() {
     Run(
         [on = autoRun_->GetCheck() == 1](DesktopIntegration& desktop, const LoadProgress&) {
             desktop.SetAutoRun(on);
@@ -167,17 +167,17 @@ void CSettingsPage::OnAutoRun() {
         [this](bool autoRuns) { autoRun_->SetCheck(autoRuns ? 1 : 0); });
 }
 
-void CSettingsPage::OnExitHide() {
+void SettingsPage::OnExitHide() {
     Host().Settings().WriteNumber(kSettingsKey, kExitMode, kHideToTray);
     LoadSettings();
 }
 
-void CSettingsPage::OnExitQuit() {
+void SettingsPage::OnExitQuit() {
     Host().Settings().WriteNumber(kSettingsKey, kExitMode, kLeaveProgram);
     LoadSettings();
 }
 
-void CSettingsPage::OnRepair() {
+void SettingsPage::OnRepair() {
     Run(
         [this](DesktopIntegration& desktop, const LoadProgress& progress) {
             const auto reached = [&](int percent) {

@@ -15,18 +15,18 @@ namespace quorvi {
 class CSkinButton;
 class CSkinCheck;
 class CSkinProgress;
-class CSkinRadio;
+class SkinRadio;
 class CSkinStateLabel;
 
 // Page 3, dialog 202. No failure of it is reported: the box shows what is there afterwards.
 //
 // Controls 1017, 1018 and 1019 are never shown. They stay, and so does the stored choice
 // `exit_mode` behind two of them, which nothing else looks at.
-class CSettingsPage : public Page {
+class SettingsPage : public Page {
     Q_OBJECT
   public:
-    CSettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
-                  QWidget* parent = nullptr);
+    SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
+                 QWidget* parent = nullptr);
 
   private:
     void OnInitDialog();
@@ -49,8 +49,8 @@ class CSettingsPage : public Page {
 
     CSkinCheck* autoRun_;
     CSkinCheck* autoRunOnUsb_;
-    CSkinRadio* exitHide_;
-    CSkinRadio* exitQuit_;
+    SkinRadio* exitHide_;
+    SkinRadio* exitQuit_;
     CSkinButton* repair_;
     CSkinProgress* progress_;
     CSkinStateLabel* repairText_;

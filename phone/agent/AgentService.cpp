@@ -54,7 +54,7 @@ void AgentService::TryAnswer() {
         return;
     }
     logged_.code = ReadUInt32(request_.data());
-    const CommandRow* row = FindCommand(logged_.code);
+    const AgentCommandRow* row = FindCommand(logged_.code);
     if (!row) {
         logged_.name = "unknown";
         Refuse("no command has this code");
@@ -72,7 +72,7 @@ void AgentService::TryAnswer() {
     }
 }
 
-void AgentService::Answer(const CommandRow& row, std::size_t length) {
+void AgentService::Answer(const AgentCommandRow& row, std::size_t length) {
     answered_ = true;
     Outcome outcome = RunCommand(row, agent_.data, std::span(request_).first(length));
     logged_.note = std::move(outcome.note);

@@ -42,7 +42,7 @@ class AgentService : public Service {
 
   private:
     void TryAnswer();
-    void Answer(const CommandRow& row, std::size_t length);
+    void Answer(const AgentCommandRow& row, std::size_t length);
     void Refuse(std::string deviation);
     void Log();
     void Send();

@@ -40,14 +40,15 @@ void DeleteAllCalls(Exchange& exchange) {
 }
 
 constexpr std::array kRows{
-    CommandRow{AgentCommand::listCalls, "listCalls", RequestForm::bare, ListCalls},
-    CommandRow{AgentCommand::deleteCalls, "deleteCalls", RequestForm::framed, DeleteCalls},
-    CommandRow{AgentCommand::deleteAllCalls, "deleteAllCalls", RequestForm::framed, DeleteAllCalls},
+    AgentCommandRow{AgentCommand::listCalls, "listCalls", RequestForm::bare, ListCalls},
+    AgentCommandRow{AgentCommand::deleteCalls, "deleteCalls", RequestForm::framed, DeleteCalls},
+    AgentCommandRow{AgentCommand::deleteAllCalls, "deleteAllCalls", RequestForm::framed,
+                    DeleteAllCalls},
 };
 
 }  // namespace
 
-std::span<const CommandRow> CallCommands() {
+std::span<const AgentCommandRow> CallCommands() {
     return kRows;
 }
 

@@ -13,34 +13,34 @@ namespace {
 
 // Commands that the agent knows of and does not answer yet.
 constexpr std::array kSilentCommands{
-    CommandRow{AgentCommand::listAlarms, "listAlarms", RequestForm::bare},
-    CommandRow{AgentCommand::addAlarm, "addAlarm", RequestForm::framed},
-    CommandRow{AgentCommand::updateAlarm, "updateAlarm", RequestForm::framed},
-    CommandRow{AgentCommand::deleteAlarms, "deleteAlarms", RequestForm::framed},
-    CommandRow{AgentCommand::listFileRoots, "listFileRoots", RequestForm::bare},
-    CommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
-    CommandRow{AgentCommand::listBookmarks, "listBookmarks", RequestForm::bare},
-    CommandRow{AgentCommand::addBookmark, "addBookmark", RequestForm::framed},
-    CommandRow{AgentCommand::updateBookmark, "updateBookmark", RequestForm::framed},
-    CommandRow{AgentCommand::deleteBookmarks, "deleteBookmarks", RequestForm::framed},
-    CommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
-    CommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
-    CommandRow{AgentCommand::readSettings, "readSettings", RequestForm::bare},
-    CommandRow{AgentCommand::writeSetting, "writeSetting", RequestForm::framed},
-    CommandRow{AgentCommand::scanForCleaning, "scanForCleaning", RequestForm::bare},
-    CommandRow{AgentCommand::clean, "clean", RequestForm::clean},
-    CommandRow{AgentCommand::listAutoStart, "listAutoStart", RequestForm::bare},
-    CommandRow{AgentCommand::listProcesses, "listProcesses", RequestForm::bare},
-    CommandRow{AgentCommand::endProcesses, "endProcesses", RequestForm::framed},
-    CommandRow{AgentCommand::freeMemory, "freeMemory", RequestForm::bare},
+    AgentCommandRow{AgentCommand::listAlarms, "listAlarms", RequestForm::bare},
+    AgentCommandRow{AgentCommand::addAlarm, "addAlarm", RequestForm::framed},
+    AgentCommandRow{AgentCommand::updateAlarm, "updateAlarm", RequestForm::framed},
+    AgentCommandRow{AgentCommand::deleteAlarms, "deleteAlarms", RequestForm::framed},
+    AgentCommandRow{AgentCommand::listFileRoots, "listFileRoots", RequestForm::bare},
+    AgentCommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
+    AgentCommandRow{AgentCommand::listBookmarks, "listBookmarks", RequestForm::bare},
+    AgentCommandRow{AgentCommand::addBookmark, "addBookmark", RequestForm::framed},
+    AgentCommandRow{AgentCommand::updateBookmark, "updateBookmark", RequestForm::framed},
+    AgentCommandRow{AgentCommand::deleteBookmarks, "deleteBookmarks", RequestForm::framed},
+    AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
+    AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
+    AgentCommandRow{AgentCommand::readSettings, "readSettings", RequestForm::bare},
+    AgentCommandRow{AgentCommand::writeSetting, "writeSetting", RequestForm::framed},
+    AgentCommandRow{AgentCommand::scanForCleaning, "scanForCleaning", RequestForm::bare},
+    AgentCommandRow{AgentCommand::clean, "clean", RequestForm::clean},
+    AgentCommandRow{AgentCommand::listAutoStart, "listAutoStart", RequestForm::bare},
+    AgentCommandRow{AgentCommand::listProcesses, "listProcesses", RequestForm::bare},
+    AgentCommandRow{AgentCommand::endProcesses, "endProcesses", RequestForm::framed},
+    AgentCommandRow{AgentCommand::freeMemory, "freeMemory", RequestForm::bare},
 };
 
-const std::vector<CommandRow>& AllCommands() {
-    static const std::vector<CommandRow> rows = [] {
-        std::vector<CommandRow> all;
+const std::vector<AgentCommandRow>& AllCommands() {
+    static const std::vector<AgentCommandRow> rows = [] {
+        std::vector<AgentCommandRow> all;
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
-              CallCommands(), std::span<const CommandRow>(kSilentCommands)}) {
+              CallCommands(), std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;
@@ -49,26 +49,28 @@ const std::vector<CommandRow>& AllCommands() {
 }
 
 template <typename Test>
-const CommandRow* FindWhere(Test test) {
+const AgentCommandRow* FindWhere(Test test) {
     const auto found = std::find_if(AllCommands().begin(), AllCommands().end(), test);
     return found == AllCommands().end() ? nullptr : &*found;
 }
 
 }  // namespace
 
-const CommandRow* FindCommand(std::uint32_t code) {
-    return FindWhere(
-        [&](const CommandRow& row) { return static_cast<std::uint32_t>(row.command) == code; });
+const AgentCommandRow* FindCommand(std::uint32_t code) {
+    return FindWhere([&](const AgentCommandRow& row) {
+        return static_cast<std::uint32_t>(row.command) == code;
+    });
 }
 
-const CommandRow* FindCommand(std::string_view nameOrCode) {
-    return FindWhere([&](const CommandRow& row) {
+const AgentCommandRow* FindCommand(std::string_view nameOrCode) {
+    return FindWhere([&](const AgentCommandRow& row) {
         return row.name == nameOrCode ||
                std::to_string(static_cast<std::uint32_t>(row.command)) == nameOrCode;
     });
 }
 
-Outcome RunCommand(const CommandRow& row, AgentData& data, std::span<const std::byte> request) {
+Outcome RunCommand(const AgentCommandRow& row, AgentData& data,
+                   std::span<const std::byte> request) {
     RequestReader reader(request.subspan(std::min(HeaderBytes(row.form), request.size())));
     ReplyWriter writer;
     Exchange exchange{data, reader, 0, writer, {}, {}};

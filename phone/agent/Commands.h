@@ -25,7 +25,7 @@ enum class RequestForm {
 
 using Handler = void (*)(Exchange&);
 
-struct CommandRow {
+struct AgentCommandRow {
     AgentCommand command;
     std::string_view name;
     RequestForm form;
@@ -33,16 +33,16 @@ struct CommandRow {
     Handler handler = nullptr;
 };
 
-[[nodiscard]] std::span<const CommandRow> PhoneCommands();
-[[nodiscard]] std::span<const CommandRow> ContactCommands();
-[[nodiscard]] std::span<const CommandRow> GroupCommands();
-[[nodiscard]] std::span<const CommandRow> MessageCommands();
-[[nodiscard]] std::span<const CommandRow> CallCommands();
+[[nodiscard]] std::span<const AgentCommandRow> PhoneCommands();
+[[nodiscard]] std::span<const AgentCommandRow> ContactCommands();
+[[nodiscard]] std::span<const AgentCommandRow> GroupCommands();
+[[nodiscard]] std::span<const AgentCommandRow> MessageCommands();
+[[nodiscard]] std::span<const AgentCommandRow> CallCommands();
 
 // Nothing for a code outside the table.
-[[nodiscard]] const CommandRow* FindCommand(std::uint32_t code);
+[[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);
 // By its name or its code in digits, as people and scripts give it.
-[[nodiscard]] const CommandRow* FindCommand(std::string_view nameOrCode);
+[[nodiscard]] const AgentCommandRow* FindCommand(std::string_view nameOrCode);
 
 // Runs a command on a whole request of its form: every deviation of the frame from what the form
 // asks is named in `deviations`.
@@ -51,7 +51,7 @@ struct Outcome {
     std::vector<std::string> deviations;
     std::string note;
 };
-[[nodiscard]] Outcome RunCommand(const CommandRow& row, AgentData& data,
+[[nodiscard]] Outcome RunCommand(const AgentCommandRow& row, AgentData& data,
                                  std::span<const std::byte> request);
 
 }  // namespace quorvi::phone

@@ -250,16 +250,18 @@ void DeleteContacts(Exchange& exchange) {
 }
 
 constexpr std::array kRows{
-    CommandRow{AgentCommand::listContacts, "listContacts", RequestForm::bare, ListContacts},
-    CommandRow{AgentCommand::readContact, "readContact", RequestForm::framed, ReadContact},
-    CommandRow{AgentCommand::addContact, "addContact", RequestForm::framed, AddContact},
-    CommandRow{AgentCommand::updateContact, "updateContact", RequestForm::framed, UpdateContact},
-    CommandRow{AgentCommand::deleteContacts, "deleteContacts", RequestForm::framed, DeleteContacts},
+    AgentCommandRow{AgentCommand::listContacts, "listContacts", RequestForm::bare, ListContacts},
+    AgentCommandRow{AgentCommand::readContact, "readContact", RequestForm::framed, ReadContact},
+    AgentCommandRow{AgentCommand::addContact, "addContact", RequestForm::framed, AddContact},
+    AgentCommandRow{AgentCommand::updateContact, "updateContact", RequestForm::framed,
+                    UpdateContact},
+    AgentCommandRow{AgentCommand::deleteContacts, "deleteContacts", RequestForm::framed,
+                    DeleteContacts},
 };
 
 }  // namespace
 
-std::span<const CommandRow> ContactCommands() {
+std::span<const AgentCommandRow> ContactCommands() {
     return kRows;
 }
 

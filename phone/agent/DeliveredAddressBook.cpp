@@ -12,7 +12,14 @@ namespace quorvi::phone {
 namespace {
 
 // Groups, by their ids in order.
-enum Group : std::int32_t { kFamily = 1, kFriends, kColleagues, kHikers, kUniversity, kServices };
+enum Group : std::int32_t {
+    groupFamily = 1,
+    groupFriends,
+    groupColleagues,
+    groupHikers,
+    groupUniversity,
+    groupServices
+};
 
 struct DeliveredGroup {
     std::u8string_view title;
@@ -36,7 +43,7 @@ struct Item {
     std::u8string_view text;
 };
 
-struct Entry {
+struct DeliveredContact {
     std::u8string_view name;
     std::initializer_list<Item> phones{};
     std::initializer_list<Group> groups{};
@@ -65,7 +72,7 @@ std::optional<ContactText> TextRow(AddressBook& book, std::u8string_view text) {
     return text.empty() ? std::nullopt : std::optional(ContactText{book.NewRow(), Utf8(text)});
 }
 
-void Add(AddressBook& book, const Entry& entry) {
+void Add(AddressBook& book, const DeliveredContact& entry) {
     Contact contact;
     contact.id = book.NewContactId();
     contact.favourite = entry.favourite;
@@ -94,7 +101,7 @@ void Add(AddressBook& book, const Entry& entry) {
 void AddPeople(AddressBook& book) {
     Add(book, {.name = u8"林远舟",
                .phones = {{2, u8"13861234567"}, {3, u8"0519-8812 3456"}},
-               .groups = {kFriends, kHikers},
+               .groups = {groupFriends, groupHikers},
                .favourite = true,
                .timesContacted = 27,
                .lastContact = "2011-06-18 09:42:10",
@@ -108,7 +115,7 @@ void AddPeople(AddressBook& book) {
                .organisations = {{1, u8"江南测绘研究院"}}});
     Add(book, {.name = u8"顾晓棠",
                .phones = {{2, u8"13512340098"}},
-               .groups = {kFriends},
+               .groups = {groupFriends},
                .favourite = true,
                .timesContacted = 41,
                .lastContact = "2011-06-17 21:15:36",
@@ -122,7 +129,7 @@ void AddPeople(AddressBook& book) {
                .organisations = {{2, u8"半亩画室"}}});
     Add(book, {.name = u8"何思远",
                .phones = {{2, u8"13980012345"}, {1, u8"028-86123456"}},
-               .groups = {kUniversity, kFriends},
+               .groups = {groupUniversity, groupFriends},
                .timesContacted = 12,
                .lastContact = "2011-06-12 22:11:08",
                .photo = "runner.png",
@@ -134,7 +141,7 @@ void AddPeople(AddressBook& book) {
                           {4, u8"0571-88123457"},
                           {6, u8"127-5566778"},
                           {7, u8"057188123458"}},
-               .groups = {kColleagues},
+               .groups = {groupColleagues},
                .timesContacted = 88,
                .lastContact = "2011-06-16 15:28:47",
                .photo = "colleague.bmp",
@@ -144,18 +151,18 @@ void AddPeople(AddressBook& book) {
                .organisations = {{1, u8"西溪软件有限公司"}, {2, u8"杭州围棋协会"}}});
     Add(book, {.name = u8"许清和",
                .phones = {{1, u8"01065551234"}},
-               .groups = {kUniversity},
+               .groups = {groupUniversity},
                .ims = {{-1, u8"自定义聊天: xqh"}, {9, u8"unknown-protocol"}}});
     Add(book, {.name = u8"叶知秋",
                .phones = {{2, u8"15951230456"}},
-               .groups = {kHikers, kUniversity},
+               .groups = {groupHikers, groupUniversity},
                .timesContacted = 5,
                .lastContact = "2011-05-30 11:02:19",
                .photo = "student.gif",
                .nickname = u8"秋秋"});
     Add(book, {.name = u8"周子衿",
                .phones = {{2, u8"13811112222"}, {5, u8"010-65551235"}},
-               .groups = {kFriends},
+               .groups = {groupFriends},
                .favourite = true,
                .timesContacted = 64,
                .lastContact = "2011-06-15 08:03:19",
@@ -165,13 +172,13 @@ void AddPeople(AddressBook& book) {
     Add(book,
         {.name = u8"陆星遥",
          .phones = {{2, u8"13651234567"}},
-         .groups = {kHikers},
+         .groups = {groupHikers},
          .timesContacted = 3,
          .lastContact = "2011-05-21 20:00:00",
          .websites = {{0, u8"http://xingyao.example.com"}, {0, u8"http://t.example.com/xingyao"}}});
     Add(book, {.name = u8"妈妈",
                .phones = {{2, u8"13861112233"}, {1, u8"051988765432"}},
-               .groups = {kFamily},
+               .groups = {groupFamily},
                .favourite = true,
                .timesContacted = 203,
                .lastContact = "2011-06-17 19:45:10",
@@ -179,38 +186,38 @@ void AddPeople(AddressBook& book) {
                .addresses = {{1, u8"江苏省常州市钟楼区西直街 31 号 402"}}});
     Add(book, {.name = u8"爸爸",
                .phones = {{2, u8"13861113344"}},
-               .groups = {kFamily},
+               .groups = {groupFamily},
                .favourite = true,
                .timesContacted = 97,
                .lastContact = "2011-06-14 18:20:33",
                .photo = "father.jpg"});
     Add(book, {.name = u8"外婆",
                .phones = {{1, u8"025-8456789"}},
-               .groups = {kFamily},
+               .groups = {groupFamily},
                .timesContacted = 30,
                .lastContact = "2011-06-05 10:12:00"});
     Add(book, {.name = u8"表哥 江北",
                .phones = {{2, u8"+8613912345678"}},
-               .groups = {kFamily},
+               .groups = {groupFamily},
                .timesContacted = 9,
                .lastContact = "2011-02-03 09:00:00",
                .addresses = {{3, u8"重庆市江北区建新北路"}, {0, u8"重庆市渝中区解放碑"}}});
     Add(book, {.name = u8"方竹",
                .phones = {{2, u8"138-1234-5678"}},
-               .groups = {kColleagues},
+               .groups = {groupColleagues},
                .timesContacted = 16,
                .lastContact = "2011-06-10 17:31:45",
                .emails = {{2, u8"fang@office.example.com"}},
                .organisations = {{1, u8"西溪软件有限公司 · 设计部"}}});
     Add(book, {.name = u8"欧阳明月",
                .phones = {{2, u8"18612345678"}, {3, u8"075586543210"}},
-               .groups = {kColleagues, kUniversity},
+               .groups = {groupColleagues, groupUniversity},
                .timesContacted = 21,
                .lastContact = "2011-06-09 12:00:01",
                .emails = {{2, u8"ouyang@office.example.com"}}});
     Add(book, {.name = u8"老郑（修车）",
                .phones = {{2, u8"13300001111"}},
-               .groups = {kServices},
+               .groups = {groupServices},
                .timesContacted = 2,
                .lastContact = "2011-04-02 16:40:00"});
     Add(book, {.name = u8"房东 王阿姨",
@@ -232,7 +239,7 @@ void AddDifficultNames(AddressBook& book) {
                .note = u8"Spotkanie o 7:00 – nie spóźnij się ☺"});
     Add(book, {.name = u8"李𠮷 🎈", .phones = {{2, u8"15012345678"}}, .nickname = u8"𠮷𠮷"});
     Add(book, {.name = u8"สมชาย", .phones = {{7, u8"+66812345678"}}});
-    Add(book, {.name = u8"AA 应急", .phones = {{2, u8"13800138000"}}, .groups = {kFamily}});
+    Add(book, {.name = u8"AA 应急", .phones = {{2, u8"13800138000"}}, .groups = {groupFamily}});
     Add(book, {.name = u8"Tom & Jerry <友>",
                .phones = {{2, u8"13100000007"}},
                .note = u8"a < b && c > d \"引号\" 'x'"});
@@ -273,7 +280,7 @@ void AddServices(AddressBook& book) {
         {u8"私有号码", u8"-2"},
     };
     for (const auto& [name, number] : kNumbers) {
-        Add(book, {.name = name, .phones = {{7, number}}, .groups = {kServices}});
+        Add(book, {.name = name, .phones = {{7, number}}, .groups = {groupServices}});
     }
 }
 

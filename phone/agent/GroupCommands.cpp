@@ -83,18 +83,19 @@ void DeleteGroups(Exchange& exchange) {
 }
 
 constexpr std::array kRows{
-    CommandRow{AgentCommand::listGroupNames, "listGroupNames", RequestForm::bare, ListGroupNames},
-    CommandRow{AgentCommand::addGroup, "addGroup", RequestForm::framed, AddGroup},
-    CommandRow{AgentCommand::renameGroup, "renameGroup", RequestForm::framed, RenameGroup},
-    CommandRow{AgentCommand::deleteGroups, "deleteGroups", RequestForm::framed, DeleteGroups},
-    CommandRow{AgentCommand::listGroups, "listGroups", RequestForm::bare, ListGroups},
-    CommandRow{AgentCommand::listGroupMembers, "listGroupMembers", RequestForm::bare,
-               ListGroupMembers},
+    AgentCommandRow{AgentCommand::listGroupNames, "listGroupNames", RequestForm::bare,
+                    ListGroupNames},
+    AgentCommandRow{AgentCommand::addGroup, "addGroup", RequestForm::framed, AddGroup},
+    AgentCommandRow{AgentCommand::renameGroup, "renameGroup", RequestForm::framed, RenameGroup},
+    AgentCommandRow{AgentCommand::deleteGroups, "deleteGroups", RequestForm::framed, DeleteGroups},
+    AgentCommandRow{AgentCommand::listGroups, "listGroups", RequestForm::bare, ListGroups},
+    AgentCommandRow{AgentCommand::listGroupMembers, "listGroupMembers", RequestForm::bare,
+                    ListGroupMembers},
 };
 
 }  // namespace
 
-std::span<const CommandRow> GroupCommands() {
+std::span<const AgentCommandRow> GroupCommands() {
     return kRows;
 }
 

@@ -72,18 +72,18 @@ void DeleteConversation(Exchange& exchange) {
 }
 
 constexpr std::array kRows{
-    CommandRow{AgentCommand::listConversations, "listConversations", RequestForm::bare,
-               ListConversations},
-    CommandRow{AgentCommand::readConversation, "readConversation", RequestForm::conversation,
-               ReadConversation},
-    CommandRow{AgentCommand::sendMessage, "sendMessage", RequestForm::framed, SendMessage},
-    CommandRow{AgentCommand::deleteConversation, "deleteConversation", RequestForm::framed,
-               DeleteConversation},
+    AgentCommandRow{AgentCommand::listConversations, "listConversations", RequestForm::bare,
+                    ListConversations},
+    AgentCommandRow{AgentCommand::readConversation, "readConversation", RequestForm::conversation,
+                    ReadConversation},
+    AgentCommandRow{AgentCommand::sendMessage, "sendMessage", RequestForm::framed, SendMessage},
+    AgentCommandRow{AgentCommand::deleteConversation, "deleteConversation", RequestForm::framed,
+                    DeleteConversation},
 };
 
 }  // namespace
 
-std::span<const CommandRow> MessageCommands() {
+std::span<const AgentCommandRow> MessageCommands() {
     return kRows;
 }
 

@@ -47,15 +47,15 @@ void SystemInformation(Exchange& exchange) {
 }
 
 constexpr std::array kRows{
-    CommandRow{AgentCommand::deviceSummary, "deviceSummary", RequestForm::bare, DeviceSummary},
-    CommandRow{AgentCommand::agentVersion, "agentVersion", RequestForm::bare, Version},
-    CommandRow{AgentCommand::systemInformation, "systemInformation", RequestForm::bare,
-               SystemInformation},
+    AgentCommandRow{AgentCommand::deviceSummary, "deviceSummary", RequestForm::bare, DeviceSummary},
+    AgentCommandRow{AgentCommand::agentVersion, "agentVersion", RequestForm::bare, Version},
+    AgentCommandRow{AgentCommand::systemInformation, "systemInformation", RequestForm::bare,
+                    SystemInformation},
 };
 
 }  // namespace
 
-std::span<const CommandRow> PhoneCommands() {
+std::span<const AgentCommandRow> PhoneCommands() {
     return kRows;
 }
 

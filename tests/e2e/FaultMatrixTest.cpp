@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 namespace {
@@ -47,34 +47,33 @@ constexpr const char* kFaults[] = {
 
 class FaultMatrix : public testing::TestWithParam<Asked> {
   protected:
-    static void SetUpTestSuite() { bench_ = std::make_unique<Bench>(1); }
-    static void TearDownTestSuite() { bench_.reset(); }
+    static void SetUpTestSuite() { rig_ = std::make_unique<PhoneRig>(1); }
+    static void TearDownTestSuite() { rig_.reset(); }
 
     void SetUp() override {
-        ASSERT_EQ(bench_->Error(), "");
+        ASSERT_EQ(rig_->Error(), "");
         Restore();
     }
 
     static void Restore() {
-        bench_->Control(0, "faults clear");
-        bench_->Control(0, "data");
-        ASSERT_TRUE(bench_->WaitForDevices(1));
-        ASSERT_EQ(bench_->BringAgentUp(0), "");
+        rig_->Control(0, "faults clear");
+        rig_->Control(0, "data");
+        ASSERT_TRUE(rig_->WaitForDevices(1));
+        ASSERT_EQ(rig_->BringAgentUp(0), "");
     }
 
     static ProgramResult Run(std::chrono::milliseconds limit = std::chrono::seconds(20)) {
-        return bench_->Suite(GetParam().arguments, GetParam().input, limit);
+        return rig_->Suite(GetParam().arguments, GetParam().input, limit);
     }
 
     static void Misbehave(const char* words) {
-        ASSERT_EQ(bench_->Control(0, std::string("fault ") + GetParam().code + " " + words),
-                  "ok\n");
+        ASSERT_EQ(rig_->Control(0, std::string("fault ") + GetParam().code + " " + words), "ok\n");
     }
 
-    static std::unique_ptr<Bench> bench_;
+    static std::unique_ptr<PhoneRig> rig_;
 };
 
-std::unique_ptr<Bench> FaultMatrix::bench_;
+std::unique_ptr<PhoneRig> FaultMatrix::rig_;
 
 TEST_P(FaultMatrix, EndsAndWorksRightAfter) {
     for (const char* fault : kFaults) {
@@ -85,9 +84,9 @@ TEST_P(FaultMatrix, EndsAndWorksRightAfter) {
         EXPECT_LE(ill.status, 3) << fault;
         Restore();
         EXPECT_EQ(Run().status, 0) << "after " << fault;
-        bench_->Control(0, "data");
+        rig_->Control(0, "data");
     }
-    EXPECT_EQ(bench_->Control(0, "deviations"), "ok\n");
+    EXPECT_EQ(rig_->Control(0, "deviations"), "ok\n");
 }
 
 // The cable is pulled inside the reply: the forward goes with it.
@@ -109,7 +108,7 @@ TEST_P(FaultMatrix, WaitsForAStalledReplyAndWorksRightAfter) {
         EXPECT_TRUE(Run(std::chrono::milliseconds(400)).timedOut) << stall;
         Restore();
         EXPECT_EQ(Run().status, 0) << "after " << stall;
-        bench_->Control(0, "data");
+        rig_->Control(0, "data");
     }
 }
 

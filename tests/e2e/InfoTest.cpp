@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 namespace {
@@ -12,35 +12,35 @@ namespace {
 class Info : public testing::Test {
   protected:
     void SetUp() override {
-        ASSERT_EQ(bench_.Error(), "");
-        ASSERT_EQ(bench_.BringAgentUp(0), "");
+        ASSERT_EQ(rig_.Error(), "");
+        ASSERT_EQ(rig_.BringAgentUp(0), "");
     }
 
     // What info says while the agent misbehaves so at its command.
     ProgramResult With(const std::string& fault) {
-        EXPECT_EQ(bench_.Control(0, "fault 870004 " + fault), "ok\n");
-        return bench_.Suite({"info", "--json"}, {}, limit_);
+        EXPECT_EQ(rig_.Control(0, "fault 870004 " + fault), "ok\n");
+        return rig_.Suite({"info", "--json"}, {}, limit_);
     }
 
-    Bench bench_{1};
+    PhoneRig rig_{1};
     std::chrono::milliseconds limit_ = std::chrono::seconds(20);
 };
 
 TEST_F(Info, PrintsNineteenRows) {
-    const ProgramResult info = bench_.Suite({"info", "--json"});
+    const ProgramResult info = rig_.Suite({"info", "--json"});
     EXPECT_EQ(info.status, 0);
     Json::Value rows;
     std::istringstream(info.output) >> rows;
     ASSERT_EQ(rows.size(), 19u);
     EXPECT_EQ(rows[0]["text"].asString(), "Aurora S2");
     EXPECT_EQ(rows[6]["text"].asString(), "82 %");
-    EXPECT_EQ(bench_.Control(0, "deviations"), "ok\n");
+    EXPECT_EQ(rig_.Control(0, "deviations"), "ok\n");
 }
 
 TEST_F(Info, ARequestThatMetAFaultIsWellAgainAfterwards) {
     With("close");
     EXPECT_EQ(With("none").status, 0);
-    EXPECT_NE(bench_.Suite({"info"}).output.find("Aurora S2"), std::string::npos);
+    EXPECT_NE(rig_.Suite({"info"}).output.find("Aurora S2"), std::string::npos);
 }
 
 TEST_F(Info, IsEmptyWithoutData) {
@@ -72,14 +72,14 @@ TEST_F(Info, EndsWhenTheStreamBreaksOff) {
 TEST_F(Info, EndsWhenTheCableIsPulled) {
     EXPECT_EQ(With("unplug 40").status, 0);
     // The forward went with the phone.
-    EXPECT_EQ(bench_.Suite({"info"}).status, 2);
+    EXPECT_EQ(rig_.Suite({"info"}).status, 2);
 }
 
 TEST_F(Info, WaitsForAReplyThatStallsAsLongAsItTakes) {
     limit_ = std::chrono::milliseconds(700);
     EXPECT_TRUE(With("stall 40").timedOut);
-    bench_.Control(0, "fault 870004 none");
-    EXPECT_EQ(bench_.Suite({"info"}).status, 0);
+    rig_.Control(0, "fault 870004 none");
+    EXPECT_EQ(rig_.Suite({"info"}).status, 0);
 }
 
 TEST_F(Info, ReadsAReplyThatTrickles) {
@@ -107,16 +107,16 @@ TEST_F(Info, DoesNotBelieveALengthInsideThePayload) {
 }
 
 TEST_F(Info, HasNoLinkWhenNothingIsForwarded) {
-    bench_.Control(0, "unplug");
-    ASSERT_TRUE(bench_.WaitForDevices(0));
-    const ProgramResult info = bench_.Suite({"info", "--json"});
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(0));
+    const ProgramResult info = rig_.Suite({"info", "--json"});
     EXPECT_EQ(info.status, 2);
     EXPECT_NE(info.messages.find("连接错误"), std::string::npos);
 }
 
 TEST_F(Info, IsEmptyWhenTheAgentDoesNotRun) {
-    bench_.Control(0, "agent stop");
-    const ProgramResult info = bench_.Suite({"info", "--json"});
+    rig_.Control(0, "agent stop");
+    const ProgramResult info = rig_.Suite({"info", "--json"});
     EXPECT_FALSE(info.timedOut);
     EXPECT_EQ(info.output, "[]\n");
 }

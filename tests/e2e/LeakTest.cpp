@@ -48,11 +48,11 @@ bool Settles(Test test) {
 class Leak : public testing::Test {
   protected:
     void SetUp() override {
-        ASSERT_EQ(bench_.Error(), "");
-        ASSERT_EQ(bench_.BringAgentUp(0), "");
+        ASSERT_EQ(rig_.Error(), "");
+        ASSERT_EQ(rig_.BringAgentUp(0), "");
     }
 
-    Bench bench_{1};
+    PhoneRig rig_{1};
     AgentSession session_;
 };
 
@@ -60,18 +60,17 @@ TEST_F(Leak, AThousandSessionsLeaveNothing) {
     const Bytes request = BareRequest(AgentCommand::systemInformation);
     ASSERT_EQ(session_.RunPayload(request).outcome, SessionOutcome::complete);
     const Held before = HeldBy("self");
-    const Held serverBefore = HeldBy(std::to_string(bench_.ServerProcess()));
+    const Held serverBefore = HeldBy(std::to_string(rig_.ServerProcess()));
     for (int i = 0; i < kSessions; ++i) {
         ASSERT_EQ(session_.RunPayload(request).outcome, SessionOutcome::complete) << i;
     }
     EXPECT_TRUE(Settles([&] { return HeldBy("self").NoMoreThan(before); }))
         << HeldBy("self").descriptors;
     EXPECT_TRUE(Settles([&] {
-        return HeldBy(std::to_string(bench_.ServerProcess())).descriptors <=
-               serverBefore.descriptors;
+        return HeldBy(std::to_string(rig_.ServerProcess())).descriptors <= serverBefore.descriptors;
     }));
     EXPECT_TRUE(Settles(
-        [&] { return bench_.Control(0, "status").find("streams 0\n") != std::string::npos; }));
+        [&] { return rig_.Control(0, "status").find("streams 0\n") != std::string::npos; }));
     EXPECT_FALSE(HasZombie());
 }
 
@@ -84,19 +83,18 @@ TEST_F(Leak, AThousandSessionsOfEveryFaultLeaveNothing) {
     const Held before = HeldBy("self");
     for (int i = 0; i < kSessions; ++i) {
         if (i % 125 == 0) {
-            bench_.Control(0,
-                           std::string("fault all ") + faults[static_cast<std::size_t>(i / 125)]);
+            rig_.Control(0, std::string("fault all ") + faults[static_cast<std::size_t>(i / 125)]);
         }
         const PayloadReply reply = session_.RunPayload(request);
         ASSERT_NE(reply.outcome, SessionOutcome::connectFailed) << i;
     }
     EXPECT_TRUE(Settles([&] { return HeldBy("self").NoMoreThan(before); }));
     EXPECT_TRUE(Settles(
-        [&] { return bench_.Control(0, "status").find("streams 0\n") != std::string::npos; }));
+        [&] { return rig_.Control(0, "status").find("streams 0\n") != std::string::npos; }));
 }
 
 TEST_F(Leak, TheLinkProcedureLeavesNothing) {
-    LinkRun run(bench_);
+    LinkRun run(rig_);
     run.Run();
     const auto settled = [&] { return !HasZombie(); };
     ASSERT_TRUE(Settles(settled));

@@ -27,90 +27,90 @@ const Banner kInstallFailed{BannerState::error, "【错误】安装失败，请�
 
 class LinkProcedure : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(bench_.Error(), ""); }
+    void SetUp() override { ASSERT_EQ(rig_.Error(), ""); }
 
-    Bench bench_{1};
-    LinkRun run_{bench_};
+    PhoneRig rig_{1};
+    LinkRun run_{rig_};
 };
 
 TEST_F(LinkProcedure, ComesUpWithAPhoneThatHasTheAgent) {
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kLinked));
     EXPECT_EQ(run_.TimesUp(), 1);
-    EXPECT_EQ(run_.Serial(), bench_.Serial(0));
-    EXPECT_EQ(bench_.Control(0, "deviations"), "ok\n");
+    EXPECT_EQ(run_.Serial(), rig_.Serial(0));
+    EXPECT_EQ(rig_.Control(0, "deviations"), "ok\n");
 }
 
 TEST_F(LinkProcedure, InstallsAMissingAgentAndComesUp) {
-    bench_.Control(0, "agent missing");
+    rig_.Control(0, "agent missing");
     EXPECT_THAT(run_.Run(),
                 ElementsAre(kConnecting, kInstalling, kInstalled, kConnecting, kLinked));
-    EXPECT_THAT(bench_.Control(0, "status"), HasSubstr("agent 20\n"));
+    EXPECT_THAT(rig_.Control(0, "status"), HasSubstr("agent 20\n"));
 }
 
 TEST_F(LinkProcedure, UpgradesAnOldAgentAndComesUp) {
-    bench_.Control(0, "agent version 19");
+    rig_.Control(0, "agent version 19");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kUpgrading, kInstalled, kConnecting, kLinked));
 }
 
 TEST_F(LinkProcedure, AnAgentOfVersionOneIsOldToo) {
-    bench_.Control(0, "agent version 1");
+    rig_.Control(0, "agent version 1");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kUpgrading, kInstalled, kConnecting, kLinked));
 }
 
 TEST_F(LinkProcedure, ANewerAgentIsGood) {
-    bench_.Control(0, "agent version 21");
+    rig_.Control(0, "agent version 21");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kLinked));
 }
 
 TEST_F(LinkProcedure, AVersionOfZeroIsNoAnswer) {
-    bench_.Control(0, "agent version 0");
+    rig_.Control(0, "agent version 0");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kNoAnswer));
 }
 
 TEST_F(LinkProcedure, AnAgentThatDoesNotComeUpIsNoAnswer) {
-    bench_.Control(0, "agent crashes");
+    rig_.Control(0, "agent crashes");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kNoAnswer));
 }
 
 TEST_F(LinkProcedure, AWrongSignatureIsToldTwiceSinceTheRetryMeetsItToo) {
-    bench_.Control(0, "agent missing");
-    bench_.Control(0, "install INSTALL_PARSE_FAILED_INCONSISTENT_CERTIFICATES");
+    rig_.Control(0, "agent missing");
+    rig_.Control(0, "install INSTALL_PARSE_FAILED_INCONSISTENT_CERTIFICATES");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kInstalling, kWrongSignature, kConnecting,
                                         kInstalling, kWrongSignature));
 }
 
 TEST_F(LinkProcedure, TooLittleStorageIsTold) {
-    bench_.Control(0, "agent missing");
-    bench_.Control(0, "install INSTALL_FAILED_INSUFFICIENT_STORAGE");
+    rig_.Control(0, "agent missing");
+    rig_.Control(0, "install INSTALL_FAILED_INSUFFICIENT_STORAGE");
     EXPECT_EQ(run_.Run().back(), kNoSpace);
 }
 
 TEST_F(LinkProcedure, AnyOtherInstallFailureIsTold) {
-    bench_.Control(0, "agent missing");
-    bench_.Control(0, "install INSTALL_FAILED_DEXOPT");
+    rig_.Control(0, "agent missing");
+    rig_.Control(0, "install INSTALL_FAILED_DEXOPT");
     EXPECT_EQ(run_.Run().back(), kInstallFailed);
 }
 
 TEST_F(LinkProcedure, AnOldAgentWhoseUpgradeFailsIsRetriedOnceInAProcess) {
-    bench_.Control(0, "agent version 19");
-    bench_.Control(0, "install INSTALL_FAILED_INSUFFICIENT_STORAGE");
+    rig_.Control(0, "agent version 19");
+    rig_.Control(0, "install INSTALL_FAILED_INSUFFICIENT_STORAGE");
     EXPECT_THAT(run_.Run(),
                 ElementsAre(kConnecting, kUpgrading, kNoSpace, kConnecting, kUpgrading, kNoSpace));
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kUpgrading, kNoSpace));
 }
 
 TEST_F(LinkProcedure, NoPhoneIsTold) {
-    bench_.Control(0, "unplug");
-    ASSERT_TRUE(bench_.WaitForDevices(0));
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(0));
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kNoDevice));
 }
 
 TEST_F(LinkProcedure, ComesUpAgainWhenThePhoneIsPluggedInAgain) {
     EXPECT_EQ(run_.Run().back(), kLinked);
-    bench_.Control(0, "unplug");
-    ASSERT_TRUE(bench_.WaitForDevices(0));
-    bench_.Control(0, "plug");
-    ASSERT_TRUE(bench_.WaitForDevices(1));
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(0));
+    rig_.Control(0, "plug");
+    ASSERT_TRUE(rig_.WaitForDevices(1));
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kLinked));
 }
 
@@ -124,10 +124,10 @@ struct VersionFault {
 class LinkFault : public LinkProcedure, public testing::WithParamInterface<VersionFault> {};
 
 TEST_P(LinkFault, EndsInItsBanner) {
-    ASSERT_EQ(bench_.Control(0, std::string("fault 870003 ") + GetParam().fault), "ok\n");
+    ASSERT_EQ(rig_.Control(0, std::string("fault 870003 ") + GetParam().fault), "ok\n");
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, *GetParam().end));
-    bench_.Control(0, "faults clear");
-    ASSERT_TRUE(bench_.WaitForDevices(1));
+    rig_.Control(0, "faults clear");
+    ASSERT_TRUE(rig_.WaitForDevices(1));
     EXPECT_EQ(run_.Run().back(), kLinked);
 }
 
@@ -147,18 +147,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 class LinkOfTwo : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(bench_.Error(), ""); }
+    void SetUp() override { ASSERT_EQ(rig_.Error(), ""); }
 
-    Bench bench_{2};
-    LinkRun run_{bench_};
+    PhoneRig rig_{2};
+    LinkRun run_{rig_};
 };
 
 TEST_F(LinkOfTwo, TakesThePhoneThatTheUserChooses) {
-    run_.Choose(bench_.Serial(1));
+    run_.Choose(rig_.Serial(1));
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kLinked));
     EXPECT_THAT(run_.Choosers(), ElementsAre("连接管理器 - Quorvi"));
-    EXPECT_THAT(bench_.Control(1, "log"), HasSubstr("agentVersion"));
-    EXPECT_EQ(bench_.Control(0, "log"), "ok\n");
+    EXPECT_THAT(rig_.Control(1, "log"), HasSubstr("agentVersion"));
+    EXPECT_EQ(rig_.Control(0, "log"), "ok\n");
 }
 
 TEST_F(LinkOfTwo, TellsThatNoneWasChosen) {
@@ -166,22 +166,22 @@ TEST_F(LinkOfTwo, TellsThatNoneWasChosen) {
 }
 
 TEST_F(LinkOfTwo, AsksNobodyWhenOnePhoneIsUnplugged) {
-    bench_.Control(0, "unplug");
-    ASSERT_TRUE(bench_.WaitForDevices(1));
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(1));
     EXPECT_THAT(run_.Run(), ElementsAre(kConnecting, kLinked));
     EXPECT_THAT(run_.Choosers(), IsEmpty());
-    EXPECT_EQ(run_.Serial(), bench_.Serial(1));
+    EXPECT_EQ(run_.Serial(), rig_.Serial(1));
 }
 
 TEST(Devices, TheProgramListsEachPhoneWithWhatItIs) {
-    Bench bench(3);
-    ASSERT_EQ(bench.Error(), "");
-    const ProgramResult devices = bench.Suite({"devices", "--json"});
+    PhoneRig rig(3);
+    ASSERT_EQ(rig.Error(), "");
+    const ProgramResult devices = rig.Suite({"devices", "--json"});
     EXPECT_EQ(devices.status, 0);
     Json::Value list;
     std::istringstream(devices.output) >> list;
     ASSERT_EQ(list.size(), 3u);
-    EXPECT_EQ(list[0]["serial"].asString(), bench.Serial(0));
+    EXPECT_EQ(list[0]["serial"].asString(), rig.Serial(0));
     EXPECT_EQ(list[0]["model"].asString(), "S2");
     EXPECT_EQ(list[0]["api_level"].asInt(), 10);
     EXPECT_EQ(list[1]["brand"].asString(), "摩托罗拉");

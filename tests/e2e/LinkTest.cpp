@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 namespace {
@@ -45,26 +45,26 @@ const Banner kInstalled{2, "安装成功"};
 
 class Link : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(bench_.Error(), ""); }
+    void SetUp() override { ASSERT_EQ(rig_.Error(), ""); }
 
     ProgramResult Run(std::vector<std::string> arguments = {"link", "--json"}) {
-        return bench_.Suite(std::move(arguments), {}, kLinkLimit);
+        return rig_.Suite(std::move(arguments), {}, kLinkLimit);
     }
 
-    Bench bench_{1};
+    PhoneRig rig_{1};
 };
 
 TEST_F(Link, StartsTheAgentAndStands) {
     const ProgramResult link = Run();
     EXPECT_EQ(link.status, 0);
     EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, kUp}));
-    EXPECT_EQ(bench_.Control(0, "deviations"), "ok\n");
+    EXPECT_EQ(rig_.Control(0, "deviations"), "ok\n");
     // The forward stays when the program has ended.
-    EXPECT_EQ(bench_.Suite({"info"}).status, 0);
+    EXPECT_EQ(rig_.Suite({"info"}).status, 0);
 }
 
 TEST_F(Link, InstallsAMissingAgentAndConnectsAgain) {
-    bench_.Control(0, "agent missing");
+    rig_.Control(0, "agent missing");
     const ProgramResult link = Run();
     EXPECT_EQ(link.status, 0);
     EXPECT_EQ(ReadBanners(link.output),
@@ -72,7 +72,7 @@ TEST_F(Link, InstallsAMissingAgentAndConnectsAgain) {
 }
 
 TEST_F(Link, ReplacesAnAgentBelowTwenty) {
-    bench_.Control(0, "agent version 19");
+    rig_.Control(0, "agent version 19");
     const ProgramResult link = Run();
     EXPECT_EQ(link.status, 0);
     EXPECT_EQ(ReadBanners(link.output),
@@ -90,8 +90,8 @@ TEST_F(Link, AnInstallThatFailsIsTriedOnceMoreAndNoOftener) {
         {"INSTALL_FAILED_INVALID_APK", "【错误】安装失败，请到官网重下"},
     };
     for (const Row& row : kRows) {
-        bench_.Control(0, "agent missing");
-        bench_.Control(0, std::string("install ") + row.result);
+        rig_.Control(0, "agent missing");
+        rig_.Control(0, std::string("install ") + row.result);
         const ProgramResult link = Run();
         EXPECT_EQ(link.status, 2) << row.result;
         const Banner failed{1, row.text};
@@ -102,7 +102,7 @@ TEST_F(Link, AnInstallThatFailsIsTriedOnceMoreAndNoOftener) {
 
 TEST_F(Link, AnAgentThatDoesNotAnswerIsAnError) {
     for (const char* fault : {"close", "cut 0", "reset 0"}) {
-        bench_.Control(0, std::string("fault 870003 ") + fault);
+        rig_.Control(0, std::string("fault 870003 ") + fault);
         const ProgramResult link = Run();
         EXPECT_EQ(link.status, 2) << fault;
         EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, kNoAnswer})) << fault;
@@ -110,39 +110,39 @@ TEST_F(Link, AnAgentThatDoesNotAnswerIsAnError) {
 }
 
 TEST_F(Link, AVersionThatComesByteByByteIsRead) {
-    bench_.Control(0, "fault 870003 trickle 1 50");
+    rig_.Control(0, "fault 870003 trickle 1 50");
     const ProgramResult link = Run();
     EXPECT_EQ(link.status, 0);
     EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, kUp}));
 }
 
 TEST_F(Link, NoPhoneIsAnError) {
-    bench_.Control(0, "unplug");
-    ASSERT_TRUE(bench_.WaitForDevices(0));
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(0));
     const ProgramResult link = Run();
     EXPECT_EQ(link.status, 2);
     EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, {1, "【错误】没有找到Android设备"}}));
 }
 
 TEST_F(Link, ThePhonesSerialMayBeGivenWhenItIsAlone) {
-    EXPECT_EQ(Run({"link", "--json", "--serial", bench_.Serial(0)}).status, 0);
+    EXPECT_EQ(Run({"link", "--json", "--serial", rig_.Serial(0)}).status, 0);
 }
 
 class TwoPhones : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_EQ(bench_.Error(), ""); }
+    void SetUp() override { ASSERT_EQ(rig_.Error(), ""); }
 
-    Bench bench_{2};
+    PhoneRig rig_{2};
 };
 
 TEST_F(TwoPhones, DevicesListsBothWithWhatTheyTell) {
-    const ProgramResult devices = bench_.Suite({"devices", "--json"});
+    const ProgramResult devices = rig_.Suite({"devices", "--json"});
     EXPECT_EQ(devices.status, 0);
     Json::Value phones;
     std::istringstream(devices.output) >> phones;
     ASSERT_EQ(phones.size(), 2u);
     for (Json::ArrayIndex i = 0; i < 2; ++i) {
-        EXPECT_EQ(phones[i]["serial"].asString(), bench_.Serial(i));
+        EXPECT_EQ(phones[i]["serial"].asString(), rig_.Serial(i));
         EXPECT_FALSE(phones[i]["model"].asString().empty());
         EXPECT_GT(phones[i]["api_level"].asInt(), 0);
         EXPECT_GE(phones[i]["brand_image"].asInt(), 21000);
@@ -150,7 +150,7 @@ TEST_F(TwoPhones, DevicesListsBothWithWhatTheyTell) {
 }
 
 TEST_F(TwoPhones, WithoutASerialNoneIsChosen) {
-    const ProgramResult link = bench_.Suite({"link", "--json"}, {}, kLinkLimit);
+    const ProgramResult link = rig_.Suite({"link", "--json"}, {}, kLinkLimit);
     EXPECT_EQ(link.status, 2);
     EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, {1, "【错误】没有选择任何设备"}}));
 }
@@ -158,17 +158,17 @@ TEST_F(TwoPhones, WithoutASerialNoneIsChosen) {
 TEST_F(TwoPhones, TheSerialChoosesThePhoneThatAnswersFromThenOn) {
     for (std::size_t i : {0u, 1u}) {
         const ProgramResult link =
-            bench_.Suite({"link", "--json", "--serial", bench_.Serial(i)}, {}, kLinkLimit);
+            rig_.Suite({"link", "--json", "--serial", rig_.Serial(i)}, {}, kLinkLimit);
         EXPECT_EQ(link.status, 0);
         EXPECT_EQ(ReadBanners(link.output), (Banners{kConnecting, kUp}));
-        bench_.Control(i, "log clear");
-        EXPECT_EQ(bench_.Suite({"info"}).status, 0);
-        EXPECT_NE(bench_.Control(i, "log").find("870004"), std::string::npos) << i;
+        rig_.Control(i, "log clear");
+        EXPECT_EQ(rig_.Suite({"info"}).status, 0);
+        EXPECT_NE(rig_.Control(i, "log").find("870004"), std::string::npos) << i;
     }
 }
 
 TEST_F(TwoPhones, ASerialThatIsNotThereIsStatusThree) {
-    const ProgramResult link = bench_.Suite({"link", "--json", "--serial", "nobody"});
+    const ProgramResult link = rig_.Suite({"link", "--json", "--serial", "nobody"});
     EXPECT_EQ(link.status, 3);
     EXPECT_EQ(link.output, "");
     EXPECT_NE(link.messages, "");

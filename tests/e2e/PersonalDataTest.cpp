@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 namespace {
@@ -16,15 +16,15 @@ using testing::Not;
 class PersonalData : public testing::Test {
   protected:
     void SetUp() override {
-        ASSERT_EQ(bench_.Error(), "");
-        ASSERT_EQ(bench_.BringAgentUp(0), "");
+        ASSERT_EQ(rig_.Error(), "");
+        ASSERT_EQ(rig_.BringAgentUp(0), "");
     }
     // Whatever a story did, no frame of it was wrong.
-    void TearDown() override { EXPECT_EQ(bench_.Control(0, "deviations"), "ok\n"); }
+    void TearDown() override { EXPECT_EQ(rig_.Control(0, "deviations"), "ok\n"); }
 
     Json::Value Ask(std::vector<std::string> arguments, const std::string& input = {}) {
         arguments.push_back("--json");
-        const ProgramResult result = bench_.Suite(std::move(arguments), input);
+        const ProgramResult result = rig_.Suite(std::move(arguments), input);
         EXPECT_EQ(result.status, 0) << result.messages;
         Json::Value value;
         if (!result.output.empty()) {
@@ -43,7 +43,7 @@ class PersonalData : public testing::Test {
         return {};
     }
 
-    Bench bench_{1};
+    PhoneRig rig_{1};
 };
 
 TEST_F(PersonalData, AContactIsAddedChangedReadBackAndDeleted) {
@@ -85,16 +85,16 @@ TEST_F(PersonalData, EveryContactIsListedWithItsPhoto) {
 }
 
 TEST_F(PersonalData, HostileContactsAreListedAndShown) {
-    bench_.Control(0, "data hostile 1");
+    rig_.Control(0, "data hostile 1");
     const Json::Value list = Ask({"contacts", "list"});
     EXPECT_EQ(list.size(), 48u + 14u);
     for (const Json::Value& contact : list) {
-        EXPECT_EQ(bench_.Suite({"contacts", "show", contact["id"].asString()}).status, 0);
+        EXPECT_EQ(rig_.Suite({"contacts", "show", contact["id"].asString()}).status, 0);
     }
 }
 
 TEST_F(PersonalData, TenThousandContactsWithPhotosAreListed) {
-    bench_.Control(0, "data contacts 10000 photo-bytes 20000");
+    rig_.Control(0, "data contacts 10000 photo-bytes 20000");
     EXPECT_EQ(Ask({"contacts", "list"}).size(), 10'000u);
 }
 
@@ -114,7 +114,7 @@ TEST_F(PersonalData, AGroupIsAddedRenamedAndDeleted) {
 
 TEST_F(PersonalData, AMessageToTwoAppearsInBothConversations) {
     Ask({"sms", "send", "--to", "13861234567,13900000000", "--text", "七点见"});
-    EXPECT_THAT(bench_.Control(0, "log"), HasSubstr("to 13861234567,13900000000: 七点见"));
+    EXPECT_THAT(rig_.Control(0, "log"), HasSubstr("to 13861234567,13900000000: 七点见"));
     const Json::Value list = Ask({"sms", "list"});
     EXPECT_EQ(Pick(list, "number", "13900000000")["text"].asString(), "七点见");
     const Json::Value messages = Ask({"sms", "show", "12"});

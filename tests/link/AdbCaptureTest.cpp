@@ -27,14 +27,14 @@ bool Within(milliseconds time, Condition condition) {
 
 TEST(RunAdbCapture, BringsOutputAndErrorTogether) {
     const FakeAdb adb("echo out; echo err >&2; echo more");
-    const Capture capture = RunAdbCapture(adb.Path() + " devices");
+    const AdbCapture capture = RunAdbCapture(adb.Path() + " devices");
     EXPECT_EQ(capture.outcome, RunOutcome::started);
     EXPECT_EQ(capture.text, "out\nerr\nmore\n");
 }
 
 TEST(RunAdbCapture, CommandWithoutOutputYieldsAnEmptyText) {
     const FakeAdb adb("exit 0");
-    const Capture capture = RunAdbCapture(adb.Path());
+    const AdbCapture capture = RunAdbCapture(adb.Path());
     EXPECT_EQ(capture.outcome, RunOutcome::started);
     EXPECT_EQ(capture.text, "");
 }

@@ -12,7 +12,7 @@
 namespace quorvi::phone {
 
 inline Outcome Ask(AgentData& data, const Bytes& request) {
-    const CommandRow* row = FindCommand(ReadUInt32(request.data()));
+    const AgentCommandRow* row = FindCommand(ReadUInt32(request.data()));
     return RunCommand(*row, data, request);
 }
 

@@ -9,8 +9,8 @@ namespace quorvi::e2e {
 EagerClock::Agents EagerClock::Look() const {
     constexpr std::string_view kStarts = "starts ";
     Agents agents;
-    for (std::size_t i = 0; i < bench_.Count(); ++i) {
-        const std::string status = bench_.Control(i, "status");
+    for (std::size_t i = 0; i < rig_.Count(); ++i) {
+        const std::string status = rig_.Control(i, "status");
         agents.oneRuns |= status.find("running 1\n") != std::string::npos;
         agents.starts +=
             ToInt(std::string_view(status).substr(status.find(kStarts)).substr(kStarts.size()));

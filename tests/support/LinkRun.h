@@ -1,4 +1,4 @@
-// The link procedure in this process, on a bench, without its long waits.
+// The link procedure in this process, on a rig, without its long waits.
 #pragma once
 
 #include <condition_variable>
@@ -10,7 +10,7 @@
 #include "link/DeviceContext.h"
 #include "link/LinkFace.h"
 #include "link/PhoneLink.h"
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 
@@ -21,11 +21,11 @@ struct Banner {
     bool operator==(const Banner&) const = default;
 };
 
-// Waits until one of the bench's phones runs its agent, or was told to start it, which need not
+// Waits until one of the rig's phones runs its agent, or was told to start it, which need not
 // come to anything; on a busy machine longer than asked for.
 class EagerClock : public Clock {
   public:
-    explicit EagerClock(Bench& bench) : bench_(bench) {}
+    explicit EagerClock(PhoneRig& rig) : rig_(rig) {}
     void SleepFor(std::chrono::milliseconds time) override;
 
   private:
@@ -36,14 +36,14 @@ class EagerClock : public Clock {
     };
     [[nodiscard]] Agents Look() const;
 
-    Bench& bench_;
+    PhoneRig& rig_;
     int starts_ = 0;  // that an earlier wait saw
 };
 
 // One run, from ConnectPhone to the end of all that it started.
 class LinkRun : private LinkFace {
   public:
-    explicit LinkRun(Bench& bench) : clock_(bench) {}
+    explicit LinkRun(PhoneRig& rig) : clock_(rig) {}
 
     // The serial that a chooser's user picks; nothing: closes it.
     void Choose(std::string serial) { choice_ = std::move(serial); }

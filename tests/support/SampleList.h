@@ -20,16 +20,16 @@ struct SampleRecord {
 };
 
 enum SampleColumn {
-    kSamplePicture,
-    kSampleName,
-    kSampleStar,
-    kSampleLink,
-    kSampleRating,
-    kSampleSecondLink,
-    kSampleImageLink,
-    kSampleProgress,
-    kSampleTick,
-    kSampleHidden,
+    samplePicture,
+    sampleName,
+    sampleStar,
+    sampleLink,
+    sampleRating,
+    sampleSecondLink,
+    sampleImageLink,
+    sampleProgress,
+    sampleTick,
+    sampleHidden,
 };
 
 inline constexpr std::array<ListColumn, 10> kSampleColumns{{
@@ -53,21 +53,21 @@ class SampleListCtrl : public RecordListCtrl<SampleRecord> {
   protected:
     [[nodiscard]] Cell CellOf(const SampleRecord& record, int column) const override {
         switch (column) {
-            case kSampleName:
+            case sampleName:
                 return {.text = record.name, .second = record.number};
-            case kSampleStar:
+            case sampleStar:
                 return {.value = record.favourite ? 1 : 0};
-            case kSampleLink:
+            case sampleLink:
                 return {.text = QStringLiteral("工具"),
                         .second = QStringLiteral("详细"),
                         .secondInk = look::Color::statedLink};
-            case kSampleRating:
+            case sampleRating:
                 return {.value = static_cast<int>(record.id % 6)};
-            case kSampleSecondLink:
+            case sampleSecondLink:
                 return {.text = QStringLiteral("详细"), .ink = look::Color::statedLink};
-            case kSampleImageLink:
+            case sampleImageLink:
                 return {.icon = QStringLiteral("open-external")};
-            case kSampleProgress:
+            case sampleProgress:
                 return {.text = QStringLiteral("N/A"),
                         .value = record.favourite ? static_cast<int>(record.id % 101) : -1};
             default:

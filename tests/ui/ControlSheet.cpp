@@ -78,16 +78,16 @@ class Sheet : public QWidget {
             [] { return new CSkinButton(ToQString(u8"删除"), nullptr, ButtonKind::erase); });
         Row(u8"平面图标按钮",
             [] { return new CFlatImageButton(ToQString(u8"向上"), QStringLiteral("up")); });
-        Row(u8"链接", [] { return new CSkinLink(ToQString(u8"使用帮助")); });
+        Row(u8"链接", [] { return new SkinLink(ToQString(u8"使用帮助")); });
         Row(u8"复选框", [] { return new CSkinCheck(ToQString(u8"未选")); });
         Row(u8"", [] {
             auto* made = new CSkinCheck(ToQString(u8"选中"));
             made->SetCheck(1);
             return made;
         });
-        Row(u8"单选按钮", [] { return new CSkinRadio(ToQString(u8"未选")); });
+        Row(u8"单选按钮", [] { return new SkinRadio(ToQString(u8"未选")); });
         Row(u8"", [] {
-            auto* made = new CSkinRadio(ToQString(u8"选中"));
+            auto* made = new SkinRadio(ToQString(u8"选中"));
             made->setChecked(true);
             return made;
         });
@@ -114,8 +114,8 @@ class Sheet : public QWidget {
             return made;
         });
         Row(u8"窗口按钮", [] {
-            return new CWindowButton(QStringLiteral("win-close"), ToQString(u8"关闭"), nullptr,
-                                     ButtonKind::windowClose);
+            return new WindowButton(QStringLiteral("win-close"), ToQString(u8"关闭"), nullptr,
+                                    ButtonKind::windowClose);
         });
         Row(u8"进度条", [] {
             auto* made = new CSkinProgress;
@@ -330,7 +330,7 @@ int Run(const QString& folder) {
     auto* inside = new QHBoxLayout(&box);
     inside->addWidget(new CSkinToggle);
     inside->addWidget(new CSkinToggle);
-    CSkinTextEdit text(ToQString(u8"喜欢地图和老相机，十月生日。"), &panel);
+    SkinTextEdit text(ToQString(u8"喜欢地图和老相机，十月生日。"), &panel);
     text.setGeometry(20, 130, 240, 110);
     panel.show();
     QTest::qWait(20);

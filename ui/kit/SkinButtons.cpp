@@ -108,21 +108,21 @@ void CFlatImageButton::paintEvent(QPaintEvent*) {
     PaintContents(painter, rect(), ink, Metric::iconField, TextFont());
 }
 
-CSkinLink::CSkinLink(const QString& text, QWidget* parent) : Pressable<QPushButton>(parent) {
+SkinLink::SkinLink(const QString& text, QWidget* parent) : Pressable<QPushButton>(parent) {
     setText(text);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFont(look::font(Size::s13));
 }
 
-QSize CSkinLink::sizeHint() const {
+QSize SkinLink::sizeHint() const {
     return {fontMetrics().horizontalAdvance(text()), Metric::cellLine};
 }
 
-QRectF CSkinLink::RingRect() const {
+QRectF SkinLink::RingRect() const {
     return QRectF(rect());
 }
 
-void CSkinLink::paintEvent(QPaintEvent*) {
+void SkinLink::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const look::ButtonInk ink = look::paintButton(painter, rect(), ButtonKind::link, LookState());
     QFont drawn = font();
@@ -133,8 +133,8 @@ void CSkinLink::paintEvent(QPaintEvent*) {
                      fontMetrics().elidedText(text(), Qt::ElideRight, width()));
 }
 
-CWindowButton::CWindowButton(const QString& icon, const QString& name, QWidget* parent,
-                             ButtonKind kind)
+WindowButton::WindowButton(const QString& icon, const QString& name, QWidget* parent,
+                           ButtonKind kind)
     : Pressable<QPushButton>(parent), kind_(kind) {
     SetImage(icon, name);
     setCursor(Qt::ArrowCursor);
@@ -142,18 +142,18 @@ CWindowButton::CWindowButton(const QString& icon, const QString& name, QWidget* 
     setAutoDefault(false);
 }
 
-void CWindowButton::SetImage(const QString& icon, const QString& name) {
+void WindowButton::SetImage(const QString& icon, const QString& name) {
     image_ = icon;
     setToolTip(name);
     setAccessibleName(name);
     update();
 }
 
-QSize CWindowButton::sizeHint() const {
+QSize WindowButton::sizeHint() const {
     return {Metric::windowButtonWidth, Metric::windowButtonHeight};
 }
 
-void CWindowButton::paintEvent(QPaintEvent*) {
+void WindowButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const look::ButtonInk ink = look::paintButton(painter, rect(), kind_, LookState());
     look::drawIcon(painter, rect(), image_, Metric::iconButton, ink.icon);

@@ -62,10 +62,10 @@ class CFlatImageButton : public CSkinButton {
 };
 
 // Text that is clicked like a link.
-class CSkinLink : public Pressable<QPushButton> {
+class SkinLink : public Pressable<QPushButton> {
     Q_OBJECT
   public:
-    explicit CSkinLink(const QString& text, QWidget* parent = nullptr);
+    explicit SkinLink(const QString& text, QWidget* parent = nullptr);
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
     [[nodiscard]] QRectF RingRect() const override;
@@ -76,11 +76,11 @@ class CSkinLink : public Pressable<QPushButton> {
 };
 
 // Minimise, maximise, close: a picture alone, with a tool tip that is its accessible name too.
-class CWindowButton : public Pressable<QPushButton> {
+class WindowButton : public Pressable<QPushButton> {
     Q_OBJECT
   public:
-    CWindowButton(const QString& icon, const QString& name, QWidget* parent = nullptr,
-                  look::ButtonKind kind = look::ButtonKind::window);
+    WindowButton(const QString& icon, const QString& name, QWidget* parent = nullptr,
+                 look::ButtonKind kind = look::ButtonKind::window);
     void SetImage(const QString& icon, const QString& name);
     [[nodiscard]] QSize sizeHint() const override;
     // The ring lies inside: nothing is laid around.

@@ -60,21 +60,21 @@ void CSkinCheck::paintEvent(QPaintEvent*) {
     PaintCaption(painter, *this);
 }
 
-CSkinRadio::CSkinRadio(const QString& text, QWidget* parent) : Pressable<QRadioButton>(parent) {
+SkinRadio::SkinRadio(const QString& text, QWidget* parent) : Pressable<QRadioButton>(parent) {
     setText(text);
     setFont(look::font(Size::s13));
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
 
-QSize CSkinRadio::sizeHint() const {
+QSize SkinRadio::sizeHint() const {
     return MarkSize(*this);
 }
 
-QRectF CSkinRadio::RingRect() const {
+QRectF SkinRadio::RingRect() const {
     return MarkRect(*this);
 }
 
-void CSkinRadio::paintEvent(QPaintEvent*) {
+void SkinRadio::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     look::paintRadio(painter, MarkRect(*this), isChecked(), LookState());
     PaintCaption(painter, *this);

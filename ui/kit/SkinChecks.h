@@ -29,10 +29,10 @@ class CSkinCheck : public Pressable<QCheckBox> {
     void paintEvent(QPaintEvent* event) override;
 };
 
-class CSkinRadio : public Pressable<QRadioButton> {
+class SkinRadio : public Pressable<QRadioButton> {
     Q_OBJECT
   public:
-    explicit CSkinRadio(const QString& text = {}, QWidget* parent = nullptr);
+    explicit SkinRadio(const QString& text = {}, QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

@@ -61,8 +61,8 @@ SkinDialog::SkinDialog(int number, const QString& title, QWidget* parent)
     : QDialog(parent == nullptr ? nullptr : parent->window(),
               Qt::Dialog | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       title_(new QLabel(this)),
-      close_(new CWindowButton(QStringLiteral("win-close"), ToQString(u8"关闭"), this,
-                               ButtonKind::windowClose)),
+      close_(new WindowButton(QStringLiteral("win-close"), ToQString(u8"关闭"), this,
+                              ButtonKind::windowClose)),
       body_(new QWidget(this)) {
     SetDialogNumber(*this, number);
     title_->setFont(look::font(Size::s14, true));

@@ -66,7 +66,7 @@ class SkinDialog : public QDialog {
     QHBoxLayout* Footer();
 
     QLabel* title_;
-    CWindowButton* close_;
+    WindowButton* close_;
     QWidget* body_;
     QWidget* footer_ = nullptr;
     QHBoxLayout* footerLayout_ = nullptr;

@@ -59,7 +59,7 @@ QSize CSkinEdit::sizeHint() const {
     return {QLineEdit::sizeHint().width(), Metric::fieldHeight};
 }
 
-CSkinTextEdit::CSkinTextEdit(const QString& text, QWidget* parent) : QPlainTextEdit(text, parent) {
+SkinTextEdit::SkinTextEdit(const QString& text, QWidget* parent) : QPlainTextEdit(text, parent) {
     setFont(look::font(Size::s13));
     setFrameStyle(QFrame::NoFrame);
     setTabChangesFocus(true);
@@ -71,21 +71,21 @@ CSkinTextEdit::CSkinTextEdit(const QString& text, QWidget* parent) : QPlainTextE
     viewport()->setAutoFillBackground(false);
 }
 
-void CSkinTextEdit::SetText(const QString& text) {
+void SkinTextEdit::SetText(const QString& text) {
     clear();  // or the old text would be laid out by the new one's rule
     setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
                                       : QTextOption::WrapAtWordBoundaryOrAnywhere);
     setPlainText(text);
 }
 
-void CSkinTextEdit::insertFromMimeData(const QMimeData* source) {
+void SkinTextEdit::insertFromMimeData(const QMimeData* source) {
     if (HasLongWord(source->text())) {
         setWordWrapMode(QTextOption::WrapAnywhere);
     }
     QPlainTextEdit::insertFromMimeData(source);
 }
 
-bool CSkinTextEdit::event(QEvent* event) {
+bool SkinTextEdit::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::Paint: {
             // The frame lies on the area around the viewport.
@@ -106,7 +106,7 @@ bool CSkinTextEdit::event(QEvent* event) {
     return QPlainTextEdit::event(event);
 }
 
-void CSkinTextEdit::paintEvent(QPaintEvent* event) {
+void SkinTextEdit::paintEvent(QPaintEvent* event) {
     QPlainTextEdit::paintEvent(event);
 }
 

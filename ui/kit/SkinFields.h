@@ -25,10 +25,10 @@ class CSkinEdit : public QLineEdit {
 };
 
 // Several lines of text in the same frame.
-class CSkinTextEdit : public QPlainTextEdit {
+class SkinTextEdit : public QPlainTextEdit {
     Q_OBJECT
   public:
-    explicit CSkinTextEdit(const QString& text = {}, QWidget* parent = nullptr);
+    explicit SkinTextEdit(const QString& text = {}, QWidget* parent = nullptr);
 
     // Shows a text from elsewhere, whatever is in it: a word of a megabyte, which would take the
     // layout minutes to break between words, is broken anywhere.

@@ -13,7 +13,15 @@ constexpr int kList = 1072;
 constexpr std::size_t kDelete = 1;
 constexpr std::size_t kDeleteAll = 2;
 
-enum Column { kHead, kContact, kType, kDuration, kTime, kTick, kId };
+enum Column {
+    columnHead,
+    columnContact,
+    columnType,
+    columnDuration,
+    columnTime,
+    columnTick,
+    columnId
+};
 
 class CallStory : public PagesOnPhone {
   protected:
@@ -28,22 +36,22 @@ class CallStory : public PagesOnPhone {
 
 TEST_F(CallStory, TickedCallsAreDeletedAndThenAllTheRest) {
     ASSERT_EQ(List().RowCount(), 33);
-    EXPECT_EQ(Text(0, kContact), ToQString(u8"林远舟"));
-    EXPECT_EQ(List().CellAt(0, kContact).second, QStringLiteral("13861234567"));
-    EXPECT_EQ(Text(0, kType), ToQString(u8"已接来电"));
-    EXPECT_EQ(Text(0, kDuration), QStringLiteral("00:03:27\n"));
-    EXPECT_EQ(Text(0, kTime), QStringLiteral("2011-06-18 09:12:44"));
-    EXPECT_EQ(Text(0, kId), QStringLiteral("32 "));
-    EXPECT_EQ(Text(2, kId), QStringLiteral("30 "));
+    EXPECT_EQ(Text(0, columnContact), ToQString(u8"林远舟"));
+    EXPECT_EQ(List().CellAt(0, columnContact).second, QStringLiteral("13861234567"));
+    EXPECT_EQ(Text(0, columnType), ToQString(u8"已接来电"));
+    EXPECT_EQ(Text(0, columnDuration), QStringLiteral("00:03:27\n"));
+    EXPECT_EQ(Text(0, columnTime), QStringLiteral("2011-06-18 09:12:44"));
+    EXPECT_EQ(Text(0, columnId), QStringLiteral("32 "));
+    EXPECT_EQ(Text(2, columnId), QStringLiteral("30 "));
 
-    ClickCell(List(), 2, kTick);
-    ClickCell(List(), 0, kTick);
+    ClickCell(List(), 2, columnTick);
+    ClickCell(List(), 0, columnTick);
     Command(kDelete);
     EXPECT_EQ(ConfirmDelete(), ToQString(u8"您真的要删除选择的【 2 】条通话记录吗？"));
     ASSERT_TRUE(WaitIdle());
     EXPECT_EQ(List().RowCount(), 31);
-    EXPECT_EQ(Text(0, kId), QStringLiteral("31 "));
-    EXPECT_EQ(Text(1, kId), QStringLiteral("29 "));
+    EXPECT_EQ(Text(0, columnId), QStringLiteral("31 "));
+    EXPECT_EQ(Text(1, columnId), QStringLiteral("29 "));
     EXPECT_TRUE(List().TickedRows().empty());
     ASSERT_EQ(Requests(870303).size(), 1u);
     EXPECT_THAT(Requests(870303)[0], HasSubstr(Hex(WireBytes()

@@ -24,7 +24,7 @@ constexpr std::size_t kDelete = 3;
 constexpr int kEditor = 540;
 constexpr int kSave = 1020;
 
-enum Column { kPhoto, kContact, kFavourite, kLastContact, kTick };
+enum Column { columnPhoto, columnContact, columnFavourite, columnLastContact, columnTick };
 
 class ContactStory : public PagesOnPhone {
   protected:
@@ -39,7 +39,7 @@ class ContactStory : public PagesOnPhone {
     // The row that a name stands in, or -1.
     static int RowOf(std::u8string_view name) {
         for (int row = 0; row < List().RowCount(); ++row) {
-            if (List().CellAt(row, kContact).text == ToQString(name)) {
+            if (List().CellAt(row, columnContact).text == ToQString(name)) {
                 return row;
             }
         }
@@ -152,14 +152,14 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
     ASSERT_EQ(List().RowCount(), 49);
     int row = RowOf(u8"新朋友");
     ASSERT_EQ(row, 48);
-    EXPECT_EQ(List().CellAt(row, kContact).second, QStringLiteral("13861234500"));
-    EXPECT_EQ(List().CellAt(row, kFavourite).value, 1);
-    EXPECT_EQ(List().CellAt(row, kLastContact).text, QStringLiteral("N/A"));
-    EXPECT_EQ(List().CellAt(row, kLastContact).second,
+    EXPECT_EQ(List().CellAt(row, columnContact).second, QStringLiteral("13861234500"));
+    EXPECT_EQ(List().CellAt(row, columnFavourite).value, 1);
+    EXPECT_EQ(List().CellAt(row, columnLastContact).text, QStringLiteral("N/A"));
+    EXPECT_EQ(List().CellAt(row, columnLastContact).second,
               ToQString(NumberAttribution("13861234500", CPhoneDb())));
 
     // ---- and, selected, in the detail view
-    ClickCell(List(), row, kContact);
+    ClickCell(List(), row, columnContact);
     ASSERT_TRUE(WaitIdle());
     EXPECT_EQ(
         DetailLines(),
@@ -172,7 +172,7 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
                      ToQString(u8"自定组织：Survey Institute"), ToQString(u8"同城")}));
 
     // ---- changed
-    DoubleClickCell(List(), row, kContact);
+    DoubleClickCell(List(), row, columnContact);
     ASSERT_TRUE(WaitForDialog(kEditor));
     EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"修改联系人 - Quorvi"));
     EXPECT_EQ(TextIn(1149), ToQString(u8"新朋友"));
@@ -212,10 +212,10 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
 
     row = RowOf(u8"老朋友");
     ASSERT_EQ(row, 48);
-    EXPECT_EQ(List().CellAt(row, kContact).second, QStringLiteral("10086"));
-    EXPECT_EQ(List().CellAt(row, kFavourite).value, 0);
-    EXPECT_EQ(List().CellAt(row, kLastContact).second, ToQString(u8"中国移动"));
-    ClickCell(List(), row, kContact);
+    EXPECT_EQ(List().CellAt(row, columnContact).second, QStringLiteral("10086"));
+    EXPECT_EQ(List().CellAt(row, columnFavourite).value, 0);
+    EXPECT_EQ(List().CellAt(row, columnLastContact).second, ToQString(u8"中国移动"));
+    ClickCell(List(), row, columnContact);
     ASSERT_TRUE(WaitIdle());
     EXPECT_EQ(
         DetailLines(),
@@ -229,7 +229,7 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
 
     // ---- deleted
     const std::uint32_t id = Window().Selection().Id(PageSelection::kContact).value_or(0);
-    ClickCell(List(), row, kTick);
+    ClickCell(List(), row, columnTick);
     Command(kDelete);
     EXPECT_EQ(ConfirmDelete(), ToQString(u8"您真的要删除选择的【 1 】条联系人吗？"));
     ASSERT_TRUE(WaitIdle());
@@ -316,7 +316,7 @@ TEST_F(GroupStory, AGroupIsAddedRenamedAndDeleted) {
                                                        .U32(9))));
     // The contacts know of it at the next look, not before: a change of groups fetches no list.
     EXPECT_TRUE(Requests(870101).empty());
-    ClickCell(List(), 0, kContact);
+    ClickCell(List(), 0, columnContact);
     ASSERT_TRUE(WaitIdle());
     EXPECT_EQ(DetailLines().filter(ToQString(u8"所属分组：")),
               QStringList{ToQString(u8"所属分组：朋友")});

@@ -35,7 +35,7 @@ TEST_F(PageVisits, APhoneThatIsGoneLeavesTheOldListsStanding) {
     OpenFresh(kContacts);
     OpenFresh(kCalls);
     Tell("unplug");
-    ASSERT_TRUE(Desk().Bench().WaitForDevices(0));
+    ASSERT_TRUE(Desk().Rig().WaitForDevices(0));
     OpenPage(kContacts);
     OpenPage(kCalls);
     EXPECT_EQ(Calls(), 33);

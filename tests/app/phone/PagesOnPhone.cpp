@@ -91,8 +91,8 @@ void PagesOnPhone::Restore() {
     Tell("faults clear");
     Tell("release");
     Tell("plug");
-    ASSERT_TRUE(desk_->Bench().WaitForDevices(1));
-    ASSERT_EQ(desk_->Bench().BringAgentUp(0), "");
+    ASSERT_TRUE(desk_->Rig().WaitForDevices(1));
+    ASSERT_EQ(desk_->Rig().BringAgentUp(0), "");
 }
 
 void PagesOnPhone::OpenPage(int page) {

@@ -41,7 +41,7 @@ class PagesOnPhone : public testing::Test {
     static CMainDlg& Window() { return desk_->Window(); }
 
     // A line for the phone's control; its answer.
-    static std::string Tell(std::string_view line) { return desk_->Bench().Control(0, line); }
+    static std::string Tell(std::string_view line) { return desk_->Rig().Control(0, line); }
     // The requests of one command that the phone took, as its log has them, in their order.
     [[nodiscard]] static std::vector<std::string> Requests(int code);
     // Ends every fault, plugs the phone in, and forwards the port to its running agent.

@@ -19,7 +19,7 @@ LinkEnvironment WithTheTestsAgent() {
 
 }  // namespace
 
-PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : bench_(phones) {
+PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : rig_(phones) {
     if (!Error().empty()) {
         return;
     }

@@ -13,9 +13,9 @@
 
 #include "app/window/WindowLinkFace.h"
 #include "link/PhoneLink.h"
-#include "tests/support/Bench.h"
 #include "tests/support/LinkRun.h"
 #include "tests/support/MainDoubles.h"
+#include "tests/support/PhoneRig.h"
 
 namespace quorvi {
 
@@ -26,8 +26,8 @@ class PhoneDesk : private MainDoubles {
     ~PhoneDesk();
 
     // Why the desk does not stand; empty when it does.
-    [[nodiscard]] const std::string& Error() const { return bench_.Error(); }
-    [[nodiscard]] e2e::Bench& Bench() { return bench_; }
+    [[nodiscard]] const std::string& Error() const { return rig_.Error(); }
+    [[nodiscard]] e2e::PhoneRig& Rig() { return rig_; }
     [[nodiscard]] CMainDlg& Window() { return *window_; }
     [[nodiscard]] const DeviceContext& Device() const { return device_; }
     [[nodiscard]] const std::vector<Sound>& Played() const { return sounds_.played; }
@@ -46,8 +46,8 @@ class PhoneDesk : private MainDoubles {
         void LinkEnded() override { ended = true; }
     };
 
-    e2e::Bench bench_;
-    e2e::EagerClock clock_{bench_};
+    e2e::PhoneRig rig_;
+    e2e::EagerClock clock_{rig_};
     std::unique_ptr<NotedFace> face_;
     std::unique_ptr<PhoneLink> link_;
 };

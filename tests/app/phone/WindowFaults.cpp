@@ -33,9 +33,9 @@ void WindowFaults::TearDown() {
 }
 
 void WindowFaults::Impose(const FaultMode& mode, AgentCommand code) {
-    const auto& desk = Desk().Bench();
+    const auto& desk = Desk().Rig();
     const std::string forward =
-        fmt::format("host-serial:{}:killforward:tcp:{}", Desk().Bench().Serial(0), AgentPort);
+        fmt::format("host-serial:{}:killforward:tcp:{}", Desk().Rig().Serial(0), AgentPort);
     switch (mode.means) {
         case Means::fault:
             ASSERT_EQ(Tell(fmt::format("fault {} {}", static_cast<int>(code), mode.words)), "ok\n");
@@ -89,7 +89,7 @@ void WindowFaults::Lift() {
 }
 
 void WindowFaults::ExpectNoLink(const std::function<void()>& refresh) {
-    ASSERT_TRUE(Desk().Bench().WaitForDevices(0));
+    ASSERT_TRUE(Desk().Rig().WaitForDevices(0));
     Window().SetStatus(Ready());
     refresh();
     ASSERT_TRUE(WaitIdle());

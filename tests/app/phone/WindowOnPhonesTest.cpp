@@ -42,7 +42,7 @@ TEST_F(WindowOnPhones, TheBannerTurnsGreenByItselfAndTheDashboardIsRefreshed) {
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"连接成功:)"));
     EXPECT_EQ(desk_->Window().Banner(), BannerState::success);
-    EXPECT_EQ(desk_->Device().Serial(), desk_->Bench().Serial(0));
+    EXPECT_EQ(desk_->Device().Serial(), desk_->Rig().Serial(0));
     EXPECT_TRUE(WaitForDashboardLoads(1));
     EXPECT_EQ(desk_->Played(), std::vector{Sound::linkUp});
 }
@@ -69,7 +69,7 @@ TEST_F(WindowOnPhones, OfSeveralPhonesTheUserChoosesOne) {
     FindControl<QAbstractButton>(Manager(), kConnect)->click();
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"连接成功:)"));
-    EXPECT_EQ(desk_->Device().Serial(), desk_->Bench().Serial(1));
+    EXPECT_EQ(desk_->Device().Serial(), desk_->Rig().Serial(1));
 }
 
 TEST_F(WindowOnPhones, ClosingTheChoiceChoosesNone) {

@@ -61,7 +61,7 @@ TEST_F(Navigator, EachPageIsTheOneThatIsSeen) {
         EXPECT_EQ(VisiblePages(), std::vector{row.dialog});
         EXPECT_EQ(Tabs().currentIndex(), TabOf(row));
         EXPECT_EQ(Items().currentRow(), ItemOf(row));
-        EXPECT_EQ(Items().currentItem()->text(), ToQString(ItemEntry(row).caption));
+        EXPECT_EQ(Items().currentItem()->text(), ToQString(ItemCaption(row).caption));
     }
 }
 

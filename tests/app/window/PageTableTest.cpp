@@ -62,7 +62,7 @@ TEST(PageTable, AnnouncedPagesHaveNeitherButtonsNorKey) {
         if (row.role == PageRole::announced) {
             ++announced;
             EXPECT_EQ(row.loadKey, PageRow::kNoKey);
-            for (const Command& command : row.commands) {
+            for (const CommandButton& command : row.commands) {
                 EXPECT_TRUE(command.caption.empty());
             }
         }

@@ -21,7 +21,7 @@ namespace {
 class CalendarPageTest : public QtTest {
   protected:
     void SetUp() override {
-        page_ = std::make_unique<CCalendarPage>(host_, nullptr, [this] { return today_; });
+        page_ = std::make_unique<CalendarPage>(host_, nullptr, [this] { return today_; });
         page_->resize(look::Metric::pageWidth, look::Metric::contentHeight);
         page_->show();
         page_->activateWindow();
@@ -81,7 +81,7 @@ class CalendarPageTest : public QtTest {
 
     CalendarDate today_{2011, 6, 18};
     FakeHost host_;
-    std::unique_ptr<CCalendarPage> page_;
+    std::unique_ptr<CalendarPage> page_;
 };
 
 TEST_F(CalendarPageTest, IsDialog404AndShowsToday) {

@@ -13,7 +13,7 @@
 namespace quorvi {
 namespace {
 
-class NumberQueryDlg : public QtTest {
+class NumberQueryDlgTest : public QtTest {
   protected:
     void SetUp() override {
         dialog_.show();
@@ -32,21 +32,21 @@ class NumberQueryDlg : public QtTest {
     const ScratchDirectory scratch_;
     QStringList opened_;
     int made_ = 0;
-    CNumberQueryDlg dialog_{[this] {
-                                ++made_;
-                                return CPhoneDb(scratch_.Path(), DatabaseOf({{1391234, 145}}));
-                            },
-                            [this](const QString& address) { opened_.append(address); }};
+    NumberQueryDlg dialog_{[this] {
+                               ++made_;
+                               return CPhoneDb(scratch_.Path(), DatabaseOf({{1391234, 145}}));
+                           },
+                           [this](const QString& address) { opened_.append(address); }};
 };
 
-TEST_F(NumberQueryDlg, IsDialog433AndHasAskedNothing) {
+TEST_F(NumberQueryDlgTest, IsDialog433AndHasAskedNothing) {
     EXPECT_EQ(dialog_.objectName(), QStringLiteral("dialog 433"));
     EXPECT_EQ(made_, 0);
     EXPECT_EQ(Find<QAbstractButton>(1124).text(), ToQString(u8"立即查询"));
     EXPECT_TRUE(Find(1138).text().isEmpty());
 }
 
-TEST_F(NumberQueryDlg, TextIsCutAtElevenCharactersOnEveryChange) {
+TEST_F(NumberQueryDlgTest, TextIsCutAtElevenCharactersOnEveryChange) {
     Type("1391234567890");
     EXPECT_EQ(Find<QLineEdit>(1123).text(), QStringLiteral("13912345678"));
     Find<QLineEdit>(1123).setCursorPosition(0);
@@ -55,7 +55,7 @@ TEST_F(NumberQueryDlg, TextIsCutAtElevenCharactersOnEveryChange) {
     EXPECT_EQ(Find<QLineEdit>(1123).cursorPosition(), 1);
 }
 
-TEST_F(NumberQueryDlg, OfThirteenDigitsTheFirstSevenAreAskedFor) {
+TEST_F(NumberQueryDlgTest, OfThirteenDigitsTheFirstSevenAreAskedFor) {
     Type("1391234567890");
     Query();
     EXPECT_EQ(Find(1138).text(), ToQString(u8"1391234 属于城市:"));
@@ -64,7 +64,7 @@ TEST_F(NumberQueryDlg, OfThirteenDigitsTheFirstSevenAreAskedFor) {
     EXPECT_EQ(Find(1129).text(), QStringLiteral("213000"));
 }
 
-TEST_F(NumberQueryDlg, APrefixWithoutARecordShowsTheTextsOfNone) {
+TEST_F(NumberQueryDlgTest, APrefixWithoutARecordShowsTheTextsOfNone) {
     Type("1861234");
     Query();
     EXPECT_EQ(Find<QAbstractButton>(1127).text(), ToQString(u8"没有记录"));
@@ -72,13 +72,13 @@ TEST_F(NumberQueryDlg, APrefixWithoutARecordShowsTheTextsOfNone) {
     EXPECT_EQ(Find(1129).text(), ToQString(u8"没有找到"));
 }
 
-TEST_F(NumberQueryDlg, EachQueryMakesADatabaseOfItsOwn) {
+TEST_F(NumberQueryDlgTest, EachQueryMakesADatabaseOfItsOwn) {
     Query();
     Query();
     EXPECT_EQ(made_, 2);
 }
 
-TEST_F(NumberQueryDlg, AClickOnThePlaceSearchesTheWebForIt) {
+TEST_F(NumberQueryDlgTest, AClickOnThePlaceSearchesTheWebForIt) {
     Type("1391234");
     Query();
     auto& place = Find<QWidget>(1127);
@@ -90,7 +90,7 @@ TEST_F(NumberQueryDlg, AClickOnThePlaceSearchesTheWebForIt) {
     EXPECT_EQ(address.query(QUrl::FullyDecoded), ToQString(u8"q=江苏常州"));
 }
 
-TEST_F(NumberQueryDlg, WithoutAnAnswerThereIsNothingToSearch) {
+TEST_F(NumberQueryDlgTest, WithoutAnAnswerThereIsNothingToSearch) {
     Find<QAbstractButton>(1127).click();
     EXPECT_TRUE(opened_.isEmpty());
 }

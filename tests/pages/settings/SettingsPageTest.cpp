@@ -13,11 +13,11 @@
 namespace quorvi {
 namespace {
 
-class SettingsPage : public WidgetTest {
+class SettingsPageTest : public WidgetTest {
   protected:
     // The page, shown, after it has read what is written.
     void Open() {
-        page_ = std::make_unique<CSettingsPage>(host_, desktop_);
+        page_ = std::make_unique<SettingsPage>(host_, desktop_);
         page_->resize(760, 462);
         page_->show();
         Rest();
@@ -36,10 +36,10 @@ class SettingsPage : public WidgetTest {
 
     std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
     FakeHost host_;
-    std::unique_ptr<CSettingsPage> page_;
+    std::unique_ptr<SettingsPage> page_;
 };
 
-TEST_F(SettingsPage, ControlsHaveTheirCaptionsAndFourAreNeverShown) {
+TEST_F(SettingsPageTest, ControlsHaveTheirCaptionsAndFourAreNeverShown) {
     Open();
     EXPECT_EQ(page_->objectName(), QStringLiteral("dialog 202"));
     const std::tuple<int, std::u8string_view, bool> buttons[] = {
@@ -58,7 +58,7 @@ TEST_F(SettingsPage, ControlsHaveTheirCaptionsAndFourAreNeverShown) {
     EXPECT_EQ(Control<CSkinCheck>(1017).GetCheck(), 1);
 }
 
-TEST_F(SettingsPage, BoxShowsWhetherTheDesktopStartsTheProgram) {
+TEST_F(SettingsPageTest, BoxShowsWhetherTheDesktopStartsTheProgram) {
     Open();
     EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 0);
     desktop_->autoRuns = true;
@@ -66,7 +66,7 @@ TEST_F(SettingsPage, BoxShowsWhetherTheDesktopStartsTheProgram) {
     EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 1);
 }
 
-TEST_F(SettingsPage, BoxWritesAndDeletesTheCommand) {
+TEST_F(SettingsPageTest, BoxWritesAndDeletesTheCommand) {
     Open();
     Click(1016);
     EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 1);
@@ -75,7 +75,7 @@ TEST_F(SettingsPage, BoxWritesAndDeletesTheCommand) {
     EXPECT_EQ(desktop_->Asked(), (std::vector<std::string>{"auto run", "no auto run"}));
 }
 
-TEST_F(SettingsPage, CommandThatCannotBeWrittenLeavesTheBoxUnchecked) {
+TEST_F(SettingsPageTest, CommandThatCannotBeWrittenLeavesTheBoxUnchecked) {
     desktop_->writable = false;
     Open();
     Click(1016);
@@ -83,7 +83,7 @@ TEST_F(SettingsPage, CommandThatCannotBeWrittenLeavesTheBoxUnchecked) {
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
-TEST_F(SettingsPage, RepairGoesThroughItsStepsInOrder) {
+TEST_F(SettingsPageTest, RepairGoesThroughItsStepsInOrder) {
     Open();
     QSignalSpy progress(&Control<CSkinProgress>(1356), &QProgressBar::valueChanged);
     Click(1355);
@@ -97,7 +97,7 @@ TEST_F(SettingsPage, RepairGoesThroughItsStepsInOrder) {
               ToQString(u8"修复完成,仍然存在问题请尝试重装 Quorvi"));
 }
 
-TEST_F(SettingsPage, ControlsRestWhileWorkGoesOnAndTheFocusComesBack) {
+TEST_F(SettingsPageTest, ControlsRestWhileWorkGoesOnAndTheFocusComesBack) {
     Open();
     page_->activateWindow();
     Control<CSkinButton>(1355).setFocus();
@@ -108,23 +108,23 @@ TEST_F(SettingsPage, ControlsRestWhileWorkGoesOnAndTheFocusComesBack) {
     EXPECT_EQ(page_->focusWidget(), &Control<CSkinButton>(1355));
 }
 
-TEST_F(SettingsPage, HiddenChoiceOfTheEndIsReadAndWritten) {
+TEST_F(SettingsPageTest, HiddenChoiceOfTheEndIsReadAndWritten) {
     host_.settings.WriteNumber(kSettingsKey, "exit_mode", 3);
     Open();
-    EXPECT_TRUE(Control<CSkinRadio>(1019).isChecked());
+    EXPECT_TRUE(Control<SkinRadio>(1019).isChecked());
     Click(1018);
     EXPECT_EQ(host_.settings.ReadNumber(kSettingsKey, "exit_mode"), 0U);
-    EXPECT_TRUE(Control<CSkinRadio>(1018).isChecked());
-    EXPECT_FALSE(Control<CSkinRadio>(1019).isChecked());
+    EXPECT_TRUE(Control<SkinRadio>(1018).isChecked());
+    EXPECT_FALSE(Control<SkinRadio>(1019).isChecked());
     Click(1019);
     EXPECT_EQ(host_.settings.ReadNumber(kSettingsKey, "exit_mode"), 3U);
-    EXPECT_FALSE(Control<CSkinRadio>(1018).isChecked());
+    EXPECT_FALSE(Control<SkinRadio>(1018).isChecked());
 }
 
-TEST_F(SettingsPage, AnyOtherStoredChoiceCountsAsHiding) {
+TEST_F(SettingsPageTest, AnyOtherStoredChoiceCountsAsHiding) {
     host_.settings.WriteNumber(kSettingsKey, "exit_mode", 7);
     Open();
-    EXPECT_TRUE(Control<CSkinRadio>(1018).isChecked());
+    EXPECT_TRUE(Control<SkinRadio>(1018).isChecked());
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST_F(AccessibleTest, EachControlHasTheRoleOfItsStockBase) {
     CSkinButton button(QStringLiteral("刷新"));
     CSkinToggle toggle;
     CSkinCheck check(QStringLiteral("隐藏系统应用"));
-    CSkinRadio radio(QStringLiteral("一"));
+    SkinRadio radio(QStringLiteral("一"));
     CSkinEdit edit;
     CSkinCombo combo;
     CSkinProgress progress;
@@ -53,7 +53,7 @@ TEST_F(AccessibleTest, EachControlHasTheRoleOfItsStockBase) {
 TEST_F(AccessibleTest, NamesAreReadOut) {
     CSkinButton button(QStringLiteral("刷新"));
     CSkinStateLabel label(QStringLiteral("就绪"));
-    CWindowButton close(QStringLiteral("win-close"), QStringLiteral("关闭"));
+    WindowButton close(QStringLiteral("win-close"), QStringLiteral("关闭"));
     CSkinToggle toggle;
     SetControlNumber(&toggle, 1250, QStringLiteral("蓝牙"));
     EXPECT_EQ(NameOf(&button), QStringLiteral("刷新"));
@@ -81,12 +81,12 @@ TEST_F(AccessibleTest, AListIsATableOfCellsInWords) {
     QAccessibleTableInterface* table = Of(&list)->tableInterface();
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->rowCount(), 3);
-    EXPECT_EQ(table->columnDescription(kSampleName), QStringLiteral("联系人"));
-    QAccessibleInterface* name = table->cellAt(1, kSampleName);
+    EXPECT_EQ(table->columnDescription(sampleName), QStringLiteral("联系人"));
+    QAccessibleInterface* name = table->cellAt(1, sampleName);
     EXPECT_EQ(name->role(), QAccessible::Cell);
     EXPECT_EQ(name->text(QAccessible::Name), QStringLiteral("联系人 1\n13800000001"));
-    EXPECT_TRUE(table->cellAt(1, kSampleTick)->state().checked);
-    EXPECT_FALSE(table->cellAt(0, kSampleTick)->state().checked);
+    EXPECT_TRUE(table->cellAt(1, sampleTick)->state().checked);
+    EXPECT_FALSE(table->cellAt(0, sampleTick)->state().checked);
 }
 
 TEST_F(AccessibleTest, ADialogIsADialogWithItsTitle) {

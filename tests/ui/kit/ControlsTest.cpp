@@ -120,7 +120,7 @@ TEST_F(ControlsTest, AToggleSaysItsStateInWords) {
 
 TEST_F(ControlsTest, TheCursorOverAButtonIsTheHand) {
     EXPECT_EQ(CSkinButton(QString()).cursor().shape(), Qt::PointingHandCursor);
-    EXPECT_EQ(CSkinLink(QString()).cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(SkinLink(QString()).cursor().shape(), Qt::PointingHandCursor);
     EXPECT_EQ(CSkinToggle().cursor().shape(), Qt::PointingHandCursor);
 }
 

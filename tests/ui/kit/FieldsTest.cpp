@@ -31,13 +31,13 @@ TEST_F(FieldsTest, ALineHoldsAMegabyte) {
 }
 
 TEST_F(FieldsTest, AnAreaBreaksLinesBetweenWords) {
-    CSkinTextEdit area;
+    SkinTextEdit area;
     area.SetText(QStringLiteral("word ").repeated(kMegabyte / 5));
     EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 TEST_F(FieldsTest, AnAreaBreaksAWordOfAMegabyteAnywhere) {
-    CSkinTextEdit area;
+    SkinTextEdit area;
     area.show();
     area.SetText(QStringLiteral("a ") + QString(kMegabyte, QLatin1Char('x')));
     EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
@@ -47,7 +47,7 @@ TEST_F(FieldsTest, AnAreaBreaksAWordOfAMegabyteAnywhere) {
 }
 
 TEST_F(FieldsTest, AnAreaBreaksAPastedWordOfAMegabyteAnywhere) {
-    CSkinTextEdit area;
+    SkinTextEdit area;
     area.show();
     QGuiApplication::clipboard()->setText(QString(kMegabyte, QLatin1Char('x')));
     area.paste();

@@ -51,7 +51,7 @@ TEST_F(ListTest, RowIIsElementI) {
     EXPECT_EQ(list_->RowCount(), 20);
     EXPECT_EQ(
         list_->At(7).name,
-        list_->model()->index(7, kSampleName).data().toString().section(QLatin1Char('\n'), 0, 0));
+        list_->model()->index(7, sampleName).data().toString().section(QLatin1Char('\n'), 0, 0));
 }
 
 TEST_F(ListTest, PageListsHaveRowsOfSixtyAndCompactOnesOfThirty) {
@@ -69,9 +69,9 @@ TEST_F(ListTest, TheHeaderIsThirtyHigh) {
 }
 
 TEST_F(ListTest, ColumnsKeepTheirWidthsAndTheLastTakesWhatRemains) {
-    EXPECT_EQ(list_->columnWidth(kSamplePicture), 60);
-    EXPECT_EQ(list_->columnWidth(kSampleName), 180);
-    EXPECT_TRUE(list_->isColumnHidden(kSampleHidden));
+    EXPECT_EQ(list_->columnWidth(samplePicture), 60);
+    EXPECT_EQ(list_->columnWidth(sampleName), 180);
+    EXPECT_TRUE(list_->isColumnHidden(sampleHidden));
     int all = 0;
     for (int i = 0; i < list_->ColumnCount(); ++i) {
         all += list_->columnWidth(i);
@@ -82,11 +82,11 @@ TEST_F(ListTest, ColumnsKeepTheirWidthsAndTheLastTakesWhatRemains) {
 TEST_F(ListTest, AClickOutsideTheLinkChangesOnlyTheSelection) {
     Fill(5);
     QSignalSpy clicked(list_, &CSkinListCtrl::rowClicked);
-    Click(2, kSampleName);
+    Click(2, sampleName);
     EXPECT_EQ(list_->CurrentRow(), 2);
     // In the link's cell, but on its first line.
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, {},
-                      list_->CellRect(3, kSampleLink).topLeft() + QPoint(40, 20));
+                      list_->CellRect(3, sampleLink).topLeft() + QPoint(40, 20));
     EXPECT_EQ(list_->CurrentRow(), 3);
     EXPECT_TRUE(observer_.heard.empty());
     EXPECT_TRUE(list_->TickedRows().empty());
@@ -96,9 +96,9 @@ TEST_F(ListTest, AClickOutsideTheLinkChangesOnlyTheSelection) {
 TEST_F(ListTest, AClickOnALinkTellsTheObserverItsKindAndRow) {
     Fill(5);
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, {},
-                      list_->LinkRect(1, kSampleLink).center());
+                      list_->LinkRect(1, sampleLink).center());
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, {},
-                      list_->LinkRect(4, kSampleSecondLink).center());
+                      list_->LinkRect(4, sampleSecondLink).center());
     ASSERT_EQ(observer_.heard.size(), 2U);
     EXPECT_EQ(observer_.heard[0], std::pair(0, 1));
     EXPECT_EQ(observer_.heard[1], std::pair(1, 4));
@@ -107,8 +107,8 @@ TEST_F(ListTest, AClickOnALinkTellsTheObserverItsKindAndRow) {
 
 TEST_F(ListTest, ATextLinkIsHitSixPixelsFromItsColumnsEdges) {
     Fill(1);
-    const QRect cell = list_->CellRect(0, kSampleSecondLink);
-    const QRect link = list_->LinkRect(0, kSampleSecondLink);
+    const QRect cell = list_->CellRect(0, sampleSecondLink);
+    const QRect link = list_->LinkRect(0, sampleSecondLink);
     EXPECT_EQ(link.left() - cell.left(), 6);
     EXPECT_EQ(cell.right() - link.right(), 6);
     EXPECT_LT(link.height(), cell.height());
@@ -116,15 +116,15 @@ TEST_F(ListTest, ATextLinkIsHitSixPixelsFromItsColumnsEdges) {
 
 TEST_F(ListTest, AnImageLinkIsHitFourteenAndTwentyPixelsInside) {
     Fill(1);
-    const QRect cell = list_->CellRect(0, kSampleImageLink);
-    EXPECT_EQ(list_->LinkRect(0, kSampleImageLink), cell.adjusted(14, 20, -14, -20));
+    const QRect cell = list_->CellRect(0, sampleImageLink);
+    EXPECT_EQ(list_->LinkRect(0, sampleImageLink), cell.adjusted(14, 20, -14, -20));
 }
 
 TEST_F(ListTest, TheCursorIsTheHandOverALinkAndTheArrowElsewhere) {
     Fill(5);
-    QTest::mouseMove(list_->viewport(), list_->LinkRect(1, kSampleLink).center());
+    QTest::mouseMove(list_->viewport(), list_->LinkRect(1, sampleLink).center());
     EXPECT_EQ(list_->viewport()->cursor().shape(), Qt::PointingHandCursor);
-    QTest::mouseMove(list_->viewport(), list_->CellRect(1, kSampleName).center());
+    QTest::mouseMove(list_->viewport(), list_->CellRect(1, sampleName).center());
     EXPECT_EQ(list_->viewport()->cursor().shape(), Qt::ArrowCursor);
 }
 
@@ -132,18 +132,18 @@ TEST_F(ListTest, ALinkWithoutAnObserverDoesNothing) {
     Fill(2);
     list_->SetObserver(nullptr);
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, {},
-                      list_->LinkRect(1, kSampleLink).center());
+                      list_->LinkRect(1, sampleLink).center());
     EXPECT_EQ(list_->CurrentRow(), 1);
 }
 
 TEST_F(ListTest, AClickInTheTickColumnFlipsTheTick) {
     Fill(5);
     QSignalSpy flipped(list_, &CSkinListCtrl::tickFlipped);
-    Click(1, kSampleTick);
+    Click(1, sampleTick);
     EXPECT_EQ(list_->TickedRows(), std::vector<int>{1});
-    Click(3, kSampleTick);
+    Click(3, sampleTick);
     EXPECT_EQ(list_->TickedRows(), (std::vector<int>{1, 3}));
-    Click(1, kSampleTick);
+    Click(1, sampleTick);
     EXPECT_EQ(list_->TickedRows(), std::vector<int>{3});
     EXPECT_EQ(flipped.count(), 3);
 }
@@ -151,7 +151,7 @@ TEST_F(ListTest, AClickInTheTickColumnFlipsTheTick) {
 TEST_F(ListTest, TwoQuickClicksFlipTheTickTwice) {
     Fill(5);
     QSignalSpy opened(list_, &CSkinListCtrl::rowOpened);
-    const QPoint at = list_->CellRect(1, kSampleTick).center();
+    const QPoint at = list_->CellRect(1, sampleTick).center();
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, at);
     EXPECT_TRUE(list_->TickedRows().empty());
@@ -160,7 +160,7 @@ TEST_F(ListTest, TwoQuickClicksFlipTheTickTwice) {
 
 TEST_F(ListTest, NewRecordsComeUntickedAndUnselected) {
     Fill(5);
-    Click(1, kSampleTick);
+    Click(1, sampleTick);
     Fill(5);
     EXPECT_TRUE(list_->TickedRows().empty());
     EXPECT_EQ(list_->CurrentRow(), -1);
@@ -269,7 +269,7 @@ TEST_F(ListTest, EnterAndADoubleClickOpenTheRow) {
     list_->SelectRow(2);
     Key(Qt::Key_Enter);
     QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {},
-                       list_->CellRect(1, kSampleName).center());
+                       list_->CellRect(1, sampleName).center());
     ASSERT_EQ(opened.count(), 2);
     EXPECT_EQ(opened[0][0].toInt(), 2);
     EXPECT_EQ(opened[1][0].toInt(), 1);
@@ -278,7 +278,7 @@ TEST_F(ListTest, EnterAndADoubleClickOpenTheRow) {
 TEST_F(ListTest, TheMenuIsAskedForByRightClickAndByKey) {
     Fill(3);
     QSignalSpy asked(list_, &CSkinListCtrl::menuAsked);
-    const QPoint at = list_->CellRect(1, kSampleName).center();
+    const QPoint at = list_->CellRect(1, sampleName).center();
     QContextMenuEvent mouse(QContextMenuEvent::Mouse, at, list_->viewport()->mapToGlobal(at));
     QApplication::sendEvent(list_->viewport(), &mouse);
     list_->SelectRow(2);
@@ -293,7 +293,7 @@ TEST_F(ListTest, TheMenuIsAskedForByRightClickAndByKey) {
 
 TEST_F(ListTest, ARightClickSelectsTheRow) {
     Fill(3);
-    Click(1, kSampleName, Qt::RightButton);
+    Click(1, sampleName, Qt::RightButton);
     EXPECT_EQ(list_->CurrentRow(), 1);
     EXPECT_TRUE(observer_.heard.empty());
 }
@@ -306,7 +306,7 @@ TEST_F(ListTest, TheFocusedRowHasTheRingAfterAKey) {
     const QImage shot = Shot();
     const QRect row = list_->CellRect(1, 0);
     EXPECT_EQ(shot.pixelColor(300, row.top() + 1), look::color(look::Color::plum6));
-    Click(2, kSampleName);
+    Click(2, sampleName);
     EXPECT_NE(Shot().pixelColor(300, list_->CellRect(2, 0).top() + 1),
               look::color(look::Color::plum6));
 }
@@ -317,7 +317,7 @@ TEST_F(ListTest, RowsHaveTheirGround) {
     using look::Color;
     Fill(5);
     list_->SelectRow(3);
-    QTest::mouseMove(list_->viewport(), list_->CellRect(2, kSampleName).center());
+    QTest::mouseMove(list_->viewport(), list_->CellRect(2, sampleName).center());
     const QImage shot = Shot();
     const int x = 230;
     const auto middle = [&](int row) { return list_->CellRect(row, 0).top() + 4; };
@@ -418,7 +418,7 @@ TEST_F(ListTest, AGoodPictureIsShown) {
 TEST_F(ListTest, BrokenAndOversizedPicturesShowTheDefaultHead) {
     Fill(1);
     list_->Edit(0, [](SampleRecord& record) { record.photo.clear(); });
-    const QRect cell = list_->CellRect(0, kSamplePicture);
+    const QRect cell = list_->CellRect(0, samplePicture);
     const QImage head = Shot().copy(cell);
     const std::string good = Png(8, 8, 0xFF123456);
     std::string padded = good;
@@ -457,7 +457,7 @@ TEST_F(ListTest, ATextThatIsCutOffShowsWholeInATip) {
     const QString name = QStringLiteral("<b>一二三四五六七八九十一二三四五六七八九十</b>");
     list_->Edit(1, [&](SampleRecord& record) { record.name = name; });
     const auto ask = [&](int row) {
-        const QPoint at = list_->CellRect(row, kSampleName).center();
+        const QPoint at = list_->CellRect(row, sampleName).center();
         QHelpEvent help(QEvent::ToolTip, at, list_->viewport()->mapToGlobal(at));
         QApplication::sendEvent(list_->viewport(), &help);
         return QToolTip::text();
@@ -471,7 +471,7 @@ TEST_F(ListTest, ATextThatIsCutOffShowsWholeInATip) {
 TEST_F(ListTest, ALongTextIsBrokenInItsTip) {
     Fill(1);
     list_->Edit(0, [](SampleRecord& record) { record.name = QString(500, QLatin1Char('x')); });
-    const QPoint at = list_->CellRect(0, kSampleName).center();
+    const QPoint at = list_->CellRect(0, sampleName).center();
     QHelpEvent help(QEvent::ToolTip, at, list_->viewport()->mapToGlobal(at));
     QApplication::sendEvent(list_->viewport(), &help);
     for (const QString& line : QToolTip::text().split(QLatin1Char('\n'))) {
@@ -487,12 +487,12 @@ TEST_F(ListTest, CellsAreReadOutInWords) {
     Fill(2);
     list_->SetTicked(1, true);
     const auto* model = list_->model();
-    EXPECT_EQ(model->index(0, kSampleName).data().toString(),
+    EXPECT_EQ(model->index(0, sampleName).data().toString(),
               list_->At(0).name + QLatin1Char('\n') + list_->At(0).number);
-    EXPECT_EQ(model->index(0, kSampleStar).data().toString(), QStringLiteral("是"));
-    EXPECT_EQ(model->index(1, kSampleStar).data().toString(), QStringLiteral("否"));
-    EXPECT_EQ(model->index(1, kSampleTick).data(Qt::CheckStateRole).toInt(), Qt::Checked);
-    EXPECT_EQ(model->headerData(kSampleName, Qt::Horizontal, Qt::DisplayRole).toString(),
+    EXPECT_EQ(model->index(0, sampleStar).data().toString(), QStringLiteral("是"));
+    EXPECT_EQ(model->index(1, sampleStar).data().toString(), QStringLiteral("否"));
+    EXPECT_EQ(model->index(1, sampleTick).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_EQ(model->headerData(sampleName, Qt::Horizontal, Qt::DisplayRole).toString(),
               QStringLiteral("联系人"));
 }
 

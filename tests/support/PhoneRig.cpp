@@ -1,4 +1,4 @@
-#include "tests/support/Bench.h"
+#include "tests/support/PhoneRig.h"
 
 #include <fmt/format.h>
 #include <stdlib.h>
@@ -76,13 +76,13 @@ EnvironmentVariable::~EnvironmentVariable() {
     before_ ? setenv(name_.c_str(), before_->c_str(), 1) : unsetenv(name_.c_str());
 }
 
-Bench::Bench(std::size_t phoneCount) : Bench(DeliveredPhones(phoneCount)) {}
+PhoneRig::PhoneRig(std::size_t phoneCount) : PhoneRig(DeliveredPhones(phoneCount)) {}
 
-Bench::Bench(std::vector<phone::PhoneOptions> phones)
+PhoneRig::PhoneRig(std::vector<phone::PhoneOptions> phones)
     : serverPort_(FreePort()),
       homeVariable_("HOME", home_.Path().string()),
       portVariable_("ANDROID_ADB_SERVER_PORT", std::to_string(serverPort_)),
-      // The server looks at no port by itself: it hears of the bench's phones from them alone, and
+      // The server looks at no port by itself: it hears of the rig's phones from them alone, and
       // of no other phone that may be simulated on this machine.
       scanVariable_("ADB_LOCAL_TRANSPORT_MAX_PORT", "5554"),
       server_(std::make_unique<Process>(std::vector<std::string>{"adb", "nodaemon", "server"},
@@ -100,11 +100,11 @@ Bench::Bench(std::vector<phone::PhoneOptions> phones)
     }
 }
 
-bool Bench::WaitForServer() const {
+bool PhoneRig::WaitForServer() const {
     return WaitUntil([&] { return AskServer("host:version").has_value(); });
 }
 
-bool Bench::WaitForDevices(std::size_t count) const {
+bool PhoneRig::WaitForDevices(std::size_t count) const {
     return WaitUntil([&] {
         const std::string list = AskServer("host:devices").value_or("");
         std::size_t ready = 0;
@@ -115,7 +115,7 @@ bool Bench::WaitForDevices(std::size_t count) const {
     });
 }
 
-std::optional<std::string> Bench::AskServer(std::string_view service) const {
+std::optional<std::string> PhoneRig::AskServer(std::string_view service) const {
     const TcpSocket socket = TcpSocket::Connect(serverPort_);
     if (!socket.IsOpen()) {
         return std::nullopt;
@@ -125,16 +125,16 @@ std::optional<std::string> Bench::AskServer(std::string_view service) const {
     return answer.starts_with("OKAY") ? std::optional(answer.substr(4)) : std::nullopt;
 }
 
-std::string Bench::Serial(std::size_t index) {
+std::string PhoneRig::Serial(std::size_t index) {
     const std::uint16_t port = phones_->AdbPort(index);
     return fmt::format("emulator-{}", port - 1);
 }
 
-std::string Bench::Control(std::size_t index, std::string_view line) {
+std::string PhoneRig::Control(std::size_t index, std::string_view line) {
     return phones_->Control(index, line);
 }
 
-std::string Bench::BringAgentUp(std::size_t index) {
+std::string PhoneRig::BringAgentUp(std::size_t index) {
     const std::string answer = Control(index, "agent start");
     if (!AskServer(fmt::format("host-serial:{}:forward:tcp:50505;tcp:50505", Serial(index)))) {
         return "the forward is refused";
@@ -142,13 +142,13 @@ std::string Bench::BringAgentUp(std::size_t index) {
     return answer == "ok\n" ? "" : answer;
 }
 
-ProgramResult Bench::Suite(std::vector<std::string> arguments, const std::string& input,
-                           std::chrono::milliseconds limit) {
+ProgramResult PhoneRig::Suite(std::vector<std::string> arguments, const std::string& input,
+                              std::chrono::milliseconds limit) {
     arguments.insert(arguments.begin(), QUORVI_BIN_DIR "/quorvictl");
     return RunProgram(arguments, input, limit);
 }
 
-ProgramResult Bench::Adb(std::vector<std::string> arguments) {
+ProgramResult PhoneRig::Adb(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "adb");
     return RunProgram(arguments);
 }

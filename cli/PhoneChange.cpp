@@ -1,4 +1,4 @@
-#include "cli/Exchange.h"
+#include "cli/PhoneChange.h"
 
 #include "agent/AgentSession.h"
 #include "base/Text.h"

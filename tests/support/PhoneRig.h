@@ -1,9 +1,9 @@
 // A workbench for end-to-end tests: a real adb server with a home of its own, and simulated phones
 // that it lists. Nothing of it is left when it goes, and nothing of the user's is touched.
 //
-//   Bench bench(1);
-//   bench.BringAgentUp(0);
-//   const ProgramResult info = bench.Suite({"info", "--json"});
+//   PhoneRig rig(1);
+//   rig.BringAgentUp(0);
+//   const ProgramResult info = rig.Suite({"info", "--json"});
 //
 // A test that uses it holds the lock `agent_port`: the forward to the agent has one fixed port.
 #pragma once
@@ -47,14 +47,14 @@ class EnvironmentVariable {
     std::optional<std::string> before_;
 };
 
-class Bench {
+class PhoneRig {
   public:
     // Phones as delivered, one after the other, in the first free ports that adb servers look at.
-    explicit Bench(std::size_t phoneCount);
+    explicit PhoneRig(std::size_t phoneCount);
     // Phones as given.
-    explicit Bench(std::vector<phone::PhoneOptions> phones);
+    explicit PhoneRig(std::vector<phone::PhoneOptions> phones);
 
-    // Why the bench does not stand; empty when it does.
+    // Why the rig does not stand; empty when it does.
     [[nodiscard]] const std::string& Error() const { return error_; }
 
     [[nodiscard]] std::uint16_t AdbServerPort() const { return serverPort_; }
@@ -70,7 +70,7 @@ class Bench {
     // with waits. Empty, or what went wrong.
     std::string BringAgentUp(std::size_t index);
 
-    // Runs quorvictl, or adb, in the bench's environment.
+    // Runs quorvictl, or adb, in the rig's environment.
     [[nodiscard]] ProgramResult Suite(std::vector<std::string> arguments,
                                       const std::string& input = {},
                                       std::chrono::milliseconds limit = std::chrono::seconds(20));

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/process/CommandLine.h"
+#include "app/process/StartOptions.h"
 
 namespace quorvi {
 namespace {

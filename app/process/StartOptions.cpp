@@ -1,4 +1,4 @@
-#include "app/process/CommandLine.h"
+#include "app/process/StartOptions.h"
 
 #include "base/Text.h"
 
