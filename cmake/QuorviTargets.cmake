@@ -21,6 +21,23 @@ target_link_libraries(quorvi_qt_flags INTERFACE quorvi_flags)
 target_compile_definitions(quorvi_qt_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
   QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT QT_STRICT_ITERATORS)
+# Qt's test library defines its test's folder for each target; precompiled headers that targets
+# share may know no such thing, and no test asks for it.
+target_compile_options(quorvi_qt_flags INTERFACE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+
+# quorvi_precompiled(name HEADER LIBS …): an owner of precompiled headers, which quorvi_precompile
+# lends to all targets of a kind. Off (QUORVI_PRECOMPILE) where the sources shall show that each
+# includes what it uses.
+function(quorvi_precompiled name header)
+  add_library(${name} OBJECT EXCLUDE_FROM_ALL "${CMAKE_SOURCE_DIR}/cmake/pch/empty.cpp")
+  target_link_libraries(${name} PRIVATE ${ARGN})
+  target_precompile_headers(${name} PRIVATE "${CMAKE_SOURCE_DIR}/cmake/pch/${header}")
+endfunction()
+function(quorvi_precompile name owner)
+  if(QUORVI_PRECOMPILE)
+    target_precompile_headers(${name} REUSE_FROM ${owner})
+  endif()
+endfunction()
 
 # quorvi_library(name [QT] SOURCES … LIBS …): one room's library. Without QT it cannot see Qt.
 function(quorvi_library name)
@@ -29,8 +46,10 @@ function(quorvi_library name)
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PUBLIC quorvi_qt_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+    quorvi_precompile(${name} quorvi_pch_window)
   else()
     target_link_libraries(${name} PUBLIC quorvi_flags ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+    quorvi_precompile(${name} quorvi_pch_logic)
   endif()
 endfunction()
 
@@ -68,8 +87,10 @@ function(quorvi_program name)
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PRIVATE quorvi_qt_flags ${ARG_LIBS})
+    quorvi_precompile(${name} quorvi_pch_window)
   else()
     target_link_libraries(${name} PRIVATE quorvi_flags ${ARG_LIBS})
+    quorvi_precompile(${name} quorvi_pch_logic)
   endif()
 endfunction()
 
@@ -87,9 +108,11 @@ function(quorvi_test name)
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PRIVATE quorvi_qt_flags Qt6::Test)
+    quorvi_precompile(${name} quorvi_pch_window_tests)
     list(APPEND ARG_ENV QT_QPA_PLATFORM=offscreen)
   else()
     target_link_libraries(${name} PRIVATE quorvi_flags)
+    quorvi_precompile(${name} quorvi_pch_tests)
   endif()
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
