@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "base/Json.h"
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
 
 namespace quorvi {
 namespace {
@@ -121,7 +121,7 @@ Deployment ReadDeployment(const std::filesystem::path& file) {
 
 const Deployment& TheDeployment() {
     static const Deployment deployment =
-        ReadDeployment(ProgramDirectory() / "Data" / "deployment.json");
+        ReadDeployment(ThePlaces().Delivered("Data/deployment.json"));
     return deployment;
 }
 

@@ -28,7 +28,7 @@ struct Deployment {
     CodePage codePage = CodePage::gbk;
 };
 
-// The program's own: read from Data/deployment.json beside the program at the first call, then
+// The program's own: read from the delivered Data/deployment.json at the first call, then
 // kept. Any thread.
 [[nodiscard]] const Deployment& TheDeployment();
 

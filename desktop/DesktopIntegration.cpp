@@ -22,29 +22,29 @@ std::string ProgramName() {
 
 }  // namespace
 
-FreedesktopIntegration::FreedesktopIntegration(DesktopFolders folders,
-                                               std::filesystem::path program, std::string iconSvg)
-    : folders_(std::move(folders)), program_(std::move(program)), iconSvg_(std::move(iconSvg)) {}
+FreedesktopIntegration::FreedesktopIntegration(Places places, std::filesystem::path desktop,
+                                               std::string iconSvg)
+    : places_(std::move(places)), desktop_(std::move(desktop)), iconSvg_(std::move(iconSvg)) {}
 
 std::filesystem::path FreedesktopIntegration::AutoRunFile() const {
-    return folders_.config / "autostart" / kAutoRunId;
+    return places_.config / "autostart" / kAutoRunId;
 }
 
 std::filesystem::path FreedesktopIntegration::ShortcutFile() const {
-    return folders_.desktop / (ProgramName() + ".desktop");
+    return desktop_ / (ProgramName() + ".desktop");
 }
 
 std::filesystem::path FreedesktopIntegration::ProtocolFile() const {
-    return folders_.data / "applications" / kProtocolId;
+    return places_.data / "applications" / kProtocolId;
 }
 
 std::string FreedesktopIntegration::AutoRunCommand() const {
-    return ExecPath(program_.native()) + " /hide";
+    return ExecPath(places_.program.native()) + " /hide";
 }
 
 std::string FreedesktopIntegration::InstallIcon() const {
     const std::filesystem::path file =
-        folders_.data / "icons" / "hicolor" / "scalable" / "apps" / kIconFile;
+        places_.data / "icons" / "hicolor" / "scalable" / "apps" / kIconFile;
     return ReplaceFile(file, iconSvg_) ? file.native() : std::string();
 }
 
@@ -72,14 +72,14 @@ void FreedesktopIntegration::SetAutoRun(bool on) {
 
 void FreedesktopIntegration::MakeShortcut() {
     const DesktopEntry entry{
-        .name = ProgramName(), .exec = ExecPath(program_.native()), .icon = InstallIcon()};
+        .name = ProgramName(), .exec = ExecPath(places_.program.native()), .icon = InstallIcon()};
     ReplaceFile(ShortcutFile(), entry.Text(), FileMode::executable);
 }
 
 void FreedesktopIntegration::RegisterProtocol() {
     const DesktopEntry entry{.name = ProgramName(),
                              .comment = std::string(kProtocolName),
-                             .exec = ExecPath(program_.native()) + " %u",
+                             .exec = ExecPath(places_.program.native()) + " %u",
                              .icon = InstallIcon(),
                              .mimeType = std::string(kSchemeType) + ";",
                              .hidden = true};
@@ -87,7 +87,7 @@ void FreedesktopIntegration::RegisterProtocol() {
         return;
     }
     // A list that is there and cannot be read is left alone.
-    const std::filesystem::path list = folders_.config / "mimeapps.list";
+    const std::filesystem::path list = places_.config / "mimeapps.list";
     std::error_code failed;
     const auto text = ReadSmallFile(list);
     if (text || !std::filesystem::exists(list, failed)) {

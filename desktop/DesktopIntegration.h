@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "desktop/DesktopFolders.h"
+#include "base/Places.h"
 
 namespace quorvi {
 
@@ -31,9 +31,9 @@ class DesktopIntegration {
 // The same on a desktop that keeps to freedesktop.org's files.
 class FreedesktopIntegration : public DesktopIntegration {
   public:
-    // `iconSvg` is the program's icon, a whole SVG file.
-    FreedesktopIntegration(DesktopFolders folders, std::filesystem::path program,
-                           std::string iconSvg);
+    // `desktop` is where shortcuts lie: see DesktopFolder. `iconSvg` is the program's icon, a whole
+    // SVG file.
+    FreedesktopIntegration(Places places, std::filesystem::path desktop, std::string iconSvg);
 
     [[nodiscard]] bool AutoRuns() const override;
     void SetAutoRun(bool on) override;
@@ -49,8 +49,8 @@ class FreedesktopIntegration : public DesktopIntegration {
     // Writes the icon and gives what a launcher calls it.
     [[nodiscard]] std::string InstallIcon() const;
 
-    DesktopFolders folders_;
-    std::filesystem::path program_;
+    Places places_;
+    std::filesystem::path desktop_;
     std::string iconSvg_;
 };
 

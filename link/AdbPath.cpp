@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
 
 namespace quorvi {
 namespace {
@@ -12,7 +12,7 @@ constexpr const char* kExecutable = "adb";
 }  // namespace
 
 std::string AdbPath() {
-    return AdbPathIn(ProgramDirectory());
+    return AdbPathIn(ThePlaces().program.parent_path());
 }
 
 std::string AdbPathIn(const std::filesystem::path& directory) {

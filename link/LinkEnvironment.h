@@ -7,13 +7,13 @@
 #include <string>
 
 #include "agent/Wire.h"
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
 #include "link/AdbHostClient.h"
 #include "link/AdbPath.h"
 
 namespace quorvi {
 
-// The agent's package, a file beside the program's own.
+// The agent's package, a file that is delivered with the program.
 inline constexpr const char* kAgentPackageFile = "com.quorvi.Quorvi.apk";
 
 struct LinkEnvironment {
@@ -21,7 +21,7 @@ struct LinkEnvironment {
     std::function<std::string()> adbPath = AdbPath;
     std::uint16_t hostPort = AdbServerPort();
     std::uint16_t agentPort = AgentPort;
-    std::filesystem::path packageFile = ProgramDirectory() / kAgentPackageFile;
+    std::filesystem::path packageFile = ThePlaces().Delivered(kAgentPackageFile);
 };
 
 }  // namespace quorvi

@@ -13,7 +13,7 @@
 #include <string>
 #include <utility>
 
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
 #include "refdata/PhoneDbFormat.h"
 
 namespace quorvi {
@@ -99,7 +99,7 @@ int AreaCodeOfRegion(int regionId) {
 CPhoneDb::CPhoneDb() {
     std::error_code noDirectory;
     const std::filesystem::path directory = std::filesystem::temp_directory_path(noDirectory);
-    const std::filesystem::path beside = ProgramDirectory() / kPhoneDbName;
+    const std::filesystem::path beside = ThePlaces().Beside(kPhoneDbName);
     std::error_code unknown;
     if (std::filesystem::exists(beside, unknown)) {
         ownResource_ = ReadDatabase(beside);

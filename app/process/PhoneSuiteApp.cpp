@@ -18,7 +18,8 @@
 #include "app/window/MainDlg.h"
 #include "app/window/WindowLinkFace.h"
 #include "base/Deployment.h"
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
+#include "desktop/DesktopFolder.h"
 #include "desktop/DesktopIntegration.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
@@ -46,7 +47,8 @@ void PrepareQt() {
 std::shared_ptr<DesktopIntegration> UserDesktop() {
     QFile icon(QStringLiteral(":/icons/logo.svg"));
     static_cast<void>(icon.open(QIODevice::ReadOnly));
-    return std::make_shared<FreedesktopIntegration>(UserDesktopFolders(), ProgramPath(),
+    const Places places = ThePlaces();
+    return std::make_shared<FreedesktopIntegration>(places, DesktopFolder(places),
                                                     icon.readAll().toStdString());
 }
 

@@ -13,7 +13,7 @@
 #include <fstream>
 #include <string>
 
-#include "base/os/ProgramPath.h"
+#include "base/Places.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
 
@@ -76,7 +76,7 @@ void EndProcess(int status) {
 }
 
 void InstallApology() {
-    theProgram = ProgramPath().string();
+    theProgram = ThePlaces().program.string();
     std::set_terminate(&Apologise);
 
     stack_t stack = {};

@@ -1,4 +1,4 @@
-// Where the program's own file stands, and what stands beside it.
+// Where the program's own file stands: the start of base/Places.h.
 #pragma once
 
 #include <filesystem>

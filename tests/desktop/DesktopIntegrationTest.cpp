@@ -16,7 +16,9 @@ namespace {
 class Desktop : public testing::Test {
   protected:
     [[nodiscard]] FreedesktopIntegration Of(const std::string& program) const {
-        return {folders_, program, "<svg/>"};
+        Places places = places_;
+        places.program = program;
+        return {places, home_.Path() / "桌面", "<svg/>"};
     }
     static std::string Read(const std::filesystem::path& file) {
         return ReadSmallFile(file).value_or("none");
@@ -36,7 +38,11 @@ class Desktop : public testing::Test {
     }
 
     TemporaryFolder home_;
-    DesktopFolders folders_{home_.Path() / "config", home_.Path() / "data", home_.Path() / "桌面"};
+    Places places_{.program = {},
+                   .home = home_.Path(),
+                   .config = home_.Path() / "config",
+                   .data = home_.Path() / "data",
+                   .temporary = home_.Path()};
     FreedesktopIntegration desktop_ = Of("/opt/奎 维/quorvi");
 };
 
@@ -44,7 +50,7 @@ TEST_F(Desktop, AutoRunCarriesThePathInQuotesAndHide) {
     EXPECT_FALSE(desktop_.AutoRuns());
     desktop_.SetAutoRun(true);
     EXPECT_TRUE(desktop_.AutoRuns());
-    EXPECT_EQ(desktop_.AutoRunFile(), folders_.config / "autostart" / "quorvi.desktop");
+    EXPECT_EQ(desktop_.AutoRunFile(), places_.config / "autostart" / "quorvi.desktop");
     EXPECT_EQ(Exec(desktop_.AutoRunFile()), "\"/opt/奎 维/quorvi\" /hide");
     EXPECT_EQ(EntryValue(Read(desktop_.AutoRunFile()), "Desktop Entry", "Name"), "奎维掌上工坊");
 }
@@ -83,23 +89,23 @@ TEST_F(Desktop, TakingAutoRunAwayThatIsNotThereDeletesNothingAndIsNoError) {
 }
 
 TEST_F(Desktop, ShortcutReplacesTheOneThatIsThere) {
-    std::filesystem::create_directories(folders_.desktop);
+    std::filesystem::create_directories(home_.Path() / "桌面");
     ReplaceFile(desktop_.ShortcutFile(), "old");
     desktop_.MakeShortcut();
-    EXPECT_EQ(desktop_.ShortcutFile(), folders_.desktop / "奎维掌上工坊.desktop");
+    EXPECT_EQ(desktop_.ShortcutFile(), home_.Path() / "桌面" / "奎维掌上工坊.desktop");
     EXPECT_EQ(Exec(desktop_.ShortcutFile()), "\"/opt/奎 维/quorvi\"");
     const auto mode = std::filesystem::status(desktop_.ShortcutFile()).permissions();
     EXPECT_NE(mode & std::filesystem::perms::owner_exec, std::filesystem::perms::none);
 }
 
 TEST_F(Desktop, ProtocolStartsTheProgramWithTheLinkAsItsArgument) {
-    ReplaceFile(folders_.config / "mimeapps.list", "[Default Applications]\ntext/html=w.desktop\n");
+    ReplaceFile(places_.config / "mimeapps.list", "[Default Applications]\ntext/html=w.desktop\n");
     desktop_.RegisterProtocol();
     EXPECT_EQ(Exec(desktop_.ProtocolFile()), "\"/opt/奎 维/quorvi\" %u");
     const std::string entry = Read(desktop_.ProtocolFile());
     EXPECT_EQ(EntryValue(entry, "Desktop Entry", "MimeType"), "x-scheme-handler/quorvi;");
     EXPECT_EQ(EntryValue(entry, "Desktop Entry", "Comment"), "QuorviProtocol");
-    const std::string list = Read(folders_.config / "mimeapps.list");
+    const std::string list = Read(places_.config / "mimeapps.list");
     EXPECT_EQ(EntryValue(list, "Default Applications", "x-scheme-handler/quorvi"),
               "quorvi-protocol.desktop;");
     EXPECT_EQ(EntryValue(list, "Default Applications", "text/html"), "w.desktop");
@@ -116,8 +122,8 @@ TEST_F(Desktop, LinkThatTheDesktopOpensReachesTheProgram) {
     ReplaceFile(program, "#!/bin/sh\nprintf '%s|%s' \"$#\" \"$1\" >\"" + told.native() + "\"\n",
                 FileMode::executable);
     Of(program.native()).RegisterProtocol();
-    const std::string open = "env XDG_CONFIG_HOME='" + folders_.config.native() +
-                             "' XDG_DATA_HOME='" + folders_.data.native() +
+    const std::string open = "env XDG_CONFIG_HOME='" + places_.config.native() +
+                             "' XDG_DATA_HOME='" + places_.data.native() +
                              "' gio open 'quorvi:show?a=1/hide'";
     ASSERT_EQ(std::system(open.c_str()), 0);
     for (int wait = 0; wait < 200 && Read(told) == "none"; ++wait) {
@@ -145,10 +151,11 @@ TEST_F(Desktop, RepairTwiceLeavesTheSameState) {
 
 TEST_F(Desktop, FoldersThatCannotBeWrittenAreNoError) {
     ReplaceFile(home_.Path() / "file", "");
-    const FreedesktopIntegration blocked(
-        {home_.Path() / "file", home_.Path() / "file" / "data", home_.Path() / "file" / "desk"},
-        "/opt/quorvi", "<svg/>");
-    FreedesktopIntegration desktop = blocked;
+    Places blocked = places_;
+    blocked.program = "/opt/quorvi";
+    blocked.config = home_.Path() / "file";
+    blocked.data = home_.Path() / "file" / "data";
+    FreedesktopIntegration desktop(blocked, home_.Path() / "file" / "desk", "<svg/>");
     desktop.SetAutoRun(true);
     desktop.MakeShortcut();
     desktop.RegisterProtocol();
@@ -159,10 +166,10 @@ TEST_F(Desktop, FoldersThatCannotBeWrittenAreNoError) {
 TEST_F(Desktop, ListBehindALinkIsReplacedWhereItStands) {
     const std::filesystem::path real = home_.Path() / "dotfiles" / "mimeapps.list";
     ReplaceFile(real, "");
-    std::filesystem::create_directories(folders_.config);
-    std::filesystem::create_symlink(real, folders_.config / "mimeapps.list");
+    std::filesystem::create_directories(places_.config);
+    std::filesystem::create_symlink(real, places_.config / "mimeapps.list");
     desktop_.RegisterProtocol();
-    EXPECT_TRUE(std::filesystem::is_symlink(folders_.config / "mimeapps.list"));
+    EXPECT_TRUE(std::filesystem::is_symlink(places_.config / "mimeapps.list"));
     EXPECT_NE(Read(real).find("quorvi-protocol.desktop"), std::string::npos);
 }
 

@@ -1,6 +1,4 @@
-#include "desktop/DesktopFolders.h"
-
-#include <cstdlib>
+#include "desktop/DesktopFolder.h"
 
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
@@ -9,12 +7,6 @@ namespace quorvi {
 namespace {
 
 constexpr std::string_view kHomeVariable = "$HOME";
-
-std::filesystem::path FolderOf(const Environment& environment, const char* name,
-                               const std::filesystem::path& otherwise) {
-    const std::filesystem::path folder = environment(name).value_or(std::string());
-    return folder.is_absolute() ? folder : otherwise;
-}
 
 // The text between the quotes; a backslash stands before what it takes literally.
 std::optional<std::string> Unquoted(std::string_view value) {
@@ -62,21 +54,10 @@ std::optional<std::filesystem::path> UserDirectory(std::string_view file, std::s
     return found;
 }
 
-DesktopFolders ReadDesktopFolders(const Environment& environment) {
-    const std::filesystem::path home = environment("HOME").value_or(std::string());
-    DesktopFolders folders;
-    folders.config = FolderOf(environment, "XDG_CONFIG_HOME", home / ".config");
-    folders.data = FolderOf(environment, "XDG_DATA_HOME", home / ".local" / "share");
-    const std::string userDirs = ReadSmallFile(folders.config / "user-dirs.dirs").value_or("");
-    folders.desktop = UserDirectory(userDirs, "XDG_DESKTOP_DIR", home).value_or(home / "Desktop");
-    return folders;
-}
-
-DesktopFolders UserDesktopFolders() {
-    return ReadDesktopFolders([](const char* name) {
-        const char* value = std::getenv(name);
-        return value == nullptr ? std::nullopt : std::optional<std::string>(value);
-    });
+std::filesystem::path DesktopFolder(const Places& places) {
+    const std::string userDirs = ReadSmallFile(places.config / "user-dirs.dirs").value_or("");
+    return UserDirectory(userDirs, "XDG_DESKTOP_DIR", places.home)
+        .value_or(places.home / "Desktop");
 }
 
 }  // namespace quorvi
