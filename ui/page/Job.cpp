@@ -14,19 +14,14 @@ struct Posted {
 
 // What is on its way to the window's thread. Qt only wakes that thread, once for each post: the
 // hand-over is under a mutex of our own, so that the thread sanitizer, which sees nothing of Qt's
-// inside, knows what comes before what. Lives as long as the process, so that a worker may post to
-// it at any time.
+// inside, knows what comes before what. For the same reason the wake names its function: the memory
+// that it takes is Qt's alone, and no object of ours is read on one thread that another has
+// written. Lives as long as the process, so that a worker may post to it at any time.
 class WindowQueue : public QObject {
     Q_OBJECT
   public:
     static WindowQueue& Get() {
-        static WindowQueue* const queue = [] {
-            auto* made = new WindowQueue;
-            if (QCoreApplication::instance() != nullptr) {
-                made->moveToThread(QCoreApplication::instance()->thread());
-            }
-            return made;
-        }();
+        static auto* const queue = new WindowQueue;
         return *queue;
     }
 
@@ -35,25 +30,18 @@ class WindowQueue : public QObject {
             const std::lock_guard lock(mutex_);
             posted_.push_back(std::move(posted));
         }
-        Q_EMIT postCame();
-    }
-
-  Q_SIGNALS:
-    void postCame();
-
-  private:
-    WindowQueue() {
-        connect(this, &WindowQueue::postCame, this, &WindowQueue::RunFirst, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "RunFirst", Qt::QueuedConnection);
     }
 
     // One post for each wake: what runs may turn the window's loop itself.
-    void RunFirst() {
+    Q_INVOKABLE void RunFirst() {
         const Posted first = TakeFirst();
         if (first.receiver) {
             first.what();
         }
     }
 
+  private:
     Posted TakeFirst() {
         const std::lock_guard lock(mutex_);
         Posted first = std::move(posted_.front());
@@ -64,6 +52,13 @@ class WindowQueue : public QObject {
     std::mutex mutex_;
     std::deque<Posted> posted_;
 };
+
+// The application's constructor makes the queue, on the window's thread, to which it belongs from
+// then on: before there is a worker.
+void MakeWindowQueue() {
+    WindowQueue::Get();
+}
+Q_COREAPP_STARTUP_FUNCTION(MakeWindowQueue)
 
 }  // namespace
 
