@@ -33,8 +33,8 @@ TEST_F(LinkFaceOfTheWindow, ALinkThatStandsIsToldToTheWindow) {
 
 TEST_F(LinkFaceOfTheWindow, TheEndOfTheProcedureIsToldToTheWindow) {
     WindowLinkFace face(*window_);
-    EXPECT_FALSE(window_->LinkHasEnded());
     std::thread([&face] { face.LinkEnded(); }).join();
+    EXPECT_FALSE(window_->LinkHasEnded());
     Settle();
     EXPECT_TRUE(window_->LinkHasEnded());
 }
