@@ -8,15 +8,10 @@
 
 namespace quorvi {
 
-// Decodes image files that a phone sent. What is no picture of a known format, or claims a size
-// beyond kMaxSide, costs no more than a look at its header and gives a null pixmap; that too is
+// Decodes image files by DecodePicture. What cannot be decoded gives a null pixmap; that too is
 // remembered. The window's thread.
 class PictureCache {
   public:
-    // Longest side of a picture that is decoded, in pixels of the file.
-    static constexpr int kMaxSide = 2048;
-    // Longest image file, in bytes.
-    static constexpr std::size_t kMaxBytes = 262'244;
     // Memory for decoded pictures, in bytes.
     static constexpr qsizetype kBudget = 16 * 1024 * 1024;
 
@@ -36,9 +31,5 @@ class PictureCache {
     qreal dpr_ = 0;
     int decodes_ = 0;
 };
-
-// Decodes an image file to a square of `pixels` device pixels; null when it cannot be.
-[[nodiscard]] QImage DecodePicture(std::string_view bytes, int pixels, bool rounded,
-                                   qreal cornerRadius);
 
 }  // namespace quorvi

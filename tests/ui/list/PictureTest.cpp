@@ -7,7 +7,7 @@
 
 #include "tests/support/PictureFiles.h"
 #include "tests/support/QtMain.h"
-#include "ui/list/PictureCache.h"
+#include "ui/list/DecodePicture.h"
 
 namespace quorvi {
 namespace {
@@ -93,7 +93,7 @@ TEST_F(PictureTest, AFileIsReadUpToItsCapacity) {
 }
 
 TEST_F(PictureTest, AHeaderBeyondTheLongestSideIsNotBelieved) {
-    constexpr int kMost = PictureCache::kMaxSide;
+    constexpr int kMost = kMostPictureSide;
     EXPECT_EQ(Photo(Png(kMost, 2, kColour)).pixel(24, 24), kColour);
     EXPECT_EQ(Photo(Png(2, kMost, kColour)).pixel(24, 24), kColour);
     // Whole files, that could be decoded.
