@@ -1,6 +1,7 @@
 // Bytes of the agent's protocol, field by field: replies for a reader, and what a request must be.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <span>
