@@ -74,8 +74,8 @@ void BareLoop(benchmark::State& state) {
 void Session(benchmark::State& state) {
     Measure(state, [] { return ReadBySession(agent->Port()); });
 }
-BENCHMARK(BareLoop)->UseRealTime()->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
-BENCHMARK(Session)->UseRealTime()->Unit(benchmark::kMillisecond)->Repetitions(kRepetitions);
+BENCHMARK(BareLoop)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Session)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void Judge(const Figures& figures, Verdict& verdict) {
     verdict.AtMost("session / bare loop, time", figures.Time("Session") / figures.Time("BareLoop"),
@@ -92,5 +92,5 @@ void Judge(const Figures& figures, Verdict& verdict) {
 int main(int count, char** words) {
     const quorvi::AgentProcess agent(quorvi::LargePayload);
     quorvi::agent = &agent;
-    return quorvi::RunAndJudge(count, words, quorvi::Judge);
+    return quorvi::RunAndJudge(count, words, quorvi::kRepetitions, quorvi::Judge);
 }

@@ -185,12 +185,11 @@ void Scroll(benchmark::State& state) {
 }
 
 template <typename Function>
-void Register(const char* name, Function function, int repetitions) {
-    benchmark::RegisterBenchmark(name, function)
+benchmark::internal::Benchmark* Register(const char* name, Function function) {
+    return benchmark::RegisterBenchmark(name, function)
         ->UseRealTime()
         ->Unit(benchmark::kMillisecond)
-        ->Iterations(1)
-        ->Repetitions(repetitions);
+        ->Iterations(1);
 }
 
 void Judge(const Figures& figures, Verdict& verdict) {
@@ -212,9 +211,10 @@ int main(int count, char** words) {
     quorvi::agents = &agents;
     quorvi::PrepareHtmlViews();
     const auto application = quorvi::MakeApplication(count, words);
-    quorvi::Register("BareLoop", &quorvi::BareLoop, quorvi::kRepetitions);
-    quorvi::Register("LoadPhotographed", &quorvi::LoadPhotographed, quorvi::kRepetitions);
-    quorvi::Register("LoadPhotoless", &quorvi::LoadPhotoless, quorvi::kRepetitions);
-    quorvi::Register("Scroll", &quorvi::Scroll, 1);
-    std::_Exit(quorvi::RunAndJudge(count, words, quorvi::Judge));  // waits for no browser
+    quorvi::Register("BareLoop", &quorvi::BareLoop);
+    quorvi::Register("LoadPhotographed", &quorvi::LoadPhotographed);
+    quorvi::Register("LoadPhotoless", &quorvi::LoadPhotoless);
+    quorvi::Register("Scroll", &quorvi::Scroll)->Repetitions(1);
+    std::_Exit(quorvi::RunAndJudge(count, words, quorvi::kRepetitions,
+                                   quorvi::Judge));  // waits for no browser
 }

@@ -104,5 +104,5 @@ void Judge(const Figures& figures, Verdict& verdict) {
 
 int main(int count, char** words) {
     const auto application = quorvi::MakeApplication(count, words);
-    return quorvi::RunAndJudge(count, words, quorvi::Judge);
+    return quorvi::RunAndJudge(count, words, 1, quorvi::Judge);
 }

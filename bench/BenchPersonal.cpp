@@ -362,8 +362,7 @@ void Register(const char* name, void (*function)(benchmark::State&)) {
     benchmark::RegisterBenchmark(name, function)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond)
-        ->Iterations(1)
-        ->Repetitions(kRepetitions);
+        ->Iterations(1);
 }
 
 struct Promise {
@@ -445,5 +444,6 @@ int main(int count, char** words) {
     quorvi::Register("CallLogPage", quorvi::CallLogPage);
     quorvi::Register("CallsScreen<PlainCalls>", quorvi::CallsScreen<quorvi::PlainCalls>);
     quorvi::Register("CallsScreen<KitCalls>", quorvi::CallsScreen<quorvi::KitCalls>);
-    std::_Exit(quorvi::RunAndJudge(count, words, quorvi::Judge));  // waits for no browser
+    std::_Exit(quorvi::RunAndJudge(count, words, quorvi::kRepetitions,
+                                   quorvi::Judge));  // waits for no browser
 }

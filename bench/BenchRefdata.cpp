@@ -188,5 +188,5 @@ void Judge(const Figures& figures, Verdict& verdict) {
 }  // namespace quorvi
 
 int main(int count, char** words) {
-    return quorvi::RunAndJudge(count, words, quorvi::Judge);
+    return quorvi::RunAndJudge(count, words, 1, quorvi::Judge);
 }

@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 
@@ -75,32 +76,35 @@ double Figures::MostOf(const std::string& benchmark, const std::string& counter)
     return values.empty() ? kNone : std::ranges::max(values);
 }
 
+void Verdict::Hold(const char* what, double is, const char* bound, double limit, bool kept) {
+    const bool measured = !std::isnan(is);
+    status_ = std::max(status_, kept ? 0 : measured ? kBroken : kNotMeasured);
+    std::printf("%-52s %9.3f, at %s %g%s\n", what, is, bound, limit, kept ? "" : "   BROKEN");
+}
+
 void Verdict::AtMost(const char* what, double is, double most) {
-    const bool kept = is <= most;  // what was not measured is not kept
-    allKept_ = allKept_ && kept;
-    std::printf("%-52s %9.3f, at most %g%s\n", what, is, most, kept ? "" : "   BROKEN");
+    Hold(what, is, "most", most, is <= most);
 }
 
 void Verdict::AtLeast(const char* what, double is, double least) {
-    const bool kept = is >= least;
-    allKept_ = allKept_ && kept;
-    std::printf("%-52s %9.3f, at least %g%s\n", what, is, least, kept ? "" : "   BROKEN");
+    Hold(what, is, "least", least, is >= least);
 }
 
 void Verdict::Tell(const char* what, double is) {
     std::printf("%-52s %9.3f\n", what, is);
 }
 
-int RunAndJudge(int count, char** words,
+int RunAndJudge(int count, char** words, int repetitions,
                 const std::function<void(const Figures&, Verdict&)>& judge) {
     // What is compared takes turns, so that what else the machine does falls on all of it.
     std::vector<char*> arguments(words, words + count);
     std::string interleave = "--benchmark_enable_random_interleaving=true";
-    arguments.insert(arguments.begin() + 1, interleave.data());
+    std::string repeat = "--benchmark_repetitions=" + std::to_string(repetitions);
+    arguments.insert(arguments.begin() + 1, {interleave.data(), repeat.data()});
     int given = static_cast<int>(arguments.size());
     benchmark::Initialize(&given, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(given, arguments.data())) {
-        return 1;
+        return Verdict::kNotMeasured;
     }
     KeepingReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
@@ -109,7 +113,7 @@ int RunAndJudge(int count, char** words,
     std::printf("\n");
     judge(reporter.Kept(), verdict);
     std::fflush(stdout);
-    return verdict.AllKept() ? 0 : 1;
+    return verdict.Status();
 }
 
 }  // namespace quorvi

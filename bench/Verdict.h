@@ -35,15 +35,22 @@ class Verdict {
     // A figure that nothing is promised of.
     static void Tell(const char* what, double is);
 
-    [[nodiscard]] bool AllKept() const { return allKept_; }
+    // The program's exit status: 0 when all were kept, kBroken, or kNotMeasured.
+    [[nodiscard]] int Status() const { return status_; }
+
+    static constexpr int kBroken = 1;
+    // A figure is missing: what measures it did not run, or failed.
+    static constexpr int kNotMeasured = 2;
 
   private:
-    bool allKept_ = true;
+    void Hold(const char* what, double is, const char* bound, double limit, bool kept);
+
+    int status_ = 0;
 };
 
-// Runs the benchmarks that are registered and shows them as the library does; then `judge`. The
-// program's exit status.
-[[nodiscard]] int RunAndJudge(int count, char** words,
+// Runs the benchmarks that are registered, `repetitions` times unless the command line tells
+// another number, and shows them as the library does; then `judge`. The program's exit status.
+[[nodiscard]] int RunAndJudge(int count, char** words, int repetitions,
                               const std::function<void(const Figures&, Verdict&)>& judge);
 
 }  // namespace quorvi
