@@ -83,10 +83,14 @@ function(quorvi_feature name)
   endif()
 endfunction()
 
-# quorvi_program(name [QT] SOURCES … LIBS …): a program in bin/.
+# quorvi_program(name [QT] [TOOL] SOURCES … LIBS …): a program in bin/, where all stands that is
+# delivered; with TOOL in tools/: what developers run.
 function(quorvi_program name)
-  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "QT;TOOL" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
+  if(ARG_TOOL)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tools")
+  endif()
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PRIVATE quorvi_qt_flags ${ARG_LIBS})
