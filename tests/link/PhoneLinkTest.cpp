@@ -13,6 +13,7 @@
 
 #include "base/Text.h"
 #include "link/PhoneLink.h"
+#include "tests/support/Await.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/LoopbackAgent.h"
 
@@ -200,9 +201,7 @@ TEST_F(PhoneLinkTest, GoodAgentTurnsTheBannerGreen) {
 TEST_F(PhoneLinkTest, CommandsRunInTheToldOrder) {
     AgentHasVersion(20);
     Connect();
-    for (int tries = 0; tries < 2000 && adb.Runs().size() < 3; ++tries) {
-        std::this_thread::sleep_for(5ms);  // nobody waits for the start
-    }
+    EXPECT_TRUE(Await([&] { return adb.Runs().size() >= 3; }));  // the link waits for no start
     EXPECT_THAT(adb.Runs(), testing::UnorderedElementsAre(
                                 "devices", "-s HT04CPL00123 shell pm list package",
                                 "-s HT04CPL00123 shell am start -n com.quorvi.Quorvi/.Quorvi"));
@@ -417,12 +416,10 @@ TEST_F(PhoneLinkTest, ArrivalWhileTheAgentComesUpStopsAtThePackageQuery) {
         const auto all = adb.Runs();
         return std::count(all.begin(), all.end(), line);
     };
+    const int threads = SettledThreads();
     link.ConnectPhone(false);
-    for (int tries = 0; tries < 2000 && runs("devices") < 2; ++tries) {
-        std::this_thread::sleep_for(1ms);
-    }
-    std::this_thread::sleep_for(50ms);
-    EXPECT_GE(runs("devices"), 2);
+    // The second worker has looked for phones, and is gone.
+    EXPECT_TRUE(Await([&] { return runs("devices") == 2 && RunningThreads() <= threads; }));
     EXPECT_EQ(runs("-s HT04CPL00123 shell pm list package"), 1);
     clock.Hold(false);
     ASSERT_TRUE(face.Ended());
@@ -478,17 +475,14 @@ TEST_F(PhoneLinkTest, EndOfTheLinkWaitsForNobody) {
     Print("packages", "");
     const FakeAdb stuck(
         "case \"$*\" in devices) printf 'List of devices attached\\nx\\tdevice\\n\\n';;\n"
-        "*) touch \"$dir/stuck\"; exec sleep 0.6;; esac");
+        "*) touch \"$dir/stuck\"; await go; touch \"$dir/through\";; esac");
     environment.adbPath = [path = stuck.Path()] { return path; };
     auto link = std::make_unique<PhoneLink>(device, face, clock, environment);
     link->ConnectPhone(false);
-    for (int tries = 0; tries < 2000 && !std::filesystem::exists(stuck.Directory() / "stuck");
-         ++tries) {
-        std::this_thread::sleep_for(5ms);
-    }
-    const auto begin = std::chrono::steady_clock::now();
+    ASSERT_TRUE(Await([&] { return stuck.Has("stuck"); }));
     link.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, 400ms);
+    EXPECT_FALSE(stuck.Has("through"));
+    stuck.Put("go");
     EXPECT_TRUE(face.Ended(1));  // before the things it uses go
 }
 

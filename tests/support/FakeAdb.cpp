@@ -1,5 +1,6 @@
 #include "tests/support/FakeAdb.h"
 
+#include <signal.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -15,8 +16,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// What every run notes of itself: its arguments in one line, and each of them by itself.
+constexpr const char* kPrelude =
+    "echo \"$*\" >> \"$dir/runs\"\n"
+    "{ for a; do printf '%s\\037' \"$a\"; done; printf '\\036'; } >> \"$dir/calls\"\n"
+    "await() { i=0; while [ ! -e \"$dir/$1\" ] && [ $i -lt 3000 ]; do\n"
+    "  sleep 0.01; i=$((i+1)); done; }\n";
+
 int CountEntries(const char* directory) {
     return static_cast<int>(std::distance(fs::directory_iterator(directory), {}));
+}
+
+pid_t NumberIn(const fs::path& file) {
+    pid_t number = 0;
+    std::ifstream(file) >> number;
+    return number;
 }
 
 }  // namespace
@@ -37,9 +51,8 @@ TemporaryDirectory::~TemporaryDirectory() {
 FakeAdb::FakeAdb(std::string_view script) {
     // Renamed into its place whole.
     const fs::path draft = directory_.Path() / "draft";
-    std::ofstream(draft) << "#!/bin/sh\ndir='" << directory_.Path().string()
-                         << "'\necho \"$*\" >> \"$dir/runs\"\n"
-                         << script << '\n';
+    std::ofstream(draft) << "#!/bin/sh\ndir='" << directory_.Path().string() << "'\n"
+                         << kPrelude << script << '\n';
     fs::permissions(draft, fs::perms::owner_all);
     fs::rename(draft, directory_.Path() / "adb");
 }
@@ -51,6 +64,38 @@ std::vector<std::string> FakeAdb::Runs() const {
         runs.push_back(line);
     }
     return runs;
+}
+
+std::vector<std::vector<std::string>> FakeAdb::Calls() const {
+    std::vector<std::vector<std::string>> calls;
+    std::ifstream file(directory_.Path() / "calls");
+    for (std::string call; std::getline(file, call, '\036');) {
+        std::istringstream arguments(call);
+        calls.emplace_back();
+        for (std::string argument; std::getline(arguments, argument, '\037');) {
+            calls.back().push_back(argument);
+        }
+    }
+    return calls;
+}
+
+bool FakeAdb::Has(const char* file) const {
+    return fs::exists(directory_.Path() / file);
+}
+
+void FakeAdb::Put(const char* file) const {
+    std::ofstream(directory_.Path() / file) << "";
+}
+
+void FakeAdb::Kill(const char* file) const {
+    if (const pid_t process = NumberIn(directory_.Path() / file); process > 0) {
+        kill(process, SIGKILL);
+    }
+}
+
+bool FakeAdb::IsRunning(const char* file) const {
+    const pid_t process = NumberIn(directory_.Path() / file);
+    return process > 0 && kill(process, 0) == 0;
 }
 
 LinkEnvironment FakeAdb::Environment() const {

@@ -27,7 +27,7 @@ class TemporaryDirectory {
 class FakeAdb {
   public:
     // `script`: the body of a shell script; "$*" are the arguments, "$dir" is a directory that the
-    // script may write to.
+    // script may write to, and `await NAME` waits for the file "$dir/NAME", though not for ever.
     explicit FakeAdb(std::string_view script);
 
     // The executable's path.
@@ -36,6 +36,16 @@ class FakeAdb {
 
     // The argument lines of the runs so far, in their order.
     [[nodiscard]] std::vector<std::string> Runs() const;
+    // The same with each argument by itself.
+    [[nodiscard]] std::vector<std::vector<std::string>> Calls() const;
+
+    // Whether a file of the script's directory is there, and making one.
+    [[nodiscard]] bool Has(const char* file) const;
+    void Put(const char* file) const;
+    // Ends the process whose number the script wrote to a file; whether one of that number is there
+    // and has not ended.
+    void Kill(const char* file) const;
+    [[nodiscard]] bool IsRunning(const char* file) const;
 
     // An environment with this adb in it, and with no server and no agent.
     [[nodiscard]] LinkEnvironment Environment() const;
