@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-
-#include "link/AdbPath.h"
+#include <utility>
 
 namespace quorvi {
 namespace {
@@ -29,11 +28,11 @@ std::ptrdiff_t ReadOnce(int descriptor, std::size_t most, std::string& text, std
 
 }  // namespace
 
-AdbCapture RunAdbCapture(std::string_view command, std::size_t limit) {
+AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit) {
     AdbCapture capture;
     ChildProcess child;
-    capture.outcome = child.Start(SplitCommandLine(command), ChildProcess::Input::none,
-                                  ChildProcess::Output::pipe);
+    capture.outcome =
+        child.Start(std::move(command), ChildProcess::Input::none, ChildProcess::Output::pipe);
     if (capture.outcome != RunOutcome::started) {
         return capture;
     }
@@ -56,10 +55,10 @@ AdbCapture RunAdbCapture(std::string_view command, std::size_t limit) {
     return capture;
 }
 
-bool LaunchAdb(std::string_view command) {
+bool LaunchAdb(AdbCommand command) {
     ChildProcess child;
-    return child.Start(SplitCommandLine(command), ChildProcess::Input::none,
-                       ChildProcess::Output::none) == RunOutcome::started;
+    return child.Start(std::move(command), ChildProcess::Input::none, ChildProcess::Output::none) ==
+           RunOutcome::started;
 }
 
 }  // namespace quorvi

@@ -3,9 +3,9 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "base/os/ChildProcess.h"
+#include "link/AdbCommand.h"
 
 namespace quorvi {
 
@@ -19,14 +19,14 @@ struct AdbCapture {
     std::string text;
 };
 
-// Runs a command line (see SplitCommandLine) and waits for its end without a time limit: never on
+// Runs a command and waits for its end without a time limit: never on
 // the window's thread. What goes beyond the limit is read and dropped, so that no amount of output
 // keeps the child from ending; a process that the child leaves behind with the pipe in its hands,
 // such as an adb server just started, is not waited for.
-[[nodiscard]] AdbCapture RunAdbCapture(std::string_view command, std::size_t limit = kCaptureLimit);
+[[nodiscard]] AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit = kCaptureLimit);
 
-// Starts a command line and waits for nothing; its output goes nowhere. False if it could not be
+// Starts a command and waits for nothing; its output goes nowhere. False if it could not be
 // started.
-bool LaunchAdb(std::string_view command);
+bool LaunchAdb(AdbCommand command);
 
 }  // namespace quorvi

@@ -14,7 +14,6 @@
 #include <utility>
 
 #include "base/os/ChildProcess.h"
-#include "link/AdbPath.h"
 
 namespace quorvi {
 
@@ -105,12 +104,12 @@ CAdbPipe::~CAdbPipe() {
     CAdbPipe::Stop();
 }
 
-bool CAdbPipe::Start(std::string_view command) {
+bool CAdbPipe::Start(AdbCommand command) {
     Stop();
     auto run = std::make_shared<Run>(listener_, pollInterval_);
     run->stopEvent = FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     if (!run->stopEvent.IsOpen() ||
-        run->child.Start(SplitCommandLine(command), ChildProcess::Input::pipe,
+        run->child.Start(std::move(command), ChildProcess::Input::pipe,
                          ChildProcess::Output::pipe) != RunOutcome::started) {
         return false;
     }

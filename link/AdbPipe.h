@@ -7,6 +7,8 @@
 #include <mutex>
 #include <string_view>
 
+#include "link/AdbCommand.h"
+
 namespace quorvi {
 
 enum class AdbOutputKind {
@@ -37,9 +39,9 @@ class CAdbPipe {
     CAdbPipe(const CAdbPipe&) = delete;
     CAdbPipe& operator=(const CAdbPipe&) = delete;
 
-    // Stops any earlier run, then starts a command line (see SplitCommandLine) and its reader.
-    // False if the pipes, the process or the thread could not be made.
-    virtual bool Start(std::string_view command);
+    // Stops any earlier run, then starts a command and its reader. False if the pipes, the process
+    // or the thread could not be made.
+    virtual bool Start(AdbCommand command);
 
     // Ends the reader and the child; the listener is not called any more. From the listener it does
     // not wait. Otherwise it waits for the reader, up to the grace time; a listener that keeps it

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "link/AdbCommand.h"
+
 namespace quorvi {
 
 DeviceInquiry::DeviceInquiry(LinkEnvironment environment, Answer answer)

@@ -6,17 +6,14 @@
 
 #include "base/Text.h"
 #include "link/AdbCapture.h"
+#include "link/AdbCommand.h"
 #include "link/AdbNames.h"
 
 namespace quorvi {
 
 SerialList ListSerials(const LinkEnvironment& environment) {
-    const AdbCapture capture = RunAdbCapture(fmt::format("{} devices", environment.adbPath()));
+    const AdbCapture capture = RunAdbCapture(DevicesCommand(environment));
     return {capture.outcome, ParseDevices(capture.text)};
-}
-
-std::string GetpropCommand(const LinkEnvironment& environment, std::string_view serial) {
-    return fmt::format("{} -s {} shell getprop", environment.adbPath(), serial);
 }
 
 DeviceRow MakeDeviceRow(std::string serial, std::string_view getprop) {

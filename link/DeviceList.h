@@ -44,10 +44,6 @@ inline constexpr std::size_t kGetpropLimit = 1024 * 1024;
 // Runs `adb devices` and waits for it: on a worker.
 [[nodiscard]] SerialList ListSerials(const LinkEnvironment& environment = {});
 
-// The command line that asks a phone for its properties.
-[[nodiscard]] std::string GetpropCommand(const LinkEnvironment& environment,
-                                         std::string_view serial);
-
 // The row of a phone out of its getprop's output. Of an empty one: no brand, image 21004, level 0.
 [[nodiscard]] DeviceRow MakeDeviceRow(std::string serial, std::string_view getprop);
 

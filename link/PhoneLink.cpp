@@ -1,7 +1,5 @@
 #include "link/PhoneLink.h"
 
-#include <fmt/format.h>
-
 #include <atomic>
 #include <chrono>
 #include <cstdio>
@@ -13,6 +11,7 @@
 #include "agent/AgentSession.h"
 #include "base/Text.h"
 #include "link/AdbCapture.h"
+#include "link/AdbCommand.h"
 #include "link/AdbHostClient.h"
 #include "link/AdbOutput.h"
 #include "link/AdbPipe.h"
@@ -128,8 +127,7 @@ void PhoneLink::Procedure::StartQuery() {
     pipe_.Stop();
     queryText_.clear();
     held_ = shared_from_this();
-    if (!pipe_.Start(fmt::format("{} -s {} shell {} {} package", environment_.adbPath(),
-                                 device_.Serial(), "pm", "list"))) {
+    if (!pipe_.Start(PackageListCommand(environment_, device_.Serial()))) {
         held_.reset();
         ShowFailure(FindDeviceResult::noAdb);
         EndQuery();
@@ -165,8 +163,7 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::OnPackageList(std::string_view 
         return InstallAgent(false);
     }
     // Whether the start works is not seen: an agent that does not come up does not answer.
-    LaunchAdb(fmt::format("{} -s {} shell {} start -n {}/{}", environment_.adbPath(),
-                          device_.Serial(), "am", kAgentPackage, kAgentActivity));
+    LaunchAdb(StartActivityCommand(environment_, device_.Serial(), kAgentPackage, kAgentActivity));
     return LinkAgent();
 }
 
@@ -206,11 +203,9 @@ int PhoneLink::Procedure::AgentVersion() const {
 PhoneLink::Procedure::Next PhoneLink::Procedure::InstallAgent(bool upgrade) {
     face_.ShowBanner(Ansi(upgrade ? u8"【提示】正在升级手机端..." : u8"【提示】正在安装手机端..."),
                      BannerState::working);
-    const std::string command =
-        fmt::format("{} -s {} install -r {}", environment_.adbPath(), device_.Serial(),
-                    QuoteBlanks(environment_.packageFile.string()));
-    std::fprintf(stderr, "%s\n", command.c_str());  // the debug channel
-    const AdbCapture capture = RunAdbCapture(command, kInstallCaptureLimit);
+    AdbCommand command = InstallCommand(environment_, device_.Serial(), environment_.packageFile);
+    std::fprintf(stderr, "%s\n", CommandLineText(command).c_str());  // the debug channel
+    const AdbCapture capture = RunAdbCapture(std::move(command), kInstallCaptureLimit);
     const InstallResult result = capture.outcome == RunOutcome::started
                                      ? ParseInstall(Trim(capture.text))
                                      : InstallResult::noProcess;

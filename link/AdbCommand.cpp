@@ -1,0 +1,41 @@
+#include "link/AdbCommand.h"
+
+#include <utility>
+
+namespace quorvi {
+
+AdbCommand DevicesCommand(const LinkEnvironment& environment) {
+    return {environment.adbPath(), "devices"};
+}
+
+AdbCommand GetpropCommand(const LinkEnvironment& environment, std::string serial) {
+    return {environment.adbPath(), "-s", std::move(serial), "shell", "getprop"};
+}
+
+AdbCommand PackageListCommand(const LinkEnvironment& environment, std::string serial) {
+    return {environment.adbPath(), "-s", std::move(serial), "shell", "pm", "list", "package"};
+}
+
+AdbCommand StartActivityCommand(const LinkEnvironment& environment, std::string serial,
+                                std::string_view package, std::string_view activity) {
+    std::string component(package);
+    component.append("/").append(activity);
+    return {environment.adbPath(), "-s", std::move(serial), "shell", "am", "start", "-n",
+            std::move(component)};
+}
+
+AdbCommand InstallCommand(const LinkEnvironment& environment, std::string serial,
+                          const std::filesystem::path& file) {
+    return {environment.adbPath(), "-s", std::move(serial), "install", "-r", file.native()};
+}
+
+std::string CommandLineText(const AdbCommand& command) {
+    std::string text;
+    for (const std::string& argument : command) {
+        const char* const quote = argument.find(' ') == std::string::npos ? "" : "\"";
+        text.append(text.empty() ? "" : " ").append(quote).append(argument).append(quote);
+    }
+    return text;
+}
+
+}  // namespace quorvi

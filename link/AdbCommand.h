@@ -1,0 +1,37 @@
+// The commands that are given to adb, as argument vectors: the program first, then each argument as
+// it stands, whatever blanks or quotes are in it. No shell of this computer reads them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "link/LinkEnvironment.h"
+
+namespace quorvi {
+
+using AdbCommand = std::vector<std::string>;
+
+// adb devices
+[[nodiscard]] AdbCommand DevicesCommand(const LinkEnvironment& environment);
+
+// adb -s SERIAL shell getprop
+[[nodiscard]] AdbCommand GetpropCommand(const LinkEnvironment& environment, std::string serial);
+
+// adb -s SERIAL shell pm list package
+[[nodiscard]] AdbCommand PackageListCommand(const LinkEnvironment& environment, std::string serial);
+
+// adb -s SERIAL shell am start -n PACKAGE/ACTIVITY
+[[nodiscard]] AdbCommand StartActivityCommand(const LinkEnvironment& environment,
+                                              std::string serial, std::string_view package,
+                                              std::string_view activity);
+
+// adb -s SERIAL install -r FILE
+[[nodiscard]] AdbCommand InstallCommand(const LinkEnvironment& environment, std::string serial,
+                                        const std::filesystem::path& file);
+
+// The command in one line for a human reader: an argument with a blank in it in double quotes.
+[[nodiscard]] std::string CommandLineText(const AdbCommand& command);
+
+}  // namespace quorvi
