@@ -97,7 +97,7 @@ Status RunLink(const Arguments& arguments, Output& output) {
     // They outlive the link's threads, which nobody waits for at the end of the process.
     static auto& device = *new DeviceContext;
     static auto& face = *new LinkLines(device, std::move(serial), output);
-    static auto& link = *new PhoneLink(device, face, SystemClock());
+    static auto& link = *new PhoneLink(device, face, SystemClock(), PackageInstaller());
     link.ConnectPhone(false);
     return face.WaitForEnd() == BannerState::success ? Status::done : Status::noLink;
 }

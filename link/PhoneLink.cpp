@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstdio>
 #include <string>
 #include <system_error>
 #include <thread>
@@ -38,8 +37,13 @@ constexpr int kNoAgentConnection = -1;
 class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
                              private CAdbPipeListener {
   public:
-    Procedure(DeviceContext& device, LinkFace& face, Clock& clock, LinkEnvironment environment)
-        : device_(device), face_(face), clock_(clock), environment_(std::move(environment)) {}
+    Procedure(DeviceContext& device, LinkFace& face, Clock& clock, PackageInstaller installer,
+              LinkEnvironment environment)
+        : device_(device),
+          face_(face),
+          clock_(clock),
+          installer_(std::move(installer)),
+          environment_(std::move(environment)) {}
 
     void ConnectPhone(bool delay);
 
@@ -73,6 +77,7 @@ class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
     DeviceContext& device_;
     LinkFace& face_;
     Clock& clock_;
+    const PackageInstaller installer_;
     const LinkEnvironment environment_;
 
     std::atomic<int> running_{0};
@@ -203,20 +208,17 @@ int PhoneLink::Procedure::AgentVersion() const {
 PhoneLink::Procedure::Next PhoneLink::Procedure::InstallAgent(bool upgrade) {
     face_.ShowBanner(Ansi(upgrade ? u8"【提示】正在升级手机端..." : u8"【提示】正在安装手机端..."),
                      BannerState::working);
-    AdbCommand command = InstallCommand(environment_, device_.Serial(), environment_.packageFile);
-    std::fprintf(stderr, "%s\n", CommandLineText(command).c_str());  // the debug channel
-    const AdbCapture capture = RunAdbCapture(std::move(command), kInstallCaptureLimit);
-    const InstallResult result = capture.outcome == RunOutcome::started
-                                     ? ParseInstall(Trim(capture.text))
-                                     : InstallResult::noProcess;
+    const InstallResult result = installer_.Install({device_.Serial(), environment_.packageFile},
+                                                    PackageInstaller::Debug::command);
     face_.ShowBanner(BannerText(result),
                      result == InstallResult::success ? BannerState::success : BannerState::error);
     return device_.UseInstallRetry() ? Next::retry : Next::nothing;
 }
 
 PhoneLink::PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock,
-                     LinkEnvironment environment)
-    : procedure_(std::make_shared<Procedure>(device, face, clock, std::move(environment))) {}
+                     PackageInstaller installer, LinkEnvironment environment)
+    : procedure_(std::make_shared<Procedure>(device, face, clock, std::move(installer),
+                                             std::move(environment))) {}
 
 PhoneLink::~PhoneLink() = default;
 

@@ -1,7 +1,7 @@
 // Brings the link to a phone up: find it, put the agent on it, start it, forward its port, ask its
 // version.
 //
-//   PhoneLink link(device, face, SystemClock());
+//   PhoneLink link(device, face, SystemClock(), installer);
 //   link.ConnectPhone(false);   // the face hears banners, LinkUp and, at last, LinkEnded
 #pragma once
 
@@ -12,6 +12,7 @@
 #include "link/DeviceContext.h"
 #include "link/LinkEnvironment.h"
 #include "link/LinkFace.h"
+#include "link/PackageInstaller.h"
 
 namespace quorvi {
 
@@ -22,9 +23,9 @@ inline constexpr std::string_view kAgentPackage = "com.quorvi.Quorvi";
 
 class PhoneLink {
   public:
-    // All three outlive the process's link threads: a worker may still run when the window is gone.
-    // The environment differs in tests only.
-    PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock,
+    // Device, face and clock outlive the process's link threads: a worker may still run when the
+    // window is gone. The environment differs in tests only.
+    PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock, PackageInstaller installer,
               LinkEnvironment environment = {});
     // Waits for nothing; what runs ends by itself.
     ~PhoneLink();

@@ -21,6 +21,7 @@
 #include "base/Places.h"
 #include "desktop/DesktopFolder.h"
 #include "desktop/DesktopIntegration.h"
+#include "link/PackageInstaller.h"
 #include "link/PhoneLink.h"
 #include "link/UsbWatch.h"
 #include "pages/devices/DeviceManagerDlg.h"
@@ -57,7 +58,9 @@ std::shared_ptr<DesktopIntegration> UserDesktop() {
 class Suite {
   public:
     explicit Suite(RunningInstance& instance)
-        : window_(Parts(instance)), face_(window_), link_(device_, face_, SystemClock()) {
+        : window_(Parts(instance)),
+          face_(window_),
+          link_(device_, face_, SystemClock(), installer_) {
         if (settings_.ReadNumber(kSettingsKey, kContrast) == 1U) {
             look::SetReadableInks(true);
         }
@@ -114,6 +117,7 @@ class Suite {
     BusNotifier notifier_;
     EffectSounds sounds_;
     UsbWatch usb_;
+    PackageInstaller installer_;
     CMainDlg window_;
     WindowLinkFace face_;
     PhoneLink link_;

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -171,9 +172,12 @@ class PhoneLinkTest : public testing::Test {
         ServerAnswers(Okay());
         AgentAnswers({Word(version), Answer::End::wait});
     }
+    PhoneLink MakeLink(DeviceContext& of, LinkFace& told) {
+        return PhoneLink(of, told, clock, PackageInstaller(environment), environment);
+    }
     // Runs the procedure to its end.
     void Connect(bool delay = false) {
-        PhoneLink link(device, face, clock, environment);
+        PhoneLink link = MakeLink(device, face);
         link.ConnectPhone(delay);
         EXPECT_TRUE(face.Ended());
     }
@@ -245,7 +249,7 @@ TEST_F(PhoneLinkTest, WorkerThatCannotBeMadeIsAnError) {
     }
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【内部错误】，请重新安装"), kError));
     AgentHasVersion(20);
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     link.ConnectPhone(false);
     ASSERT_TRUE(face.Ended(2));
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
@@ -344,7 +348,7 @@ TEST_F(PhoneLinkTest, OldAgentIsReplacedOnceInTheProcess) {
                 ElementsAre(connecting, upgrading, failed, connecting, upgrading, failed));
 
     // A later connect replaces it again, but retries no more.
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     link.ConnectPhone(false);
     ASSERT_TRUE(face.Ended(2));
     EXPECT_EQ(face.Banners().size(), 9U);
@@ -355,7 +359,7 @@ TEST_F(PhoneLinkTest, VersionsOneToNineteenAreOld) {
         AgentHasVersion(version);
         DeviceContext fresh;
         RecordingFace heard;
-        PhoneLink link(fresh, heard, clock, environment);
+        PhoneLink link = MakeLink(fresh, heard);
         link.ConnectPhone(false);
         ASSERT_TRUE(heard.Ended());
         EXPECT_EQ(heard.Banners().at(1).first, U8(u8"【提示】正在升级手机端..."));
@@ -373,7 +377,7 @@ TEST_F(PhoneLinkTest, EachInstallResultHasItsText) {
     int ends = 0;
     for (const auto& [output, text] : kResults) {
         Print("install", output);
-        PhoneLink link(device, face, clock, environment);
+        PhoneLink link = MakeLink(device, face);
         link.ConnectPhone(false);
         ASSERT_TRUE(face.Ended(++ends));
         EXPECT_EQ(face.Banners().back(), std::pair(text, kError));
@@ -396,7 +400,7 @@ TEST_F(PhoneLinkTest, AdbThatIsGoneAtTheInstallHasItsText) {
 TEST_F(PhoneLinkTest, ConnectDuringAConnectDoesNothing) {
     AgentHasVersion(20);
     clock.Hold(true);
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     link.ConnectPhone(true);
     clock.AwaitSleeper();
     link.ConnectPhone(false);
@@ -409,7 +413,7 @@ TEST_F(PhoneLinkTest, ConnectDuringAConnectDoesNothing) {
 TEST_F(PhoneLinkTest, ArrivalWhileTheAgentComesUpStopsAtThePackageQuery) {
     AgentHasVersion(20);
     clock.Hold(true);
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     link.ConnectPhone(false);
     clock.AwaitSleeper();  // the worker is through, the reader waits for the agent
     const auto runs = [this](std::string_view line) {
@@ -437,7 +441,7 @@ TEST_F(PhoneLinkTest, TheWayIsFreeForTheNextConnectBeforeTheQueryStarts) {
         }
         return path;
     };
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     started = &link;
     link.ConnectPhone(false);
     ASSERT_TRUE(face.Ended());
@@ -450,7 +454,7 @@ TEST_F(PhoneLinkTest, WorkerOutlivesTheLinkThatStartedIt) {
     AgentHasVersion(20);
     clock.Hold(true);
     {
-        PhoneLink link(device, face, clock, environment);
+        PhoneLink link = MakeLink(device, face);
         link.ConnectPhone(true);
         clock.AwaitSleeper();
     }
@@ -463,7 +467,7 @@ TEST_F(PhoneLinkTest, ReaderOutlivesTheLinkThatStartedIt) {
     AgentHasVersion(20);
     clock.Hold(true);
     {
-        PhoneLink link(device, face, clock, environment);
+        PhoneLink link = MakeLink(device, face);
         link.ConnectPhone(false);
         clock.AwaitSleeper();
     }
@@ -477,7 +481,8 @@ TEST_F(PhoneLinkTest, EndOfTheLinkWaitsForNobody) {
         "case \"$*\" in devices) printf 'List of devices attached\\nx\\tdevice\\n\\n';;\n"
         "*) touch \"$dir/stuck\"; await go; touch \"$dir/through\";; esac");
     environment.adbPath = [path = stuck.Path()] { return path; };
-    auto link = std::make_unique<PhoneLink>(device, face, clock, environment);
+    std::optional<PhoneLink> link;
+    link.emplace(device, face, clock, PackageInstaller(environment), environment);
     link->ConnectPhone(false);
     ASSERT_TRUE(Await([&] { return stuck.Has("stuck"); }));
     link.reset();
@@ -492,7 +497,7 @@ TEST_F(PhoneLinkTest, HundredConnectsLeaveNothingBehind) {
     ASSERT_EQ(agent->Exchanges(1).size(), 1U);  // the agent's own end is closed
     const int threads = SettledThreads();
     const int descriptors = OpenDescriptors();
-    PhoneLink link(device, face, clock, environment);
+    PhoneLink link = MakeLink(device, face);
     for (int run = 0; run < 100; ++run) {
         link.ConnectPhone(false);
         ASSERT_TRUE(face.Ended(run + 2));

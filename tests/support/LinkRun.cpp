@@ -38,7 +38,7 @@ std::vector<Banner> LinkRun::Run() {
     }
     LinkEnvironment environment;
     environment.packageFile = std::filesystem::path(QUORVI_BIN_DIR) / kAgentPackageFile;
-    PhoneLink link(device_, *this, clock_, environment);
+    PhoneLink link(device_, *this, clock_, PackageInstaller(environment), environment);
     link.ConnectPhone(false);
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return ended_; });
