@@ -10,7 +10,6 @@
 #include "app/platform/BusNotifier.h"
 #include "app/platform/DesktopTray.h"
 #include "app/platform/EffectSounds.h"
-#include "app/platform/QtSettingsStore.h"
 #include "app/process/EndSignals.h"
 #include "app/process/ProcessEnd.h"
 #include "app/process/RunningInstance.h"
@@ -19,6 +18,7 @@
 #include "app/window/WindowLinkFace.h"
 #include "base/Deployment.h"
 #include "base/Places.h"
+#include "base/SettingsFile.h"
 #include "desktop/DesktopFolder.h"
 #include "desktop/DesktopIntegration.h"
 #include "link/PackageInstaller.h"
@@ -86,11 +86,7 @@ class Suite {
                 [this](QWidget* parent, const QString& title, std::function<void()> done) {
                     OpenDeviceManager(parent, title, std::move(done));
                 },
-            .endProcess =
-                [this] {
-                    settings_.Flush();
-                    EndProcess(0);
-                },
+            .endProcess = [] { EndProcess(0); },
         };
     }
 
@@ -111,7 +107,7 @@ class Suite {
         dialog->Open([done = std::move(done)](int) { done(); });
     }
 
-    QtSettingsStore settings_;
+    SettingsFile settings_;
     DeviceContext device_;
     DesktopTray tray_;
     BusNotifier notifier_;

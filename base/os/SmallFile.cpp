@@ -40,6 +40,9 @@ bool ReplaceFile(const std::filesystem::path& file, std::string_view text, FileM
     std::filesystem::create_directories(target.parent_path(), failed);
     {
         std::ofstream stream(part, std::ios::binary | std::ios::trunc);
+        if (mode == FileMode::ownersOnly) {
+            std::filesystem::permissions(part, perms::owner_read | perms::owner_write, failed);
+        }
         stream.write(text.data(), static_cast<std::streamsize>(text.size()));
         stream.flush();
         if (!stream) {

@@ -14,7 +14,11 @@ inline constexpr std::size_t kSmallFileBytes = 1024 * 1024;
 // The bytes of a file; nothing when it cannot be read or is larger than kSmallFileBytes.
 [[nodiscard]] std::optional<std::string> ReadSmallFile(const std::filesystem::path& file);
 
-enum class FileMode { plain, executable };
+enum class FileMode {
+    plain,
+    executable,
+    ownersOnly,  // nobody else may read or write it
+};
 
 // Puts `text` in the place of the file in one step, making its folder where it is missing. What a
 // link points to is replaced, and not the link. False when it could not be written: then the file
