@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "ui/look/Look.h"
+#include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
 namespace {
@@ -54,7 +54,7 @@ std::unique_ptr<QApplication> MakeApplication(int& count, char** words) {
     }
     QStandardPaths::setTestModeEnabled(true);
     auto application = std::make_unique<QApplication>(count, words);
-    look::Apply(*application);
+    ApplyLook(*application);
     return application;
 }
 

@@ -27,6 +27,7 @@
 #include "pages/devices/DeviceManagerDlg.h"
 #include "tour/Tour.h"
 #include "ui/html/HtmlSite.h"
+#include "ui/kit/ApplyLook.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
 
@@ -127,7 +128,7 @@ int CPhoneSuiteApp::Run() {
     PrepareQt();
     if (argc_ == 2 && std::strcmp(argv_[1], kApologyOption) == 0) {
         QApplication application(argc_, argv_);
-        look::Apply(application);
+        ApplyLook(application);
         ShowApology();
         return 0;
     }
@@ -150,7 +151,7 @@ int CPhoneSuiteApp::RunWindow() {
         return 0;
     }
     SetCodePage(TheDeployment().codePage);
-    look::Apply(application);
+    ApplyLook(application);
     CMainDlg& window = (new Suite(instance))->Window();
     window.SetStartHidden(hidden);
     window.OnInitDialog();

@@ -4,7 +4,7 @@
 #include <QStandardPaths>
 
 #include "ui/html/HtmlSite.h"
-#include "ui/look/Look.h"
+#include "ui/kit/ApplyLook.h"
 
 // The one application object of the pages' tests.
 int main(int argc, char** argv) {
@@ -12,6 +12,6 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     quorvi::PrepareHtmlViews();
     QApplication application(argc, argv);
-    quorvi::look::Apply(application);
+    quorvi::ApplyLook(application);
     return RUN_ALL_TESTS();
 }

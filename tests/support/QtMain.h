@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-#include "ui/look/Look.h"
+#include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
 
@@ -18,7 +18,7 @@ class QtTest : public ::testing::Test {
         static char name[] = "test";
         static char* arguments[] = {name, nullptr};
         if (QApplication::instance() == nullptr) {
-            look::Apply(*new QApplication(count, arguments));
+            ApplyLook(*new QApplication(count, arguments));
         }
     }
 };

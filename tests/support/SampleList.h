@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/list/RecordListCtrl.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 

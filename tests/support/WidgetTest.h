@@ -6,7 +6,7 @@
 #include <QApplication>
 
 #include "tests/support/WaitFor.h"
-#include "ui/look/Look.h"
+#include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
 
@@ -21,7 +21,7 @@ class WidgetTest : public ::testing::Test {
         static char* argv[] = {name, nullptr};
         static auto* const application = [] {
             auto* made = new QApplication(argc, argv);
-            look::Apply(*made);
+            ApplyLook(*made);
             return made;
         }();
         return *application;

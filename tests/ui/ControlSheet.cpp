@@ -10,6 +10,7 @@
 #include <functional>
 
 #include "tests/support/SampleList.h"
+#include "ui/kit/ApplyLook.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
@@ -376,6 +377,6 @@ int Run(const QString& folder) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    quorvi::look::Apply(application);
+    quorvi::ApplyLook(application);
     return argc == 2 ? quorvi::Run(QString::fromLocal8Bit(argv[1])) : 2;
 }

@@ -20,7 +20,7 @@ class RingShape {
 };
 
 // Watches the application's keys, clicks and focus, and lays one frame a window around the control
-// that has the focus. Made once by look::Apply.
+// that has the focus. Made once by ApplyLook.
 class FocusRing : public QObject {
     Q_OBJECT
   public:

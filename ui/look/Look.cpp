@@ -5,10 +5,6 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "ui/kit/SkinStyle.h"
-#include "ui/look/DesktopWishes.h"
-#include "ui/look/FocusRing.h"
-
 namespace quorvi::look {
 namespace {
 
@@ -31,43 +27,6 @@ QStringList Families() {
     return {QStringLiteral("Noto Sans CJK SC"),    QStringLiteral("Source Han Sans SC"),
             QStringLiteral("Microsoft YaHei UI"),  QStringLiteral("PingFang SC"),
             QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")};
-}
-
-QPalette Palette() {
-    QPalette palette;
-    using Role = QPalette::ColorRole;
-    struct Pair {
-        Role role;
-        Color color;
-    };
-    static constexpr std::array kRoles{
-        Pair{Role::Window, Color::page},
-        Pair{Role::WindowText, Color::ink},
-        Pair{Role::Base, Color::surface},
-        Pair{Role::AlternateBase, Color::rowLight},
-        Pair{Role::Text, Color::ink},
-        Pair{Role::Button, Color::surface},
-        Pair{Role::ButtonText, Color::ink},
-        Pair{Role::Highlight, Color::plum6},
-        Pair{Role::HighlightedText, Color::onAccent},
-        Pair{Role::Link, Color::plum7},
-        Pair{Role::LinkVisited, Color::plum7},
-        Pair{Role::ToolTipBase, Color::tip},
-        Pair{Role::ToolTipText, Color::onAccent},
-        Pair{Role::PlaceholderText, Color::ink2},
-        Pair{Role::Light, Color::surface},
-        Pair{Role::Mid, Color::line2},
-        Pair{Role::Dark, Color::frame},
-    };
-    for (const Pair& pair : kRoles) {
-        palette.setColor(pair.role, color(pair.color));
-    }
-    for (const Role role :
-         {Role::WindowText, Role::Text, Role::ButtonText, Role::PlaceholderText}) {
-        palette.setColor(QPalette::Disabled, role, color(Color::inkOff));
-    }
-    palette.setColor(QPalette::Disabled, Role::Base, color(Color::fieldOff));
-    return palette;
 }
 
 }  // namespace
@@ -108,20 +67,49 @@ QFont font(Size size, bool bold) {
     return made;
 }
 
+QPalette palette() {
+    QPalette made;
+    using Role = QPalette::ColorRole;
+    struct Pair {
+        Role role;
+        Color color;
+    };
+    static constexpr std::array kRoles{
+        Pair{Role::Window, Color::page},
+        Pair{Role::WindowText, Color::ink},
+        Pair{Role::Base, Color::surface},
+        Pair{Role::AlternateBase, Color::rowLight},
+        Pair{Role::Text, Color::ink},
+        Pair{Role::Button, Color::surface},
+        Pair{Role::ButtonText, Color::ink},
+        Pair{Role::Highlight, Color::plum6},
+        Pair{Role::HighlightedText, Color::onAccent},
+        Pair{Role::Link, Color::plum7},
+        Pair{Role::LinkVisited, Color::plum7},
+        Pair{Role::ToolTipBase, Color::tip},
+        Pair{Role::ToolTipText, Color::onAccent},
+        Pair{Role::PlaceholderText, Color::ink2},
+        Pair{Role::Light, Color::surface},
+        Pair{Role::Mid, Color::line2},
+        Pair{Role::Dark, Color::frame},
+    };
+    for (const Pair& pair : kRoles) {
+        made.setColor(pair.role, color(pair.color));
+    }
+    for (const Role role :
+         {Role::WindowText, Role::Text, Role::ButtonText, Role::PlaceholderText}) {
+        made.setColor(QPalette::Disabled, role, color(Color::inkOff));
+    }
+    made.setColor(QPalette::Disabled, Role::Base, color(Color::fieldOff));
+    return made;
+}
+
 bool LessMotion() {
     return LessMotionFlag();
 }
 
 void SetLessMotion(bool on) {
     LessMotionFlag() = on;
-}
-
-void Apply(QApplication& application) {
-    application.setStyle(new SkinStyle);
-    application.setFont(font(Size::s13));
-    application.setPalette(Palette());
-    new FocusRing(&application);
-    (new DesktopWishes(&application))->Ask();
 }
 
 }  // namespace quorvi::look

@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <QPixmap>
 #include <QRectF>
 #include <QString>
@@ -15,7 +16,6 @@
 #include <cstdint>
 #include <string_view>
 
-class QApplication;
 class QPainter;
 
 namespace quorvi::look {
@@ -537,9 +537,8 @@ void paintProgress(QPainter& painter, const QRectF& rect, int percent);
 
 // ---- the application ---------------------------------------------------------------------------
 
-// Gives the application the suite's style, font and palette, and turns the readable inks on when
-// the desktop asks for high contrast.
-void Apply(QApplication& application);
+// The colours of stock parts that the kit does not paint itself.
+[[nodiscard]] QPalette palette();
 // Whether the desktop asks for less motion: then nothing moves by itself.
 [[nodiscard]] bool LessMotion();
 void SetLessMotion(bool on);

@@ -6,7 +6,7 @@
 
 #include "tests/support/PrivateNetwork.h"
 #include "ui/html/HtmlSite.h"
-#include "ui/look/Look.h"
+#include "ui/kit/ApplyLook.h"
 
 // The one application object of tests whose windows hold browsers, in a network of its own.
 int main(int argc, char** argv) {
@@ -16,6 +16,6 @@ int main(int argc, char** argv) {
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
     quorvi::PrepareHtmlViews();
     QApplication application(argc, argv);
-    quorvi::look::Apply(application);
+    quorvi::ApplyLook(application);
     return RUN_ALL_TESTS();
 }

@@ -14,6 +14,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

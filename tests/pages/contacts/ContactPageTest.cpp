@@ -4,6 +4,7 @@
 #include "tests/pages/contacts/ContactPageFixture.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/PictureFiles.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -13,6 +13,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

@@ -12,6 +12,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/look/FocusRing.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {

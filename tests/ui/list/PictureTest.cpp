@@ -8,6 +8,7 @@
 #include "tests/support/PictureFiles.h"
 #include "tests/support/QtMain.h"
 #include "ui/list/DecodePicture.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {
