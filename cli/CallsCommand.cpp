@@ -9,7 +9,7 @@
 namespace quorvi::cli {
 namespace {
 
-// What the page shows, without the line feed that stands behind it there.
+// The duration as the page shows it, without the line feed that the page's text ends in.
 std::string DurationOf(const CallLogRow& row) {
     return std::string(TrimRight(row.duration));
 }

@@ -22,7 +22,7 @@ enum class Status : int {
     notFound = 3,  // what was named is not there
 };
 
-// What stands behind the command's words on the command line, in UTF-8 as it was typed.
+// What follows the command's words on the command line, in UTF-8 as it was typed.
 struct Arguments {
     std::vector<std::string> operands;
     std::map<std::string, std::string, std::less<>> options;  // "--serial" to its value

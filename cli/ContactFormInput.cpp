@@ -16,7 +16,7 @@ namespace {
 using Complaint = std::optional<FormComplaint>;
 
 FormComplaint Complain(std::string_view member, std::u8string_view what) {
-    // A member's name is what was typed: in UTF-8 here.
+    // The name comes from the JSON, in UTF-8; complaints are ANSI.
     return {fmt::format("{}: {}", ToAnsi(member), Ansi(what))};
 }
 

@@ -101,9 +101,10 @@ Table TableOf(const ContactRecord& record) {
 
 constexpr std::u8string_view kNoContactId = u8"不是联系人的编号";
 
+// What a command can do with a reply that was cut: show the part that came, or nothing.
 enum class Needed { whatCame, allOfIt };
 
-// The contact of an id; `status` tells why there is none.
+// The contact of an id. Where there is none, `status` says why.
 std::optional<ContactRecord> ReadContact(std::uint32_t id, Needed needed, Output& output,
                                          Status& status) {
     ContactReply reply = FetchContact(AgentSession(), id);
@@ -185,7 +186,8 @@ Status RunContactsUpdate(const Arguments& arguments, Output& output) {
         return Status::wrongUsage;
     }
     Status status{};
-    // The editor's user sees what is missing; nobody looks here.
+    // The whole contact is needed: an update sends all of it, and what a cut reply left out would
+    // be deleted on the phone. In the window a user sees that something is missing.
     auto loaded = ReadContact(ids->front(), Needed::allOfIt, output, status);
     if (!loaded) {
         return status;

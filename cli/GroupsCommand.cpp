@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::u8string_view kNoGroupId = u8"不是分组的编号";
 
-// A group without a title would be sent by no window either.
+// Complains of an empty title, which the window does not send either.
 bool HasTitle(const std::string& title, Output& output) {
     if (title.empty()) {
         output.Complain(Ansi(u8"分组的标题不能为空"));

@@ -57,7 +57,7 @@ class LinkLines final : public LinkFace {
         changed_.notify_all();
     }
 
-    // The state of the last banner.
+    // Waits until the procedure has ended. The state of its last banner.
     BannerState WaitForEnd() {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return ended_; });
@@ -75,8 +75,8 @@ class LinkLines final : public LinkFace {
     bool ended_ = false;
 };
 
-// False when adb lists its phones and this one is not among them. Where adb cannot list them, the
-// procedure itself tells why.
+// False when adb lists its phones and this one is not among them. True as well where adb cannot
+// list them: the link procedure then tells why.
 bool MayBeThere(const std::string& serial) {
     const SerialList list = ListSerials();
     return list.outcome != RunOutcome::started ||
@@ -94,7 +94,8 @@ Status RunLink(const Arguments& arguments, Output& output) {
             return Status::notFound;
         }
     }
-    // They outlive the link's threads, which nobody waits for at the end of the process.
+    // Never deleted: the link's threads use them until the process ends, and nobody waits for these
+    // threads.
     static auto& device = *new DeviceContext;
     static auto& face = *new LinkLines(device, std::move(serial), output);
     static auto& link = *new PhoneLink(device, face, SystemClock(), PackageInstaller());

@@ -11,8 +11,9 @@ namespace quorvi::cli {
 namespace {
 
 constexpr std::size_t kColumnGap = 2;
-// Columns of a terminal to which all rows are padded for the sake of one. A longer cell moves the
-// rest of its own row: one name of a megabyte must not make every row a megabyte long.
+// The widest column, in cells of a terminal. Rows are padded to their column's longest text, but no
+// further than this: otherwise one name of a megabyte would make every row a megabyte long. What
+// stands behind a longer text in the same row is moved to the right.
 constexpr std::size_t kWidestPadding = 60;
 
 void WriteTo(std::FILE* stream, std::string_view text) {

@@ -43,9 +43,9 @@ class Output {
 
     // A message on standard error.
     void Complain(std::string_view ansi);
-    // Complains of a session that brought nothing because there is no link, or it broke, and of one
-    // that was cut; the status to end with. `done` for all outcomes but the first: what came of a
-    // cut reply counts, and an agent that has nothing to say is no failure.
+    // Complains when a session failed or its reply was cut, and returns the status to end with:
+    // noLink when no connection was made or it broke before a reply, else done. A cut reply is done
+    // because the part that came is shown, and an agent without data is no failure.
     [[nodiscard]] Status Report(SessionOutcome outcome);
 
   private:

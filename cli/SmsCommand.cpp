@@ -93,7 +93,7 @@ Status RunSmsDelete(const Arguments& arguments, Output& output) {
     if (!ids) {
         return Status::wrongUsage;
     }
-    if (ids->front() == kNoConversation) {  // stands for none, and is not sent
+    if (ids->front() == kNoConversation) {  // this id means "no conversation"; it is never sent
         output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
         return Status::notFound;
     }

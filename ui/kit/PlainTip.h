@@ -27,7 +27,8 @@ inline void ShowPlainTip(const QPoint& at, const QString& text, QWidget* widget,
                          const QRect& area = {}) {
     QString shown = BrokenForTip(text);
     if (Qt::mightBeRichText(shown)) {
-        // Escaping alone would show its own marks: what is left must be rich text for certain.
+        // Qt takes this text for rich text, so its marks are escaped; the <qt> around it keeps Qt
+        // from taking the escaped text for plain text and showing the escapes.
         shown = QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped());
         shown.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
     }

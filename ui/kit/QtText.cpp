@@ -25,7 +25,7 @@ QString ToShownQString(std::string_view ansi) {
     }
     QString start = ToQString(ansi.substr(0, kShownBytes));
     if (start.endsWith(QChar::ReplacementCharacter)) {
-        start.chop(1);  // the cut went through a character
+        start.chop(1);  // the cut fell between the bytes of one character
     }
     return start + QStringLiteral("…");
 }

@@ -10,8 +10,8 @@ namespace quorvi {
 [[nodiscard]] QString ToQString(std::string_view ansi);
 // A text of the program's own.
 [[nodiscard]] QString ToQString(std::u8string_view text);
-// Of a text from a peer, as much as the cell of a list can show, and “…” where more is: a name of a
-// megabyte costs nothing.
+// The beginning of a text from a peer, as much as the cell of a list can show, and “…” where there
+// is more: so a name of a megabyte is not converted at each painting.
 [[nodiscard]] QString ToShownQString(std::string_view ansi);
 [[nodiscard]] std::string FromQString(const QString& text);
 

@@ -28,15 +28,16 @@ constexpr int kCancel = 1021;
 constexpr int kHelp = 1199;
 constexpr int kOk = 1;
 
-struct KindRow {
+struct KindPicture {
     QuestionDlg::Kind kind;
     std::u16string_view icon;
     Color color;
 };
 
-constexpr std::array<KindRow, 3> kKinds{{{QuestionDlg::Kind::information, u"info", Color::plum6},
-                                         {QuestionDlg::Kind::warning, u"warning", Color::amber},
-                                         {QuestionDlg::Kind::error, u"error", Color::red}}};
+constexpr std::array<KindPicture, 3> kKinds{
+    {{QuestionDlg::Kind::information, u"info", Color::plum6},
+     {QuestionDlg::Kind::warning, u"warning", Color::amber},
+     {QuestionDlg::Kind::error, u"error", Color::red}}};
 
 // The picture beside the sentence.
 class KindMark : public QWidget {
@@ -54,7 +55,7 @@ class KindMark : public QWidget {
     }
 
   private:
-    const KindRow& row_;
+    const KindPicture& row_;
 };
 
 }  // namespace
@@ -84,7 +85,7 @@ QuestionDlg::QuestionDlg(int number, const QString& title, Kind kind, const QStr
 
 void QuestionDlg::showEvent(QShowEvent* event) {
     SkinDialog::showEvent(event);
-    FocusRing::Show();  // what Enter would answer must be seen
+    FocusRing::Show();  // the user sees which button Enter would press
 }
 
 CConfirmDeleteDlg::CConfirmDeleteDlg(const QString& text, QWidget* parent)

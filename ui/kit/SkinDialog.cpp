@@ -73,7 +73,7 @@ SkinDialog::SkinDialog(int number, const QString& title, QWidget* parent)
     SetTitle(title);
 
     close_->setFixedSize(Metric::dialogCaption, Metric::dialogCaption);
-    close_->setFocusPolicy(Qt::NoFocus);  // Escape is its key
+    close_->setFocusPolicy(Qt::NoFocus);  // on the keyboard Escape does the same
     connect(close_, &QAbstractButton::clicked, this, &QDialog::reject);
 
     auto* caption = new QHBoxLayout;
@@ -150,7 +150,7 @@ void SkinDialog::SetDefault(CSkinButton* button) {
 void SkinDialog::Open(std::function<void(int)> done) {
     setAttribute(Qt::WA_DeleteOnClose);
     if (done) {
-        // The opener may be gone by then; so may the dialog, when its parent is.
+        // The context is the dialog: when it is deleted with its parent, `done` is not called.
         connect(this, &QDialog::finished, this,
                 [done = std::move(done)](int result) { done(result); });
     }

@@ -19,11 +19,11 @@ using look::Size;
 
 namespace {
 
-// QLineEdit keeps this much of its own between frame and text.
+// The margin that QLineEdit itself leaves between its frame and its text.
 constexpr int kLineEditMargin = 2;
 
-// Characters without a blank between them, beyond which breaking lines between words is dear: its
-// time grows with their square.
+// The longest word, in characters, for which lines are broken between words. Qt's time for that
+// grows with the square of a word's length.
 constexpr qsizetype kLongWord = 1000;
 
 bool HasLongWord(const QString& text) {
@@ -44,7 +44,9 @@ look::ButtonState FieldState(const QWidget& widget) {
 
 CSkinEdit::CSkinEdit(const QString& text, QWidget* parent) : QLineEdit(text, parent) {
     setFont(look::font(Size::s13));
-    setMaxLength(std::numeric_limits<int>::max());  // what is cut off would be saved cut off
+    // QLineEdit cuts a text off at 32,767 characters as delivered, and the rest would be lost when
+    // the field is saved.
+    setMaxLength(std::numeric_limits<int>::max());
     const int margin = Metric::fieldPadding - kLineEditMargin - Metric::hairline;
     setTextMargins(margin, 0, margin, 0);
     setAttribute(Qt::WA_Hover);
@@ -72,7 +74,7 @@ SkinTextEdit::SkinTextEdit(const QString& text, QWidget* parent) : QPlainTextEdi
 }
 
 void SkinTextEdit::SetText(const QString& text) {
-    clear();  // or the old text would be laid out by the new one's rule
+    clear();  // so that Qt does not lay the old text out anew in the new mode
     setWordWrapMode(HasLongWord(text) ? QTextOption::WrapAnywhere
                                       : QTextOption::WrapAtWordBoundaryOrAnywhere);
     setPlainText(text);
@@ -88,7 +90,7 @@ void SkinTextEdit::insertFromMimeData(const QMimeData* source) {
 bool SkinTextEdit::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::Paint: {
-            // The frame lies on the area around the viewport.
+            // The frame is painted on this widget: the viewport lies inside it.
             QPainter painter(this);
             look::paintField(painter, rect(), FieldState(*this));
             return true;
@@ -167,7 +169,8 @@ void CSearchEdit::keyPressEvent(QKeyEvent* event) {
 void CSearchEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
-        // A click would put the cursor down behind this: select when it is through.
+        // A click that gives the focus goes on to place the cursor, which ends a selection. So the
+        // text is selected after the click has been handled.
         QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
     }
 }
@@ -248,7 +251,7 @@ void CSkinCombo::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
         QComboBox::wheelEvent(event);
     } else {
-        event->ignore();  // a turn over it on the way through a form must not change it
+        event->ignore();  // who scrolls the form does not want to change the box under the cursor
     }
 }
 

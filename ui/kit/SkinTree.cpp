@@ -24,7 +24,8 @@ constexpr int kIconRole = Qt::UserRole;
 // Characters of a text that a node shows: more than its width can hold.
 constexpr qsizetype kShownCharacters = 1024;
 
-// A name of a megabyte costs a node no more than it has room for.
+// The part of a node's text that is painted: to lay out a name of a megabyte at each painting would
+// freeze the window.
 QString ShownText(const QModelIndex& index) {
     return index.data().toString().left(kShownCharacters);
 }
@@ -53,7 +54,7 @@ class TreeDelegate : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
         return {0, Metric::treeRow};
     }
-    // Clicks are the tree's.
+    // CSkinTree handles the clicks itself.
     bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
                      const QModelIndex&) override {
         return false;
@@ -78,7 +79,7 @@ CSkinTree::CSkinTree(QWidget* parent, Ticks ticks)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::StyledPanel);
     setMouseTracking(true);
-    // The padding that the style leaves around the nodes has their ground.
+    // The style leaves a padding around the nodes; it gets the same colour as they have.
     QPalette ground = palette();
     ground.setColor(QPalette::Window, look::color(Color::surface));
     ground.setColor(QPalette::Disabled, QPalette::Window, look::color(Color::fieldOff));
@@ -272,7 +273,7 @@ void CSkinTree::mousePressEvent(QMouseEvent* event) {
 void CSkinTree::mouseDoubleClickEvent(QMouseEvent* event) {
     QTreeWidgetItem* item = itemAt(event->position().toPoint());
     if (item != nullptr && TickRect(item).contains(event->position().toPoint())) {
-        Flip(item);  // two quick clicks are two clicks
+        Flip(item);  // the second click of a double click counts like any click
         return;
     }
     QTreeWidget::mouseDoubleClickEvent(event);
@@ -294,7 +295,7 @@ bool CSkinTree::viewportEvent(QEvent* event) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QModelIndex index = indexAt(help->pos());
         const QString text = ShownText(index);
-        // As much as PaintNode leaves for the words.
+        // The width that PaintNode leaves for the text.
         int space = ContentRect(index).width() - 2 * Metric::treeCellPadding;
         if (ticks_ == Ticks::each) {
             space -= Metric::tickInRow + Metric::treeCellPadding;

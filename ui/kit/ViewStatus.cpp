@@ -116,7 +116,8 @@ void ViewStatus::PaintBar(QPainter& painter) const {
         look::fill(painter, QRectF(0, 0, width * part, Metric::loadBar), look::color(Color::plum6));
         return;
     }
-    // A run of light from left to right; standing still in the middle where nothing may move.
+    // A light that runs from left to right, or stands still in the middle where the desktop asks
+    // for less motion.
     const qreal length = width * Metric::loadBarPercent / 100.0;
     const qreal phase = motion_.isActive() ? static_cast<qreal>(phase_) / Metric::motionLoadBar
                                            : Metric::loadBarRest / 100.0;

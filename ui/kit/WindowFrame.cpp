@@ -114,7 +114,7 @@ void WindowFrame::Paint(QPainter& painter, const QWidget& window) {
     if (radius == 0) {
         return;
     }
-    // The line is the page's colour darkened by the edge, so that it is right on any ground.
+    // The line is translucent: it darkens the page's colour, which is painted under it first.
     look::plate(painter, window.rect(), radius, look::color(Color::page), Qt::transparent);
     look::plate(painter, window.rect(), radius, Qt::transparent,
                 look::color(Color::plum8, Metric::edgePercent));

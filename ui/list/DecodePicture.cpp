@@ -10,13 +10,14 @@
 namespace quorvi {
 namespace {
 
-// Formats that are read: pixels only, in a size that the header tells. A drawing could name files
-// and grow without bound.
+// The formats that are decoded: those made of pixels, whose header tells the size. Drawings such as
+// SVG are left out: they can refer to files, and a short one can be endlessly large.
 constexpr std::array<QByteArrayView, 13> kFormats{
     "bmp", "gif", "ico", "jpeg", "pbm", "pgm", "png", "ppm", "tiff", "wbmp", "webp", "xbm", "xpm"};
 
-// Scans of a JPEG. Each is worked on as a whole picture, and a photo's bytes hold thousands of
-// empty ones: seconds for one row of the list. Real files have about ten.
+// The most scans of a JPEG that is decoded. The decoder goes over the whole picture once a scan,
+// and a file of a photo's length has room for thousands of empty scans, which would take seconds
+// for one row of the list. Real files have about ten.
 constexpr int kMostScans = 100;
 
 bool IsKnown(const QByteArray& format) {

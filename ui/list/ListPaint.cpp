@@ -155,13 +155,13 @@ void PaintProgressCell(const CellPaint& paint) {
 
 void PaintNothing(const CellPaint&) {}
 
-struct KindRow {
+struct CellPainter {
     CellKind kind;
     void (*paint)(const CellPaint&);
 };
 
-// Row i paints kind i. Picture and tick are the list's own.
-constexpr std::array<KindRow, 14> kPainters{{
+// Row i paints kind i. CSkinListCtrl paints pictures and ticks itself.
+constexpr std::array<CellPainter, 14> kPainters{{
     {CellKind::text, PaintText},
     {CellKind::twoLines, PaintTwoLines<Size::s13>},
     {CellKind::twoSmallLines, PaintTwoLines<Size::s12>},
@@ -188,7 +188,8 @@ constexpr bool PaintersInOrder() {
 }
 static_assert(PaintersInOrder());
 
-// The blocks of a row that has not come yet, in percent of the column's width.
+// The grey blocks painted for a row that is still being loaded: widths of its first and second
+// line, in percent of the column's width.
 struct BlockWidths {
     int first;
     int second;

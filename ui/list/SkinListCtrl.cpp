@@ -20,7 +20,7 @@ namespace quorvi {
 using look::Color;
 using look::Metric;
 
-// Hands each cell to the list, which knows its record.
+// Has the list paint each cell, since only the list knows the records.
 class ListDelegate : public QStyledItemDelegate {
   public:
     explicit ListDelegate(CSkinListCtrl& list) : QStyledItemDelegate(&list), list_(list) {}
@@ -29,7 +29,7 @@ class ListDelegate : public QStyledItemDelegate {
                const QModelIndex& index) const override {
         list_.PaintCell(*painter, option.rect, index.row(), index.column());
     }
-    // Clicks are the list's.
+    // CSkinListCtrl handles the clicks itself.
     bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
                      const QModelIndex&) override {
         return false;
@@ -73,7 +73,8 @@ CSkinListCtrl::CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight,
     LayColumns();
     RoundCorners::Attach(*this);
 
-    // The bar lies over the rows; the view's own stays hidden and leads.
+    // The bar that the user sees lies over the rows. The view's own bar, which decides what is
+    // scrolled, stays hidden; the two are kept at one value.
     bar_->setFocusPolicy(Qt::NoFocus);
     bar_->hide();
     QScrollBar* own = verticalScrollBar();
@@ -190,7 +191,8 @@ void CSkinListCtrl::SetRedraw(bool on) {
     if (redraw_ == on) {
         return;
     }
-    // A list without rows stays blank, not "empty": what it holds is not known while redraw is off.
+    // A list without rows shows nothing while redraw is off, not even that it is empty: it may well
+    // have been filled in the meantime.
     frozen_ = !on && RowCount() > 0 ? viewport()->grab() : QPixmap();
     redraw_ = on;
     viewport()->update();
@@ -266,7 +268,7 @@ void CSkinListCtrl::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::NoButton) {
         QTableView::mouseMoveEvent(event);
     }
-    // With a button held the selection stays where the press put it.
+    // While a button is held the move is kept from the view, which would drag the selection along.
 }
 
 void CSkinListCtrl::mousePressEvent(QMouseEvent* event) {
@@ -280,7 +282,7 @@ void CSkinListCtrl::mousePressEvent(QMouseEvent* event) {
     const int column = index.column();
     Q_EMIT rowClicked(row);
     if (row >= RowCount()) {
-        return;  // the click's handler changed the rows
+        return;  // who heard of the click took rows away
     }
     if (Column(column).kind == CellKind::check) {
         FlipTick(row);
@@ -295,7 +297,7 @@ void CSkinListCtrl::mouseDoubleClickEvent(QMouseEvent* event) {
         return;
     }
     if (Column(index.column()).kind == CellKind::check) {
-        FlipTick(index.row());  // two quick clicks are two clicks
+        FlipTick(index.row());  // the second click of a double click counts like any click
         return;
     }
     Q_EMIT rowOpened(index.row());
@@ -308,7 +310,7 @@ void CSkinListCtrl::contextMenuEvent(QContextMenuEvent* event) {
     }
     const int row = currentIndex().row();
     if (row >= 0) {
-        scrollTo(currentIndex());  // the menu stands beside it
+        scrollTo(currentIndex());  // the menu opens beside the row, which must be in view
     }
     const QPoint at =
         row < 0 ? QPoint(0, 0) : RowRect(row).topLeft() + QPoint(rowHeight_ / 2, rowHeight_ / 2);
@@ -407,7 +409,7 @@ QModelIndex CSkinListCtrl::moveCursor(CursorAction action, Qt::KeyboardModifiers
             to = rows - 1;
             break;
         default:
-            break;  // left and right: rows have no cursor of their own
+            break;  // left and right move nothing: the cursor goes by whole rows
     }
     Q_UNUSED(modifiers);
     return model_->index(std::clamp(to, 0, rows - 1), std::max(0, currentIndex().column()));
@@ -438,7 +440,8 @@ void CSkinListCtrl::FollowSelection() {
 void CSkinListCtrl::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
     if (event->reason() != Qt::MouseFocusReason && !currentIndex().isValid() && RowCount() > 0) {
-        // A ring needs a row to stand on; it does not select.
+        // The focus ring is drawn around the current row: make the first row current, and leave the
+        // selection as it is.
         selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
     }
     UpdateRow(currentIndex().row());

@@ -34,7 +34,7 @@ constexpr std::array<Wish, 2> kWishes{{
      [](const QVariant& value) { look::SetLessMotion(!value.toBool()); }},
 }};
 
-// The portal wraps a value once or twice.
+// The portal's value, which comes wrapped in one or two D-Bus variants.
 QVariant Unwrapped(QVariant value) {
     while (value.canConvert<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();

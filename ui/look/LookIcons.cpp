@@ -8,7 +8,8 @@
 
 #include "ui/look/Look.h"
 
-// Resources in a static library are registered by hand, outside any namespace.
+// The resources of a static library have to be registered by a call, and the macro for it works
+// only outside any namespace.
 static void RegisterIcons() {
     Q_INIT_RESOURCE(icons);
 }
@@ -31,7 +32,7 @@ struct Key {
     }
 };
 
-// Icons on show at one time at one scale come to a few hundred; beyond that start afresh.
+// The most icons kept. A few hundred are in use at one time; a full cache is emptied.
 constexpr qsizetype kCacheLimit = 1024;
 
 QHash<Key, QPixmap>& Cache() {

@@ -19,14 +19,14 @@ struct Paint {
     Color icon;
 };
 
-// Rows: normal, hover, pressed, disabled.
-struct KindRow {
+// How one kind of button is painted: normal, hovered, pressed, disabled.
+struct ButtonPaints {
     ButtonKind kind;
     std::array<Paint, 4> states;
 };
 
 using enum Color;
-constexpr std::array<KindRow, static_cast<std::size_t>(ButtonKind::count)> kKinds = {{
+constexpr std::array<ButtonPaints, static_cast<std::size_t>(ButtonKind::count)> kKinds = {{
     {ButtonKind::plain,
      {{{surface, line2, ink, plum6},
        {rowHover, rowBorder, plum7, plum6},

@@ -17,7 +17,7 @@ struct Mark {
     Color line;
 };
 
-// Rows: normal, hover, pressed, disabled.
+// Elements: normal, hovered, pressed, disabled.
 constexpr std::array<Mark, 4> kOff{
     {{surface, ink3}, {rowLight, plum6}, {rowHover, plum7}, {fieldOff, line2}}};
 constexpr std::array<Mark, 4> kOn{
