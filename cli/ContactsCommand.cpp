@@ -130,7 +130,7 @@ std::optional<ContactForm> FormOfInput(Output& output) {
     }
     auto& [form, charactersLost] = std::get<ContactFormInput>(read);
     if (charactersLost) {
-        output.Complain(Ansi(u8"有些字符无法保存，会变成“?”"));
+        output.Complain(Ansi(kContactCharactersLost));
     }
     return std::move(form);
 }

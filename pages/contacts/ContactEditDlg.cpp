@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "agent/AgentSession.h"
-#include "base/Text.h"
 #include "pages/kit/PageSession.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -255,7 +254,7 @@ void CContactEditDlg::Load() {
 }
 
 void CContactEditDlg::Follow(const QWidget* field, const QString& text) {
-    if (FitsCodePage(text.toStdString())) {
+    if (FitsCodePage(text)) {
         lossy_.erase(field);
     } else {
         lossy_.insert(field);
@@ -273,7 +272,7 @@ void CContactEditDlg::Notice(int state, std::u8string_view text) {
 void CContactEditDlg::ShowNotice() {
     const bool lossy = !lossy_.empty();
     notice_->SetState(lossy ? CSkinStateLabel::kRed : noticeState_,
-                      lossy ? ToQString(u8"有些字符无法保存，会变成“?”") : noticeText_);
+                      lossy ? ToQString(kContactCharactersLost) : noticeText_);
     notice_->setVisible(!notice_->text().isEmpty());
 }
 

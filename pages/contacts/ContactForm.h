@@ -24,6 +24,8 @@ inline constexpr std::size_t kContactFormPhones = 3;
 
 // Why a new contact is not saved.
 inline constexpr std::u8string_view kEmptyContactName = u8"错误: 联系人姓名不能为空";
+// What is said of a form whose texts have characters that the code page lacks.
+inline constexpr std::u8string_view kContactCharactersLost = u8"有些字符无法保存，会变成“?”";
 
 // The fields, ANSI, as the editor opens with them: texts empty, types at their defaults.
 struct ContactForm {

@@ -249,9 +249,8 @@ void CSmsComposeDlg::ShowLength() {
     const MessageLength length = MeasureMessage(text);
     length_->setText(ToQString(u8"%1 字\n%2 条短信").arg(length.characters).arg(length.messages));
     length_->setToolTip(ToQString(u8"还可以写 %1 字，再多就要增加一条短信").arg(length.left));
-    const bool lossy = ToQString(text) != typed;
     state_->SetState(CSkinStateLabel::kRed,
-                     lossy ? ToQString(u8"有些字符无法发送，会变成“?”") : QString());
+                     FitsCodePage(typed) ? QString() : ToQString(u8"有些字符无法发送，会变成“?”"));
 }
 
 void CSmsComposeDlg::Resume(const UnsentMessage& message) {

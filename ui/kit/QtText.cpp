@@ -34,4 +34,8 @@ std::string FromQString(const QString& text) {
     return ToAnsi(text.toStdString());
 }
 
+bool FitsCodePage(const QString& text) {
+    return ToQString(FromQString(text)) == text;
+}
+
 }  // namespace quorvi

@@ -15,4 +15,8 @@ namespace quorvi {
 [[nodiscard]] QString ToShownQString(std::string_view ansi);
 [[nodiscard]] std::string FromQString(const QString& text);
 
+// True when a text that was typed comes back from FromQString as it was: no character of it becomes
+// '?' when it is saved or sent.
+[[nodiscard]] bool FitsCodePage(const QString& text);
+
 }  // namespace quorvi

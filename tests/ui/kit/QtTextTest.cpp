@@ -23,6 +23,13 @@ TEST(QtText, AStartNeverEndsInsideACharacter) {
     EXPECT_EQ(shown, QStringLiteral("n") + QString(511, QChar(u'林')) + QStringLiteral("…"));
 }
 
+TEST(QtText, TextFitsTheCodePageWhenItComesBackAsItWas) {
+    EXPECT_TRUE(FitsCodePage(QString()));
+    EXPECT_TRUE(FitsCodePage(QStringLiteral("A? 林")));
+    EXPECT_FALSE(FitsCodePage(QStringLiteral("林\U0001F388")));
+    EXPECT_FALSE(FitsCodePage(QString(QChar(0xD83C))));  // half of a pair
+}
+
 TEST(PlainTip, LinesAreBrokenAfterSixtyCharactersAndNoPairInTwo) {
     EXPECT_EQ(BrokenForTip(QStringLiteral("brief\nand brief")), QStringLiteral("brief\nand brief"));
     EXPECT_EQ(BrokenForTip(QString(61, QLatin1Char('x'))),
