@@ -7,12 +7,13 @@
 namespace quorvi {
 
 // "%02d:%02d:%02d\n" of hours (modulo 24: the days are dropped), minutes and seconds. The line feed
-// at the end is meant.
+// is kept on purpose: the call log shows it (FormatDuration.DaysAreDroppedAndALineFeedEndsTheText).
 [[nodiscard]] std::string FormatDuration(std::uint32_t seconds);
 
 // A size as the desktop shows it on a Chinese system: three significant digits, cut and not
 // rounded: "532 字节", "1.30 KB", "22.9 KB", "2.28 MB", "2.23 GB". ANSI. The argument is cut to its
-// lower 32 bits first, so that exactly 4 GiB shows as "0 字节"; this is meant.
+// lower 32 bits first, so that exactly 4 GiB shows as "0 字节". Kept on purpose: the pages have
+// always shown it so (FormatByteSize.ExactlyFourGigabytesShowAsZero).
 [[nodiscard]] std::string FormatByteSize(std::uint64_t bytes);
 
 // Local time of a count of seconds since 1970 as "%4d-%02d-%02d %02d:%02d:%02d". A time that no

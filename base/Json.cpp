@@ -40,7 +40,7 @@ std::optional<Json::Value> ParseJson(std::string_view utf8) {
             return document;
         }
     } catch (const std::exception&) {
-        // The reader throws where nesting passes its limit.
+        // JsonCpp's reader throws when a document is nested too deeply.
     }
     return std::nullopt;
 }

@@ -15,7 +15,8 @@ namespace {
 
 constexpr char kBlanks[] = " \t\r\n";
 
-// Bytes re-encoded at a time: the memory for the way between does not grow with the text.
+// The most bytes re-encoded at a time, so that the memory for the UTF-16 in between does not grow
+// with the text.
 constexpr std::size_t kPiece = 64 * 1024;
 // Bytes of a code page's longest character.
 constexpr std::size_t kLongestCharacter = 4;

@@ -81,7 +81,7 @@ struct Agents {
 };
 const Agents* agents = nullptr;
 
-// A page on the screen.
+// The contacts page, shown in a window of its own.
 class Shown {
   public:
     explicit Shown(std::uint16_t port) : page_(host_, nullptr, port) {

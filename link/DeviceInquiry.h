@@ -29,7 +29,7 @@ class DeviceInquiry : private CAdbPipeListener {
     const LinkEnvironment environment_;
     const Answer answer_;
     std::mutex asking_;
-    // Of the question that runs; changed only while none does.
+    // The round of the question that runs; changed only while none runs.
     int round_ = 0;
     std::string serial_;
     std::string getprop_;

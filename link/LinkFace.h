@@ -1,4 +1,5 @@
-// What the link procedure tells and asks the one who shows it: the window, or the command line.
+// What the link procedure tells and asks whoever shows it to the user: the window, or the command
+// line.
 #pragma once
 
 #include <string>

@@ -9,7 +9,8 @@
 namespace quorvi {
 namespace {
 
-// Row = FindDeviceResult. The bracket of the third text is not closed, which is meant.
+// Row = FindDeviceResult. The bracket that the third text opens is not closed; kept on purpose, as
+// the text is known (FindDevice.TextOfAMissingAdbHasNoClosingBracket).
 constexpr std::array<std::u8string_view, 5> kSearchTexts{
     u8"",
     u8"【内部错误】，请重新安装",

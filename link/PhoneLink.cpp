@@ -108,8 +108,8 @@ void PhoneLink::Procedure::RunWorker(bool delay) {
         clock_.SleepFor(kArrivalDelay);
     }
     const bool takesQuery = TakesQuery();
-    // Before the query starts, or a worker that the system keeps waiting behind it would make the
-    // reader's retry do nothing.
+    // The flag falls before the query starts. If it fell after, a worker that is slow to get there
+    // would still count as running when the query's reader retries, and the retry would do nothing.
     workerRunning_ = false;
     if (takesQuery) {
         StartQuery();
@@ -167,7 +167,7 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::OnPackageList(std::string_view 
     if (!HoldsPackage(text, kAgentPackage)) {
         return InstallAgent(false);
     }
-    // Whether the start works is not seen: an agent that does not come up does not answer.
+    // Nobody looks whether the start works: if it does not, the agent does not answer later.
     LaunchAdb(StartActivityCommand(environment_, device_.Serial(), kAgentPackage, kAgentActivity));
     return LinkAgent();
 }

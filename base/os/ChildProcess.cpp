@@ -170,7 +170,7 @@ void ChildProcess::Release() {
     try {
         std::thread([child] { Reap(child, 0); }).detach();
     } catch (const std::system_error&) {
-        // No thread is to be had: the child stays a zombie until this process ends.
+        // No thread could be started: the child stays a zombie until this process ends.
     }
 }
 

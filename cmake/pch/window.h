@@ -1,4 +1,4 @@
-// Precompiled for what shows itself in a window.
+// Precompiled for the libraries and programs with Qt.
 #pragma once
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// Precompiled for the tests of what shows itself in a window.
+// Precompiled for the tests with Qt.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -51,7 +51,7 @@ void TakeField(ReplyCursor& cursor, std::uint8_t form, const ReplyBuffer& reply)
             cursor.SkipBytes(form / 8);
             break;
         case 6:
-            // A skip as far as a word of the phone's says.
+            // A skip over as many bytes as a word of the reply says.
             cursor.SkipBytes(cursor.TakeUInt32());
             break;
         default: {

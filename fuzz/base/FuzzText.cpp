@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     quorvi::SetCodePage(data[0] % 2 == 0 ? quorvi::CodePage::gbk : quorvi::CodePage::gb18030);
     const std::string text(reinterpret_cast<const char*>(data + 1), size - 1);
 
-    // What is once in the code page stays as it is on the way out and back.
+    // A text that is in the code page comes back from UTF-8 as it was.
     const std::string ansi = quorvi::ToAnsi(text);
     const std::string utf8 = quorvi::ToUtf8(ansi);
     Require(quorvi::ToAnsi(utf8) == ansi);

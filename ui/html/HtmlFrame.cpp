@@ -11,7 +11,8 @@ namespace quorvi {
 using look::Color;
 using look::Metric;
 
-// What lies over the view: the whole of it, or the bar alone.
+// The widget that lies over the view and shows the marks: it covers all of the view, or only the
+// bar at its top.
 class HtmlFrame::Cover : public QWidget {
   public:
     explicit Cover(QWidget* parent) : QWidget(parent), status_(this) {

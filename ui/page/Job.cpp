@@ -33,7 +33,8 @@ class WindowQueue : public QObject {
         QMetaObject::invokeMethod(this, "RunFirst", Qt::QueuedConnection);
     }
 
-    // One post for each wake: what runs may turn the window's loop itself.
+    // Runs one post for each wake and leaves the others in the queue, since a post may itself run
+    // the window's event loop, as a dialog does.
     Q_INVOKABLE void RunFirst() {
         const Posted first = TakeFirst();
         if (first.receiver) {
