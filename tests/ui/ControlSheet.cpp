@@ -1,4 +1,5 @@
-// Writes pictures of the whole kit in all its states: control_sheet DIRECTORY. To be looked at.
+// Writes pictures of the whole kit in all its states, to be looked at: control_sheet DIRECTORY.
+// It is built in tools/.
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QGridLayout>
