@@ -59,6 +59,10 @@ void ReplyBuffer::Commit(std::size_t count) {
     received_ += static_cast<std::uint32_t>(std::min<std::size_t>(count, length_ - received_));
 }
 
+ReplyBytes::ReplyBytes(const SharedReply& reply, std::span<const std::byte> bytes)
+    : start_(bytes.empty() ? nullptr : std::shared_ptr<const std::byte>(reply, bytes.data())),
+      length_(static_cast<std::uint32_t>(bytes.size())) {}
+
 ReplyCursor::ReplyCursor(const ReplyBuffer& reply)
     : data_(reply.Data()),
       length_(reply.Length()),

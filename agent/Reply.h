@@ -59,12 +59,22 @@ using SharedReply = std::shared_ptr<const ReplyBuffer>;
     return std::make_shared<const ReplyBuffer>(std::move(buffer));
 }
 
-// Bytes that lie in a reply, such as a photo, and the reply that holds them.
+// Bytes that lie in a reply, such as a photo or an icon. They are not copied: whoever holds them
+// holds on to the whole reply.
 //
 //   if (const auto photo = cursor.TakeBlob()) record.photo = {reply, *photo};
-struct SharedBytes {
-    SharedReply reply;
-    std::span<const std::byte> bytes;
+class ReplyBytes {
+  public:
+    ReplyBytes() = default;
+    // `bytes` lie in `reply`; of none, nothing is held.
+    ReplyBytes(const SharedReply& reply, std::span<const std::byte> bytes);
+
+    [[nodiscard]] std::span<const std::byte> Bytes() const { return {start_.get(), length_}; }
+    [[nodiscard]] bool Empty() const { return length_ == 0; }
+
+  private:
+    std::shared_ptr<const std::byte> start_;
+    std::uint32_t length_ = 0;
 };
 
 // An offset into a reply that moves through its fields, starting behind the leading word.

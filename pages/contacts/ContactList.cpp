@@ -8,7 +8,7 @@ namespace quorvi {
 namespace {
 
 // Nothing for a photo that is too long or not all there; the cursor moves past it all the same.
-ContactPhoto TakePhoto(ReplyCursor& cursor, const std::shared_ptr<const ReplyBuffer>& reply) {
+ReplyBytes TakePhoto(ReplyCursor& cursor, const SharedReply& reply) {
     // Of the length, too, only the low 32 bits count.
     const auto length = static_cast<std::uint32_t>(cursor.TakeUInt64());
     const std::size_t offset = cursor.Offset();
@@ -16,19 +16,12 @@ ContactPhoto TakePhoto(ReplyCursor& cursor, const std::shared_ptr<const ReplyBuf
     if (cursor.IsCut() || length > kContactPhotoCapacity) {
         return {};
     }
-    return {reply, offset, length};
+    return {reply, {reply->Data() + offset, length}};
 }
 
 }  // namespace
 
-ContactPhoto::ContactPhoto(const std::shared_ptr<const ReplyBuffer>& reply, std::size_t offset,
-                           std::size_t length)
-    : start_(length == 0 ? nullptr
-                         : std::shared_ptr<const std::byte>(reply, reply->Data() + offset)),
-      length_(static_cast<std::uint32_t>(length)) {}
-
-ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
-                             const AttributionOf& attribution) {
+ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attribution) {
     ContactList list;
     ReplyCursor cursor(*reply);
     do {
@@ -64,8 +57,7 @@ ContactListReply FetchContactList(const AgentSession& session, const Attribution
                                   const AgentSession::Progress& progress) {
     return FetchList<ContactListRow>(
         session, BareRequest(AgentCommand::listContacts), progress, [&](ReplyBuffer&& reply) {
-            return ParseContactList(std::make_shared<const ReplyBuffer>(std::move(reply)),
-                                    attribution);
+            return ParseContactList(ShareReply(std::move(reply)), attribution);
         });
 }
 

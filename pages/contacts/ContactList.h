@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,31 +20,14 @@ namespace quorvi {
 // A longer photo is dropped. Bytes.
 inline constexpr std::size_t kContactPhotoCapacity = 262'244;
 
-// The bytes of an image file as the phone keeps it, in any format. They are not copied: a photo
-// holds on to the reply that it came in.
-class ContactPhoto {
-  public:
-    ContactPhoto() = default;
-    // `length` bytes at `offset` of `reply`.
-    ContactPhoto(const std::shared_ptr<const ReplyBuffer>& reply, std::size_t offset,
-                 std::size_t length);
-
-    [[nodiscard]] std::span<const std::byte> Bytes() const { return {start_.get(), length_}; }
-    // True when there is none: the default head shows in its place.
-    [[nodiscard]] bool Empty() const { return length_ == 0; }
-
-  private:
-    std::shared_ptr<const std::byte> start_;
-    std::uint32_t length_ = 0;
-};
-
 // One row; texts are ANSI.
 struct ContactListRow {
     std::string name;
     std::string number;  // the first one
     std::string attribution;
     std::string lastContact;  // see ContactTimeText
-    ContactPhoto photo;
+    // An image file as the phone keeps it, in any format; without one the default head shows.
+    ReplyBytes photo;
     bool favourite = false;
     std::uint32_t contactId = 0;  // what all other commands name the contact by
     std::uint32_t secondId = 0;   // kept and not used
@@ -58,7 +40,7 @@ using ContactListReply = ListReply<ContactListRow>;
 // Reads the run of records. A record with a length that points outside the reply, or in whose id
 // the reply was cut, ends the run and is dropped. Any thread; `attribution` is called on it, once a
 // row.
-[[nodiscard]] ContactList ParseContactList(const std::shared_ptr<const ReplyBuffer>& reply,
+[[nodiscard]] ContactList ParseContactList(const SharedReply& reply,
                                            const AttributionOf& attribution);
 
 // One session that reads the list. Any thread.

@@ -221,8 +221,10 @@ TEST(ReplyBuffer, MoreCannotBeCommittedThanThereIsRoom) {
     EXPECT_TRUE(reply.Room().empty());
 }
 
-TEST(SharedReply, BytesOfAReplyOutliveTheParse) {
-    SharedBytes photo;
+TEST(ReplyBytes, OutliveTheParse) {
+    ReplyBytes photo;
+    EXPECT_TRUE(photo.Empty());
+    std::weak_ptr<const ReplyBuffer> held;
     {
         const SharedReply reply =
             ShareReply(ReplyBuffer::Holding(Join({Word(kLeadingWord), Text("photo")})));
@@ -230,10 +232,20 @@ TEST(SharedReply, BytesOfAReplyOutliveTheParse) {
         if (const auto blob = cursor.TakeBlob()) {
             photo = {reply, *blob};
         }
+        held = reply;
     }
-    EXPECT_EQ(photo.reply.use_count(), 1);
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(photo.bytes.data()), photo.bytes.size()),
-              "photo");
+    const auto bytes = photo.Bytes();
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()), "photo");
+    EXPECT_EQ(held.use_count(), 1);
+    photo = {};
+    EXPECT_TRUE(held.expired());
+}
+
+TEST(ReplyBytes, OfNoLengthHoldNothing) {
+    const SharedReply reply = ShareReply(ReplyBuffer::Holding(Word(kLeadingWord)));
+    const ReplyBytes none(reply, {});
+    EXPECT_TRUE(none.Empty());
+    EXPECT_EQ(reply.use_count(), 1);
 }
 
 }  // namespace
