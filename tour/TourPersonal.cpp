@@ -81,7 +81,7 @@ TourStop PageStop(std::string_view name, int page, const ViewState& state) {
             .leave =
                 [shown](CMainDlg& window) {
                     delete shown->data();
-                    window.LoadState().Set(P::kLoadKey, PageLoadState::kEnded);
+                    window.LoadState().Set(P::kNumbers.loadKey, PageLoadState::kEnded);
                 },
             .endless = state.endless};
 }

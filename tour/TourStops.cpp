@@ -26,7 +26,7 @@ void OpenTrayMenu(CMainDlg& window) {
 
 TourStop BannerStop(std::string name, std::u8string_view text, BannerState state) {
     return {std::move(name), [text, state](CMainDlg& window) {
-                window.Post(Message::goToPage, 0, kPageDashboard);
+                window.Post(Message::goToPage, 0, kDashboardPage.page);
                 window.ShowBanner(ToQString(text), state);
             }};
 }

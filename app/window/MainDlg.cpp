@@ -188,7 +188,7 @@ void CMainDlg::OnInitDialog() {
     setWindowIcon(QIcon(QStringLiteral(":/icons/logo.svg")));
     setWindowTitle(ToQString(kTitle));
     BuildPages();
-    ShowPage(FindPage(kPageDashboard));
+    ShowPage(FindPage(kDashboardPage.page));
     Centre();
     parts_.watchUsb();
     parts_.connectPhone(false);
@@ -295,9 +295,8 @@ void CMainDlg::OnSearch(int /*first*/, int /*second*/) {
                     ToQString(u8"关键字【%1】过短，请换个长些的").arg(text));
         return;
     }
-    const PageRow& store = *FindPage(kPageStore);
-    pages_.at(store.dialog)->OnSearch(text);
-    Post(Message::goToPage, TabOf(store), store.page);
+    pages_.at(kStorePage.dialog)->OnSearch(text);
+    Post(Message::goToPage, TabOf(kStorePage), kStorePage.page);
 }
 
 void CMainDlg::OnPageCommand(int first, int second) {
@@ -306,13 +305,13 @@ void CMainDlg::OnPageCommand(int first, int second) {
             RunDeviceManager({}, [] {});
             break;
         case PageCommand::openStoreItem:
-            ForwardToPage(kPageStore, Message::openStoreItem, second);
+            ForwardToPage(kStorePage, Message::openStoreItem, second);
             break;
         case PageCommand::captureScreen:
-            ForwardToPage(kPageCapture, Message::startCapture, second);
+            ForwardToPage(kScreenshotPage, Message::startCapture, second);
             break;
         case PageCommand::refreshDownloads:
-            pages_.at(FindPage(kPageDownloads)->dialog)->Load();
+            pages_.at(kDownloadsPage.dialog)->Load();
             break;
         case PageCommand::repaintContent:
             content_->update();
@@ -320,10 +319,9 @@ void CMainDlg::OnPageCommand(int first, int second) {
     }
 }
 
-void CMainDlg::ForwardToPage(int page, Message message, int second) {
-    const PageRow& row = *FindPage(page);
-    OnGoToPage(TabOf(row), row.page);
-    pages_.at(row.dialog)->OnMessage(message, 0, second);
+void CMainDlg::ForwardToPage(const PageNumbers& page, Message message, int second) {
+    OnGoToPage(TabOf(page), page.page);
+    pages_.at(page.dialog)->OnMessage(message, 0, second);
 }
 
 // ---- link, USB ---------------------------------------------------------------------------------
@@ -342,7 +340,7 @@ void CMainDlg::LinkUp() {
 }
 
 void CMainDlg::OnTimer1() {
-    pages_.at(FindPage(kPageDashboard)->dialog)->Load();
+    pages_.at(kDashboardPage.dialog)->Load();
 }
 
 void CMainDlg::OnUsbArrival() {
@@ -377,7 +375,7 @@ void CMainDlg::OnCaptionButton(int control) {
             RunDeviceManager({}, [] {});
             break;
         case CaptionBar::kDownloads:
-            Post(Message::goToPage, 0, kPageDownloads);
+            Post(Message::goToPage, 0, kDownloadsPage.page);
             break;
         default:
             break;
@@ -438,7 +436,7 @@ void CMainDlg::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void CMainDlg::dropEvent(QDropEvent* event) {
-    pages_.at(FindPage(kPageFiles)->dialog)->OnDropFiles(LocalFiles(*event->mimeData()));
+    pages_.at(kFilesPage.dialog)->OnDropFiles(LocalFiles(*event->mimeData()));
     event->acceptProposedAction();
 }
 

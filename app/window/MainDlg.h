@@ -136,7 +136,7 @@ class CMainDlg : public QWidget, public PageHost {
     void OnTrayRecreated();
     void OnSecondStart();
     void ShowPage(const PageRow* row);
-    void ForwardToPage(int page, Message message, int second);
+    void ForwardToPage(const PageNumbers& page, Message message, int second);
     void ShowByUser();
     void Welcome();
     [[nodiscard]] QString WelcomeText() const;

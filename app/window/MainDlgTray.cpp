@@ -36,11 +36,11 @@ void CMainDlg::OnTrayCommand(TrayCommand command) {
             ShowByUser();
             break;
         case TrayCommand::showDownloads:
-            Post(Message::goToPage, 0, kPageDownloads);
+            Post(Message::goToPage, 0, kDownloadsPage.page);
             ShowByUser();
             break;
         case TrayCommand::showSettings:
-            Post(Message::goToPage, 0, kPageSettings);
+            Post(Message::goToPage, 0, kSettingsPage.page);
             ShowByUser();
             break;
         case TrayCommand::exit:

@@ -132,9 +132,8 @@ void NavigationBar::Show(int tab, int item) {
 
 void NavigationBar::SetTaskCount(int tasks) {
     tasks_ = tasks;
-    const PageRow& downloads = *FindPage(kPageDownloads);
     for (int i = 0; i < count(); ++i) {
-        const bool here = tab_ == TabOf(downloads) && i == ItemOf(downloads);
+        const bool here = tab_ == TabOf(kDownloadsPage) && i == ItemOf(kDownloadsPage);
         item(i)->setData(kBadgeRole, here ? tasks : 0);
     }
 }

@@ -1,13 +1,14 @@
 // The table of the navigator: five tabs of seven items, and the page behind each item.
 //
 // To add a page, give its row a class in app/window/PageFactory.cpp. Captions are the program's own
-// texts; images are icon names; numbers are those of the dialogs and of the load keys in
-// PageLoadState.
+// texts; images are icon names.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <string_view>
+
+#include "pages/kit/PageNumbers.h"
 
 namespace quorvi {
 
@@ -87,148 +88,104 @@ enum class PageRole : unsigned char {
     announced,  // a picture alone, of a feature that is not there
 };
 
-struct PageRow {
-    static constexpr int kNoKey = -1;
-
-    int page;    // tab times 10 plus item
-    int dialog;  // number of its window
+// A page with its commands.
+struct PageRow : PageNumbers {
     PageRole role = PageRole::feature;
-    int loadKey = kNoKey;
     std::array<CommandButton, kCommandCount> commands = {};
 };
 
 inline constexpr std::array<PageRow, kTabCount* kItemCount> kPages = {{
-    {0, 130},
-    {1, 137},
-    {2, 393, PageRole::announced},
-    {3, 202},
-    {4, 394},
-    {5,
-     543,
+    {kDashboardPage},
+    {kPhoneParametersPage},
+    {kForumPage, PageRole::announced},
+    {kSettingsPage},
+    {kUpdatePage},
+    {kDownloadsPage,
      PageRole::feature,
-     PageRow::kNoKey,
      {{{u8"继续任务", "play", CommandAction::own},
        {u8"全部暂停", "pause", CommandAction::own},
        {u8"删除选择的", "delete", CommandAction::own},
        {u8"相关设置", "settings", CommandAction::own}}}},
-    {6, 268, PageRole::feature, 0},
-    {10,
-     132,
+    {kHelpPage, PageRole::feature},
+    {kContactsPage,
      PageRole::feature,
-     1,
      {{{u8"重新获取", "refresh", CommandAction::load},
        {u8"添加联系人", "add-contact", CommandAction::own},
        {u8"分组管理", "groups", CommandAction::own},
        {u8"删除选择的", "delete", CommandAction::own}}}},
-    {11,
-     397,
+    {kMessagesPage,
      PageRole::feature,
-     2,
      {{{u8"刷新列表", "refresh", CommandAction::load},
        {u8"编写短信", "compose", CommandAction::own},
-       // The button is there and does nothing: this is meant.
+       // Kept on purpose: the button is shown and has no action.
        {u8"更多操作", "more", CommandAction::none}}}},
-    {12,
-     368,
+    {kCallsPage,
      PageRole::feature,
-     3,
      {{{u8"刷新通话记录", "refresh", CommandAction::load},
        {u8"删除选择的", "delete", CommandAction::own},
        {u8"删除全部", "delete-all", CommandAction::own}}}},
-    {13,
-     403,
+    {kAlarmsPage,
      PageRole::feature,
-     4,
      {{{u8"刷新闹铃项", "refresh", CommandAction::load},
        {u8"新建闹铃", "add", CommandAction::own},
        {u8"修改选择的", "edit", CommandAction::own},
        {u8"删除选择的", "delete", CommandAction::own}}}},
-    {14, 404},
-    {15, 405, PageRole::feature, 6, {{{u8"转到根目录", "root", CommandAction::load}}}},
-    {16,
-     376,
+    {kCalendarPage},
+    {kFilesPage, PageRole::feature, {{{u8"转到根目录", "root", CommandAction::load}}}},
+    {kBookmarksPage,
      PageRole::feature,
-     7,
      {{{u8"刷新书签项", "refresh", CommandAction::load},
        {u8"新建书签", "add", CommandAction::own},
        {u8"修改选择的", "edit", CommandAction::own},
        {u8"删除选择的", "delete", CommandAction::own}}}},
-    {20,
-     322,
+    {kStorePage,
      PageRole::feature,
-     9,
      {{{u8"返回上一页", "back", CommandAction::own}, {u8"商城主页", "home", CommandAction::own}}}},
-    // Page 21 stands on the window of page 22 and not on dialog 640, which is made and never shown:
-    // both show the same picture, and this is meant.
-    {21, 650, PageRole::announced},
-    {22, 650, PageRole::announced},
-    {23, 649, PageRole::announced},
-    {24, 651, PageRole::announced},
-    {25, 652, PageRole::announced},
-    {26, 653, PageRole::announced},
-    {30,
-     134,
+    {kMusicStorePage, PageRole::announced},
+    {kMovieStorePage, PageRole::announced},
+    {kNovelStorePage, PageRole::announced},
+    {kWallpaperStorePage, PageRole::announced},
+    {kRingtoneCutPage, PageRole::announced},
+    {kVideoConvertPage, PageRole::announced},
+    {kAppsPage,
      PageRole::feature,
-     8,
      {{{u8"重新获取应用", "refresh", CommandAction::load},
        {u8"删除选择的", "delete", CommandAction::own}}}},
-    {31, 425, PageRole::announced},
-    {32, 426, PageRole::announced},
-    {33, 427, PageRole::announced},
-    {34, 428, PageRole::announced},
-    {35, 429, PageRole::announced},
-    {36, 430, PageRole::announced},
-    {40, 135, PageRole::feature, 10, {{{u8"刷新系统信息", "refresh", CommandAction::load}}}},
-    {41, 420, PageRole::feature, 11, {{{u8"刷新系统设置", "refresh", CommandAction::load}}}},
-    {42,
-     599,
+    {kRingtonesPage, PageRole::announced},
+    {kMusicPage, PageRole::announced},
+    {kBooksPage, PageRole::announced},
+    {kPicturesPage, PageRole::announced},
+    {kVideosPage, PageRole::announced},
+    {kDesktopPage, PageRole::announced},
+    {kSystemInfoPage, PageRole::feature, {{{u8"刷新系统信息", "refresh", CommandAction::load}}}},
+    {kPhoneSettingsPage, PageRole::feature, {{{u8"刷新系统设置", "refresh", CommandAction::load}}}},
+    {kCleanerPage,
      PageRole::feature,
-     12,
      {{{u8"重新扫描", "refresh", CommandAction::load},
        {u8"删除选择的", "delete", CommandAction::own}}}},
-    {43,
-     422,
+    {kAutoStartPage,
      PageRole::feature,
-     13,
      {{{u8"刷新自启动项", "refresh", CommandAction::load},
        {u8"展开全部项", "expand", CommandAction::own},
        {u8"收起全部项", "collapse", CommandAction::own}}}},
-    {44,
-     602,
+    {kScreenshotPage,
      PageRole::feature,
-     14,
      {{{u8"刷新屏幕", "refresh", CommandAction::load},
        {u8"保存为文件", "save", CommandAction::own},
        {u8"设置保存目录", "folder-set", CommandAction::own},
        {u8"打开保存目录", "folder-open", CommandAction::own}}}},
-    {45,
-     424,
+    {kTasksPage,
      PageRole::feature,
-     15,
      {{{u8"刷新手机进程", "refresh", CommandAction::load},
        {u8"结束选择的", "stop", CommandAction::own}}}},
-    {46, 421, PageRole::announced},
+    {kPerformancePage, PageRole::announced},
 }};
 
 // Dialog 640 belongs to no page: its window is made at start and never shown.
 inline constexpr int kDialogNeverShown = 640;
 
-// Pages that others name.
-inline constexpr int kPageDashboard = 0;
-inline constexpr int kPageSettings = 3;
-inline constexpr int kPageDownloads = 5;
-inline constexpr int kPageFiles = 15;
-inline constexpr int kPageStore = 20;
-inline constexpr int kPageCapture = 44;
-
 [[nodiscard]] constexpr int PageOf(int tab, int item) {
     return tab * 10 + item;
-}
-[[nodiscard]] constexpr int TabOf(const PageRow& row) {
-    return row.page / 10;
-}
-[[nodiscard]] constexpr int ItemOf(const PageRow& row) {
-    return row.page % 10;
 }
 
 // The row of a page, or null for a number that the table does not know.

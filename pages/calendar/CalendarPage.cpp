@@ -19,7 +19,6 @@ using look::Size;
 
 namespace {
 
-constexpr int kDialog = 404;
 constexpr int kGrid = 1102;
 constexpr int kYearBox = 1103;
 constexpr int kMonthBox = 1104;
@@ -95,7 +94,7 @@ QStringList MonthNames() {
 }  // namespace
 
 CalendarPage::CalendarPage(PageHost& host, QWidget* parent, std::function<CalendarDate()> today)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       today_(std::move(today)),
       years_(SetControlNumber(new CSkinCombo, kYearBox, ToQString(u8"年"))),
       months_(SetControlNumber(new CSkinCombo, kMonthBox, ToQString(u8"月"))),

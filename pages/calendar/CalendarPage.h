@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <functional>
 
+#include "pages/kit/PageNumbers.h"
 #include "refdata/CalendarMonth.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/page/Page.h"
@@ -17,6 +18,8 @@ class CalendarGrid;
 class CalendarPage : public Page {
     Q_OBJECT
   public:
+    static constexpr const PageNumbers& kNumbers = kCalendarPage;
+
     // `today` is asked when the page is made, at 转到今日, and for the mark in the grid.
     explicit CalendarPage(PageHost& host, QWidget* parent = nullptr,
                           std::function<CalendarDate()> today = Today);

@@ -13,15 +13,14 @@
 namespace quorvi {
 namespace {
 
-constexpr int kDialog = 368;
 constexpr int kList = 1072;
 
 }  // namespace
 
 CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       agentPort_(agentPort),
-      load_(*this, host.LoadState(), kLoadKey),
+      load_(*this, host.LoadState(), kNumbers.loadKey),
       list_(SetControlNumber(new CCallLogListCtrl(this), kList, ToQString(u8"通话记录"))) {
     list_->SetEmptyText(ToQString(u8"列表是空的"),
                         ToQString(u8"手机上没有通话记录，或者还没有获取"));

@@ -5,6 +5,7 @@
 
 #include "agent/Wire.h"
 #include "pages/calls/CallLogListCtrl.h"
+#include "pages/kit/PageNumbers.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
@@ -16,7 +17,7 @@ namespace quorvi {
 class CCallLogPage : public Page {
     Q_OBJECT
   public:
-    static constexpr int kLoadKey = 3;
+    static constexpr const PageNumbers& kNumbers = kCallsPage;
     enum Command { commandRefresh, commandDelete, commandDeleteAll };
 
     explicit CCallLogPage(PageHost& host, QWidget* parent = nullptr,

@@ -21,7 +21,6 @@ using look::Metric;
 
 namespace {
 
-constexpr int kDialog = 132;
 constexpr int kList = 1067;
 constexpr int kView = 1370;
 
@@ -30,9 +29,9 @@ enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 }  // namespace
 
 CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       agentPort_(agentPort),
-      listLoad_(*this, host.LoadState(), kLoadKey),
+      listLoad_(*this, host.LoadState(), kNumbers.loadKey),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {

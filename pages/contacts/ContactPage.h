@@ -9,6 +9,7 @@
 #include "agent/Wire.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactListCtrl.h"
+#include "pages/kit/PageNumbers.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
@@ -24,7 +25,7 @@ class HtmlFrame;
 class CContactPage : public Page, private HtmlListener {
     Q_OBJECT
   public:
-    static constexpr int kLoadKey = 1;
+    static constexpr const PageNumbers& kNumbers = kContactsPage;
     enum Command { commandRefresh, commandAdd, commandGroups, commandDelete };
 
     explicit CContactPage(PageHost& host, QWidget* parent = nullptr,

@@ -13,7 +13,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kDialog = 397;
 constexpr int kView = 1361;
 
 // First arguments of Message::conversation.
@@ -27,9 +26,9 @@ struct CSmsPage::Loaded {
 };
 
 CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       agentPort_(agentPort),
-      load_(*this, host.LoadState(), kLoadKey),
+      load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
     view_->setAccessibleName(ToQString(u8"短信会话"));

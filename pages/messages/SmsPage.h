@@ -6,6 +6,7 @@
 #include <string>
 
 #include "agent/Wire.h"
+#include "pages/kit/PageNumbers.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "refdata/NumberAttribution.h"
 #include "ui/html/HtmlCtrl.h"
@@ -23,7 +24,7 @@ class HtmlFrame;
 class CSmsPage : public Page, private HtmlListener {
     Q_OBJECT
   public:
-    static constexpr int kLoadKey = 2;
+    static constexpr const PageNumbers& kNumbers = kMessagesPage;
     enum Command { commandRefresh, commandCompose };  // the third command has no action
 
     explicit CSmsPage(PageHost& host, QWidget* parent = nullptr,

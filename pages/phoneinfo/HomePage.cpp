@@ -11,20 +11,10 @@
 namespace quorvi {
 namespace {
 
-constexpr int kDialog = 130;
 constexpr int kView = 1360;
 
-// Where links lead: tab and page.
-struct Target {
-    int tab;
-    int page;
-};
-constexpr Target kStore{2, 20};
-constexpr Target kSystemInformation{4, 40};
-constexpr Target kPhoneSettings{4, 41};
-
-void GoTo(PageHost& host, Target target) {
-    host.Post(Message::goToPage, target.tab, target.page);
+void GoTo(PageHost& host, const PageNumbers& target) {
+    host.Post(Message::goToPage, TabOf(target), target.page);
 }
 
 void Command(PageHost& host, PageCommand command, int argument = 0) {
@@ -34,7 +24,7 @@ void Command(PageHost& host, PageCommand command, int argument = 0) {
 }  // namespace
 
 CHomePage::CHomePage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       agentPort_(agentPort),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)) {
     view_->setAccessibleName(ToQString(u8"我的手机"));
@@ -76,7 +66,7 @@ void CHomePage::OnMessage(Message message, int first, int second) {
             Command(Host(), PageCommand::openDeviceManager);
             break;
         case DashboardAction::appStore:
-            GoTo(Host(), kStore);
+            GoTo(Host(), kStorePage);
             break;
         case DashboardAction::refresh:
             Refresh();
@@ -87,10 +77,10 @@ void CHomePage::OnMessage(Message message, int first, int second) {
             Command(Host(), PageCommand::captureScreen);
             break;
         case DashboardAction::systemInformation:
-            GoTo(Host(), kSystemInformation);
+            GoTo(Host(), kSystemInfoPage);
             break;
         case DashboardAction::phoneSettings:
-            GoTo(Host(), kPhoneSettings);
+            GoTo(Host(), kPhoneSettingsPage);
             break;
         case DashboardAction::storeItem:
             Command(Host(), PageCommand::openStoreItem, second);

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "agent/Wire.h"
+#include "pages/kit/PageNumbers.h"
 #include "pages/phoneinfo/SystemInfo.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
@@ -16,6 +17,8 @@ namespace quorvi {
 class CHomePage : public Page, private HtmlListener {
     Q_OBJECT
   public:
+    static constexpr const PageNumbers& kNumbers = kDashboardPage;
+
     explicit CHomePage(PageHost& host, QWidget* parent = nullptr,
                        std::uint16_t agentPort = AgentPort);
 

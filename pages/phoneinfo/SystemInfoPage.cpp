@@ -12,8 +12,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kDialog = 135;
-
 enum Column : int { columnIcon, columnText, columnComparison };
 
 constexpr std::array<ListColumn, 3> kColumns{{
@@ -56,9 +54,9 @@ class SystemInfoListCtrl : public RecordListCtrl<InfoRow> {
 };
 
 CSystemInfoPage::CSystemInfoPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       agentPort_(agentPort),
-      load_(*this, host.LoadState(), kLoadKey),
+      load_(*this, host.LoadState(), kNumbers.loadKey),
       list_(new SystemInfoListCtrl(kColumns, look::Metric::rowCompact, this)) {
     SetControlNumber(list_, kList, ToQString(u8"系统信息"));
     auto* layout = new QVBoxLayout(this);

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "agent/Wire.h"
+#include "pages/kit/PageNumbers.h"
 #include "pages/phoneinfo/SystemInfo.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
@@ -17,7 +18,7 @@ class SystemInfoListCtrl;
 class CSystemInfoPage : public Page {
     Q_OBJECT
   public:
-    static constexpr int kLoadKey = 10;
+    static constexpr const PageNumbers& kNumbers = kSystemInfoPage;
     static constexpr int kList = 1362;  // number of the list control
 
     explicit CSystemInfoPage(PageHost& host, QWidget* parent = nullptr,

@@ -17,8 +17,6 @@ using look::Color;
 using look::Metric;
 using look::Size;
 
-constexpr int kDialog = 202;
-
 // Control numbers.
 constexpr int kAutoRun = 1016;
 constexpr int kAutoRunOnUsb = 1017;
@@ -60,7 +58,7 @@ Control* Hidden(Control* control) {
 
 SettingsPage::SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
                            QWidget* parent)
-    : Page(host, kDialog, parent),
+    : Page(host, kNumbers.dialog, parent),
       desktop_(std::move(desktop)),
       autoRun_(new CSkinCheck(ToQString(u8"启动Windows时自动运行奎维掌上工坊"))),
       autoRunOnUsb_(new CSkinCheck(ToQString(u8"USB 连接到智能手机时自动运行 Quorvi"))),

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "desktop/DesktopIntegration.h"
+#include "pages/kit/PageNumbers.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
 
@@ -25,6 +26,8 @@ class CSkinStateLabel;
 class SettingsPage : public Page {
     Q_OBJECT
   public:
+    static constexpr const PageNumbers& kNumbers = kSettingsPage;
+
     SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
                  QWidget* parent = nullptr);
 

@@ -22,7 +22,7 @@ class AgentPageTest : public PageTest {
         return *page_;
     }
 
-    std::optional<int> Key() { return host_.loadState.Value(P::kLoadKey); }
+    std::optional<int> Key() { return host_.loadState.Value(P::kNumbers.loadKey); }
     std::size_t Loads() { return agent_.Requests(kList).size(); }
     void WaitForLoads(std::size_t count) {
         ASSERT_TRUE(WaitFor([&] { return Loads() == count && Key() == PageLoadState::kEnded; }));

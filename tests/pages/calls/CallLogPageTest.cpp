@@ -62,7 +62,7 @@ class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> 
 TEST_F(CallLogPage, NumbersAreTheControls) {
     CCallLogPage& page = Open();
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 368"));
-    EXPECT_EQ(CCallLogPage::kLoadKey, 3);
+    EXPECT_EQ(CCallLogPage::kNumbers.loadKey, 3);
     EXPECT_NE(FindControl(&page, 1072), nullptr);
     QTest::qWait(50);
     EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself

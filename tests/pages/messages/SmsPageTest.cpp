@@ -56,7 +56,7 @@ class SmsPage : public AgentPageTest<CSmsPage, AgentCommand::listConversations> 
 TEST_F(SmsPage, NumbersAreTheControls) {
     CSmsPage& page = Open();
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 397"));
-    EXPECT_EQ(CSmsPage::kLoadKey, 2);
+    EXPECT_EQ(CSmsPage::kNumbers.loadKey, 2);
     EXPECT_NE(FindControl(&page, 1361), nullptr);
     EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
 }
