@@ -65,7 +65,7 @@ PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress&
 }  // namespace
 
 bool AgentSession::Open() {
-    socket_ = TcpSocket::Connect(port_);
+    socket_ = TcpSocket::Connect(agent_.Port());
     return socket_.IsOpen();
 }
 
@@ -97,7 +97,7 @@ PayloadReply AgentSession::ReadPayload(const Progress& progress) {
 
 PayloadReply AgentSession::RunPayload(std::span<const std::byte> request,
                                       const Progress& progress) const {
-    AgentSession session(port_);
+    AgentSession session(agent_);
     if (!session.Open()) {
         return {};
     }
@@ -106,7 +106,7 @@ PayloadReply AgentSession::RunPayload(std::span<const std::byte> request,
 }
 
 AcknowledgedReply AgentSession::RunAcknowledged(std::span<const std::byte> request) const {
-    AgentSession session(port_);
+    AgentSession session(agent_);
     if (!session.Open()) {
         return {};
     }

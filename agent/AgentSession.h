@@ -1,7 +1,8 @@
 // One exchange with the agent on the phone: connect to 127.0.0.1, send one command, read one reply,
 // close. Start here to see how anything is read from or changed on a phone.
 //
-//   const PayloadReply reply = AgentSession().RunPayload(BareRequest(AgentCommand::listContacts));
+//   const PayloadReply reply =
+//       AgentSession(agent).RunPayload(BareRequest(AgentCommand::listContacts));
 //   if (reply.HasPayload()) records = ParseContacts(reply.buffer);
 //
 // A session blocks without a time limit of its own and runs on a worker, never on the window's
@@ -12,6 +13,7 @@
 #include <functional>
 #include <span>
 
+#include "agent/AgentAddress.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
 #include "agent/Wire.h"
@@ -58,8 +60,7 @@ class AgentSession {
     // Told on the session's thread after each piece of a payload; `received` grows to `length`.
     using Progress = std::function<void(std::uint32_t received, std::uint32_t length)>;
 
-    // The port differs from AgentPort in tests only.
-    explicit AgentSession(std::uint16_t port = AgentPort) : port_(port) {}
+    explicit AgentSession(AgentAddress agent) : agent_(agent) {}
 
     // A whole exchange. `request` is a bare or a framed request, or a command's own form.
     [[nodiscard]] PayloadReply RunPayload(std::span<const std::byte> request,
@@ -77,7 +78,7 @@ class AgentSession {
     void Close() { socket_.Close(); }
 
   private:
-    std::uint16_t port_;
+    AgentAddress agent_;
     TcpSocket socket_;
 };
 

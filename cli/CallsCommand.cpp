@@ -28,8 +28,8 @@ Json::Value DocumentOf(const CallLogRow& row) {
 
 }  // namespace
 
-Status RunCallsList(const Arguments&, Output& output) {
-    const auto [outcome, log] = FetchCallLog(AgentSession(), MakeNumberAttribution());
+Status RunCallsList(const Arguments&, const Context& context, Output& output) {
+    const auto [outcome, log] = FetchCallLog(AgentSession(context.agent), context.attribution);
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
@@ -45,14 +45,14 @@ Status RunCallsList(const Arguments&, Output& output) {
     return Status::done;
 }
 
-Status RunCallsDelete(const Arguments& arguments, Output& output) {
+Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, u8"不是通话记录的编号", output);
-    return ids ? SendAndTell(DeleteCallsRequest(*ids), "deleted", JsonIds(*ids), output)
+    return ids ? SendAndTell(context, DeleteCallsRequest(*ids), "deleted", JsonIds(*ids), output)
                : Status::wrongUsage;
 }
 
-Status RunCallsClear(const Arguments&, Output& output) {
-    return SendAndTell(DeleteAllCallsRequest(), "cleared", true, output);
+Status RunCallsClear(const Arguments&, const Context& context, Output& output) {
+    return SendAndTell(context, DeleteAllCallsRequest(), "cleared", true, output);
 }
 
 }  // namespace quorvi::cli

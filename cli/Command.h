@@ -10,6 +10,9 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentAddress.h"
+#include "refdata/NumberAttribution.h"
+
 namespace quorvi::cli {
 
 class Output;
@@ -36,6 +39,12 @@ struct Arguments {
 // No upper limit of operands.
 inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
+// What commands work with beside their arguments: made once, at the program's start.
+struct Context {
+    AgentAddress agent;
+    AttributionOf attribution;
+};
+
 // One row of the table of commands.
 struct Command {
     std::string_view words;                     // one word, or two as in "contacts show"
@@ -44,7 +53,7 @@ struct Command {
     std::size_t fewest = 0;                     // operands
     std::size_t most = 0;                       // operands
     std::array<std::string_view, 4> options{};  // those that take a value; --json goes with all
-    Status (*run)(const Arguments& arguments, Output& output) = nullptr;
+    Status (*run)(const Arguments& arguments, const Context& context, Output& output) = nullptr;
 };
 
 }  // namespace quorvi::cli

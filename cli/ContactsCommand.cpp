@@ -105,9 +105,9 @@ constexpr std::u8string_view kNoContactId = u8"不是联系人的编号";
 enum class Needed { whatCame, allOfIt };
 
 // The contact of an id. Where there is none, `status` says why.
-std::optional<ContactRecord> ReadContact(std::uint32_t id, Needed needed, Output& output,
-                                         Status& status) {
-    ContactReply reply = FetchContact(AgentSession(), id);
+std::optional<ContactRecord> ReadContact(const Context& context, std::uint32_t id, Needed needed,
+                                         Output& output, Status& status) {
+    ContactReply reply = FetchContact(AgentSession(context.agent), id);
     status = output.Report(reply.outcome);
     if (needed == Needed::allOfIt && reply.outcome == SessionOutcome::cut) {
         status = Status::noLink;
@@ -137,8 +137,9 @@ std::optional<ContactForm> FormOfInput(Output& output) {
 
 }  // namespace
 
-Status RunContactsList(const Arguments&, Output& output) {
-    const ContactListReply reply = FetchContactList(AgentSession(), MakeNumberAttribution());
+Status RunContactsList(const Arguments&, const Context& context, Output& output) {
+    const ContactListReply reply =
+        FetchContactList(AgentSession(context.agent), context.attribution);
     const Status status = output.Report(reply.outcome);
     if (status == Status::done) {
         output.Json() ? output.PrintDocument(DocumentOf(reply.list.rows))
@@ -147,26 +148,26 @@ Status RunContactsList(const Arguments&, Output& output) {
     return status;
 }
 
-Status RunContactsShow(const Arguments& arguments, Output& output) {
+Status RunContactsShow(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoContactId, output);
     if (!ids) {
         return Status::wrongUsage;
     }
     Status status{};
-    if (const auto record = ReadContact(ids->front(), Needed::whatCame, output, status)) {
+    if (const auto record = ReadContact(context, ids->front(), Needed::whatCame, output, status)) {
         output.Json() ? output.PrintDocument(DocumentOf(*record))
                       : output.PrintTable(TableOf(*record));
     }
     return status;
 }
 
-Status RunContactsDelete(const Arguments& arguments, Output& output) {
+Status RunContactsDelete(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoContactId, output);
-    return ids ? SendAndTell(DeleteContactsRequest(*ids), "deleted", JsonIds(*ids), output)
+    return ids ? SendAndTell(context, DeleteContactsRequest(*ids), "deleted", JsonIds(*ids), output)
                : Status::wrongUsage;
 }
 
-Status RunContactsAdd(const Arguments&, Output& output) {
+Status RunContactsAdd(const Arguments&, const Context& context, Output& output) {
     const auto form = FormOfInput(output);
     if (!form) {
         return Status::wrongUsage;
@@ -176,10 +177,10 @@ Status RunContactsAdd(const Arguments&, Output& output) {
         output.Complain(Ansi(kEmptyContactName));
         return Status::wrongUsage;
     }
-    return SendAndTell(AddContactRequest(*record), "added", JsonText(form->name), output);
+    return SendAndTell(context, AddContactRequest(*record), "added", JsonText(form->name), output);
 }
 
-Status RunContactsUpdate(const Arguments& arguments, Output& output) {
+Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoContactId, output);
     const auto form = ids ? FormOfInput(output) : std::nullopt;
     if (!form) {
@@ -188,12 +189,12 @@ Status RunContactsUpdate(const Arguments& arguments, Output& output) {
     Status status{};
     // The whole contact is needed: an update sends all of it, and what a cut reply left out would
     // be deleted on the phone. In the window a user sees that something is missing.
-    auto loaded = ReadContact(ids->front(), Needed::allOfIt, output, status);
+    auto loaded = ReadContact(context, ids->front(), Needed::allOfIt, output, status);
     if (!loaded) {
         return status;
     }
-    return SendAndTell(UpdateContactRequest(RecordToUpdate(*std::move(loaded), *form)), "updated",
-                       ids->front(), output);
+    return SendAndTell(context, UpdateContactRequest(RecordToUpdate(*std::move(loaded), *form)),
+                       "updated", ids->front(), output);
 }
 
 }  // namespace quorvi::cli

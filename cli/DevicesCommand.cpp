@@ -22,7 +22,7 @@ Json::Value ToDocument(const DeviceRow& row) {
 
 }  // namespace
 
-Status RunDevices(const Arguments&, Output& output) {
+Status RunDevices(const Arguments&, const Context&, Output& output) {
     const DeviceList list = ListDevices();
     if (list.outcome != RunOutcome::started) {
         output.Complain(Ansi(u8"无法运行 adb"));

@@ -20,8 +20,8 @@ bool HasTitle(const std::string& title, Output& output) {
 
 }  // namespace
 
-Status RunGroupsList(const Arguments&, Output& output) {
-    const auto [outcome, groups] = FetchContactGroups(AgentSession());
+Status RunGroupsList(const Arguments&, const Context& context, Output& output) {
+    const auto [outcome, groups] = FetchContactGroups(AgentSession(context.agent));
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
@@ -42,24 +42,25 @@ Status RunGroupsList(const Arguments&, Output& output) {
     return Status::done;
 }
 
-Status RunGroupsAdd(const Arguments& arguments, Output& output) {
+Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output) {
     const std::string title = ToAnsi(arguments.operands[0]);
     return HasTitle(title, output)
-               ? SendAndTell(AddGroupRequest(title), "added", JsonText(title), output)
+               ? SendAndTell(context, AddGroupRequest(title), "added", JsonText(title), output)
                : Status::wrongUsage;
 }
 
-Status RunGroupsRename(const Arguments& arguments, Output& output) {
+Status RunGroupsRename(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(std::span(arguments.operands).first(1), kNoGroupId, output);
     const std::string title = ToAnsi(arguments.operands[1]);
-    return ids && HasTitle(title, output) ? SendAndTell(RenameGroupRequest(ids->front(), title),
-                                                        "renamed", ids->front(), output)
-                                          : Status::wrongUsage;
+    return ids && HasTitle(title, output)
+               ? SendAndTell(context, RenameGroupRequest(ids->front(), title), "renamed",
+                             ids->front(), output)
+               : Status::wrongUsage;
 }
 
-Status RunGroupsDelete(const Arguments& arguments, Output& output) {
+Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoGroupId, output);
-    return ids ? SendAndTell(DeleteGroupsRequest(*ids), "deleted", JsonIds(*ids), output)
+    return ids ? SendAndTell(context, DeleteGroupsRequest(*ids), "deleted", JsonIds(*ids), output)
                : Status::wrongUsage;
 }
 

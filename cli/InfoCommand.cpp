@@ -7,9 +7,9 @@
 
 namespace quorvi::cli {
 
-Status RunInfo(const Arguments&, Output& output) {
+Status RunInfo(const Arguments&, const Context& context, Output& output) {
     const PayloadReply reply =
-        AgentSession().RunPayload(BareRequest(AgentCommand::systemInformation));
+        AgentSession(context.agent).RunPayload(BareRequest(AgentCommand::systemInformation));
     const Status status = output.Report(reply.outcome);
     if (status != Status::done) {
         return status;

@@ -85,7 +85,7 @@ bool MayBeThere(const std::string& serial) {
 
 }  // namespace
 
-Status RunLink(const Arguments& arguments, Output& output) {
+Status RunLink(const Arguments& arguments, const Context&, Output& output) {
     std::optional<std::string> serial = arguments.Option("--serial");
     if (serial) {
         Utf8ToAnsi(*serial);

@@ -25,7 +25,7 @@ Json::Value Describe(const CalendarDate& date) {
 
 }  // namespace
 
-Status RunLunar(const Arguments& arguments, Output& output) {
+Status RunLunar(const Arguments& arguments, const Context&, Output& output) {
     Status status = Status::done;
     ForEachOperand(arguments.operands, [&](const std::string& operand) {
         const auto date = ParseCalendarDate(operand);

@@ -8,7 +8,7 @@
 
 namespace quorvi::cli {
 
-Status RunNumber(const Arguments& arguments, Output& output) {
+Status RunNumber(const Arguments& arguments, const Context&, Output& output) {
     const CPhoneDb db;
     ForEachOperand(arguments.operands, [&](const std::string& operand) {
         const std::string number = ToAnsi(operand);

@@ -20,13 +20,13 @@ std::optional<std::vector<std::uint32_t>> ReadIds(std::span<const std::string> o
     return ids;
 }
 
-Status Send(const Bytes& request, Output& output) {
-    return output.Report(AgentSession().RunAcknowledged(request).outcome);
+Status Send(const Context& context, const Bytes& request, Output& output) {
+    return output.Report(AgentSession(context.agent).RunAcknowledged(request).outcome);
 }
 
-Status SendAndTell(const Bytes& request, const char* word, const Json::Value& what,
-                   Output& output) {
-    const Status status = Send(request, output);
+Status SendAndTell(const Context& context, const Bytes& request, const char* word,
+                   const Json::Value& what, Output& output) {
+    const Status status = Send(context, request, output);
     if (status == Status::done && output.Json()) {
         Json::Value document(Json::objectValue);
         document[word] = what;

@@ -22,11 +22,11 @@ namespace quorvi::cli {
     std::span<const std::string> operands, std::u8string_view isNot, Output& output);
 
 // Sends a request whose acknowledgement is not looked at; complains when there is no link.
-[[nodiscard]] Status Send(const Bytes& request, Output& output);
+[[nodiscard]] Status Send(const Context& context, const Bytes& request, Output& output);
 
 // The same, and tells what was done with --json: {"word": what}.
-[[nodiscard]] Status SendAndTell(const Bytes& request, const char* word, const Json::Value& what,
-                                 Output& output);
+[[nodiscard]] Status SendAndTell(const Context& context, const Bytes& request, const char* word,
+                                 const Json::Value& what, Output& output);
 
 [[nodiscard]] Json::Value JsonIds(std::span<const std::uint32_t> ids);
 

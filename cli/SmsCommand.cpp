@@ -45,9 +45,9 @@ std::vector<std::string> NumbersOf(std::string_view list) {
 
 }  // namespace
 
-Status RunSmsList(const Arguments&, Output& output) {
+Status RunSmsList(const Arguments&, const Context& context, Output& output) {
     const auto [outcome, conversations] =
-        FetchConversations(AgentSession(), MakeNumberAttribution());
+        FetchConversations(AgentSession(context.agent), context.attribution);
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
@@ -63,12 +63,12 @@ Status RunSmsList(const Arguments&, Output& output) {
     return Status::done;
 }
 
-Status RunSmsShow(const Arguments& arguments, Output& output) {
+Status RunSmsShow(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoConversationId, output);
     if (!ids) {
         return Status::wrongUsage;
     }
-    const auto [outcome, messages] = FetchConversation(AgentSession(), ids->front());
+    const auto [outcome, messages] = FetchConversation(AgentSession(context.agent), ids->front());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
@@ -88,7 +88,7 @@ Status RunSmsShow(const Arguments& arguments, Output& output) {
     return Status::done;
 }
 
-Status RunSmsDelete(const Arguments& arguments, Output& output) {
+Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoConversationId, output);
     if (!ids) {
         return Status::wrongUsage;
@@ -97,10 +97,11 @@ Status RunSmsDelete(const Arguments& arguments, Output& output) {
         output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
         return Status::notFound;
     }
-    return SendAndTell(DeleteConversationRequest(ids->front()), "deleted", JsonIds(*ids), output);
+    return SendAndTell(context, DeleteConversationRequest(ids->front()), "deleted", JsonIds(*ids),
+                       output);
 }
 
-Status RunSmsSend(const Arguments& arguments, Output& output) {
+Status RunSmsSend(const Arguments& arguments, const Context& context, Output& output) {
     const std::vector<std::string> numbers = NumbersOf(arguments.Option("--to").value_or(""));
     const std::string text = ToAnsi(arguments.Option("--text").value_or(""));
     if (numbers.empty() || text.empty()) {
@@ -112,7 +113,7 @@ Status RunSmsSend(const Arguments& arguments, Output& output) {
     for (const std::string& number : numbers) {
         sent.append(JsonText(ToAnsi(number)));
     }
-    return SendAndTell(SendMessageRequest(numbers, text), "sent", sent, output);
+    return SendAndTell(context, SendMessageRequest(numbers, text), "sent", sent, output);
 }
 
 }  // namespace quorvi::cli

@@ -3,6 +3,7 @@
 #include <variant>
 #include <vector>
 
+#include "agent/Wire.h"
 #include "base/Deployment.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
@@ -17,7 +18,8 @@ Status Run(const std::vector<std::string>& words) {
     const auto line = ReadCommandLine(words, AllCommands());
     if (const auto* call = std::get_if<Call>(&line)) {
         Output output(call->json);
-        return call->command->run(call->arguments, output);
+        const Context context{.agent = AgentPort, .attribution = MakeNumberAttribution()};
+        return call->command->run(call->arguments, context, output);
     }
     Output output(false);
     if (const auto* error = std::get_if<UsageError>(&line)) {

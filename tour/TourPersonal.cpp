@@ -32,7 +32,7 @@ constexpr std::uint16_t kNobodysPort = 1;
 // A state in which a view is without its contents, and the agent that leads to it.
 struct ViewState {
     std::string suffix;
-    std::uint16_t agentPort;
+    AgentAddress agent;
     bool endless = false;
 };
 
@@ -67,11 +67,13 @@ TourStop PageStop(std::string_view name, int page, const ViewState& state) {
     auto shown = std::make_shared<QPointer<Page>>();
     return {.name = name.data() + state.suffix,
             .open =
-                [=, port = state.agentPort](CMainDlg& window) {
+                [=, agent = state.agent](CMainDlg& window) {
                     GoTo(window, page);
                     PostToWindow(&window, [=, &window] {
                         Page* own = window.PageOfDialog(FindPage(page)->dialog);
-                        *shown = new P(window, own, port);
+                        Services services = window.PageServices();
+                        services.agent = agent;
+                        *shown = new P(window, services, own);
                         (*shown)->setAutoFillBackground(true);
                         (*shown)->resize(own->size());
                         (*shown)->show();
@@ -91,27 +93,27 @@ template <typename Make>
 TourStop DialogStop(std::string_view name, int page, const ViewState& state, Make make) {
     return {.name = name.data() + state.suffix,
             .open =
-                [=, port = state.agentPort](CMainDlg& window) {
+                [=, agent = state.agent](CMainDlg& window) {
                     GoTo(window, page);
-                    make(window, port)->Open();
+                    make(window, agent)->Open();
                 },
             .endless = state.endless};
 }
 
-SkinDialog* MakeGroups(CMainDlg& window, std::uint16_t agentPort) {
-    return new CContactGroupDlg(window, &window, agentPort);
+SkinDialog* MakeGroups(CMainDlg& window, AgentAddress agent) {
+    return new CContactGroupDlg(window, &window, agent);
 }
 
-SkinDialog* MakeComposer(CMainDlg& window, std::uint16_t agentPort) {
-    return new CSmsComposeDlg(window, kConversation, &window, agentPort);
+SkinDialog* MakeComposer(CMainDlg& window, AgentAddress agent) {
+    return new CSmsComposeDlg(window, kConversation, &window, agent);
 }
 
-SkinDialog* MakeComposerForNew(CMainDlg& window, std::uint16_t agentPort) {
-    return new CSmsComposeDlg(window, kNoConversation, &window, agentPort);
+SkinDialog* MakeComposerForNew(CMainDlg& window, AgentAddress agent) {
+    return new CSmsComposeDlg(window, kNoConversation, &window, agent);
 }
 
-SkinDialog* MakeContactEditor(CMainDlg& window, std::uint16_t agentPort) {
-    return new CContactEditDlg(window, kContact, &window, agentPort);
+SkinDialog* MakeContactEditor(CMainDlg& window, AgentAddress agent) {
+    return new CContactEditDlg(window, kContact, &window, agent);
 }
 
 void OpenContactMenu(CContactPage& page) {
@@ -129,8 +131,8 @@ std::vector<TourStop> PersonalStops() {
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
         AtContacts("menu-contacts", &OpenContactMenu),
         DialogStop("dialog-group-add", kPageContacts, ofThePhone,
-                   [](CMainDlg& window, std::uint16_t agentPort) {
-                       return new CGroupEditDlg(window, &window, agentPort);
+                   [](CMainDlg& window, AgentAddress agent) {
+                       return new CGroupEditDlg(window, &window, agent);
                    }),
         DialogStop("dialog-composer", kPageSms, ofThePhone, &MakeComposer),
     };

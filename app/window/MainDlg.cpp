@@ -162,7 +162,7 @@ void CMainDlg::BuildFrame() {
 void CMainDlg::BuildPages() {
     for (const PageRow& row : kPages) {
         if (!pages_.contains(row.dialog)) {
-            pages_[row.dialog] = MakePageOf(row, parts_.makers, *this, parts_.pages, content_);
+            pages_[row.dialog] = MakePageOf(row, parts_.makers, *this, parts_.services, content_);
         }
     }
     pages_[kDialogNeverShown] = MakeAnnouncement(*this, kDialogNeverShown, content_);

@@ -35,7 +35,7 @@ struct MainParts {
     Notifier& notifier;
     Sounds& sounds;
     RunningInstance& instance;
-    PageParts pages;
+    Services services;
     PageMakers makers;
     QString siteAddress;  // of the product, for the welcome
 
@@ -92,6 +92,8 @@ class CMainDlg : public QWidget, public PageHost {
     [[nodiscard]] Page* ShownPage() const { return shownPage_; }
     [[nodiscard]] Page* PageOfDialog(int dialog) const;
     [[nodiscard]] BannerState Banner() const;
+    // What its pages are made from.
+    [[nodiscard]] const Services& PageServices() const { return parts_.services; }
     // Takes away a balloon that stands inside the window.
     void HideBalloon();
 

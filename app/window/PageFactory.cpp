@@ -1,5 +1,7 @@
 #include "app/window/PageFactory.h"
 
+#include <type_traits>
+
 #include "app/window/PlaceholderPage.h"
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
@@ -14,30 +16,33 @@ namespace quorvi {
 
 namespace {
 
-// Makes a page that needs nothing but its host.
+// The maker of a page, beside the number of its dialog.
 template <typename P>
-Page* Make(PageHost& host, const PageParts& /*parts*/, QWidget* parent) {
-    return new P(host, parent);
-}
-
-Page* MakeSettings(PageHost& host, const PageParts& parts, QWidget* parent) {
-    return new SettingsPage(host, parts.desktop, parent);
+PageMakers::value_type MakerOf() {
+    return {P::kNumbers.dialog,
+            [](PageHost& host, [[maybe_unused]] const Services& services, QWidget* parent) {
+                if constexpr (std::is_constructible_v<P, PageHost&, const Services&, QWidget*>) {
+                    return static_cast<Page*>(new P(host, services, parent));
+                } else {
+                    return static_cast<Page*>(new P(host, parent));
+                }
+            }};
 }
 
 }  // namespace
 
 PageMakers ThePageMakers() {
     return {
-        {130, &Make<CHomePage>},    {132, &Make<CContactPage>}, {135, &Make<CSystemInfoPage>},
-        {202, &MakeSettings},       {368, &Make<CCallLogPage>}, {397, &Make<CSmsPage>},
-        {404, &Make<CalendarPage>},
+        MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CalendarPage>(),
+        MakerOf<CSystemInfoPage>(),
     };
 }
 
 Page* MakePageOf(const PageRow& row, const PageMakers& makers, PageHost& host,
-                 const PageParts& parts, QWidget* parent) {
+                 const Services& services, QWidget* parent) {
     if (const auto maker = makers.find(row.dialog); maker != makers.end()) {
-        return maker->second(host, parts, parent);
+        return maker->second(host, services, parent);
     }
     if (row.role == PageRole::announced) {
         return MakeAnnouncement(host, row.dialog, parent);

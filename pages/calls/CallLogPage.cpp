@@ -17,9 +17,10 @@ constexpr int kList = 1072;
 
 }  // namespace
 
-CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      agentPort_(agentPort),
+      agent_(services.agent),
+      attribution_(services.attribution),
       load_(*this, host.LoadState(), kNumbers.loadKey),
       list_(SetControlNumber(new CCallLogListCtrl(this), kList, ToQString(u8"通话记录"))) {
     list_->SetEmptyText(ToQString(u8"列表是空的"),
@@ -32,11 +33,10 @@ CCallLogPage::CCallLogPage(PageHost& host, QWidget* parent, std::uint16_t agentP
 }
 
 void CCallLogPage::RefreshCallLog() {
-    LoadList(
-        load_, Host(), list_,
-        [port = agentPort_, attribution = attribution_](const AgentSession::Progress& progress) {
-            return FetchCallLog(AgentSession(port), attribution, progress);
-        });
+    LoadList(load_, Host(), list_,
+             [agent = agent_, attribution = attribution_](const AgentSession::Progress& progress) {
+                 return FetchCallLog(AgentSession(agent), attribution, progress);
+             });
 }
 
 void CCallLogPage::OnCommand(int index) {
@@ -75,7 +75,7 @@ void CCallLogPage::DeleteAll() {
 void CCallLogPage::AskAndSend(const QString& question, Bytes request) {
     (new CConfirmDeleteDlg(question, this))->Open([this, request = std::move(request)](int result) {
         if (result == QDialog::Accepted) {
-            SendChange(Host(), *this, agentPort_, request,
+            SendChange(Host(), *this, agent_, request,
                        [this](const AcknowledgedReply&) { RefreshCallLog(); });
         }
     });

@@ -3,10 +3,9 @@
 
 #include <cstdint>
 
-#include "agent/Wire.h"
 #include "pages/calls/CallLogListCtrl.h"
 #include "pages/kit/PageNumbers.h"
-#include "refdata/NumberAttribution.h"
+#include "pages/kit/Services.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
 
@@ -20,8 +19,7 @@ class CCallLogPage : public Page {
     static constexpr const PageNumbers& kNumbers = kCallsPage;
     enum Command { commandRefresh, commandDelete, commandDeleteAll };
 
-    explicit CCallLogPage(PageHost& host, QWidget* parent = nullptr,
-                          std::uint16_t agentPort = AgentPort);
+    CCallLogPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     void RefreshCallLog();
 
@@ -36,8 +34,8 @@ class CCallLogPage : public Page {
   private:
     void AskAndSend(const QString& question, Bytes request);
 
-    std::uint16_t agentPort_;
-    AttributionOf attribution_ = MakeNumberAttribution();
+    AgentAddress agent_;
+    AttributionOf attribution_;
     PageLoad load_;
     CCallLogListCtrl* list_;
 };

@@ -56,21 +56,21 @@ constexpr int kNoteRows = 3;
 
 }  // namespace
 
-CContactEditDlg::CContactEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CContactEditDlg::CContactEditDlg(PageHost& host, QWidget* parent, AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"添加联系人 - Quorvi"), parent),
       host_(host),
       adds_(true),
-      agentPort_(agentPort) {
+      agent_(agent) {
     BuildControls();
 }
 
 CContactEditDlg::CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent,
-                                 std::uint16_t agentPort)
+                                 AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"修改联系人 - Quorvi"), parent),
       host_(host),
       adds_(false),
       contactId_(contactId),
-      agentPort_(agentPort) {
+      agent_(agent) {
     BuildControls();
     Load();
 }
@@ -238,7 +238,7 @@ void CContactEditDlg::Load() {
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
     SetBusy(true);
     RunJob(
-        this, [port = agentPort_, id = contactId_] { return FetchContact(AgentSession(port), id); },
+        this, [agent = agent_, id = contactId_] { return FetchContact(AgentSession(agent), id); },
         [this](ContactReply&& reply) {
             SetBusy(false);
             Notice(CSkinStateLabel::kRed, RiskOfSaving(reply));
@@ -300,13 +300,12 @@ void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
     EndWithOk();
     unsaved_ = Form();
-    SendChange(host_, *Body(), agentPort_, std::move(request),
-               [this](const AcknowledgedReply& reply) {
-                   if (reply.outcome == SessionOutcome::complete) {
-                       unsaved_.reset();
-                   }
-                   accept();
-               });
+    SendChange(host_, *Body(), agent_, std::move(request), [this](const AcknowledgedReply& reply) {
+        if (reply.outcome == SessionOutcome::complete) {
+            unsaved_.reset();
+        }
+        accept();
+    });
 }
 
 }  // namespace quorvi

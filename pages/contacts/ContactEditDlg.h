@@ -7,7 +7,7 @@
 #include <set>
 #include <string_view>
 
-#include "agent/Wire.h"
+#include "agent/AgentAddress.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactTypes.h"
 #include "ui/kit/SkinDialog.h"
@@ -27,10 +27,9 @@ class CContactEditDlg : public SkinDialog {
     Q_OBJECT
   public:
     // Add mode.
-    CContactEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort = AgentPort);
+    CContactEditDlg(PageHost& host, QWidget* parent, AgentAddress agent);
     // Update mode: loads the contact at once.
-    CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent,
-                    std::uint16_t agentPort = AgentPort);
+    CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent, AgentAddress agent);
 
     // The form as it is filled in, and the other way round.
     [[nodiscard]] ContactForm Form() const;
@@ -65,7 +64,7 @@ class CContactEditDlg : public SkinDialog {
     PageHost& host_;
     bool adds_;
     std::uint32_t contactId_ = 0;
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     ContactRecord record_;  // update mode: as it was loaded
     std::optional<ContactForm> unsaved_;
     // What there is to say of the contact beside the state.

@@ -78,10 +78,8 @@ class ContactGroupListCtrl : public RecordListCtrl<GroupRow> {
     }
 };
 
-CContactGroupDlg::CContactGroupDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : SkinDialog(kDialog, ToQString(u8"联系人分组 - Quorvi"), parent),
-      host_(host),
-      agentPort_(agentPort) {
+CContactGroupDlg::CContactGroupDlg(PageHost& host, QWidget* parent, AgentAddress agent)
+    : SkinDialog(kDialog, ToQString(u8"联系人分组 - Quorvi"), parent), host_(host), agent_(agent) {
     BuildControls();
     Refresh();
 }
@@ -119,18 +117,18 @@ void CContactGroupDlg::BuildControls() {
 }
 
 void CContactGroupDlg::Refresh() {
-    LoadList(load_, host_, list_, [port = agentPort_](const AgentSession::Progress& progress) {
-        return FetchContactGroups(AgentSession(port), progress);
+    LoadList(load_, host_, list_, [agent = agent_](const AgentSession::Progress& progress) {
+        return FetchContactGroups(AgentSession(agent), progress);
     });
 }
 
 void CContactGroupDlg::Add() {
-    RunEditor(new CGroupEditDlg(host_, this, agentPort_));
+    RunEditor(new CGroupEditDlg(host_, this, agent_));
 }
 
 void CContactGroupDlg::Rename() {
     if (const GroupRow* row = list_->Current()) {
-        RunEditor(new CGroupEditDlg(host_, row->group.id, row->group.title, this, agentPort_));
+        RunEditor(new CGroupEditDlg(host_, row->group.id, row->group.title, this, agent_));
     }
 }
 
@@ -158,7 +156,7 @@ void CContactGroupDlg::DeleteTicked() {
             if (result != QDialog::Accepted) {
                 return;
             }
-            SendChange(host_, *Body(), agentPort_, request, [this](const AcknowledgedReply& reply) {
+            SendChange(host_, *Body(), agent_, request, [this](const AcknowledgedReply& reply) {
                 // Unlike on the pages, a failed connect fetches nothing anew.
                 if (reply.Connected()) {
                     Refresh();

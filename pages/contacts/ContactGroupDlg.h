@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "agent/Wire.h"
+#include "agent/AgentAddress.h"
 #include "pages/contacts/ContactGroups.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
@@ -18,8 +18,7 @@ class ContactGroupListCtrl;
 class CContactGroupDlg : public SkinDialog {
     Q_OBJECT
   public:
-    explicit CContactGroupDlg(PageHost& host, QWidget* parent = nullptr,
-                              std::uint16_t agentPort = AgentPort);
+    explicit CContactGroupDlg(PageHost& host, QWidget* parent, AgentAddress agent);
 
     // Fetches the groups; dropped while a load runs.
     void Refresh();
@@ -32,7 +31,7 @@ class CContactGroupDlg : public SkinDialog {
     void RunEditor(SkinDialog* editor);
 
     PageHost& host_;
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     PageLoad load_{*this};
     ContactGroupListCtrl* list_ = nullptr;
 };

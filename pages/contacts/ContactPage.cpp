@@ -28,9 +28,10 @@ enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 
 }  // namespace
 
-CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      agentPort_(agentPort),
+      agent_(services.agent),
+      attribution_(services.attribution),
       listLoad_(*this, host.LoadState(), kNumbers.loadKey),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
@@ -65,8 +66,8 @@ CContactPage::CContactPage(PageHost& host, QWidget* parent, std::uint16_t agentP
 void CContactPage::RefreshContacts() {
     LoadList(
         listLoad_, Host(), list_,
-        [port = agentPort_, attribution = attribution_](const AgentSession::Progress& progress) {
-            return FetchContactList(AgentSession(port), attribution, progress);
+        [agent = agent_, attribution = attribution_](const AgentSession::Progress& progress) {
+            return FetchContactList(AgentSession(agent), attribution, progress);
         },
         [this] { SelectFirst(); });
 }
@@ -92,9 +93,9 @@ void CContactPage::Select(int row) {
 void CContactPage::RefreshDetail() {
     detailLoad_.Start(
         [this] { frame_->SetState(ListState::loading); },
-        [port = agentPort_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
+        [agent = agent_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
          document = view_->Document()] {
-            const ContactReply reply = FetchContact(AgentSession(port), id);
+            const ContactReply reply = FetchContact(AgentSession(agent), id);
             if (reply.record) {
                 document.SetInnerHtml("block", ContactFragment(*reply.record));
             }
@@ -120,7 +121,7 @@ void CContactPage::OnCommand(int index) {
             AddContact();
             break;
         case commandGroups:
-            (new CContactGroupDlg(Host(), this, agentPort_))->Open();
+            (new CContactGroupDlg(Host(), this, agent_))->Open();
             break;
         case commandDelete:
             DeleteTicked();
@@ -157,7 +158,7 @@ void CContactPage::OpenMenu(const QPoint& at) {
 }
 
 void CContactPage::AddContact() {
-    auto* editor = new CContactEditDlg(Host(), this, agentPort_);
+    auto* editor = new CContactEditDlg(Host(), this, agent_);
     if (unsaved_) {
         editor->Resume(*unsaved_);
     }
@@ -169,7 +170,7 @@ void CContactPage::AddContact() {
 
 void CContactPage::EditSelected() {
     if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
-        auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agentPort_);
+        auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agent_);
         editor->Open([this](int result) { EndEditor(result); });
     }
 }
@@ -207,7 +208,7 @@ void CContactPage::Delete(std::vector<std::uint32_t> ids) {
     const QString question = ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
     (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
         if (result == QDialog::Accepted) {
-            SendChange(Host(), *this, agentPort_, DeleteContactsRequest(ids),
+            SendChange(Host(), *this, agent_, DeleteContactsRequest(ids),
                        [this](const AcknowledgedReply&) { RefreshContacts(); });
         }
     });

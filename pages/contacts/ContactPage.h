@@ -6,11 +6,10 @@
 #include <optional>
 #include <vector>
 
-#include "agent/Wire.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactListCtrl.h"
 #include "pages/kit/PageNumbers.h"
-#include "refdata/NumberAttribution.h"
+#include "pages/kit/Services.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
@@ -28,8 +27,7 @@ class CContactPage : public Page, private HtmlListener {
     static constexpr const PageNumbers& kNumbers = kContactsPage;
     enum Command { commandRefresh, commandAdd, commandGroups, commandDelete };
 
-    explicit CContactPage(PageHost& host, QWidget* parent = nullptr,
-                          std::uint16_t agentPort = AgentPort);
+    CContactPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     // Fetches the list and, once it is there, the detail of its first contact.
     void RefreshContacts();
@@ -54,8 +52,8 @@ class CContactPage : public Page, private HtmlListener {
     void EndEditor(int result);
     void Delete(std::vector<std::uint32_t> ids);
 
-    std::uint16_t agentPort_;
-    AttributionOf attribution_ = MakeNumberAttribution();
+    AgentAddress agent_;
+    AttributionOf attribution_;
     PageLoad listLoad_;
     PageLoad detailLoad_{*this};
     std::optional<ContactForm> unsaved_;  // a new contact that did not get to the phone

@@ -24,19 +24,17 @@ constexpr int kCancel = 1021;
 
 }  // namespace
 
-CGroupEditDlg::CGroupEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort)
-    : SkinDialog(kDialog, ToQString(u8"新建分组 - Quorvi"), parent),
-      host_(host),
-      agentPort_(agentPort) {
+CGroupEditDlg::CGroupEditDlg(PageHost& host, QWidget* parent, AgentAddress agent)
+    : SkinDialog(kDialog, ToQString(u8"新建分组 - Quorvi"), parent), host_(host), agent_(agent) {
     BuildControls();
 }
 
 CGroupEditDlg::CGroupEditDlg(PageHost& host, std::uint32_t groupId, std::string_view title,
-                             QWidget* parent, std::uint16_t agentPort)
+                             QWidget* parent, AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"修改分组 - Quorvi"), parent),
       host_(host),
       groupId_(groupId),
-      agentPort_(agentPort) {
+      agent_(agent) {
     BuildControls();
     title_->setText(ToQString(title));
     title_->selectAll();
@@ -68,7 +66,7 @@ void CGroupEditDlg::Save() {
     }
     ok_->setEnabled(false);
     EndWithOk();
-    SendChange(host_, *Body(), agentPort_,
+    SendChange(host_, *Body(), agent_,
                groupId_ ? RenameGroupRequest(*groupId_, title) : AddGroupRequest(title),
                [this](const AcknowledgedReply&) { accept(); });
 }

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "agent/Wire.h"
+#include "agent/AgentAddress.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
 
@@ -20,10 +20,10 @@ class CGroupEditDlg : public SkinDialog {
     Q_OBJECT
   public:
     // Adds a group.
-    CGroupEditDlg(PageHost& host, QWidget* parent, std::uint16_t agentPort = AgentPort);
+    CGroupEditDlg(PageHost& host, QWidget* parent, AgentAddress agent);
     // Renames one; `title` is ANSI and stands in the field at first.
     CGroupEditDlg(PageHost& host, std::uint32_t groupId, std::string_view title, QWidget* parent,
-                  std::uint16_t agentPort = AgentPort);
+                  AgentAddress agent);
 
   private:
     void BuildControls();
@@ -31,7 +31,7 @@ class CGroupEditDlg : public SkinDialog {
 
     PageHost& host_;
     std::optional<std::uint32_t> groupId_;  // nothing: adds
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     CSkinEdit* title_ = nullptr;
     CSkinButton* ok_ = nullptr;
 };

@@ -38,13 +38,13 @@ class FocusKeeper {
 
 }  // namespace
 
-void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
+void SendChange(PageHost& host, QWidget& controls, AgentAddress agent, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done) {
     const FocusKeeper focus(controls);
     RunJob(
         &controls,
-        [agentPort, request = std::move(request)] {
-            return AgentSession(agentPort).RunAcknowledged(request);
+        [agent, request = std::move(request)] {
+            return AgentSession(agent).RunAcknowledged(request);
         },
         [&host, &controls, focus, done = std::move(done)](AcknowledgedReply&& reply) {
             focus.Enable(controls);

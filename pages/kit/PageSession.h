@@ -71,7 +71,7 @@ bool LoadList(PageLoad& load, PageHost& host, List* list, Fetch fetch) {
 // Sends a command that changes something on the phone, off the window's thread. `controls` is
 // disabled meanwhile, and has the keyboard again behind it; a failed connect is shown in the
 // status; then `done` follows, unless `controls` is gone. The window's thread.
-void SendChange(PageHost& host, QWidget& controls, std::uint16_t agentPort, Bytes request,
+void SendChange(PageHost& host, QWidget& controls, AgentAddress agent, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done);
 
 }  // namespace quorvi

@@ -52,11 +52,11 @@ std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& membe
 }  // namespace
 
 CSmsComposeDlg::CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent,
-                               std::uint16_t agentPort)
+                               AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"编写短信 - Quorvi"), parent),
       host_(host),
       conversation_(conversation),
-      agentPort_(agentPort) {
+      agent_(agent) {
     BuildControls();
     connect(view_, &CHtmlCtrlBase::documentLoaded, this,
             [this] { PostToWindow(this, [this] { OnMessage(Message::documentLoaded, 0); }); });
@@ -149,8 +149,8 @@ void CSmsComposeDlg::ReadConversation() {
     recipients_->setEnabled(false);  // the party of the conversation comes to stand there
     RunJob(
         this,
-        [port = agentPort_, id = conversation_, document = view_->Document()] {
-            const ConversationReply reply = FetchConversation(AgentSession(port), id);
+        [agent = agent_, id = conversation_, document = view_->Document()] {
+            const ConversationReply reply = FetchConversation(AgentSession(agent), id);
             const bool shown = !reply.messages.empty();
             if (shown) {
                 document.SetInnerHtml("conversation_list", ConversationFragment(reply.messages),
@@ -181,7 +181,7 @@ void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
 
 void CSmsComposeDlg::ReadTree() {
     RunJob(
-        this, [port = agentPort_] { return FetchGroupTree(AgentSession(port)); },
+        this, [agent = agent_] { return FetchGroupTree(AgentSession(agent)); },
         [this](GroupTree&& tree) { ShowTree(std::move(tree)); });
 }
 
@@ -272,7 +272,7 @@ void CSmsComposeDlg::Send() {
     cancel_->setEnabled(false);
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在发送…"));
     unsent_ = {recipients_->text(), text_->toPlainText()};
-    SendChange(host_, *Body(), agentPort_, SendMessageRequest(numbers, text),
+    SendChange(host_, *Body(), agent_, SendMessageRequest(numbers, text),
                [this](const AcknowledgedReply& reply) {
                    if (reply.outcome == SessionOutcome::complete) {
                        unsent_.reset();

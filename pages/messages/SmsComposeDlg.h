@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "agent/Wire.h"
+#include "agent/AgentAddress.h"
 #include "pages/messages/Conversations.h"
 #include "pages/messages/Recipients.h"
 #include "ui/html/HtmlCtrl.h"
@@ -32,8 +32,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     Q_OBJECT
   public:
     // kNoConversation for a new message.
-    CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent = nullptr,
-                   std::uint16_t agentPort = AgentPort);
+    CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent, AgentAddress agent);
 
     // Puts a message back that did not get out of an earlier composer.
     void Resume(const UnsentMessage& message);
@@ -59,7 +58,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
 
     PageHost& host_;
     std::uint32_t conversation_;
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     GroupMembers members_;
     CHtmlCtrlFix* view_ = nullptr;
     HtmlFrame* frame_ = nullptr;

@@ -25,9 +25,10 @@ struct CSmsPage::Loaded {
     bool shown;  // the fragment has been set
 };
 
-CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      agentPort_(agentPort),
+      agent_(services.agent),
+      attribution_(services.attribution),
       load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
@@ -42,10 +43,10 @@ CSmsPage::CSmsPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
 
 void CSmsPage::RefreshSms() {
     load_.Start([this] { frame_->SetState(ListState::loading); },
-                [port = agentPort_, attribution = attribution_, frame = frame_,
+                [agent = agent_, attribution = attribution_, frame = frame_,
                  document = view_->Document()](const LoadProgress& progress) {
                     const ConversationListReply reply = FetchConversations(
-                        AgentSession(port), attribution, ProgressTo(progress, frame));
+                        AgentSession(agent), attribution, ProgressTo(progress, frame));
                     const bool shown = !reply.conversations.empty();
                     if (shown) {
                         document.SetInnerHtml("sms_ul", ConversationsFragment(reply.conversations),
@@ -105,7 +106,7 @@ void CSmsPage::OnMessage(Message message, int first, int second) {
 }
 
 void CSmsPage::Compose(std::uint32_t conversation) {
-    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agentPort_);
+    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agent_);
     if (const auto unsent = unsent_.extract(conversation)) {
         composer->Resume(unsent.mapped());
     }
@@ -125,7 +126,7 @@ void CSmsPage::Delete(std::uint32_t conversation) {
         RefreshSms();
         return;
     }
-    SendChange(Host(), *this, agentPort_, DeleteConversationRequest(conversation),
+    SendChange(Host(), *this, agent_, DeleteConversationRequest(conversation),
                [this](const AcknowledgedReply&) { RefreshSms(); });
 }
 

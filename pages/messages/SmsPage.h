@@ -5,10 +5,9 @@
 #include <map>
 #include <string>
 
-#include "agent/Wire.h"
 #include "pages/kit/PageNumbers.h"
+#include "pages/kit/Services.h"
 #include "pages/messages/SmsComposeDlg.h"
-#include "refdata/NumberAttribution.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
@@ -27,8 +26,7 @@ class CSmsPage : public Page, private HtmlListener {
     static constexpr const PageNumbers& kNumbers = kMessagesPage;
     enum Command { commandRefresh, commandCompose };  // the third command has no action
 
-    explicit CSmsPage(PageHost& host, QWidget* parent = nullptr,
-                      std::uint16_t agentPort = AgentPort);
+    CSmsPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     void RefreshSms();
 
@@ -48,8 +46,8 @@ class CSmsPage : public Page, private HtmlListener {
     void ShowLoaded(const Loaded& loaded);
     void Delete(std::uint32_t conversation);
 
-    std::uint16_t agentPort_;
-    AttributionOf attribution_ = MakeNumberAttribution();
+    AgentAddress agent_;
+    AttributionOf attribution_;
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;

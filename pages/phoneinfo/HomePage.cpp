@@ -23,9 +23,9 @@ void Command(PageHost& host, PageCommand command, int argument = 0) {
 
 }  // namespace
 
-CHomePage::CHomePage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CHomePage::CHomePage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      agentPort_(agentPort),
+      agent_(services.agent),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)) {
     view_->setAccessibleName(ToQString(u8"我的手机"));
     auto* layout = new QVBoxLayout(this);
@@ -36,7 +36,7 @@ CHomePage::CHomePage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
 
 void CHomePage::Refresh() {
     const bool started =
-        load_.Start([port = agentPort_] { return FetchSystemInfo(AgentSession(port)); },
+        load_.Start([agent = agent_] { return FetchSystemInfo(AgentSession(agent)); },
                     [this](SystemInfoReply&& reply) { Show(reply); });
     again_ = !started;
 }

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "agent/Wire.h"
 #include "pages/kit/PageNumbers.h"
+#include "pages/kit/Services.h"
 #include "pages/phoneinfo/SystemInfo.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
@@ -19,8 +19,7 @@ class CHomePage : public Page, private HtmlListener {
   public:
     static constexpr const PageNumbers& kNumbers = kDashboardPage;
 
-    explicit CHomePage(PageHost& host, QWidget* parent = nullptr,
-                       std::uint16_t agentPort = AgentPort);
+    CHomePage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     // Fetches the phone's state and shows it. One that is asked for while another runs follows it.
     void Refresh();
@@ -35,7 +34,7 @@ class CHomePage : public Page, private HtmlListener {
     void OnAppCmd(const std::string& text) override { OnLink(text); }
     void Show(const SystemInfoReply& reply);
 
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     PageLoad load_{*this};
     bool again_ = false;
     CHtmlCtrlFix* view_;

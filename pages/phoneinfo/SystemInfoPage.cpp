@@ -53,9 +53,9 @@ class SystemInfoListCtrl : public RecordListCtrl<InfoRow> {
     }
 };
 
-CSystemInfoPage::CSystemInfoPage(PageHost& host, QWidget* parent, std::uint16_t agentPort)
+CSystemInfoPage::CSystemInfoPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      agentPort_(agentPort),
+      agent_(services.agent),
       load_(*this, host.LoadState(), kNumbers.loadKey),
       list_(new SystemInfoListCtrl(kColumns, look::Metric::rowCompact, this)) {
     SetControlNumber(list_, kList, ToQString(u8"系统信息"));
@@ -71,7 +71,7 @@ CSystemInfoPage::CSystemInfoPage(PageHost& host, QWidget* parent, std::uint16_t 
 
 void CSystemInfoPage::Load() {
     load_.Start([this] { list_->SetState(ListState::loading); },
-                [port = agentPort_] { return FetchSystemInfo(AgentSession(port)); },
+                [agent = agent_] { return FetchSystemInfo(AgentSession(agent)); },
                 [this](SystemInfoReply&& reply) { Show(reply); });
 }
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "agent/Wire.h"
 #include "pages/kit/PageNumbers.h"
+#include "pages/kit/Services.h"
 #include "pages/phoneinfo/SystemInfo.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
@@ -21,15 +21,14 @@ class CSystemInfoPage : public Page {
     static constexpr const PageNumbers& kNumbers = kSystemInfoPage;
     static constexpr int kList = 1362;  // number of the list control
 
-    explicit CSystemInfoPage(PageHost& host, QWidget* parent = nullptr,
-                             std::uint16_t agentPort = AgentPort);
+    CSystemInfoPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     void Load() override;
 
   private:
     void Show(const SystemInfoReply& reply);
 
-    std::uint16_t agentPort_;
+    AgentAddress agent_;
     PageLoad load_;
     SystemInfoListCtrl* list_;
 };

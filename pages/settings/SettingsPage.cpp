@@ -56,10 +56,9 @@ Control* Hidden(Control* control) {
 
 }  // namespace
 
-SettingsPage::SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
-                           QWidget* parent)
+SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
-      desktop_(std::move(desktop)),
+      desktop_(services.desktop),
       autoRun_(new CSkinCheck(ToQString(u8"启动Windows时自动运行奎维掌上工坊"))),
       autoRunOnUsb_(new CSkinCheck(ToQString(u8"USB 连接到智能手机时自动运行 Quorvi"))),
       exitHide_(new SkinRadio(ToQString(u8"隐藏到系统右下角托盘区"))),

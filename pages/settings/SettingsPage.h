@@ -6,6 +6,7 @@
 
 #include "desktop/DesktopIntegration.h"
 #include "pages/kit/PageNumbers.h"
+#include "pages/kit/Services.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
 
@@ -28,8 +29,7 @@ class SettingsPage : public Page {
   public:
     static constexpr const PageNumbers& kNumbers = kSettingsPage;
 
-    SettingsPage(PageHost& host, std::shared_ptr<DesktopIntegration> desktop,
-                 QWidget* parent = nullptr);
+    SettingsPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
   private:
     void OnInitDialog();

@@ -17,7 +17,7 @@ class AgentPageTest : public PageTest {
   protected:
     // Makes the page, not shown and not loaded.
     P& MakeAt(std::uint16_t port) {
-        page_ = std::make_unique<P>(host_, nullptr, port);
+        page_ = std::make_unique<P>(host_, services_.At(port));
         page_->resize(760, 462);
         return *page_;
     }

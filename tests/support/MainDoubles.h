@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "agent/Wire.h"
 #include "app/platform/Notifier.h"
 #include "app/platform/Sounds.h"
 #include "app/process/RunningInstance.h"
@@ -82,6 +83,11 @@ class MainDoubles {
     MemorySettings settings_;
     DeviceContext device_;
     std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
+    // What its pages are made from; to be changed before the window is made.
+    Services services_{.agent = AgentPort,
+                       .attribution = MakeNumberAttribution(),
+                       .device = device_,
+                       .desktop = desktop_};
     std::vector<std::string> steps_;  // what the window asked of the link, in order
     std::function<void()> devicesDone_;
     int ended_ = 0;
@@ -107,7 +113,7 @@ class MainDoubles {
             .notifier = notifier_,
             .sounds = sounds_,
             .instance = instance_,
-            .pages = {.device = device_, .desktop = desktop_},
+            .services = services_,
             .makers = std::move(makers),
             .siteAddress = QStringLiteral("http://www.quorvi.example/"),
             .connectPhone = connectPhone_,

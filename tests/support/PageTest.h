@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/FakeHost.h"
+#include "tests/support/TestServices.h"
 #include "tests/support/WaitFor.h"
 #include "ui/kit/QtText.h"
 
@@ -15,6 +16,7 @@ inline const QString kConnectError = ToQString(u8"【X】连接错误");
 class PageTest : public testing::Test {
   protected:
     FakeHost host_;
+    TestServices services_;
 };
 
 }  // namespace quorvi

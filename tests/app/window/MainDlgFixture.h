@@ -42,7 +42,7 @@ class ProbePage : public Page {
     PageMakers makers;
     for (const PageRow& row : kPages) {
         if (row.role == PageRole::feature) {
-            makers[row.dialog] = [&row](PageHost& host, const PageParts&, QWidget* parent) {
+            makers[row.dialog] = [&row](PageHost& host, const Services&, QWidget* parent) {
                 auto* page = new ProbePage(host, row.dialog, parent);
                 page->loadKey = row.loadKey;
                 return page;

@@ -138,7 +138,7 @@ class HostileMessage : public PageTest, public testing::WithParamInterface<Hosti
 };
 
 TEST_P(HostileMessage, InTheListRunsNothingFetchesNothingAndLeavesTheView) {
-    CSmsPage page(host_, nullptr, agent_.Port());
+    CSmsPage page(host_, services_.At(agent_.Port()));
     page.resize(760, 462);
     page.show();
     page.Load();
@@ -185,7 +185,7 @@ class LongMessage : public PageTest {
 };
 
 TEST_F(LongMessage, OfAMegabyteIsShownWholeInTheList) {
-    CSmsPage page(host_, nullptr, agent_.Port());
+    CSmsPage page(host_, services_.At(agent_.Port()));
     page.resize(760, 462);
     page.show();
     page.Load();

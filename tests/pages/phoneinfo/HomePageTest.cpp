@@ -17,7 +17,7 @@ class HomePage : public PageTest {
   protected:
     // The page, shown, with its template loaded.
     CHomePage& Open(std::uint16_t port) {
-        page_ = std::make_unique<CHomePage>(host_, nullptr, port);
+        page_ = std::make_unique<CHomePage>(host_, services_.At(port));
         page_->resize(760, 462);
         ShowWithDocument(*page_, View());
         return *page_;
@@ -155,13 +155,13 @@ TEST_F(HomePage, RefreshLinkAsksThePhone) {
 }
 
 TEST_F(HomePage, ScreenshotLinkDoesNothingAtAll) {
-    CHomePage page(host_, nullptr, UnusedPort());
+    CHomePage page(host_, services_.At(UnusedPort()));
     page.OnLink("screenshot");
     EXPECT_TRUE(host_.posted.empty());
 }
 
 TEST_F(HomePage, LinkOfAnyOtherTextOpensTheItemOfItsNumber) {
-    CHomePage page(host_, nullptr, UnusedPort());
+    CHomePage page(host_, services_.At(UnusedPort()));
     page.OnLink("12abc");
     page.OnLink("abc");
     EXPECT_EQ(host_.posted, (std::vector<FakeHost::Posted>{{Message::pageCommand, 1, 12},

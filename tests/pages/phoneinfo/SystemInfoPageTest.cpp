@@ -30,7 +30,7 @@ class SystemInfoPage : public PageTest {
 };
 
 TEST_F(SystemInfoPage, RowsStandFromTheStartWithTheirCaptions) {
-    const CSystemInfoPage page(host_, nullptr, UnusedPort());
+    const CSystemInfoPage page(host_, services_.At(UnusedPort()));
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 135"));
     ASSERT_EQ(List(page).RowCount(), 19);
     EXPECT_EQ(List(page).CellAt(0, 1).text, ToQString(u8"手机型号"));
@@ -39,7 +39,7 @@ TEST_F(SystemInfoPage, RowsStandFromTheStartWithTheirCaptions) {
 }
 
 TEST_F(SystemInfoPage, ColumnsAreTypeDetailsAndComparison) {
-    const CSystemInfoPage page(host_, nullptr, UnusedPort());
+    const CSystemInfoPage page(host_, services_.At(UnusedPort()));
     const CSkinListCtrl& list = List(page);
     ASSERT_EQ(list.ColumnCount(), 3);
     EXPECT_EQ(list.Column(0).caption, u8"类型");
@@ -56,7 +56,7 @@ TEST_F(SystemInfoPage, ColumnsAreTypeDetailsAndComparison) {
 
 TEST_F(SystemInfoPage, LoadShowsTheRowsThatTheCommandLinePrints) {
     LoopbackAgent agent({.bytes = Framed(WholeSystemInfo().Get())});
-    CSystemInfoPage page(host_, nullptr, agent.Port());
+    CSystemInfoPage page(host_, services_.At(agent.Port()));
     Load(page);
     QStringList expected;
     for (const SystemInfoRow& row :
@@ -69,7 +69,7 @@ TEST_F(SystemInfoPage, LoadShowsTheRowsThatTheCommandLinePrints) {
 }
 
 TEST_F(SystemInfoPage, ConnectFailureIsToldAndTheRowsStay) {
-    CSystemInfoPage page(host_, nullptr, UnusedPort());
+    CSystemInfoPage page(host_, services_.At(UnusedPort()));
     Load(page);
     EXPECT_EQ(host_.statuses, QStringList{ToQString(u8"【X】连接错误")});
     EXPECT_EQ(List(page).RowCount(), 19);
@@ -78,7 +78,7 @@ TEST_F(SystemInfoPage, ConnectFailureIsToldAndTheRowsStay) {
 
 TEST_F(SystemInfoPage, AbsentModelLeavesTheTableAsItIs) {
     LoopbackAgent agent({.bytes = Framed(LeadingWord().Absent().U64(0).Get())});
-    CSystemInfoPage page(host_, nullptr, agent.Port());
+    CSystemInfoPage page(host_, services_.At(agent.Port()));
     Load(page);
     EXPECT_EQ(Values(page).join(QString()), QString());
     EXPECT_TRUE(host_.statuses.isEmpty());
@@ -87,7 +87,7 @@ TEST_F(SystemInfoPage, AbsentModelLeavesTheTableAsItIs) {
 TEST_F(SystemInfoPage, RefreshDuringALoadIsIgnored) {
     LoopbackAgent agent(
         {.bytes = Word(NoDataMark), .piece = 1, .pause = std::chrono::milliseconds(20)});
-    CSystemInfoPage page(host_, nullptr, agent.Port());
+    CSystemInfoPage page(host_, services_.At(agent.Port()));
     page.Load();
     Load(page);
     QTest::qWait(50);

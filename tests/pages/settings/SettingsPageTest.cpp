@@ -1,8 +1,9 @@
 #include <QSignalSpy>
 
+#include "agent/Wire.h"
 #include "pages/settings/SettingsPage.h"
-#include "tests/support/FakeDesktop.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/TestServices.h"
 #include "tests/support/WidgetTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -17,7 +18,7 @@ class SettingsPageTest : public WidgetTest {
   protected:
     // The page, shown, after it has read what is written.
     void Open() {
-        page_ = std::make_unique<SettingsPage>(host_, desktop_);
+        page_ = std::make_unique<SettingsPage>(host_, services_.At(AgentPort));
         page_->resize(760, 462);
         page_->show();
         Rest();
@@ -34,7 +35,8 @@ class SettingsPageTest : public WidgetTest {
         Rest();
     }
 
-    std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
+    TestServices services_;
+    std::shared_ptr<FakeDesktop> desktop_ = services_.desktop;
     FakeHost host_;
     std::unique_ptr<SettingsPage> page_;
 };

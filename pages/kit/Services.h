@@ -1,0 +1,24 @@
+// The services: what works on while pages come and go, and belongs to none of them.
+#pragma once
+
+#include <memory>
+
+#include "agent/AgentAddress.h"
+#include "refdata/NumberAttribution.h"
+
+namespace quorvi {
+
+class DesktopIntegration;
+class DeviceContext;
+
+// Made once at the program's start, handed by reference to every page that is made. A page keeps
+// the parts that it uses, and gives its workers copies of them: each may be copied, and its copies
+// share one state; what is a reference here outlives every worker.
+struct Services {
+    AgentAddress agent;
+    AttributionOf attribution;
+    DeviceContext& device;
+    std::shared_ptr<DesktopIntegration> desktop;
+};
+
+}  // namespace quorvi
