@@ -25,18 +25,14 @@ constexpr std::u8string_view kOtherCallType = u8"未知类型";
 }  // namespace
 
 CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution) {
-    CallLog log;
-    ReplyCursor cursor(reply);
-    do {
-        CallLogRow row;
+    return ReadRun<CallLogRow>(reply, [&](ReplyCursor& cursor, CallLogRow& row) {
         row.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return log;  // what is done to the row would befall another call
+            return RecordEnd::cut;  // what is done to the row would befall another call
         }
         auto number = cursor.TakeText();
         if (!number) {
-            log.EndByMark(row.id);
-            return log;
+            return RecordEnd::mark;
         }
         row.number = std::move(*number);
         row.time =
@@ -45,12 +41,11 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
         row.type = cursor.TakeUInt32();
         row.name = cursor.TakeTextOrEmpty();
         if (cursor.Overran()) {
-            return log;
+            return RecordEnd::cut;
         }
         row.attribution = attribution(row.number);
-        log.rows.push_back(std::move(row));
-    } while (!cursor.AtEnd());
-    return log;
+        return RecordEnd::whole;
+    });
 }
 
 CallLogReply FetchCallLog(const AgentSession& session, const AttributionOf& attribution,

@@ -56,15 +56,7 @@ Cell TypeCell(std::uint32_t type) {
 }  // namespace
 
 CCallLogListCtrl::CCallLogListCtrl(QWidget* parent)
-    : RecordListCtrl(kColumns, look::Metric::rowTall, parent) {}
-
-void CCallLogListCtrl::Show(CallLog log) {
-    if (log.endedByMark) {
-        CallLogRow& rest = log.rows.emplace_back();
-        rest.id = log.markedId;
-    }
-    SetRecords(std::move(log.rows));
-}
+    : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {}
 
 std::vector<std::uint32_t> CCallLogListCtrl::TickedIds() const {
     std::vector<std::uint32_t> ids;
@@ -79,8 +71,7 @@ Cell CCallLogListCtrl::CellOf(const CallLogRow& row, int column) const {
         case columnContact:
             return {.text = ToShownQString(row.name), .second = ToShownQString(row.number)};
         case columnType:
-            // Only a row that was not read to its end has no time.
-            return row.time.empty() ? Cell() : TypeCell(row.type);
+            return TypeCell(row.type);
         case columnDuration:
             return {.text = ToQString(row.duration)};
         case columnTime:
@@ -92,6 +83,10 @@ Cell CCallLogListCtrl::CellOf(const CallLogRow& row, int column) const {
         default:
             return {};
     }
+}
+
+Cell CCallLogListCtrl::MarkedCell(const CallLogRow& row, int column) const {
+    return column == columnId ? CellOf(row, column) : Cell();
 }
 
 }  // namespace quorvi

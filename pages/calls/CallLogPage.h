@@ -1,13 +1,11 @@
 // The call log page: the calls kept on the phone, to be looked at and deleted.
 #pragma once
 
-#include <cstdint>
-
 #include "pages/calls/CallLogListCtrl.h"
+#include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/page/Page.h"
-#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 
@@ -21,7 +19,7 @@ class CCallLogPage : public Page {
 
     CCallLogPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
-    void RefreshCallLog();
+    void RefreshCallLog() { road_.Refresh(); }
 
     void Load() override { RefreshCallLog(); }
     void OnCommand(int index) override;
@@ -32,12 +30,8 @@ class CCallLogPage : public Page {
     void DeleteAll();
 
   private:
-    void AskAndSend(const QString& question, Bytes request);
-
-    AgentAddress agent_;
-    AttributionOf attribution_;
-    PageLoad load_;
     CCallLogListCtrl* list_;
+    ListRoad road_;
 };
 
 }  // namespace quorvi

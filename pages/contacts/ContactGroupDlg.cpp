@@ -3,15 +3,12 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <array>
-#include <utility>
-#include <vector>
 
 #include "pages/contacts/GroupEditDlg.h"
-#include "pages/kit/PageSession.h"
+#include "pages/kit/PhoneListCtrl.h"
+#include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
-#include "ui/kit/QuestionDlg.h"
-#include "ui/list/RecordListCtrl.h"
 
 namespace quorvi {
 
@@ -38,40 +35,22 @@ constexpr std::array<ListColumn, 5> kColumns{{
     {u8"选择", 80, CellKind::check},
 }};
 
-struct GroupRow {
-    ContactGroup group;
-    bool whole = true;  // false for the empty row behind a list that the mark ended
-};
-
 }  // namespace
 
-class ContactGroupListCtrl : public RecordListCtrl<GroupRow> {
+class ContactGroupListCtrl : public PhoneListCtrl<ContactGroup> {
   public:
     explicit ContactGroupListCtrl(QWidget* parent)
-        : RecordListCtrl(kColumns, Metric::rowCompact, parent) {}
-
-    void Show(ContactGroups groups) {
-        std::vector<GroupRow> rows;
-        rows.reserve(groups.rows.size() + 1);
-        for (ContactGroup& group : groups.rows) {
-            rows.push_back({std::move(group)});
-        }
-        if (groups.endedByMark) {
-            rows.push_back({{.id = groups.markedId, .title = {}, .account = {}}, false});
-        }
-        SetRecords(std::move(rows));
-    }
+        : PhoneListCtrl(kColumns, Metric::rowCompact, parent) {}
 
   protected:
-    [[nodiscard]] Cell CellOf(const GroupRow& row, int column) const override {
+    [[nodiscard]] Cell CellOf(const ContactGroup& group, int column) const override {
         switch (column) {
             case columnTitle:
-                return {.text = ToShownQString(row.group.title)};
+                return {.text = ToShownQString(group.title)};
             case columnAccount:
-                return {.text = ToShownQString(row.group.account)};
+                return {.text = ToShownQString(group.account)};
             case columnVisible:
-                return row.whole ? Cell{.text = ToQString(GroupVisibleText(row.group.visible))}
-                                 : Cell{};
+                return {.text = ToQString(GroupVisibleText(group.visible))};
             default:
                 return {};
         }
@@ -81,6 +60,12 @@ class ContactGroupListCtrl : public RecordListCtrl<GroupRow> {
 CContactGroupDlg::CContactGroupDlg(PageHost& host, QWidget* parent, AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"联系人分组 - Quorvi"), parent), host_(host), agent_(agent) {
     BuildControls();
+    road_.emplace(ListPlace{.host = host_,
+                            .window = *this,
+                            .controls = *Body(),
+                            .agent = agent_,
+                            .afterFailedChange = AfterFailedChange::stay},
+                  list_, &FetchContactGroups);
     Refresh();
 }
 
@@ -103,9 +88,8 @@ void CContactGroupDlg::BuildControls() {
     button(kDelete, u8"删除选择", QStringLiteral("delete"), &CContactGroupDlg::DeleteTicked);
 
     list_ = SetControlNumber(new ContactGroupListCtrl(Body()), kList, ToQString(u8"联系人分组"));
-    list_->SetEmptyText(ToQString(u8"列表是空的"),
-                        ToQString(u8"手机上没有联系人分组，可以点“新建分组”"));
-    list_->SetFailedText(ToQString(u8"没有连上手机"), ToQString(u8"请检查数据线，然后点“刷新”"));
+    SayWhenEmpty(*list_, u8"手机上没有联系人分组，可以点“新建分组”");
+    SayWhenFailed(*list_, u8"刷新");
 
     auto* column = new QVBoxLayout(Body());
     column->setContentsMargins(0, 0, 0, 0);
@@ -117,9 +101,7 @@ void CContactGroupDlg::BuildControls() {
 }
 
 void CContactGroupDlg::Refresh() {
-    LoadList(load_, host_, list_, [agent = agent_](const AgentSession::Progress& progress) {
-        return FetchContactGroups(AgentSession(agent), progress);
-    });
+    road_->Refresh();
 }
 
 void CContactGroupDlg::Add() {
@@ -127,8 +109,8 @@ void CContactGroupDlg::Add() {
 }
 
 void CContactGroupDlg::Rename() {
-    if (const GroupRow* row = list_->Current()) {
-        RunEditor(new CGroupEditDlg(host_, row->group.id, row->group.title, this, agent_));
+    if (const ContactGroup* group = list_->Current()) {
+        RunEditor(new CGroupEditDlg(host_, group->id, group->title, this, agent_));
     }
 }
 
@@ -141,28 +123,8 @@ void CContactGroupDlg::RunEditor(SkinDialog* editor) {
 }
 
 void CContactGroupDlg::DeleteTicked() {
-    std::vector<std::uint32_t> ids;
-    for (const int row : list_->TickedRows()) {
-        ids.push_back(list_->At(row).group.id);
-    }
-    if (ids.empty()) {
-        (new CNothingCheckedDlg(this))->Open();
-        return;
-    }
-    const QString question =
-        ToQString(u8"您真的要删除选择的【 %1 】条联系人分组吗？").arg(ids.size());
-    (new CConfirmDeleteDlg(question, this))
-        ->Open([this, request = DeleteGroupsRequest(ids)](int result) {
-            if (result != QDialog::Accepted) {
-                return;
-            }
-            SendChange(host_, *Body(), agent_, request, [this](const AcknowledgedReply& reply) {
-                // Unlike on the pages, a failed connect fetches nothing anew.
-                if (reply.Connected()) {
-                    Refresh();
-                }
-            });
-        });
+    road_->Delete(list_->OfTickedRows(&ContactGroup::id, MarkedRow::counts),
+                  u8"您真的要删除选择的【 %1 】条联系人分组吗？", &DeleteGroupsRequest);
 }
 
 }  // namespace quorvi

@@ -1,13 +1,13 @@
 // The group dialog: the phone's contact groups, to be added, renamed and deleted.
 #pragma once
 
-#include <cstdint>
+#include <optional>
 
 #include "agent/AgentAddress.h"
 #include "pages/contacts/ContactGroups.h"
+#include "pages/kit/ListRoad.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
-#include "ui/page/PageLoad.h"
 
 namespace quorvi {
 
@@ -32,8 +32,8 @@ class CContactGroupDlg : public SkinDialog {
 
     PageHost& host_;
     AgentAddress agent_;
-    PageLoad load_{*this};
     ContactGroupListCtrl* list_ = nullptr;
+    std::optional<ListRoad> road_;  // once the list is there
 };
 
 }  // namespace quorvi

@@ -5,29 +5,22 @@
 #include "base/Text.h"
 
 namespace quorvi {
+
 ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
-    ContactGroups groups;
-    ReplyCursor cursor(reply);
-    do {
-        ContactGroup group;
+    return ReadRun<ContactGroup>(reply, [](ReplyCursor& cursor, ContactGroup& group) {
         group.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return groups;  // what is done to the row would befall another group
+            return RecordEnd::cut;  // what is done to the row would befall another group
         }
         auto title = cursor.TakeText();
         if (!title) {
-            groups.EndByMark(group.id);
-            return groups;
+            return RecordEnd::mark;
         }
         group.title = std::move(*title);
         group.account = cursor.TakeTextOrEmpty();
         group.visible = cursor.TakeUInt32() == 1;
-        if (cursor.Overran()) {
-            return groups;
-        }
-        groups.rows.push_back(std::move(group));
-    } while (!cursor.AtEnd());
-    return groups;
+        return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
+    });
 }
 
 ContactGroupsReply FetchContactGroups(const AgentSession& session,

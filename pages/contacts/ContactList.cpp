@@ -22,19 +22,15 @@ ReplyBytes TakePhoto(ReplyCursor& cursor, const SharedReply& reply) {
 }  // namespace
 
 ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attribution) {
-    ContactList list;
-    ReplyCursor cursor(*reply);
-    do {
-        ContactListRow row;
+    return ReadRun<ContactListRow>(*reply, [&](ReplyCursor& cursor, ContactListRow& row) {
         row.contactId = cursor.TakeId();
         if (cursor.IsCut()) {
-            return list;  // what is done to the row would befall another contact
+            return RecordEnd::cut;  // what is done to the row would befall another contact
         }
         row.secondId = cursor.TakeId();
         auto name = cursor.TakeText();
         if (!name) {
-            list.EndByMark(row.contactId);
-            return list;
+            return RecordEnd::mark;
         }
         row.name = std::move(*name);
         row.favourite = cursor.TakeUInt32() == 1;  // 2 is no favourite
@@ -45,12 +41,11 @@ ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attr
             row.photo = TakePhoto(cursor, reply);
         }
         if (cursor.Overran()) {
-            return list;
+            return RecordEnd::cut;
         }
         row.attribution = attribution(row.number);
-        list.rows.push_back(std::move(row));
-    } while (!cursor.AtEnd());
-    return list;
+        return RecordEnd::whole;
+    });
 }
 
 ContactListReply FetchContactList(const AgentSession& session, const AttributionOf& attribution,

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <bit>
-#include <utility>
 
 #include "ui/kit/QtText.h"
 
@@ -25,19 +24,7 @@ constexpr std::array<ListColumn, 5> kColumns{{
 }  // namespace
 
 CContactListCtrl::CContactListCtrl(QWidget* parent)
-    : RecordListCtrl(kColumns, look::Metric::rowTall, parent) {}
-
-void CContactListCtrl::Show(ContactList list) {
-    contacts_ = static_cast<int>(list.rows.size());
-    if (list.endedByMark) {
-        list.rows.emplace_back();
-    }
-    SetRecords(std::move(list.rows));
-}
-
-const ContactListRow* CContactListCtrl::ContactAt(int row) const {
-    return row < 0 || row >= contacts_ || row >= RowCount() ? nullptr : &At(row);
-}
+    : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {}
 
 Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
     switch (column) {

@@ -1,18 +1,16 @@
 #include "pages/contacts/ContactPage.h"
 
 #include <QHBoxLayout>
-#include <utility>
 
 #include "agent/AgentSession.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactFragment.h"
 #include "pages/contacts/ContactGroupDlg.h"
-#include "pages/kit/PageSession.h"
+#include "pages/kit/ViewSentences.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
-#include "ui/kit/QuestionDlg.h"
 #include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
@@ -31,14 +29,23 @@ enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
-      attribution_(services.attribution),
-      listLoad_(*this, host.LoadState(), kNumbers.loadKey),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
+      road_(
+          {.host = host,
+           .window = *this,
+           .controls = *this,
+           .agent = services.agent,
+           .loadKey = kNumbers.loadKey},
+          list_,
+          [attribution = services.attribution](const AgentSession& session,
+                                               const AgentSession::Progress& progress) {
+              return FetchContactList(session, attribution, progress);
+          },
+          [this] { SelectFirst(); }),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
-    list_->SetEmptyText(ToQString(u8"列表是空的"), ToQString(u8"手机上没有联系人，或者还没有获取"));
-    list_->SetFailedText(ToQString(u8"没有连上手机"),
-                         ToQString(u8"请检查数据线，然后点“重新获取”"));
+    SayWhenEmpty(*list_, u8"手机上没有联系人，或者还没有获取");
+    SayWhenFailed(*list_, u8"重新获取");
     view_->setAccessibleName(ToQString(u8"联系人详细信息"));
     view_->LoadFromResource(kContactTemplate);
     frame_->SetFilled();  // the template says what to do while nothing is selected
@@ -63,17 +70,8 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
             [this](int, const QPoint& at) { OpenMenu(at); });
 }
 
-void CContactPage::RefreshContacts() {
-    LoadList(
-        listLoad_, Host(), list_,
-        [agent = agent_, attribution = attribution_](const AgentSession::Progress& progress) {
-            return FetchContactList(AgentSession(agent), attribution, progress);
-        },
-        [this] { SelectFirst(); });
-}
-
 void CContactPage::SelectFirst() {
-    if (const ContactListRow* first = list_->ContactAt(0)) {
+    if (const ContactListRow* first = list_->RecordAt(0)) {
         Host().Selection().Set(PageSelection::kContact, first->contactId);
         list_->setFocus();
         selecting_ = true;
@@ -84,7 +82,7 @@ void CContactPage::SelectFirst() {
 }
 
 void CContactPage::Select(int row) {
-    if (const ContactListRow* contact = list_->ContactAt(row)) {
+    if (const ContactListRow* contact = list_->RecordAt(row)) {
         Host().Selection().Set(PageSelection::kContact, contact->contactId);
         RefreshDetail();
     }
@@ -169,7 +167,7 @@ void CContactPage::AddContact() {
 }
 
 void CContactPage::EditSelected() {
-    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+    if (const ContactListRow* contact = list_->CurrentRecord()) {
         auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agent_);
         editor->Open([this](int result) { EndEditor(result); });
     }
@@ -185,33 +183,17 @@ void CContactPage::EndEditor(int result) {
 }
 
 void CContactPage::DeleteTicked() {
-    std::vector<std::uint32_t> ids;
-    for (const int row : list_->TickedRows()) {
-        if (const ContactListRow* contact = list_->ContactAt(row)) {
-            ids.push_back(contact->contactId);
-        }
-    }
-    Delete(std::move(ids));
+    Delete(list_->OfTickedRows(&ContactListRow::contactId, MarkedRow::leftOut));
 }
 
 void CContactPage::DeleteSelected() {
-    if (const ContactListRow* contact = list_->ContactAt(list_->CurrentRow())) {
+    if (const ContactListRow* contact = list_->CurrentRecord()) {
         Delete({contact->contactId});
     }
 }
 
-void CContactPage::Delete(std::vector<std::uint32_t> ids) {
-    if (ids.empty()) {
-        (new CNothingCheckedDlg(this))->Open();
-        return;
-    }
-    const QString question = ToQString(u8"您真的要删除选择的【 %1 】条联系人吗？").arg(ids.size());
-    (new CConfirmDeleteDlg(question, this))->Open([this, ids = std::move(ids)](int result) {
-        if (result == QDialog::Accepted) {
-            SendChange(Host(), *this, agent_, DeleteContactsRequest(ids),
-                       [this](const AcknowledgedReply&) { RefreshContacts(); });
-        }
-    });
+void CContactPage::Delete(const std::vector<std::uint32_t>& ids) {
+    road_.Delete(ids, u8"您真的要删除选择的【 %1 】条联系人吗？", &DeleteContactsRequest);
 }
 
 }  // namespace quorvi

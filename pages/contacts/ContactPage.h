@@ -8,6 +8,7 @@
 
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactListCtrl.h"
+#include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/html/HtmlCtrl.h"
@@ -30,7 +31,7 @@ class CContactPage : public Page, private HtmlListener {
     CContactPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
     // Fetches the list and, once it is there, the detail of its first contact.
-    void RefreshContacts();
+    void RefreshContacts() { road_.Refresh(); }
     // Fetches the contact that PageSelection names, and shows it.
     void RefreshDetail();
 
@@ -50,16 +51,15 @@ class CContactPage : public Page, private HtmlListener {
     void Select(int row);
     void OpenMenu(const QPoint& at);
     void EndEditor(int result);
-    void Delete(std::vector<std::uint32_t> ids);
+    void Delete(const std::vector<std::uint32_t>& ids);
 
     AgentAddress agent_;
-    AttributionOf attribution_;
-    PageLoad listLoad_;
     PageLoad detailLoad_{*this};
     std::optional<ContactForm> unsaved_;  // a new contact that did not get to the phone
     bool selecting_ = false;              // the page itself moves the selection
     QTimer detailTimer_;                  // timer 0: the detail after a fill
     CContactListCtrl* list_;
+    ListRoad road_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
 };

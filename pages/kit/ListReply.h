@@ -1,7 +1,7 @@
 // What the command of a list brought, and how far its reading came: the same for all lists.
 #pragma once
 
-#include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -13,15 +13,11 @@ namespace quorvi {
 template <typename Row>
 struct ReadList {
     std::vector<Row> rows;
-    // AbsentMark ended the reading, in a record of this id. A list on the screen then has one more
-    // row, which holds nothing else, and stays without redraw.
-    bool endedByMark = false;
-    std::uint32_t markedId = 0;
+    // The record in which AbsentMark ended the reading, with what stood in front of the mark. A
+    // list on the screen then has one more row, which shows nothing, and stays without redraw.
+    std::optional<Row> marked;
 
-    void EndByMark(std::uint32_t id) {
-        endedByMark = true;
-        markedId = id;
-    }
+    [[nodiscard]] bool EndedByMark() const { return marked.has_value(); }
 };
 
 template <typename Row>
@@ -31,8 +27,34 @@ struct ListReply {
 
     [[nodiscard]] bool Connected() const { return outcome != SessionOutcome::connectFailed; }
     // Read to its end, as far as it came.
-    [[nodiscard]] bool IsWhole() const { return HasPayload(outcome) && !list.endedByMark; }
+    [[nodiscard]] bool IsWhole() const { return HasPayload(outcome) && !list.EndedByMark(); }
 };
+
+// What the reading of one record of a run came to.
+enum class RecordEnd {
+    whole,
+    mark,  // AbsentMark stood in the field that ends the reading
+    cut,   // it is not all there: it is dropped, and ends the run
+};
+
+// Reads a run of records: `take(cursor, row)` reads the next one and gives its RecordEnd.
+template <typename Row, typename Take>
+[[nodiscard]] ReadList<Row> ReadRun(const ReplyBuffer& reply, Take take) {
+    ReadList<Row> list;
+    ReplyCursor cursor(reply);
+    do {
+        Row row;
+        const RecordEnd end = take(cursor, row);
+        if (end == RecordEnd::mark) {
+            list.marked = std::move(row);
+        }
+        if (end != RecordEnd::whole) {
+            return list;
+        }
+        list.rows.push_back(std::move(row));
+    } while (!cursor.AtEnd());
+    return list;
+}
 
 // One session that reads a list. `parse` takes the reply's ReplyBuffer and gives a ReadList.
 template <typename Row, typename Parse>

@@ -5,6 +5,7 @@
 #include "agent/Wire.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "pages/kit/ListReply.h"
 
 namespace quorvi {
 namespace {
@@ -22,6 +23,12 @@ std::string TakeDate(ReplyCursor& cursor) {
     return FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
 }
 
+// What is shown of a list: nothing of one that AbsentMark ended.
+template <typename Row>
+std::vector<Row> AllOrNothing(ReadList<Row> list) {
+    return list.EndedByMark() ? std::vector<Row>() : std::move(list.rows);
+}
+
 std::string SignedText(std::uint32_t id) {
     return std::to_string(static_cast<std::int32_t>(id));
 }
@@ -30,17 +37,14 @@ std::string SignedText(std::uint32_t id) {
 
 std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
                                              const AttributionOf& attribution) {
-    std::vector<Conversation> conversations;
-    ReplyCursor cursor(reply);
-    do {
-        Conversation conversation;
+    const auto take = [&](ReplyCursor& cursor, Conversation& conversation) {
         conversation.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return conversations;  // its links would lead to another conversation
+            return RecordEnd::cut;  // its links would lead to another conversation
         }
         auto name = cursor.TakeText();
         if (!name) {
-            return {};
+            return RecordEnd::mark;
         }
         conversation.name = std::move(*name);
         conversation.number = cursor.TakeTextOrEmpty();
@@ -48,12 +52,12 @@ std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
         cursor.SkipBytes(2 * sizeof(std::uint32_t));  // reserved
         conversation.text = cursor.TakeTextOrEmpty();
         if (cursor.Overran()) {
-            return conversations;
+            return RecordEnd::cut;
         }
         conversation.attribution = attribution(conversation.number);
-        conversations.push_back(std::move(conversation));
-    } while (!cursor.AtEnd());
-    return conversations;
+        return RecordEnd::whole;
+    };
+    return AllOrNothing(ReadRun<Conversation>(reply, take));
 }
 
 ConversationListReply FetchConversations(const AgentSession& session,
@@ -108,30 +112,24 @@ Bytes ReadConversationRequest(std::uint32_t id) {
 }
 
 std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply) {
-    std::vector<ConversationMessage> messages;
-    ReplyCursor cursor(reply);
-    do {
-        ConversationMessage message;
+    const auto take = [](ReplyCursor& cursor, ConversationMessage& message) {
         cursor.SkipBytes(sizeof(std::uint64_t));  // message id
         message.incoming = cursor.TakeUInt32() == 1;
         auto address = cursor.TakeText();
         if (!address) {
-            return {};
+            return RecordEnd::mark;
         }
         if (cursor.IsCut()) {
-            return messages;  // half a number is somebody else's
+            return RecordEnd::cut;  // half a number is somebody else's
         }
         message.address = std::move(*address);
         message.date = TakeDate(cursor);
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
         message.text = cursor.TakeTextOrEmpty();
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
-        if (cursor.Overran()) {
-            return messages;
-        }
-        messages.push_back(std::move(message));
-    } while (!cursor.AtEnd());
-    return messages;
+        return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
+    };
+    return AllOrNothing(ReadRun<ConversationMessage>(reply, take));
 }
 
 ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "pages/kit/PageSession.h"
+#include "pages/kit/ViewSentences.h"
 #include "pages/messages/OutgoingMessage.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
@@ -74,7 +75,7 @@ void CSmsComposeDlg::BuildControls() {
                              ToQString(u8"联系人"));
     tree_->setFixedWidth(Metric::composerTree);
     tree_->Status().SetEmptyText(ToQString(u8"没有联系人"), ToQString(u8"可以直接输入收件人号码"));
-    tree_->Status().SetFailedText(ToQString(u8"没有连上手机"), ToQString(u8"请检查数据线"));
+    SayWhenFailed(tree_->Status(), {});
     tree_->Status().Set(ListState::loading);
 
     view_ = new CHtmlCtrlFix(kView, HtmlContent::local, *this, Body());

@@ -5,6 +5,7 @@
 
 #include "agent/AgentSession.h"
 #include "pages/kit/PageSession.h"
+#include "pages/kit/ViewSentences.h"
 #include "pages/messages/Conversations.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
@@ -34,8 +35,7 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       frame_(new HtmlFrame(*view_, this)) {
     view_->setAccessibleName(ToQString(u8"短信会话"));
     view_->LoadFromResource(kConversationsTemplate);
-    frame_->SetFailedText(ToQString(u8"没有连上手机"),
-                          ToQString(u8"请检查数据线，然后点“刷新列表”"));
+    SayWhenFailed(*frame_, u8"刷新列表");
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(frame_);

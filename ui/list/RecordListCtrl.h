@@ -48,7 +48,9 @@ class RecordListCtrl : public CSkinListCtrl {
         return CurrentRow() < 0 ? nullptr : &At(CurrentRow());
     }
 
-    [[nodiscard]] Cell CellAt(int row, int column) const final { return CellOf(At(row), column); }
+    [[nodiscard]] Cell CellAt(int row, int column) const override {
+        return CellOf(At(row), column);
+    }
     [[nodiscard]] RowPicture PictureAt(int row) const final { return PictureOf(At(row)); }
 
   protected:

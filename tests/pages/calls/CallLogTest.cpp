@@ -30,7 +30,7 @@ CallLog Parse(const WireBytes& bytes) {
 TEST_F(CallLogReading, ReadsEachFieldOfARow) {
     WireBytes bytes = CallsPayload({{0x500000009, "13861234567", 1308361330999, 61, 2, "林远舟"}});
     const CallLog log = Parse(bytes);
-    EXPECT_FALSE(log.endedByMark);
+    EXPECT_FALSE(log.EndedByMark());
     ASSERT_EQ(log.rows.size(), 1u);
     const CallLogRow& row = log.rows[0];
     EXPECT_EQ(row.id, 9u);  // the low 32 bits
@@ -56,8 +56,8 @@ TEST_F(CallLogReading, AnAbsentNumberEndsTheReadAndLeavesARowWithItsId) {
     bytes.U64(2).Absent();  // a second record whose number is absent
     const CallLog log = Parse(bytes);
     EXPECT_EQ(log.rows.size(), 1u);
-    EXPECT_TRUE(log.endedByMark);
-    EXPECT_EQ(log.markedId, 2u);
+    EXPECT_TRUE(log.EndedByMark());
+    EXPECT_EQ(log.marked->id, 2u);
 }
 
 TEST_F(CallLogReading, DurationsDropTheDaysAndKeepTheLineFeed) {
@@ -96,7 +96,7 @@ TEST_F(CallLogReading, ALengthThatPointsOutsideEndsTheRun) {
     bytes.U64(2).U32(0x7FFFFFFF).Raw("138");  // a number longer than the reply
     const CallLog log = Parse(bytes);
     EXPECT_EQ(log.rows.size(), 1u);
-    EXPECT_FALSE(log.endedByMark);
+    EXPECT_FALSE(log.EndedByMark());
 }
 
 TEST(CallType, HasItsTextAndAnyOtherIsUnknown) {

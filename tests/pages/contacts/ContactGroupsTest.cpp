@@ -27,7 +27,7 @@ TEST(GroupReading, ReadsEachFieldOfARow) {
     WireBytes bytes = Start();
     AddGroup(bytes, 0x100000003, "家人", 1);
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
-    EXPECT_FALSE(groups.endedByMark);
+    EXPECT_FALSE(groups.EndedByMark());
     ASSERT_EQ(groups.rows.size(), 1u);
     EXPECT_EQ(groups.rows[0].id, 3u);  // the low 32 bits
     EXPECT_EQ(groups.rows[0].title, Ansi(u8"家人"));
@@ -53,8 +53,8 @@ TEST(GroupReading, AnAbsentTitleEndsTheReadBehindItsId) {
     bytes.U64(2).Absent();
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
     EXPECT_EQ(groups.rows.size(), 1u);
-    EXPECT_TRUE(groups.endedByMark);
-    EXPECT_EQ(groups.markedId, 2u);
+    EXPECT_TRUE(groups.EndedByMark());
+    EXPECT_EQ(groups.marked->id, 2u);
 }
 
 TEST(GroupReading, ALengthThatPointsOutsideEndsTheRun) {
@@ -63,7 +63,7 @@ TEST(GroupReading, ALengthThatPointsOutsideEndsTheRun) {
     bytes.U64(2).U32(0xFFFFFFFF).Raw("x");
     const ContactGroups groups = ParseContactGroups(bytes.Buffer());
     EXPECT_EQ(groups.rows.size(), 1u);
-    EXPECT_FALSE(groups.endedByMark);
+    EXPECT_FALSE(groups.EndedByMark());
 }
 
 TEST(GroupReading, ARowInWhoseIdACutReplyEndsIsDropped) {

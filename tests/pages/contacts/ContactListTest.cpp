@@ -56,7 +56,7 @@ TEST(ContactListReading, ReadsEachFieldOfARow) {
         .U64(5)         // photo length
         .Raw("photo");  // photo
     const ContactList list = Parse(bytes);
-    EXPECT_FALSE(list.endedByMark);
+    EXPECT_FALSE(list.EndedByMark());
     ASSERT_EQ(list.rows.size(), 1u);
     const ContactListRow& row = list.rows[0];
     EXPECT_EQ(row.contactId, 7u);
@@ -78,7 +78,7 @@ TEST(ContactListReading, RunEndsWithTheReply) {
     ASSERT_EQ(list.rows.size(), 3u);
     EXPECT_EQ(list.rows[1].name, "");
     EXPECT_EQ(list.rows[2].contactId, 3u);
-    EXPECT_FALSE(list.endedByMark);
+    EXPECT_FALSE(list.EndedByMark());
 }
 
 TEST(ContactListReading, OneByteBehindTheLastRecordIsNoRecord) {
@@ -93,7 +93,7 @@ TEST(ContactListReading, AbsentNameEndsTheWholeRead) {
     bytes.U64(2).U64(2).Absent().U32(0).Text("1").U64(0).U32(0).U32(0);
     AddPhotoless(bytes, {.id = 3});
     const ContactList list = Parse(bytes);
-    EXPECT_TRUE(list.endedByMark);
+    EXPECT_TRUE(list.EndedByMark());
     ASSERT_EQ(list.rows.size(), 1u);
     EXPECT_EQ(list.rows[0].contactId, 1u);
 }
@@ -180,7 +180,7 @@ TEST(ContactListReading, RecordWithALengthOutsideTheReplyIsDropped) {
     const ContactList list = Parse(bytes);
     ASSERT_EQ(list.rows.size(), 1u);
     EXPECT_EQ(list.rows[0].contactId, 1u);
-    EXPECT_FALSE(list.endedByMark);
+    EXPECT_FALSE(list.EndedByMark());
 }
 
 TEST(ContactListReading, LeadingWordAloneGivesNoRow) {
