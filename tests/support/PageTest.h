@@ -3,15 +3,25 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include "tests/support/FakeHost.h"
 #include "tests/support/TestServices.h"
 #include "tests/support/WaitFor.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 
 // What the status says of a phone that is not found.
 inline const QString kConnectError = ToQString(u8"【X】连接错误");
+
+// Runs all that has been posted to the window by now.
+inline void DrainWindow() {
+    bool reached = false;
+    PostToWindow(qApp, [&reached] { reached = true; });
+    ASSERT_TRUE(WaitFor([&reached] { return reached; }));
+}
 
 class PageTest : public testing::Test {
   protected:
