@@ -119,6 +119,7 @@ void CMainDlg::BuildFrame() {
     caption_ = new CaptionBar(this);
     tabs_ = new TabStrip(this);
     bar_ = new NavigationBar(this);
+    bar_->WatchTasks(parts_.services.taskCount);
     commands_ = new CommandRow(this);
     content_ = new QWidget(this);
     content_->setObjectName(QStringLiteral("content"));
@@ -513,10 +514,6 @@ void CMainDlg::OnSecondStart() {
 
 void CMainDlg::SetStatus(const QString& text) {
     status_->SetStatus(text);
-}
-
-void CMainDlg::SetTaskCount(int tasks) {
-    bar_->SetTaskCount(tasks);
 }
 
 Page* CMainDlg::PageOfDialog(int dialog) const {

@@ -80,7 +80,6 @@ class CMainDlg : public QWidget, public PageHost {
     void SetStatus(const QString& text) override;
     void Post(Message message, int first = 0, int second = 0) override;
     void ShowBalloon(const QString& title, const QString& text) override;
-    void SetTaskCount(int tasks) override;
     [[nodiscard]] PageLoadState& LoadState() override { return loadState_; }
     [[nodiscard]] PageSelection& Selection() override { return selection_; }
     [[nodiscard]] SettingsStore& Settings() override { return parts_.settings; }

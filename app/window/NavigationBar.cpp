@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -9,6 +10,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Look.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -128,6 +130,13 @@ void NavigationBar::Show(int tab, int item) {
     item_ = item;
     setCurrentRow(item, QItemSelectionModel::ClearAndSelect);
     viewport()->update();
+}
+
+void NavigationBar::WatchTasks(const Observed<int>& count) {
+    taskWatch_ = count.Observe([this, guard = QPointer<QObject>(this), count] {
+        PostToWindow(guard, [this, count] { SetTaskCount(count.Get()); });
+    });
+    SetTaskCount(count.Get());
 }
 
 void NavigationBar::SetTaskCount(int tasks) {

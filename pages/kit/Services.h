@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "agent/AgentAddress.h"
+#include "base/Observed.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -19,6 +20,7 @@ struct Services {
     AttributionOf attribution;
     DeviceContext& device;
     std::shared_ptr<DesktopIntegration> desktop;
+    Observed<int> taskCount{};  // rows of the download page at its last load
 };
 
 }  // namespace quorvi

@@ -21,7 +21,6 @@ class FakeHost : public PageHost {
     void ShowBalloon(const QString& title, const QString& text) override {
         balloons.append(title + QLatin1Char('|') + text);
     }
-    void SetTaskCount(int tasks) override { taskCount = tasks; }
     PageLoadState& LoadState() override { return loadState; }
     PageSelection& Selection() override { return selection; }
     SettingsStore& Settings() override { return settings; }
@@ -29,7 +28,6 @@ class FakeHost : public PageHost {
     QStringList statuses;
     QStringList balloons;
     std::vector<Posted> posted;
-    int taskCount = 0;
     PageLoadState loadState;
     PageSelection selection;
     MemorySettings settings;

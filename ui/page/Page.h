@@ -20,8 +20,6 @@ class PageHost {
     // Posts a message to the main window.
     virtual void Post(Message message, int first = 0, int second = 0) = 0;
     virtual void ShowBalloon(const QString& title, const QString& text) = 0;
-    // The number beside the navigation item of the download page; none at 0.
-    virtual void SetTaskCount(int tasks) = 0;
     [[nodiscard]] virtual PageLoadState& LoadState() = 0;
     [[nodiscard]] virtual PageSelection& Selection() = 0;
     [[nodiscard]] virtual SettingsStore& Settings() = 0;

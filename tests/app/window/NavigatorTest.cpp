@@ -275,16 +275,16 @@ TEST_F(Navigator, ThePageCommandsThatRemainAndUnknownOnesMoveNothing) {
 }
 
 TEST_F(Navigator, TheDownloadPagesItemCarriesTheTaskCount) {
-    window_->SetTaskCount(4);
     const auto badge = [&](int item) { return Items().item(item)->data(Qt::UserRole + 1).toInt(); };
-    EXPECT_EQ(badge(5), 4);
+    services_.taskCount.Set(4);
+    ASSERT_TRUE(WaitFor([&] { return badge(5) == 4; }));
     EXPECT_EQ(badge(4), 0);
     ClickTab(1);
     EXPECT_EQ(badge(5), 0);
     ClickTab(0);
     EXPECT_EQ(badge(5), 4);
-    window_->SetTaskCount(0);
-    EXPECT_EQ(badge(5), 0);
+    services_.taskCount.Set(0);
+    EXPECT_TRUE(WaitFor([&] { return badge(5) == 0; }));
 }
 
 TEST_F(Navigator, PagesFillTheContentFrameAsTheWindowGrows) {

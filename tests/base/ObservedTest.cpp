@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "base/Observed.h"
+
+namespace quorvi {
+namespace {
+
+TEST(Observed, HoldsItsFirstValue) {
+    EXPECT_EQ(Observed<int>(3).Get(), 3);
+    EXPECT_EQ(Observed<int>().Get(), 0);
+}
+
+TEST(Observed, CopiesShareOneValue) {
+    Observed<int> count;
+    const Observed<int> copy = count;
+    count.Set(4);
+    EXPECT_EQ(copy.Get(), 4);
+}
+
+TEST(Observed, TellsEachObserverAfterTheValueIsThere) {
+    Observed<int> count;
+    std::vector<int> first;
+    std::vector<int> second;
+    const Observation one = count.Observe([&] { first.push_back(count.Get()); });
+    const Observation two = count.Observe([&] { second.push_back(count.Get()); });
+    count.Set(4);
+    count.Set(0);
+    EXPECT_EQ(first, (std::vector{4, 0}));
+    EXPECT_EQ(second, (std::vector{4, 0}));
+}
+
+TEST(Observed, AnObserverThatHasGoneIsNotTold) {
+    Observed<int> count;
+    int told = 0;
+    Observation observation = count.Observe([&] { ++told; });
+    count.Set(1);
+    observation.reset();
+    count.Set(2);
+    EXPECT_EQ(told, 1);
+}
+
+// Which it could not if the lock were held while it is told.
+TEST(Observed, AnObserverMaySetObserveAndGo) {
+    Observed<int> count;
+    Observation again;
+    Observation observation = count.Observe([&] {
+        observation.reset();
+        again = count.Observe([] {});
+        count.Set(count.Get() + 1);
+    });
+    count.Set(1);
+    EXPECT_EQ(count.Get(), 2);
+}
+
+TEST(Observed, ManyThreadsMaySetAndWatch) {
+    constexpr int kThreads = 4;
+    constexpr int kSets = 200;
+    Observed<int> count;
+    std::atomic<int> told = 0;
+    const Observation observation = count.Observe([&] { ++told; });
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([count, i]() mutable {
+            for (int k = 0; k < kSets; ++k) {
+                const Observation passing = count.Observe([] {});
+                count.Set(i);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(told, kThreads * kSets);
+}
+
+}  // namespace
+}  // namespace quorvi
