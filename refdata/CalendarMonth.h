@@ -43,7 +43,8 @@ class CalendarMonth {
 [[nodiscard]] CalendarDate Today();
 
 // The local date 86,400 seconds after (`days` 1) or before (-1) the local midnight at which `date`
-// begins; where a day has another length than that, it is not the neighbour: this is meant. Nothing
+// begins; where a day is longer or shorter, this is not the next day: kept on purpose (test
+// CalendarSteps.WhereADayIsLongerOrShorterTheStepIsNotToTheNeighbour). Nothing
 // where it would leave the calendar page's years.
 [[nodiscard]] std::optional<CalendarDate> StepBySeconds(const CalendarDate& date, int days);
 

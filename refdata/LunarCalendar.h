@@ -51,21 +51,23 @@ struct LunarDay {
 [[nodiscard]] LunarDay SolarToLunar(int year, int month, int day);
 
 // 1 to 24 if a solar term begins on that Gregorian date, 0 otherwise. A second term that falls on
-// the 15th gets the index of the month's first; this is meant.
+// the 15th gets the index of the month's first: kept on purpose, no term falls there (test
+// SolarTerms.NoneFallsOnTheFifteenth).
 [[nodiscard]] int SolarTermIndex(int year, int month, int day);
 
 // "小寒" for 1 to "冬至" for 24; empty for all others. Lives as long as the process.
 [[nodiscard]] std::string_view SolarTermName(int index);
 
-// Stem, branch, a blank, animal, "年": "辛卯 免年". The fourth animal is shown as "免"; this is
-// meant.
+// Stem, branch, a blank, animal, "年": "辛卯 免年". The fourth animal is shown as "免": kept
+// on purpose, it has always been shown so (test LunarNames.TheFourthAnimalIsShownAsItsLookAlike).
 [[nodiscard]] std::string FormatLunarYear(int year);
 
 // "　五月", with an ideographic space in front of months 1 to 10; month 1 is "　正月" when
 // `useFirstMonthName` is set and "　一月" otherwise.
 [[nodiscard]] std::string FormatLunarMonth(int month, bool useFirstMonthName);
 
-// "初一" to "三十". The 20th is "廿十"; this is meant.
+// "初一" to "三十". The 20th is "廿十": kept on purpose, as the list of names gives it
+// (test LunarNames.TheTwentiethReadsAsTwentyTen).
 [[nodiscard]] std::string FormatLunarDay(int day);
 
 // The festival of a Gregorian date: one of the Gregorian calendar first, of the lunar one

@@ -36,7 +36,7 @@ const Captions& Words() {
     return captions;
 }
 
-// As ToInt, which is asked only for what is not all digits.
+// The same as ToInt(text), but quick for the common case that all characters are digits.
 int NumberOf(std::string_view text) {
     int value = 0;
     for (const char c : text) {
@@ -178,7 +178,8 @@ ClassifiedNumber ClassifyNumber(std::string_view number, const CPhoneDb& db) {
     if (number.find('-') == std::string_view::npos) {
         return ByLength(number, db);
     }
-    // All that a rule can look at, and one more so that a longer number is known as one.
+    // As many digits as any rule looks at, and one more, by which a longer number is seen to be
+    // longer.
     std::array<char, kLongest + 1> digits;
     std::size_t length = 0;
     for (const char c : number) {

@@ -28,7 +28,9 @@ struct ClassifiedNumber {
 // How a reader of records asks for the text under a number, both ANSI. Any thread.
 using AttributionOf = std::function<std::string(std::string_view number)>;
 
-// Asks a CPhoneDb of its own, which the first call makes: work for a worker. Copies share it.
+// The attribution of a process, made once at its start and handed to all who show numbers. It looks
+// them up in one CPhoneDb, shared by all copies. The first call makes that database, and so writes
+// a file of 1.2 MB: it belongs on a worker's thread.
 [[nodiscard]] AttributionOf MakeNumberAttribution();
 
 }  // namespace quorvi

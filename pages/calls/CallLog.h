@@ -43,13 +43,13 @@ using CallLogReply = ListReply<CallLogRow>;
 // What a call's type is called: 1 came in, 2 went out, 3 was missed. ANSI.
 [[nodiscard]] std::string CallTypeText(std::uint32_t type);
 
-// The text of the hidden column that holds a row's id, "7 ": the blank behind it is meant, and
-// reading it back as a number gives the id again.
+// The text of the hidden column that holds a row's id: "7 ", with a blank kept on purpose, which is
+// no part of the number that it is read back as (test CallId.StandsWithATrailingBlankAndReadsBack).
 [[nodiscard]] std::string CallIdText(std::uint32_t id);
 [[nodiscard]] std::uint32_t CallIdOf(std::string_view text);
 
-// The requests of commands 870303 and 870304. The second has an item count of 1 and nothing behind
-// it; this is meant.
+// The requests of commands 870303 and 870304. The second has an item count of 1 and no item: kept
+// on purpose, agents have always been sent these bytes.
 [[nodiscard]] Bytes DeleteCallsRequest(std::span<const std::uint32_t> ids);
 [[nodiscard]] Bytes DeleteAllCallsRequest();
 

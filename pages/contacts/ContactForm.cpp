@@ -38,7 +38,8 @@ void AddItem(std::vector<ContactItem>& items, std::int32_t type, std::string tex
 
 void UpdateField(ContactField& field, const std::string& ansi) {
     if (ansi.empty()) {
-        // The flag keeps the block, and with it the operation, from being sent; this is meant.
+        // Kept on purpose: without the flag the block is not sent, and so the removal is not either
+        // (test ContactForm.ClearedNicknameLosesItsFlagAndKeepsItsOperationUnsent).
         field.present = false;
         field.op = ContactItemOp::remove;
         return;

@@ -52,13 +52,15 @@ struct ContactForm {
 
 // The record that a save sends for a new contact; nothing when the name is empty. A name of blanks
 // is one. Name, nickname, note, website, organisation and address are turned to UTF-8; phones, IM
-// and e-mail go out as they stand in the field. Both is meant.
+// and e-mail go out as they stand in the field. Kept on purpose, as agents have always
+// been sent them.
 [[nodiscard]] std::optional<ContactRecord> RecordToAdd(const ContactForm& form);
 
 // The record that a save sends for a contact that was loaded as `loaded`: each row that the form
 // stands for is marked to be added, updated or removed, all others to be left alone. Name,
 // nickname, note and website are turned to UTF-8; phones, IM, e-mail, and, unlike for a new
-// contact, organisation and address go out as they stand in the field. This is meant.
+// contact, organisation and address go out as they stand in the field. Kept on purpose, as
+// agents have always been sent them.
 [[nodiscard]] ContactRecord RecordToUpdate(ContactRecord loaded, const ContactForm& form);
 
 // The requests of commands 870103 and 870104. Texts go out as they stand in the record.

@@ -8,7 +8,8 @@
 namespace quorvi {
 
 // Inner HTML of the element "block" of the contact view. ANSI, with the phone's texts unescaped.
-// The block of class "summary" is opened and never closed; this is meant. The photo is always the
+// The block of class "summary" is opened and never closed: kept on purpose, the fragment is fixed
+// byte for byte (test ContactFragment.SummaryBlockIsNeverClosed). The photo is always the
 // fixed picture.
 [[nodiscard]] std::string ContactFragment(const ContactRecord& record);
 

@@ -18,23 +18,22 @@ constexpr ContactType kPhones[] = {
     {7, u8"其他电话：", u8"其他", 6},      // other
 };
 
+// The colon of one e-mail label and of one IM label is a half-width one: kept on purpose, the
+// labels stay as they have always been shown (tests
+// ContactTypes.EmailLabelsAreExactWithTheHalfWidthColonOfOne and
+// ImLabelsAreExactWithTheHalfWidthColonOfOne).
 constexpr ContactType kEmails[] = {
     {0, u8"自定邮箱：", u8"自定义", 4},  {1, u8"个人邮箱：", u8"个人", 0},
     {2, u8"工作邮箱：", u8"工作", 1},    {3, u8"其他邮箱：", u8"其他", 2},
-    {4, u8"手机邮箱:", u8"手机邮箱", 3},  // the half-width colon is meant
+    {4, u8"手机邮箱:", u8"手机邮箱", 3},
 };
 
 constexpr ContactType kIms[] = {
-    {-1, u8"自定义IM：", u8"自定义", 9},
-    {0, u8"AIM：", u8"AIM", 0},
-    {1, u8"MSN：", u8"MSN", 1},
-    {2, u8"雅虎通：", u8"雅虎通", 2},
-    {3, u8"Skype:", u8"Skype", 3},  // the half-width colon is meant
-    {4, u8"QQ：", u8"QQ", 4},
-    {5, u8"GTalk：", u8"GTalk", 5},
-    {6, u8"ICQ：", u8"ICQ", 6},
-    {7, u8"Jabber：", u8"Jabber", 7},
-    {8, u8"NetMeeting：", u8"NetMeeting", 8},
+    {-1, u8"自定义IM：", u8"自定义", 9}, {0, u8"AIM：", u8"AIM", 0},
+    {1, u8"MSN：", u8"MSN", 1},          {2, u8"雅虎通：", u8"雅虎通", 2},
+    {3, u8"Skype:", u8"Skype", 3},       {4, u8"QQ：", u8"QQ", 4},
+    {5, u8"GTalk：", u8"GTalk", 5},      {6, u8"ICQ：", u8"ICQ", 6},
+    {7, u8"Jabber：", u8"Jabber", 7},    {8, u8"NetMeeting：", u8"NetMeeting", 8},
 };
 
 constexpr ContactType kAddresses[] = {
@@ -54,7 +53,8 @@ constexpr ContactType kOrganisations[] = {
 
 const ContactTypeTable kPhoneTypes{kPhones, u8"未知电话："};
 const ContactTypeTable kEmailTypes{kEmails, u8"未知邮箱："};
-// An IM of an unknown protocol is labelled as an e-mail of an unknown type; this is meant.
+// Kept on purpose: an IM of an unknown protocol is labelled as an e-mail of an unknown type (test
+// ContactTypes.UnknownImIsLabelledAsAnUnknownMail).
 const ContactTypeTable kImTypes{kIms, u8"未知邮箱："};
 const ContactTypeTable kAddressTypes{kAddresses, u8"未知地址："};
 const ContactTypeTable kOrganisationTypes{kOrganisations, u8"未知组织："};

@@ -98,7 +98,8 @@ CDeviceManagerDlg::CDeviceManagerDlg(DeviceContext& device,
     connect(list_, &CSkinListCtrl::rowOpened, this, [this](int) { Connect(); });
 }
 
-// A question that still runs ends on a thread of its own: the window waits for none.
+// The inquiry may still wait for a phone; to end it can take seconds. A thread of its own does
+// that, so that the window does not wait.
 CDeviceManagerDlg::~CDeviceManagerDlg() {
     std::thread([inquiry = std::move(inquiry_)]() mutable { inquiry.reset(); }).detach();
 }
@@ -138,7 +139,7 @@ void CDeviceManagerDlg::BuildControls() {
     column->addWidget(list_, 1);
 
     state_ = AddState(kState, ToQString(u8"未知"));
-    AddButton(kHelp, ToQString(u8"使用帮助"));  // its command does nothing, which is meant
+    AddButton(kHelp, ToQString(u8"使用帮助"));  // without a command, kept on purpose
     connect_ = AddButton(kConnect, ToQString(u8"连接"), ButtonKind::primary);
     AddEndButton(kClose, ToQString(u8"关闭"), QDialog::Rejected);
     SetDefault(connect_);

@@ -49,8 +49,9 @@ struct RecipientGroup {
 
 // The entry of a ticked member, read back from its node's text: the name is what stands in front of
 // the first "[", the blank before it included, and the number what stands between that and the last
-// "]". So a "[" in a name cuts the name; this is meant. Brackets are characters: a byte of a
-// Chinese character that looks like one is none.
+// "]". So a "[" in a name cuts the name: kept on purpose, the
+// node's text is all that is known of it (test RecipientOfNode.ABracketInANameCutsTheName).
+// Brackets are characters: a byte of a Chinese character that looks like one is none.
 [[nodiscard]] std::string RecipientOfNode(std::string_view text);
 
 }  // namespace quorvi

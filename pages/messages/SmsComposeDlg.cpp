@@ -227,7 +227,8 @@ void CSmsComposeDlg::ResolveRecipient() {
     }
 }
 
-// What was typed by hand is lost; this is meant.
+// What was typed by hand is lost. Kept on purpose: the ticks are the whole list of recipients (test
+// Composer.TicksRebuildTheRecipientsFromNothing).
 void CSmsComposeDlg::TakeTicked() {
     std::string entries;
     for (int i = 0; i < tree_->topLevelItemCount(); ++i) {

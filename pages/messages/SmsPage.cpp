@@ -120,7 +120,7 @@ void CSmsPage::Compose(std::uint32_t conversation) {
     });
 }
 
-// Asks nothing; this is meant.
+// Kept on purpose: it asks nothing before, unlike the deletes of the lists.
 void CSmsPage::Delete(std::uint32_t conversation) {
     if (conversation == kNoConversation) {
         RefreshSms();

@@ -10,7 +10,7 @@ enum class DashboardAction : int {
     deviceManager = 0,
     appStore = 1,
     refresh = 2,
-    screenshot = 3,  // does nothing at all; this is meant, `capture` takes the picture
+    screenshot = 3,  // does nothing, kept on purpose: `capture` takes the picture
     capture = 4,
     systemInformation = 5,
     phoneSettings = 6,

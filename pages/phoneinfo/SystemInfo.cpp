@@ -38,7 +38,7 @@ std::string TableState(std::uint32_t state) {
     return Ansi(state == 1 ? u8"是" : u8"已禁用");
 }
 
-// The dashboard takes anything but 0 as on: that the two differ is meant.
+// The dashboard takes anything but 0 as on. Kept on purpose, though the table differs.
 std::string DashboardState(std::uint32_t state) {
     return Ansi(state != 0 ? u8"开启" : u8"已禁用");
 }

@@ -67,7 +67,7 @@ inline constexpr std::array<std::u8string_view, kSystemInfoRows> kSystemInfoCapt
 };
 
 // The table's rows, ANSI. A state shows as on for exactly 1. The text of row 1 ends in a blank and
-// a line feed; this is meant.
+// a line feed, kept on purpose: both are part of the text as it has always been.
 [[nodiscard]] std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info);
 
 // Inner HTML of the dashboard's elements "manufacturer" and "info_ul", ANSI, with the phone's texts

@@ -163,7 +163,7 @@ TEST_F(ContactPage, PhoneWithoutContactsLeavesTheListEmptyAndTheDetailAsItWas) {
     WaitForLoads(2);
     Settle();
     EXPECT_EQ(List().RowCount(), 0);
-    EXPECT_FALSE(List().Redraw());  // meant: until a later load gets further
+    EXPECT_FALSE(List().Redraw());  // kept on purpose, until a later load gets further
     EXPECT_EQ(Details(), 1u);       // no timer was started
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
