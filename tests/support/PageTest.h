@@ -25,6 +25,14 @@ inline void DrainWindow() {
 
 class PageTest : public testing::Test {
   protected:
+    // Waits until all that has been started has come to its end: what would have been asked of the
+    // phone has been asked, and what it answered is shown.
+    static void Settle() {
+        DrainWindow();
+        ASSERT_TRUE(WaitFor([] { return RunningJobs() == 0; }));
+        DrainWindow();
+    }
+
     FakeHost host_;
     TestServices services_;
 };

@@ -1,11 +1,14 @@
 #include "ui/page/Job.h"
 
 #include <QCoreApplication>
+#include <atomic>
 #include <deque>
 #include <mutex>
 
 namespace quorvi {
 namespace {
+
+std::atomic<int> runningJobs = 0;
 
 struct Posted {
     QPointer<QObject> receiver;
@@ -62,6 +65,16 @@ void MakeWindowQueue() {
 Q_COREAPP_STARTUP_FUNCTION(MakeWindowQueue)
 
 }  // namespace
+
+JobMark MarkJob() {
+    ++runningJobs;
+    // It has no memory of its own: what counts is its end.
+    return {nullptr, [](void*) { --runningJobs; }};
+}
+
+int RunningJobs() {
+    return runningJobs;
+}
 
 void PostToWindow(QPointer<QObject> receiver, std::function<void()> what) {
     WindowQueue::Get().Post({std::move(receiver), std::move(what)});

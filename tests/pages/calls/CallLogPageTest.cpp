@@ -64,7 +64,7 @@ TEST_F(CallLogPage, NumbersAreTheControls) {
     EXPECT_EQ(page.objectName(), QStringLiteral("dialog 368"));
     EXPECT_EQ(CCallLogPage::kNumbers.loadKey, 3);
     EXPECT_NE(FindControl(&page, 1072), nullptr);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 0u);  // the navigator loads it, not the page itself
 }
 
@@ -100,6 +100,12 @@ TEST_F(CallLogPage, LoadShowsEachCallInItsRowInTheOrderOfTheAgent) {
     EXPECT_TRUE(List().Redraw());
     EXPECT_EQ(List().CurrentRow(), -1);
     EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(CallLogPage, TheAttributionIsTheOneThatItWasHanded) {
+    services_.attribution = [](std::string_view number) { return "of " + std::string(number); };
+    OpenLoaded();
+    EXPECT_EQ(List().CellAt(1, 4).second, QStringLiteral("of 95588"));
 }
 
 TEST_F(CallLogPage, TheHiddenColumnHoldsTheIdWithATrailingBlank) {
@@ -145,7 +151,7 @@ TEST_F(CallLogPage, WhileItLoadsTheListIsClearedWithoutRedrawAndSaysSo) {
     WaitForLoads(2);
     EXPECT_TRUE(List().Redraw());
     EXPECT_TRUE(List().TickedRows().empty());  // ticks are lost at each refresh
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 2u);
 }
 
@@ -221,7 +227,7 @@ TEST_F(CallLogPage, AnythingButTheDeleteButtonDeletesNothing) {
     PressIn(kConfirm, 1021);
     page.OnCommand(CCallLogPage::commandDeleteAll);
     OpenDialog(kConfirm)->close();
-    QTest::qWait(50);
+    Settle();
     EXPECT_TRUE(agent_.Requests(AgentCommand::deleteAllCalls).empty());
     EXPECT_EQ(Loads(), 1u);
 }

@@ -105,7 +105,7 @@ TEST_F(GroupDialog, RefreshDuringARunningLoadIsDropped) {
     ASSERT_TRUE(WaitFor([&] { return Loads() == 2; }));
     agent_.Release();
     WaitForLoads(2);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 2u);
 }
 
@@ -177,7 +177,7 @@ TEST_F(GroupDialog, CancellingTheEditorLoadsNothing) {
     OpenLoaded();
     PressIn(kGroups, 1154);
     PressIn(kEditor, 1021);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 1u);
 }
 
@@ -234,7 +234,7 @@ TEST_F(GroupDialog, ADeleteThatFindsNoPhoneIsToldAndLoadsNothingAgain) {
     PressIn(kGroups, 1049);
     PressIn(kConfirm, 1215);
     ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(host_.statuses, QStringList{kConnectError});  // a load would have told it again
     EXPECT_EQ(List().RowCount(), 1);
     EXPECT_TRUE(List().isEnabled());
@@ -277,7 +277,8 @@ TEST_F(GroupDialog, MayBeClosedWhileItsPhoneStalls) {
     OpenDialog(kGroups)->close();
     ASSERT_TRUE(Gone());
     agent_.Release();
-    QTest::qWait(50);
+    Settle();
+    EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
 }  // namespace

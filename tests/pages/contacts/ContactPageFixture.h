@@ -57,9 +57,6 @@ class ContactPage : public AgentPageTest<CContactPage, AgentCommand::listContact
     HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }
     std::size_t Details() { return agent_.Requests(AgentCommand::readContact).size(); }
     std::optional<std::uint32_t> Selected() { return host_.selection.Id(PageSelection::kContact); }
-    // Time in which what must not happen would.
-    static void Settle() { QTest::qWait(60); }
-
     void Click(int row) { ClickCell(List(), row, kNameColumn); }
     // Opens the menu of the selected row; the caller deletes it.
     QMenu* OpenMenu() {

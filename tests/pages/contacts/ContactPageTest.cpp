@@ -90,6 +90,12 @@ TEST_F(ContactPage, FillSelectsTheFirstRowAndFetchesItsDetail) {
     EXPECT_EQ(Details(), 1u);
 }
 
+TEST_F(ContactPage, TheAttributionIsTheOneThatItWasHanded) {
+    services_.attribution = [](std::string_view number) { return "of " + std::string(number); };
+    OpenLoaded();
+    EXPECT_EQ(List().CellAt(0, 3).second, QStringLiteral("of 10086"));
+}
+
 TEST_F(ContactPage, WhileItLoadsTheListIsClearedWithoutRedrawAndSaysSo) {
     CContactPage& page = OpenLoaded();
     agent_.Hold(AgentCommand::listContacts);
@@ -317,7 +323,10 @@ TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
     };
     ASSERT_TRUE(WaitFor(
         [&] { return ask("document.querySelectorAll('#block i.t').length").toInt() == 3 + 7; }));
-    Settle();
+    // The picture has failed, and has told its handler if it has one.
+    ASSERT_TRUE(WaitFor([&] {
+        return ask("[...document.querySelectorAll('#block img')].every(i => i.complete)").toBool();
+    }));
     EXPECT_FALSE(ask("document.documentElement.hasAttribute('ran')").toBool());
 }
 

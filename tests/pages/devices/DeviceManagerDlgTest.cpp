@@ -15,6 +15,7 @@
 #include "tests/support/QtMain.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -210,8 +211,9 @@ TEST_F(DeviceManagerDlgTest, NoPhoneLeavesTheListEmpty) {
     ASSERT_TRUE(Reached([this] { return dialog_->Ready(); }));
     EXPECT_EQ(Rows(), 0);
     EXPECT_EQ(State(), QString());
-    Find(1215)->click();  // nothing is selected: nothing happens
-    QTest::qWait(50);
+    Find(1215)->click();                   // nothing is selected: nothing happens
+    EXPECT_TRUE(Find(1215)->isEnabled());  // a try would disable it
+    EXPECT_EQ(RunningJobs(), 0);
     EXPECT_EQ(result_, -1);
     EXPECT_TRUE(status_.isEmpty());
 }
@@ -290,7 +292,8 @@ TEST_F(DeviceManagerDlgTest, CloseEndsWithoutAChoice) {
 TEST_F(DeviceManagerDlgTest, HelpDoesNothing) {
     OpenWithRows(2);
     Find(1199)->click();
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(RunningJobs(), 0);
     EXPECT_EQ(result_, -1);
     EXPECT_TRUE(dialog_->isVisible());
 }
@@ -315,8 +318,7 @@ TEST_F(DeviceManagerDlgTest, DialogMayGoWhileAdbNeverEnds) {
     ASSERT_TRUE(Reached([this] { return dialog_.isNull(); }));
     Release("list");
     // The worker ends, and what it found is told to nobody: no phone is asked.
-    ASSERT_TRUE(Reached([threads] { return RunningThreads() <= threads; }));
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(Reached([threads] { return RunningThreads() <= threads && RunningJobs() == 0; }));
     EXPECT_EQ(Runs("-s one shell getprop"), 0);
 }
 

@@ -222,7 +222,7 @@ TEST_F(Composer, AnAbsentNameStopsTheTreeFromBeingBuilt) {
 TEST_F(Composer, OtherArgumentsOfTheLoadedMessageAreIgnored) {
     OpenLoaded();
     dialog_->OnMessage(Message::documentLoaded, 1);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(agent_.Requests().size(), 2u);
 }
 
@@ -326,7 +326,7 @@ TEST_F(Composer, AnEmptyTextOrNobodyToSendToDoesNothing) {
     Text().clear();
     Recipients().setText(QStringLiteral("10010"));
     PressIn(kComposer, 1030);
-    QTest::qWait(50);
+    Settle();
     EXPECT_TRUE(Sent().empty());
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_TRUE(host_.statuses.isEmpty());
@@ -425,7 +425,7 @@ TEST_F(Composer, EnterInTheRecipientsFieldDoesNotSend) {
     Text().setPlainText(QStringLiteral("text"));
     Recipients().setText(QStringLiteral("10010"));
     QTest::keyClick(&Recipients(), Qt::Key_Return);
-    QTest::qWait(50);
+    Settle();
     EXPECT_TRUE(Sent().empty());
     EXPECT_TRUE(dialog_->isVisible());
 }
@@ -444,7 +444,7 @@ TEST_F(Composer, MayBeClosedBeforeItsViewHasLoaded) {
     PressIn(kComposer, 1021);
     EXPECT_TRUE(Ended(QDialog::Rejected));
     ASSERT_TRUE(Gone());
-    QTest::qWait(50);
+    Settle();
     EXPECT_TRUE(agent_.Requests().empty());
 }
 
@@ -480,7 +480,7 @@ TEST_P(ComposerStalled, MayBeClosedWhileThePhoneHoldsItsReply) {
     EXPECT_TRUE(Ended(QDialog::Rejected));
     ASSERT_TRUE(Gone());
     agent_.Release();
-    QTest::qWait(50);
+    Settle();
 }
 
 INSTANTIATE_TEST_SUITE_P(Conversation_Names_Members, ComposerStalled,

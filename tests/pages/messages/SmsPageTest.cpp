@@ -72,6 +72,14 @@ TEST_F(SmsPage, LoadShowsABlockAConversation) {
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
+TEST_F(SmsPage, TheAttributionIsTheOneThatItWasHanded) {
+    services_.attribution = [](std::string_view) { return std::string("elsewhere"); };
+    OpenLoaded();
+    EXPECT_TRUE(WaitFor([&] {
+        return InnerHtml(View(), QStringLiteral("sms_ul")).contains(QStringLiteral("[elsewhere]"));
+    }));
+}
+
 TEST_F(SmsPage, SaysThatItIsAtWorkWhileItLoadsAndDropsASecondRefresh) {
     agent_.Hold(AgentCommand::listConversations);
     CSmsPage& page = Open();
@@ -82,7 +90,7 @@ TEST_F(SmsPage, SaysThatItIsAtWorkWhileItLoadsAndDropsASecondRefresh) {
     agent_.Release();
     WaitForLoads(1);
     EXPECT_EQ(Frame().State(), ListState::idle);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 1u);
 }
 
@@ -139,7 +147,7 @@ TEST_F(SmsPage, AViewLinkOpensTheComposerWithTheConversation) {
     ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
     EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(7)}));
     PressIn(kComposer, 1021);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 1u);  // cancelled: nothing is fetched anew
 }
 
@@ -218,7 +226,7 @@ TEST_F(SmsPage, OtherLinksAndMessagesDoNothing) {
 
 TEST_F(SmsPage, TheThirdCommandDoesNothing) {
     Open().OnCommand(2);
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Loads(), 0u);
     EXPECT_EQ(OpenDialog(kComposer), nullptr);
 }

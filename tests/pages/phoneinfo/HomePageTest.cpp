@@ -75,7 +75,7 @@ TEST_P(HomePageUnchanged, LeavesTheDashboardAsItIs) {
     CHomePage& page = Open(agent.Port());
     page.Refresh();
     static_cast<void>(agent.Exchanges(1));
-    QTest::qWait(50);
+    Settle();
     EXPECT_EQ(Header(), kNotConnected);
     EXPECT_EQ(InnerHtml(View(), QStringLiteral("info_ul")), QString());
     EXPECT_TRUE(host_.statuses.isEmpty());

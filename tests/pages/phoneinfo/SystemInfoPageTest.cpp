@@ -90,7 +90,7 @@ TEST_F(SystemInfoPage, RefreshDuringALoadIsIgnored) {
     CSystemInfoPage page(host_, services_.At(agent.Port()));
     page.Load();
     Load(page);
-    QTest::qWait(50);
+    Settle();
     Load(page);  // one that comes after the end is not
     EXPECT_EQ(agent.Exchanges(2).size(), 2U);
 }

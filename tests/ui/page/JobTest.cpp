@@ -1,6 +1,7 @@
 #include <QEventLoop>
 #include <QTest>
 #include <atomic>
+#include <future>
 #include <memory>
 #include <numeric>
 #include <thread>
@@ -108,6 +109,33 @@ TEST_F(Jobs, TheResultOfAJobComesToTheWindowWhole) {
         [&got](std::vector<int>&& result) { got = std::move(result); });
     ASSERT_TRUE(QTest::qWaitFor([&] { return !got.empty(); }, kPatienceMs));
     EXPECT_EQ(std::accumulate(got.begin(), got.end(), 0), 499500);
+}
+
+TEST_F(Jobs, AJobIsOnItsWayUntilWhatItBringsHasBeenTaken) {
+    ASSERT_EQ(RunningJobs(), 0);
+    std::promise<int> answer;
+    int running = 0;
+    RunJob(
+        page_.get(), [future = answer.get_future().share()] { return future.get(); },
+        [&](int) { running = RunningJobs(); });
+    EXPECT_EQ(RunningJobs(), 1);
+    answer.set_value(1);
+    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatienceMs));
+    EXPECT_EQ(running, 1);
+}
+
+TEST_F(Jobs, AJobWhosePageHasGoneIsNotOnItsWayForEver) {
+    ASSERT_EQ(RunningJobs(), 0);
+    std::promise<int> answer;
+    bool taken = false;
+    RunJob(
+        page_.get(), [future = answer.get_future().share()] { return future.get(); },
+        [&](int) { taken = true; });
+    page_.reset();
+    EXPECT_EQ(RunningJobs(), 1);
+    answer.set_value(1);
+    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatienceMs));
+    EXPECT_FALSE(taken);
 }
 
 }  // namespace
