@@ -67,7 +67,7 @@ class CContactEditDlg : public SkinDialog {
     AgentAddress agent_;
     ContactRecord record_;  // update mode: as it was loaded
     std::optional<ContactForm> unsaved_;
-    // What there is to say of the contact beside the state.
+    // What notice_ says while no field has characters that cannot be saved.
     int noticeState_ = 0;
     QString noticeText_;
     std::set<const QWidget*> lossy_;  // fields with characters that cannot be saved

@@ -45,22 +45,22 @@ struct ContactForm {
 // What the editor shows of a record: the first three phones and the first item of each other list.
 [[nodiscard]] ContactForm FormOf(const ContactRecord& record);
 
-// What a save may do to a contact that was loaded like this, where the form does not show it: blank
-// fields overwrite what was not read, and characters that the code page lacks are lost. Empty for
-// nothing, as where the phone has no data of the contact.
+// The warning that the editor shows of a contact that was loaded like this: a save overwrites with
+// blank fields what was not read, and loses characters that the code page lacks. Empty where
+// neither is so, and where the phone has no data of the contact.
 [[nodiscard]] std::u8string_view RiskOfSaving(const ContactReply& loaded);
 
 // The record that a save sends for a new contact; nothing when the name is empty. A name of blanks
 // is one. Name, nickname, note, website, organisation and address are turned to UTF-8; phones, IM
-// and e-mail go out as they stand in the field. Kept on purpose, as agents have always
-// been sent them.
+// and e-mail go out as they stand in the field. Kept on purpose: agents have always been sent them
+// so.
 [[nodiscard]] std::optional<ContactRecord> RecordToAdd(const ContactForm& form);
 
 // The record that a save sends for a contact that was loaded as `loaded`: each row that the form
 // stands for is marked to be added, updated or removed, all others to be left alone. Name,
 // nickname, note and website are turned to UTF-8; phones, IM, e-mail, and, unlike for a new
-// contact, organisation and address go out as they stand in the field. Kept on purpose, as
-// agents have always been sent them.
+// contact, organisation and address go out as they stand in the field. Kept on purpose: agents have
+// always been sent them so.
 [[nodiscard]] ContactRecord RecordToUpdate(ContactRecord loaded, const ContactForm& form);
 
 // The requests of commands 870103 and 870104. Texts go out as they stand in the record.

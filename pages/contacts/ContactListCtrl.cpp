@@ -45,8 +45,8 @@ Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
 
 RowPicture CContactListCtrl::PictureOf(const ContactListRow& row) const {
     const auto photo = row.photo.Bytes();
-    // The photo's place in the reply tells it from every other for as long as the rows stand; a
-    // phone may give two contacts one id.
+    // Its address in the reply is what the picture is cached by: it is unique as long as the rows
+    // stand, while a phone may give two contacts one id.
     return {.id = std::bit_cast<std::uintptr_t>(photo.data()),
             .bytes = {reinterpret_cast<const char*>(photo.data()), photo.size()}};
 }

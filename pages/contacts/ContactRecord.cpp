@@ -48,7 +48,7 @@ ContactField TakeField(ReplyCursor& cursor, bool& lost) {
 
 void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items, bool& lost) {
     const std::int32_t count = cursor.TakeInt32();
-    // The count is a claim: what ends the list for certain is the end of what came.
+    // The phone may claim more items than it has sent: the list ends with the reply at the latest.
     for (std::int32_t i = 0; i < count && !cursor.AtEnd(); ++i) {
         ContactItem item;
         item.id = cursor.TakeId();

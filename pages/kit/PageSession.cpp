@@ -12,8 +12,8 @@ void ShowConnectError(PageHost& host) {
 
 namespace {
 
-// Disables controls, and gives the keyboard back to the one of them that had it, unless the user
-// has moved on meanwhile: until then the window itself holds it.
+// Disables controls. Meanwhile the window itself has the focus. When they are enabled again, the
+// one of them that had the focus gets it back, unless the user has given it to another widget.
 class FocusKeeper {
   public:
     explicit FocusKeeper(QWidget& controls) {

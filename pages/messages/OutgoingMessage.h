@@ -14,7 +14,7 @@ namespace quorvi {
 // to UTF-8.
 [[nodiscard]] Bytes SendMessageRequest(std::span<const std::string> numbers, std::string_view text);
 
-// How long a text is to a network.
+// How long a text is, as a network counts.
 struct MessageLength {
     std::size_t characters = 0;  // as its alphabet counts them
     std::size_t messages = 0;    // that it is cut into; 0 for an empty text

@@ -29,7 +29,7 @@ struct SystemInfo {
     std::string ram;
     std::string rom;
     std::string sdCard;
-    // States: 1 is on. The table and the dashboard differ over every other value but 0.
+    // States: 1 is on and 0 is off. Any other value is off in the table and on on the dashboard.
     std::uint32_t gps = 0;
     std::uint32_t bluetooth = 0;
     std::uint32_t wifi = 0;
