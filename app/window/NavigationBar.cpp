@@ -133,7 +133,7 @@ void NavigationBar::Show(int tab, int item) {
 }
 
 void NavigationBar::WatchTasks(const Observed<int>& count) {
-    taskWatch_ = count.Observe([this, guard = QPointer<QObject>(this), count] {
+    taskWatch_ = count.Observe([this, guard = QPointer<QObject>(this), count](int) {
         PostToWindow(guard, [this, count] { SetTaskCount(count.Get()); });
     });
     SetTaskCount(count.Get());

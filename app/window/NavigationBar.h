@@ -34,7 +34,7 @@ class NavigationBar : public QListWidget {
     int item_ = 0;  // highlighted
     int tasks_ = 0;
     bool welcome_ = true;  // the tab whose bar carries a picture at its foot
-    Observation taskWatch_;
+    Subscription taskWatch_;
 };
 
 }  // namespace quorvi

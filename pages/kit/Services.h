@@ -5,6 +5,7 @@
 
 #include "agent/AgentAddress.h"
 #include "base/Observed.h"
+#include "link/PackageInstaller.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -20,6 +21,7 @@ struct Services {
     AttributionOf attribution;
     DeviceContext& device;
     std::shared_ptr<DesktopIntegration> desktop;
+    PackageInstaller installer;
     Observed<int> taskCount{};  // rows of the download page at its last load
 };
 

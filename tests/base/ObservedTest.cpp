@@ -24,8 +24,11 @@ TEST(Observed, TellsEachObserverAfterTheValueIsThere) {
     Observed<int> count;
     std::vector<int> first;
     std::vector<int> second;
-    const Observation one = count.Observe([&] { first.push_back(count.Get()); });
-    const Observation two = count.Observe([&] { second.push_back(count.Get()); });
+    const Subscription one = count.Observe([&](int value) {
+        EXPECT_EQ(count.Get(), value);
+        first.push_back(value);
+    });
+    const Subscription two = count.Observe([&](int value) { second.push_back(value); });
     count.Set(4);
     count.Set(0);
     EXPECT_EQ(first, (std::vector{4, 0}));
@@ -35,7 +38,7 @@ TEST(Observed, TellsEachObserverAfterTheValueIsThere) {
 TEST(Observed, AnObserverThatHasGoneIsNotTold) {
     Observed<int> count;
     int told = 0;
-    Observation observation = count.Observe([&] { ++told; });
+    Subscription observation = count.Observe([&](int) { ++told; });
     count.Set(1);
     observation.reset();
     count.Set(2);
@@ -45,10 +48,10 @@ TEST(Observed, AnObserverThatHasGoneIsNotTold) {
 // Which it could not if the lock were held while it is told.
 TEST(Observed, AnObserverMaySetObserveAndGo) {
     Observed<int> count;
-    Observation again;
-    Observation observation = count.Observe([&] {
+    Subscription again;
+    Subscription observation = count.Observe([&](int) {
         observation.reset();
-        again = count.Observe([] {});
+        again = count.Observe([](int) {});
         count.Set(count.Get() + 1);
     });
     count.Set(1);
@@ -60,12 +63,12 @@ TEST(Observed, ManyThreadsMaySetAndWatch) {
     constexpr int kSets = 200;
     Observed<int> count;
     std::atomic<int> told = 0;
-    const Observation observation = count.Observe([&] { ++told; });
+    const Subscription observation = count.Observe([&](int) { ++told; });
     std::vector<std::thread> threads;
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([count, i]() mutable {
             for (int k = 0; k < kSets; ++k) {
-                const Observation passing = count.Observe([] {});
+                const Subscription passing = count.Observe([](int) {});
                 count.Set(i);
             }
         });

@@ -87,7 +87,8 @@ class MainDoubles {
     Services services_{.agent = AgentPort,
                        .attribution = MakeNumberAttribution(),
                        .device = device_,
-                       .desktop = desktop_};
+                       .desktop = desktop_,
+                       .installer = PackageInstaller()};
     std::vector<std::string> steps_;  // what the window asked of the link, in order
     std::function<void()> devicesDone_;
     int ended_ = 0;

@@ -13,10 +13,15 @@ struct TestServices {
     DeviceContext device;
     std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>();
     AttributionOf attribution = MakeNumberAttribution();
+    PackageInstaller installer;
 
     // Those of a page whose agent stands there.
     [[nodiscard]] Services At(AgentAddress agent) {
-        return {.agent = agent, .attribution = attribution, .device = device, .desktop = desktop};
+        return {.agent = agent,
+                .attribution = attribution,
+                .device = device,
+                .desktop = desktop,
+                .installer = installer};
     }
 };
 
