@@ -21,6 +21,7 @@
 #include "pages/contacts/ContactPage.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/TestServices.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/kit/ControlNumber.h"
 
@@ -84,7 +85,7 @@ const Agents* agents = nullptr;
 // The contacts page, shown in a window of its own.
 class Shown {
   public:
-    explicit Shown(std::uint16_t port) : page_(host_, nullptr, port) {
+    explicit Shown(std::uint16_t port) : page_(host_, services_.At(port)) {
         page_.resize(kPageSize);
         page_.show();
         Settle();
@@ -102,7 +103,8 @@ class Shown {
     void Load() {
         RunWindowUntil(
             [this] {
-                return host_.loadState.Value(CContactPage::kLoadKey) == PageLoadState::kEnded &&
+                return host_.loadState.Value(CContactPage::kNumbers.loadKey) ==
+                           PageLoadState::kEnded &&
                        List().RowCount() > 0;
             },
             [this] { page_.Load(); });
@@ -112,6 +114,7 @@ class Shown {
 
   private:
     FakeHost host_;
+    TestServices services_;
     CContactPage page_;
 };
 

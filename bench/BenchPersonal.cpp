@@ -34,6 +34,7 @@
 #include "pages/messages/SmsPage.h"
 #include "refdata/NumberAttribution.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/TestServices.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
@@ -169,7 +170,8 @@ Absence OpenView(const std::function<CHtmlCtrlBase&()>& show) {
 void SmsPage(benchmark::State& state) {
     for (auto _ : state) {
         FakeHost host;
-        CSmsPage page(host, nullptr, agent->Port());
+        TestServices services;
+        CSmsPage page(host, services.At(agent->Port()));
         page.resize(kPageSize);
         auto& view = *FindControl<CHtmlCtrlBase>(&page, 1361);
         Note(state, "open", OpenView([&]() -> CHtmlCtrlBase& {
@@ -303,7 +305,8 @@ void BareField(benchmark::State& state) {
 void CallLogPage(benchmark::State& state) {
     for (auto _ : state) {
         FakeHost host;
-        CCallLogPage page(host, nullptr, agent->Port());
+        TestServices services;
+        CCallLogPage page(host, services.At(agent->Port()));
         page.resize(kPageSize);
         page.show();
         RunWindowFor(kSettle);

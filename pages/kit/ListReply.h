@@ -15,7 +15,7 @@ struct ReadList {
     std::vector<Row> rows;
     // The record in which AbsentMark ended the reading, with what stood in front of the mark. A
     // list on the screen then has one more row, which shows nothing, and stays without redraw.
-    std::optional<Row> marked;
+    std::optional<Row> marked{};
 
     [[nodiscard]] bool EndedByMark() const { return marked.has_value(); }
 };

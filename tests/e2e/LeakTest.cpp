@@ -53,7 +53,7 @@ class Leak : public testing::Test {
     }
 
     PhoneRig rig_{1};
-    AgentSession session_;
+    AgentSession session_{AgentPort};
 };
 
 TEST_F(Leak, AThousandSessionsLeaveNothing) {

@@ -31,7 +31,7 @@ constexpr std::uint32_t kConversation = 7;
 struct Work {
     const char* name;
     AgentCommand command;
-    QWidget* (*start)(PageHost& host, std::uint16_t port);
+    QWidget* (*start)(PageHost& host, const Services& services);
 };
 
 void PrintTo(const Work& work, std::ostream* out) {
@@ -39,22 +39,22 @@ void PrintTo(const Work& work, std::ostream* out) {
 }
 
 template <typename P>
-QWidget* StartPage(PageHost& host, std::uint16_t port) {
-    auto* page = new P(host, nullptr, port);
+QWidget* StartPage(PageHost& host, const Services& services) {
+    auto* page = new P(host, services);
     page->Load();
     return page;
 }
 
-QWidget* StartGroups(PageHost& host, std::uint16_t port) {
-    return new CContactGroupDlg(host, nullptr, port);
+QWidget* StartGroups(PageHost& host, const Services& services) {
+    return new CContactGroupDlg(host, nullptr, services.agent);
 }
 
-QWidget* StartEditor(PageHost& host, std::uint16_t port) {
-    return new CContactEditDlg(host, kContact, nullptr, port);
+QWidget* StartEditor(PageHost& host, const Services& services) {
+    return new CContactEditDlg(host, kContact, nullptr, services.agent);
 }
 
-QWidget* StartComposer(PageHost& host, std::uint16_t port) {
-    auto* composer = new CSmsComposeDlg(host, kConversation, nullptr, port);
+QWidget* StartComposer(PageHost& host, const Services& services) {
+    auto* composer = new CSmsComposeDlg(host, kConversation, nullptr, services.agent);
     composer->OnMessage(Message::documentLoaded, 0);  // in the place of the view
     return composer;
 }
@@ -96,7 +96,7 @@ class Workers : public PageTest, public testing::WithParamInterface<Work> {
     // What a worker does when its page is gone comes after its session.
     static void TearDownTestSuite() { QTest::qWait(100); }
 
-    void Start() { page_.reset(GetParam().start(host_, agent_.Port())); }
+    void Start() { page_.reset(GetParam().start(host_, services_.At(agent_.Port()))); }
     [[nodiscard]] bool Asks(std::size_t times) {
         return WaitFor([&] { return agent_.Requests(GetParam().command).size() >= times; });
     }
