@@ -94,7 +94,7 @@ class Workers : public PageTest, public testing::WithParamInterface<Work> {
         }
     }
     // What a worker does when its page is gone comes after its session.
-    static void TearDownTestSuite() { QTest::qWait(100); }
+    static void TearDownTestSuite() { Settle(); }
 
     void Start() { page_.reset(GetParam().start(host_, services_.At(agent_.Port()))); }
     [[nodiscard]] bool Asks(std::size_t times) {
@@ -108,7 +108,7 @@ class Workers : public PageTest, public testing::WithParamInterface<Work> {
 TEST_P(Workers, HandTheirReplyToAPageThatIsThere) {
     Start();
     ASSERT_TRUE(Asks(1));
-    QTest::qWait(30);
+    Settle();
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
@@ -118,7 +118,7 @@ TEST_P(Workers, GoOnWithoutAPageThatWentWhileThePhoneHeldItsReply) {
     ASSERT_TRUE(Asks(1));
     page_.reset();
     agent_.Release();
-    QTest::qWait(30);
+    Settle();
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
