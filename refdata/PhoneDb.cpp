@@ -96,16 +96,14 @@ int AreaCodeOfRegion(int regionId) {
                : 0;
 }
 
-CPhoneDb::CPhoneDb() {
-    std::error_code noDirectory;
-    const std::filesystem::path directory = std::filesystem::temp_directory_path(noDirectory);
-    const std::filesystem::path beside = ThePlaces().Beside(kPhoneDbName);
+CPhoneDb::CPhoneDb(const Places& places) {
+    const std::filesystem::path beside = places.Beside(kPhoneDbName);
     std::error_code unknown;
     if (std::filesystem::exists(beside, unknown)) {
         ownResource_ = ReadDatabase(beside);
-        Open(directory, ownResource_);
+        Open(places.temporary, ownResource_);
     } else {
-        Open(directory, PhoneDbResource());
+        Open(places.temporary, PhoneDbResource());
     }
 }
 

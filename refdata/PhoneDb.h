@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "base/Places.h"
+
 namespace quorvi {
 
 // The file phone.db, carried inside the program, written into the temporary directory and mapped
@@ -15,9 +17,9 @@ namespace quorvi {
 // call. Look-ups may come from any number of threads.
 class CPhoneDb {
   public:
-    // Takes the phone.db that stands beside the program, where there is one, and the program's own
-    // otherwise, and the platform's temporary directory.
-    CPhoneDb();
+    // Takes the phone.db that stands beside the program, where there is one, and the one inside the
+    // program otherwise, and writes it into the temporary folder.
+    explicit CPhoneDb(const Places& places = ThePlaces());
     // Writes `resource` to phone.db in `directory`, in the place of what stands there, and opens
     // it. A resource without bytes is not written: an empty file is then what is opened. A file of
     // another user that cannot be replaced is not trusted; the resource itself is then used.

@@ -5,8 +5,8 @@
 
 #include <thread>
 
+#include "base/Places.h"
 #include "base/Text.h"
-#include "base/os/ProgramPath.h"
 #include "refdata/AreaTable.h"
 #include "refdata/PhoneDb.h"
 #include "tests/support/SmallPhoneDb.h"
@@ -207,24 +207,27 @@ TEST(PhoneDb, AnotherUsersFileIsNotTrusted) {
 }
 
 TEST(PhoneDb, DatabaseBesideTheProgramIsTakenInPlaceOfItsOwn) {
-    const auto beside = ProgramDirectory() / kPhoneDbName;
-    ASSERT_FALSE(std::filesystem::exists(beside));
-    WriteBytes(beside, DatabaseOf({{1391234, 2}}));
-    const int code = CPhoneDb().LookupAreaCode(1391234);
-    std::filesystem::remove(beside);
-    EXPECT_EQ(code, 10);
-    EXPECT_EQ(CPhoneDb().LookupAreaCode(1391234), 519);
+    const ScratchDirectory program;
+    const ScratchDirectory temporary;
+    Places places;
+    places.program = program.Path() / "quorvi";
+    places.temporary = temporary.Path();
+    EXPECT_EQ(CPhoneDb(places).LookupAreaCode(1391234), 519);
+    WriteBytes(program.Database(), DatabaseOf({{1391234, 2}}));
+    EXPECT_EQ(CPhoneDb(places).LookupAreaCode(1391234), 10);
+    EXPECT_EQ(BytesOf(temporary.Database()), DatabaseOf({{1391234, 2}}));
 }
 
 TEST(PhoneDb, AShortDatabaseBesideTheProgramGivesTheTextsOfAnUnknownPrefix) {
-    const auto beside = ProgramDirectory() / kPhoneDbName;
-    WriteBytes(beside, {std::byte{0x91}});
-    const int code = CPhoneDb().LookupAreaCode(1391234);
-    WriteBytes(beside, {});
-    const int empty = CPhoneDb().LookupAreaCode(1391234);
-    std::filesystem::remove(beside);
-    EXPECT_EQ(code, 0);
-    EXPECT_EQ(empty, 0);
+    const ScratchDirectory program;
+    const ScratchDirectory temporary;
+    Places places;
+    places.program = program.Path() / "quorvi";
+    places.temporary = temporary.Path();
+    WriteBytes(program.Database(), {std::byte{0x91}});
+    EXPECT_EQ(CPhoneDb(places).LookupAreaCode(1391234), 0);
+    WriteBytes(program.Database(), {});
+    EXPECT_EQ(CPhoneDb(places).LookupAreaCode(1391234), 0);
 }
 
 TEST(PhoneDb, AnInstanceCanBeMoved) {
