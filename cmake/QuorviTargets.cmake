@@ -101,16 +101,32 @@ function(quorvi_program name)
   endif()
 endfunction()
 
-# quorvi_test(name [QT] [WHOLE] SOURCES … LIBS … [LOCKS …] [LABEL l] [TIMEOUT s] [WRAPPER cmd…]
-# [ENV k=v…]):
+# Whether a test program may have a network of its own, as root or as root of a user namespace
+# (tests/support/PrivateNetwork.cpp).
+function(quorvi_find_own_network)
+  foreach(options "--net" "--user;--net")
+    execute_process(COMMAND unshare ${options} true RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
+    if(status EQUAL 0)
+      set(QUORVI_OWN_NETWORK ON PARENT_SCOPE)
+      return()
+    endif()
+  endforeach()
+  message(STATUS "No network namespaces: tests that use the suite's fixed ports run one at a time")
+  set(QUORVI_OWN_NETWORK OFF PARENT_SCOPE)
+endfunction()
+quorvi_find_own_network()
+
+# quorvi_test(name [QT] [WHOLE] [OWN_NETWORK] SOURCES … LIBS … [LABEL l] [TIMEOUT s]
+# [WRAPPER cmd…] [ENV k=v…]):
 # a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER,
-# the program is one (for suites whose set-up is dear). LOCKS names what two tests may not hold at
-# once: `agent_port` (127.0.0.1:50505 and an adb server) above all. LABEL: ctest's, and the target
-# tests_<label> builds all programs that bear it: `e2e` real adb and simulated phones, `browser` what
-# shows an HTML view, whose threads the thread sanitizer cannot tell from ours; `quick`, where none
-# is told, all else.
+# the program is one (for suites whose set-up is dear). OWN_NETWORK: its tests use the suite's fixed
+# ports, so each process has a network of its own, and where the system has none to give, they hold
+# one lock, and run one at a time. LABEL: ctest's, and the target tests_<label> builds all programs
+# that bear it: `e2e` real adb and simulated phones, `browser` what shows an HTML view, whose threads
+# the thread sanitizer cannot tell from ours; `quick`, where none is told, all else.
 function(quorvi_test name)
-  cmake_parse_arguments(ARG "QT;WHOLE" "TIMEOUT;LABEL" "SOURCES;LIBS;LOCKS;WRAPPER;ENV" ${ARGN})
+  cmake_parse_arguments(ARG
+    "QT;WHOLE;OWN_NETWORK" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/test-bin")
   if(ARG_QT)
@@ -122,15 +138,20 @@ function(quorvi_test name)
     target_link_libraries(${name} PRIVATE quorvi_flags)
     quorvi_precompile(${name} quorvi_pch_tests)
   endif()
-  target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest quorvi_test_main)
   target_compile_definitions(${name} PRIVATE
     QUORVI_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUORVI_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
-  set(properties TIMEOUT ${ARG_TIMEOUT})
-  if(ARG_LOCKS)
-    list(APPEND properties RESOURCE_LOCK "${ARG_LOCKS}")
+  # No test speaks to the user's session bus; who needs one starts its own by the wrapper.
+  set(properties TIMEOUT ${ARG_TIMEOUT}
+    ENVIRONMENT_MODIFICATION DBUS_SESSION_BUS_ADDRESS=set:disabled:)
+  if(ARG_OWN_NETWORK)
+    target_sources(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests/support/OwnNetwork.cpp")
+    if(NOT QUORVI_OWN_NETWORK)
+      list(APPEND properties RESOURCE_LOCK fixed_ports)
+    endif()
   endif()
   if(ARG_ENV)
     list(APPEND properties ENVIRONMENT "${ARG_ENV}")

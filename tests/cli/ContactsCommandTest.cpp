@@ -1,6 +1,5 @@
 // quorvictl contacts against an agent on the suite's own port.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <fstream>
 
@@ -9,6 +8,7 @@
 #include "pages/contacts/ContactForm.h"
 #include "tests/support/AgentFixture.h"
 #include "tests/support/RunProgram.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi::cli {
 namespace {
@@ -50,7 +50,8 @@ class ContactsCommand : public AgentFixture {};
 
 // A command with its standard input.
 std::string Fed(std::string_view arguments, std::string_view input) {
-    const std::string path = testing::TempDir() + "contact_form_" + std::to_string(getpid());
+    static const TemporaryFolder folder;
+    const std::string path = (folder.Path() / "form").string();
     std::ofstream(path, std::ios::binary) << input;
     return std::string(arguments) + " <'" + path + "'";
 }

@@ -1,13 +1,10 @@
 // Runs the built program with no phone about.
 #include <gtest/gtest.h>
 
-#include "tests/support/PrivateNetwork.h"
 #include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
 namespace {
-
-const auto* const kNetwork = testing::AddGlobalTestEnvironment(new PrivateNetwork);
 
 TEST(Program, WrongUsageIsStatusOneAndSaidOnStandardErrorAlone) {
     for (const char* arguments : {"", "bogus", "info extra", "info --bogus"}) {

@@ -55,7 +55,7 @@ TEST(PhoneRig, AdbUninstalls) {
 TEST(PhoneRig, AdbPushesAndPullsAFileUnchanged) {
     PhoneRig rig(1);
     ASSERT_EQ(rig.Error(), "");
-    const TemporaryDirectory directory;
+    const TemporaryFolder directory;
     const std::string there = (directory.Path() / "there").string();
     const std::string back = (directory.Path() / "back").string();
     std::string content;

@@ -10,14 +10,14 @@ namespace quorvi {
 namespace {
 
 TEST(AdbPath, ExecutableBesideTheProgramComesFirst) {
-    const TemporaryDirectory directory;
+    const TemporaryFolder directory;
     EXPECT_EQ(AdbPathIn(directory.Path()), "adb");
     std::ofstream(directory.Path() / "adb") << "#!/bin/sh\n";
     EXPECT_EQ(AdbPathIn(directory.Path()), (directory.Path() / "adb").string());
 }
 
 TEST(AdbPath, DirectoryOfThatNameIsNoExecutable) {
-    const TemporaryDirectory directory;
+    const TemporaryFolder directory;
     std::filesystem::create_directory(directory.Path() / "adb");
     EXPECT_EQ(AdbPathIn(directory.Path()), "adb");
 }

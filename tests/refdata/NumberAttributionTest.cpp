@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "refdata/NumberAttribution.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/SmallPhoneDb.h"
 
 namespace quorvi {
@@ -273,7 +274,7 @@ TEST_F(NumberAttribution, PlacesComeWithTheirAreaCode) {
 
 TEST(MakeNumberAttribution, ReadsTheNumberDataAtTheFirstCallAndSharesThemWithItsCopies) {
     const ScratchDirectory scratch;
-    ASSERT_EQ(::setenv("TMPDIR", scratch.Path().c_str(), 1), 0);
+    const EnvironmentVariable temporary("TMPDIR", scratch.Path().string());
     const std::filesystem::path file = scratch.Path() / "phone.db";
 
     const AttributionOf first = MakeNumberAttribution();
@@ -286,7 +287,6 @@ TEST(MakeNumberAttribution, ReadsTheNumberDataAtTheFirstCallAndSharesThemWithIts
     EXPECT_FALSE(std::filesystem::exists(file));
     EXPECT_EQ(MakeNumberAttribution()("13901012345"), Ansi(u8"北京"));
     EXPECT_TRUE(std::filesystem::exists(file));
-    ::unsetenv("TMPDIR");
 }
 
 }  // namespace

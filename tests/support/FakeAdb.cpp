@@ -1,14 +1,12 @@
 #include "tests/support/FakeAdb.h"
 
 #include <signal.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <fstream>
 #include <iterator>
 #include <sstream>
-#include <stdexcept>
 #include <thread>
 
 namespace quorvi {
@@ -34,19 +32,6 @@ pid_t NumberIn(const fs::path& file) {
 }
 
 }  // namespace
-
-TemporaryDirectory::TemporaryDirectory() {
-    std::string name = (fs::temp_directory_path() / "quorvi-link-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no temporary directory");
-    }
-    path_ = name;
-}
-
-TemporaryDirectory::~TemporaryDirectory() {
-    std::error_code failed;
-    fs::remove_all(path_, failed);
-}
 
 FakeAdb::FakeAdb(std::string_view script) {
     // Renamed into its place whole.

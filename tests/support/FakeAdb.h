@@ -7,22 +7,9 @@
 #include <vector>
 
 #include "link/LinkEnvironment.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
-
-// An empty directory that goes with the object.
-class TemporaryDirectory {
-  public:
-    TemporaryDirectory();
-    ~TemporaryDirectory();
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 class FakeAdb {
   public:
@@ -51,7 +38,7 @@ class FakeAdb {
     [[nodiscard]] LinkEnvironment Environment() const;
 
   private:
-    TemporaryDirectory directory_;
+    TemporaryFolder directory_;
 };
 
 // What this process holds now: descriptors, threads, children that ended and were not reaped.

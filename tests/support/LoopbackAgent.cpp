@@ -17,18 +17,26 @@ namespace {
 
 constexpr int kBacklog = 64;
 
-// A listening socket; on an ephemeral port for port 0.
-TcpSocket Listen(std::uint16_t port) {
+// A socket with a port of 127.0.0.1; a free one for port 0.
+TcpSocket Bind(std::uint16_t port) {
     TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP));
-    const int on = 1;
+    // A port that was asked for may have served a moment ago. A free one shall nobody share.
+    const int on = port == 0 ? 0 : 1;
     setsockopt(socket.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (bind(socket.Descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-            0 ||
-        listen(socket.Descriptor(), kBacklog) != 0) {
+        0) {
+        socket.Close();
+    }
+    return socket;
+}
+
+TcpSocket Listen(std::uint16_t port) {
+    TcpSocket socket = Bind(port);
+    if (listen(socket.Descriptor(), kBacklog) != 0) {
         socket.Close();
     }
     return socket;
@@ -115,7 +123,8 @@ std::vector<Exchange> LoopbackAgent::Exchanges(std::size_t count) {
 }
 
 std::uint16_t UnusedPort() {
-    return PortOf(Listen(0));
+    static const TcpSocket kept = Bind(0);  // so that no other process is given the port
+    return PortOf(kept);
 }
 
 Bytes Join(std::initializer_list<Bytes> fields) {

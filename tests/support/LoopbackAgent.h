@@ -63,7 +63,7 @@ class LoopbackAgent {
     std::thread thread_;
 };
 
-// A port of 127.0.0.1 that nobody listens on.
+// A port of 127.0.0.1 that nobody listens on as long as the process runs.
 [[nodiscard]] std::uint16_t UnusedPort();
 
 // Bytes out of words and text, for literals with a line a field.

@@ -1,7 +1,6 @@
 #include "tests/support/PhoneRig.h"
 
 #include <fmt/format.h>
-#include <stdlib.h>
 
 #include <array>
 #include <chrono>
@@ -53,28 +52,6 @@ std::string ReadToEnd(const TcpSocket& socket) {
 }
 
 }  // namespace
-
-TemporaryDirectory::TemporaryDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "quorvi-e2e-XXXXXX").string();
-    path_ = mkdtemp(name.data()) ? name : std::string();
-}
-
-TemporaryDirectory::~TemporaryDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-EnvironmentVariable::EnvironmentVariable(std::string name, const std::string& value)
-    : name_(std::move(name)) {
-    if (const char* before = getenv(name_.c_str())) {
-        before_ = before;
-    }
-    setenv(name_.c_str(), value.c_str(), 1);
-}
-
-EnvironmentVariable::~EnvironmentVariable() {
-    before_ ? setenv(name_.c_str(), before_->c_str(), 1) : unsetenv(name_.c_str());
-}
 
 PhoneRig::PhoneRig(std::size_t phoneCount) : PhoneRig(DeliveredPhones(phoneCount)) {}
 

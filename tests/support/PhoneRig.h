@@ -5,11 +5,11 @@
 //   rig.BringAgentUp(0);
 //   const ProgramResult info = rig.Suite({"info", "--json"});
 //
-// A test that uses it holds the lock `agent_port`: the forward to the agent has one fixed port.
+// A test program that uses it has a network of its own: the forward to the agent has one fixed
+// port.
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,35 +17,11 @@
 #include <vector>
 
 #include "phone/PhoneServer.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/Process.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi::e2e {
-
-// A directory that is there as long as its object.
-class TemporaryDirectory {
-  public:
-    TemporaryDirectory();
-    ~TemporaryDirectory();
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
-
-// A variable of the environment, given back its value at the end.
-class EnvironmentVariable {
-  public:
-    EnvironmentVariable(std::string name, const std::string& value);
-    ~EnvironmentVariable();
-    EnvironmentVariable(const EnvironmentVariable&) = delete;
-    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
-
-  private:
-    std::string name_;
-    std::optional<std::string> before_;
-};
 
 class PhoneRig {
   public:
@@ -85,7 +61,7 @@ class PhoneRig {
   private:
     [[nodiscard]] bool WaitForServer() const;
 
-    TemporaryDirectory home_;
+    TemporaryFolder home_;
     std::uint16_t serverPort_;
     EnvironmentVariable homeVariable_;
     EnvironmentVariable portVariable_;

@@ -30,9 +30,7 @@ bool RaiseLoopback() {
     return up;
 }
 
-}  // namespace
-
-bool EnterPrivateNetwork() {
+bool Enter() {
     // Root may simply do so; anyone else first becomes root of a user namespace, where the system
     // has those.
     if (unshare(CLONE_NEWNET) != 0) {
@@ -44,6 +42,13 @@ bool EnterPrivateNetwork() {
         MapUser(user, group);
     }
     return RaiseLoopback();
+}
+
+}  // namespace
+
+bool EnterPrivateNetwork() {
+    static const bool entered = Enter();
+    return entered;
 }
 
 }  // namespace quorvi

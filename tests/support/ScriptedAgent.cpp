@@ -55,7 +55,8 @@ void SendAll(const TcpSocket& socket, std::span<const std::byte> bytes) {
 
 ScriptedAgent::ScriptedAgent(std::uint16_t port)
     : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP)) {
-    const int on = 1;
+    // A port that was asked for may have served a moment ago. A free one shall nobody share.
+    const int on = port == 0 ? 0 : 1;
     setsockopt(listener_.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     sockaddr_in address{};
     address.sin_family = AF_INET;

@@ -11,28 +11,13 @@
 
 #include "refdata/PhoneDb.h"
 #include "refdata/PhoneDbFormat.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
 
-// Gone with the object.
-class ScratchDirectory {
+class ScratchDirectory : public TemporaryFolder {
   public:
-    ScratchDirectory() {
-        std::string name = (std::filesystem::temp_directory_path() / "refdata.XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
-    }
-    ~ScratchDirectory() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
-    [[nodiscard]] std::filesystem::path Database() const { return path_ / kPhoneDbName; }
-
-  private:
-    std::filesystem::path path_;
+    [[nodiscard]] std::filesystem::path Database() const { return Path() / kPhoneDbName; }
 };
 
 // The bytes of a database with these region ids by prefix, 0 for all others.

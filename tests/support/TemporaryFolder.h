@@ -1,19 +1,23 @@
-// A folder that goes with the test.
+// A folder that goes with its object.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace quorvi {
 
 class TemporaryFolder {
   public:
+    // Empty, under a name that no other process has. Throws where none can be made.
     TemporaryFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "quorvi-XXXXXX").native();
-        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+        if (mkdtemp(pattern.data()) == nullptr) {
+            throw std::system_error(errno, std::generic_category(), pattern);
+        }
         path_ = pattern;
     }
     ~TemporaryFolder() {

@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QProcessEnvironment>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -14,6 +13,7 @@
 
 #include "base/Text.h"
 #include "tests/support/HtmlDriver.h"
+#include "tests/support/OwnPlaces.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
@@ -556,7 +556,7 @@ TEST_F(HtmlCtrl, TakesThePlaceOfAStaticControl) {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    QStandardPaths::setTestModeEnabled(true);
+    const quorvi::OwnPlaces places;
     quorvi::PrepareHtmlViews();
     const QApplication application(argc, argv);
     quorvi::namesBeforeAnyView = quorvi::VariableNames();
