@@ -3,7 +3,7 @@
 
 #include <QLineEdit>
 
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/PagesOnPhone.h"
 
 namespace quorvi {
 namespace {

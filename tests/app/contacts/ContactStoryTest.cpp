@@ -7,7 +7,7 @@
 #include <QPlainTextEdit>
 
 #include "refdata/NumberAttribution.h"
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/PagesOnPhone.h"
 
 namespace quorvi {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/app/phone/Heartbeat.h"
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/Heartbeat.h"
+#include "tests/support/PagesOnPhone.h"
 #include "tests/support/ScriptedAgent.h"
 
 namespace quorvi {

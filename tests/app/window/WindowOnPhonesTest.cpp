@@ -3,8 +3,8 @@
 #include <QAbstractItemView>
 #include <QDialog>
 
-#include "tests/app/phone/PhoneDesk.h"
 #include "tests/app/window/MainDlgFixture.h"
+#include "tests/support/PhoneDesk.h"
 
 namespace quorvi {
 namespace {

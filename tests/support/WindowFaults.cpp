@@ -1,4 +1,4 @@
-#include "tests/app/phone/WindowFaults.h"
+#include "tests/support/WindowFaults.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/PagesOnPhone.h"
 
 #include <fmt/format.h>
 

@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/app/phone/PhoneDesk.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/HtmlDriver.h"
+#include "tests/support/PhoneDesk.h"
 #include "tests/support/PrintQt.h"
 #include "tests/support/WindowDriver.h"
 #include "tests/support/WireBytes.h"

@@ -1,4 +1,4 @@
-#include "tests/app/phone/Heartbeat.h"
+#include "tests/support/Heartbeat.h"
 
 #include <chrono>
 #include <utility>

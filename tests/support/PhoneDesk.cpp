@@ -1,4 +1,4 @@
-#include "tests/app/phone/PhoneDesk.h"
+#include "tests/support/PhoneDesk.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // back.
 #include <gmock/gmock.h>
 
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/PagesOnPhone.h"
 
 namespace quorvi {
 namespace {

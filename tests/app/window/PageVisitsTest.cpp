@@ -1,5 +1,5 @@
 // When a page asks the phone by itself, and what a visit finds when the phone is gone.
-#include "tests/app/phone/PagesOnPhone.h"
+#include "tests/support/PagesOnPhone.h"
 
 namespace quorvi {
 namespace {

@@ -1,8 +1,8 @@
-// Every fault of the phone against the commands that the dialogs read with: the contact editor, and
-// the composer with its conversation and its tree.
+// Every fault of the phone against the commands that the composer reads its conversation and its
+// tree with.
 #include <QLineEdit>
 
-#include "tests/app/phone/WindowFaults.h"
+#include "tests/support/WindowFaults.h"
 #include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
@@ -11,81 +11,17 @@ namespace {
 constexpr int kCancel = 1021;
 constexpr std::size_t kRefresh = 0;
 
-struct AskedDialog {
+struct AskedRead {
     const char* name;
     AgentCommand code;
 };
 
-void PrintTo(const AskedDialog& asked, std::ostream* out) {
+void PrintTo(const AskedRead& asked, std::ostream* out) {
     *out << asked.name;
 }
 
-// ---- the editor --------------------------------------------------------------------------------
-
-class EditorFaults : public WindowFaults,
-                     public testing::WithParamInterface<std::tuple<AskedDialog, FaultMode>> {
-  protected:
-    static constexpr int kList = 1067;
-    static constexpr int kEditor = 540;
-    static constexpr int kName = 1149;
-    static constexpr int kPhone = 1150;
-    static constexpr int kSave = 1020;
-
-    FaultMode mode_ = std::get<1>(GetParam());
-
-    void SetUp() override {
-        WindowFaults::SetUp();
-        OpenFresh(kContacts);
-        ASSERT_EQ(List().RowCount(), 48);
-    }
-
-    static CSkinListCtrl& List() { return OnPage<CSkinListCtrl>(kList); }
-    static void Open() { DoubleClickCell(List(), 0, 1); }
-    static QString TextOf(int control) { return In<QLineEdit>(kEditor, control).text(); }
-    static void ExpectFields(bool filled) {
-        EXPECT_EQ(TextOf(kName), filled ? ToQString(u8"林远舟") : QString());
-        EXPECT_EQ(TextOf(kPhone), filled ? QStringLiteral("13861234567") : QString());
-    }
-};
-
-TEST_P(EditorFaults, StaysOpenWithWhatIsLeftAndLoadsAllOfItLater) {
-    SetLook([] {
-        EXPECT_FALSE(In(kEditor, kName).isEnabled());
-        EXPECT_FALSE(In(kEditor, kSave).isEnabled());
-        EXPECT_TRUE(In(kEditor, kCancel).isEnabled());
-    });
-    Suffer(mode_, AgentCommand::readContact, [] { Open(); });
-    ASSERT_NE(OpenDialog(kEditor), nullptr);
-    EXPECT_TRUE(In(kEditor, kSave).isEnabled());
-    ExpectFields(mode_.left == Left::whole || mode_.left == Left::absent);
-    Press(kEditor, kCancel);
-    ASSERT_TRUE(WaitForNoDialog(kEditor));
-    EXPECT_EQ(Asked(AgentCommand::listContacts), 0u);
-    if (mode_.left == Left::cable) {
-        ExpectNoLink([] { Command(kRefresh); });
-    }
-
-    Lift();
-    Command(kRefresh);
-    ASSERT_TRUE(WaitIdle());
-    Open();
-    ASSERT_TRUE(WaitForDialog(kEditor));
-    ExpectFields(true);
-    Press(kEditor, kCancel);
-    ASSERT_TRUE(WaitForNoDialog(kEditor));
-    EXPECT_EQ(Status(), Ready());
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, EditorFaults,
-                         testing::Combine(testing::Values(AskedDialog{"LoadContact",
-                                                                      AgentCommand::readContact}),
-                                          testing::ValuesIn(kFaultModes)),
-                         NameOfCase<testing::TestParamInfo<EditorFaults::ParamType>>);
-
-// ---- the composer ------------------------------------------------------------------------------
-
 class ComposerFaults : public WindowFaults,
-                       public testing::WithParamInterface<std::tuple<AskedDialog, FaultMode>> {
+                       public testing::WithParamInterface<std::tuple<AskedRead, FaultMode>> {
   protected:
     static constexpr int kView = 1361;
     static constexpr int kComposer = 550;
@@ -95,7 +31,7 @@ class ComposerFaults : public WindowFaults,
     static constexpr int kGroups = 7;   // that have members
     static constexpr int kEntries = 2;  // of the conversation
 
-    AskedDialog asked_ = std::get<0>(GetParam());
+    AskedRead asked_ = std::get<0>(GetParam());
     FaultMode mode_ = std::get<1>(GetParam());
 
     void SetUp() override {
@@ -198,7 +134,7 @@ TEST_P(ComposerFaults, StaysOpenWithWhatIsLeftAndReadsAllOfItLater) {
     EXPECT_EQ(Status(), Ready());
 }
 
-constexpr AskedDialog kComposerReads[] = {
+constexpr AskedRead kComposerReads[] = {
     {"ReadConversation", AgentCommand::readConversation},
     {"ListGroupNames", AgentCommand::listGroupNames},
     {"ListGroupMembers", AgentCommand::listGroupMembers},

@@ -1,0 +1,51 @@
+// What every fault of the phone leaves of a list that one command fills. A feature's test names its
+// lists and lets each suffer:
+//
+//   class CallListFaults : public ListFaults {};
+//   TEST_P(CallListFaults, ShowsWhatIsLeftAndAllOfItLater) { ExpectWhatIsLeftAndAllOfItLater(); }
+#pragma once
+
+#include <ostream>
+#include <tuple>
+
+#include "tests/support/WindowFaults.h"
+
+namespace quorvi {
+
+struct AskedList {
+    const char* name;
+    AgentCommand code;
+    int page;
+    int dialog;   // over the page; 0: the page itself
+    int loadKey;  // PageRow::kNoKey: none
+    int list;
+    int rows;             // of the phone as it is delivered
+    bool isLong = false;  // 64 KiB or more: half of its length's word is not zero
+};
+
+inline void PrintTo(const AskedList& asked, std::ostream* out) {
+    *out << asked.name;
+}
+
+class ListFaults : public WindowFaults,
+                   public testing::WithParamInterface<std::tuple<AskedList, FaultMode>> {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    void ExpectWhatIsLeftAndAllOfItLater();
+
+  private:
+    [[nodiscard]] CSkinListCtrl& List() const;
+    void Refresh() const;
+    void ExpectKey(int value) const;
+    void ExpectRows(int rows, bool redraw, ListState state = ListState::idle) const;
+    void ExpectNoSelection() const;
+    void ExpectLeft(Left left) const;
+
+    AskedList asked_ = std::get<0>(GetParam());
+    FaultMode mode_ = std::get<1>(GetParam());
+    Left left_ = mode_.words == kCutInLength && asked_.isLong ? Left::over : mode_.left;
+};
+
+}  // namespace quorvi
