@@ -178,8 +178,7 @@ TEST_F(AgentServiceTest, AnswersLate) {
 TEST_F(AgentServiceTest, ACallerThatLeavesADelayedReplyDoesNoHarm) {
     Fault("870003 delay 30");
     LogOf(kVersionRequest);
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    Fault("870003 none");
+    // Comes behind the reply that nobody waits for any more.
     EXPECT_EQ(session_.RunAcknowledged(kVersionRequest).word, 20u);
 }
 

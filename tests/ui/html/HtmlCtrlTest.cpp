@@ -17,6 +17,7 @@
 #include "ui/html/HtmlCtrl.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -144,8 +145,9 @@ TEST_F(HtmlCtrl, DashboardSaysNotConnectedBeforeTheFirstRefresh) {
 
 TEST_F(HtmlCtrl, UnknownResourceNumberShowsNothingNew) {
     CHtmlCtrlFix& view = ShowBlock();
+    view.SetInnerHtml("block", "here");
     view.LoadFromResource(1);
-    EXPECT_EQ(InnerHtml(QStringLiteral("block")), QString());
+    EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("here"));
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
@@ -173,13 +175,17 @@ TEST_F(HtmlCtrl, WorkersSetInTheOrderOfTheirCalls) {
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("200"));
 }
 
+// Neither in the view that is gone nor in the one that has taken its place.
 TEST_F(HtmlCtrl, CookieOfAViewThatIsGoneDoesNothing) {
-    WatchedDocumentCookie document = ShowBlock().Document();
+    const WatchedDocumentCookie document = ShowBlock().Document();
     view_.reset();
+    ShowBlock().SetInnerHtml("block", "here");
     document.SetInnerHtml("block", "late");
-    QTest::qWait(1);
     WatchedDocumentCookie().SetInnerHtml("block", "never");
-    QTest::qWait(1);
+    bool handled = false;  // behind what the cookies have posted
+    PostToWindow(view_.get(), [&] { handled = true; });
+    ASSERT_TRUE(WaitFor([&] { return handled; }));
+    EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("here"));
 }
 
 TEST_F(HtmlCtrl, ElementThatIsNotThereIsPassedOver) {
@@ -228,27 +234,32 @@ TEST_F(HtmlCtrl, TextBeyondTwoMegabytesLoads) {
 
 // Links -------------------------------------------------------------------------------------------
 
-class PrivateLink : public HtmlCtrl,
-                    public testing::WithParamInterface<std::pair<const char*, std::u8string_view>> {
+struct LinkForm {
+    const char* address;  // as it stands in the document
+    std::u8string_view text;
 };
+
+void PrintTo(const LinkForm& form, std::ostream* out) {
+    *out << form.address;
+}
+
+class PrivateLink : public HtmlCtrl, public testing::WithParamInterface<LinkForm> {};
 
 TEST_P(PrivateLink, IsHandedOnAsText) {
     CHtmlCtrlFix& view = ShowBlock();
-    view.SetInnerHtml("block", "<a href=\"" + std::string(GetParam().first) + "\">link</a>");
+    view.SetInnerHtml("block", "<a href=\"" + std::string(GetParam().address) + "\">link</a>");
     Click(QStringLiteral("a"));
     ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
-    EXPECT_EQ(owner_.commands, std::vector{Ansi(GetParam().second)});
+    EXPECT_EQ(owner_.commands, std::vector{Ansi(GetParam().text)});
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, PrivateLink,
-    testing::Values(std::pair{"qvh:refresh", std::u8string_view(u8"refresh")},
-                    std::pair{"QVH:Refresh", std::u8string_view(u8"Refresh")},
-                    std::pair{"qvh:did=-2147483648", std::u8string_view(u8"did=-2147483648")},
-                    std::pair{"qvh:a b/../c?d=1&amp;e", std::u8string_view(u8"a b/../c?d=1&e")},
-                    std::pair{"qvh:100%", std::u8string_view(u8"100%")},
-                    std::pair{"qvh:", std::u8string_view(u8"")}));
+INSTANTIATE_TEST_SUITE_P(Forms, PrivateLink,
+                         testing::Values(LinkForm{"qvh:refresh", u8"refresh"},
+                                         LinkForm{"QVH:Refresh", u8"Refresh"},
+                                         LinkForm{"qvh:did=-2147483648", u8"did=-2147483648"},
+                                         LinkForm{"qvh:a b/../c?d=1&amp;e", u8"a b/../c?d=1&e"},
+                                         LinkForm{"qvh:100%", u8"100%"}, LinkForm{"qvh:", u8""}));
 
 TEST_F(HtmlCtrl, SpaceOpensTheLinkThatTheTabKeyHasReached) {
     CHtmlCtrlFix& view = ShowBlock();
@@ -281,10 +292,11 @@ TEST_F(HtmlCtrl, SpaceScrollsWhereNoLinkHasTheFocus) {
 
 TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
     CHtmlCtrlFix& view = ShowBlock();
-    view.SetInnerHtml("block", "<a href='qvhx:refresh'>link</a>");
-    Click(QStringLiteral("a"));
-    QTest::qWait(kGrace);
-    EXPECT_TRUE(owner_.commands.empty());
+    view.SetInnerHtml("block", "<a id=hit href='qvhx:refresh'>x</a> <a id=next href='qvh:1'>y</a>");
+    Click(QStringLiteral("#hit"));
+    Click(QStringLiteral("#next"));
+    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
+    EXPECT_EQ(owner_.commands, std::vector<std::string>{"1"});
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
@@ -337,6 +349,10 @@ struct Hostile {
     const char* name;
     const char* fragment;  // %1 is the web server's root
 };
+
+void PrintTo(const Hostile& hostile, std::ostream* out) {
+    *out << hostile.name;
+}
 
 class HostileFragment : public HtmlCtrl, public testing::WithParamInterface<Hostile> {};
 
@@ -504,9 +520,10 @@ TEST_F(WebView, NewWindowOfASiteOpensInTheSameView) {
 }
 
 TEST_F(WebView, SiteLeadsToNoOtherScheme) {
-    Open("<a id=hit href='file:///etc/passwd'>x</a>");
+    Open("<a id=hit href='file:///etc/passwd'>x</a> <a id=next href='qvh:1'>y</a>");
     Click(QStringLiteral("#hit"));
-    QTest::qWait(kGrace);
+    Click(QStringLiteral("#next"));
+    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
     EXPECT_EQ(Path(), QStringLiteral("/first"));
 }
 
@@ -528,9 +545,13 @@ TEST_F(WebView, SiteThatDoesNotAnswerGivesWayToATemplateAndBackLeadsBeforeIt) {
 
 TEST_F(WebView, LocalViewGoesToNoUrl) {
     CHtmlCtrlFix& view = ShowBlock();
-    view.Navigate2(QUrl(server_.Url()));
-    QTest::qWait(kGrace);
-    EXPECT_EQ(server_.connections, 0);
+    view.Navigate2(QUrl(server_.Url(QStringLiteral("local"))));
+    // A web view that sets out later arrives.
+    CHtmlCtrlFix web(1361, HtmlContent::web, owner_, nullptr);
+    web.show();
+    web.Navigate2(QUrl(server_.Url(QStringLiteral("web"))));
+    ASSERT_TRUE(WaitFor([&] { return server_.requests.join().contains("GET /web "); }));
+    EXPECT_FALSE(server_.requests.join().contains("GET /local "));
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
