@@ -27,7 +27,7 @@ class Channel {
   public:
     struct Events {
         std::function<void(std::span<const std::byte>)> bytes;
-        std::function<void()> drained = [] {};  // all that was written is with the system
+        std::function<void()> drained = [] {};  // the system has taken all that was written
         std::function<void()> gone;             // the peer closed, or the connection broke
     };
 

@@ -9,11 +9,12 @@
 namespace quorvi::phone {
 namespace {
 
-// What Stop adds to the wake-up counter; Post adds 1, and never so often.
+// Stop adds this to the wake-up counter. Post adds 1, and so many posts never wait at once: the
+// loop tells the two apart by the sum.
 constexpr std::uint64_t kStopCount = std::uint64_t{1} << 40;
 
 void Add(int counter, std::uint64_t value) {
-    // An eventfd write of 8 bytes fails only when the counter is full: it is readable then anyway.
+    // Fails only when the counter is full. The loop wakes up then anyway.
     [[maybe_unused]] const auto written = write(counter, &value, sizeof value);
 }
 
@@ -120,8 +121,8 @@ void EventLoop::PollOnce() {
     }
     for (std::size_t i = 0; i < descriptors.size(); ++i) {
         const auto& [descriptor, events, happened] = descriptors[i];
-        // A callback before this one may have closed the descriptor, and another may bear its
-        // number by now.
+        // A callback that ran earlier in this turn may have closed the descriptor, and opened
+        // another one under the same number.
         const auto found = watched_.find(descriptor);
         if (happened != 0 && found != watched_.end() && found->second == watched[i]) {
             watched[i]->ready(happened);

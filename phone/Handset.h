@@ -44,19 +44,19 @@ class Handset {
     // Package name to the path of its file.
     [[nodiscard]] const std::map<std::string, std::string>& Packages() const { return packages_; }
 
-    // What pm prints for it: "Success", or "Failure [CODE]". A file that begins as a zip archive
-    // does becomes a package named after the file; the agent's stand-in becomes the agent, stopped,
-    // in the version that it states.
+    // Installs a pushed file; what pm prints: "Success", or "Failure [CODE]". A file that begins as
+    // a zip archive does becomes a package named after the file; the agent's stand-in becomes the
+    // agent, stopped, in the version that it states.
     [[nodiscard]] std::string Install(const std::string& path, bool replace);
     [[nodiscard]] bool Uninstall(const std::string& package);
-    // What pm prints instead of installing, from now on; nothing for the truth.
+    // From now on pm prints this and installs nothing; without a value it installs again.
     void SetInstallResult(std::optional<std::string> result) { installResult_ = std::move(result); }
 
-    // Zero and above; nothing when it is not installed.
+    // Without a value when the agent is not installed.
     [[nodiscard]] std::optional<std::uint32_t> AgentVersion() const { return agentVersion_; }
     void SetAgent(std::optional<std::uint32_t> version);
     [[nodiscard]] bool AgentRuns() const { return agentRuns_; }
-    // False when it is not installed. One that crashes is stopped at once.
+    // False when the agent is not installed. An agent told to crash is stopped at once.
     bool StartAgent();
     // How often it was told to start, whatever came of it.
     [[nodiscard]] std::uint32_t AgentStarts() const { return agentStarts_; }

@@ -26,10 +26,10 @@ inline constexpr std::size_t kMaxTransports = 8;
 
 struct PhoneOptions {
     Profile profile;
-    // Nothing: the first free one on which adb servers look; zero: any free port.
+    // Zero takes any free port; without a value it is the first free one on which adb servers look.
     std::optional<std::uint16_t> adbPort;
-    // Answers the agent's protocol here too, with no adb in between; zero: any free port; nothing:
-    // not at all.
+    // On this port the agent answers without adb in between. Zero takes any free port; without a
+    // value there is none.
     std::optional<std::uint16_t> agentPort;
     // Speaks the transport's version of old phones: checksums, 4096 bytes a message.
     bool oldTransport = false;
@@ -41,13 +41,13 @@ struct PhoneOptions {
     std::vector<std::string> commands;
 };
 
-// A phone without a cable whose agent answers on a free port: what a test needs that is not about
-// adb.
+// A phone whose agent answers on a port of its own and that no adb server sees, for tests that are
+// not about adb.
 [[nodiscard]] PhoneOptions AgentAlone();
 
 class Phone {
   public:
-    // The loop's thread, or before it runs; Control and destruction likewise.
+    // Made, told what to do and destroyed on the loop's thread, or while the loop does not run.
     Phone(EventLoop& loop, PhoneOptions options);
     ~Phone();
     Phone(const Phone&) = delete;
@@ -56,8 +56,8 @@ class Phone {
     // Empty when the phone is ready; otherwise why not ("port 5555 is in use").
     [[nodiscard]] std::string Start();
 
-    // False when its port is taken. Unplug drops the server's connections, and the agent's with
-    // them.
+    // Plug is false when the port is taken. Unplug drops the server's connections, and the agent's
+    // with them.
     bool Plug();
     void Unplug();
     [[nodiscard]] bool IsPlugged() const { return adbListener_.Port() != 0; }

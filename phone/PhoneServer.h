@@ -1,9 +1,11 @@
 // Several simulated phones on one loop, and the control port through which they are told what to
 // do. Start here to run phones inside a test:
 //
-//   RunningPhones phones({.phones = {PhoneOptions{.profile = DeliveredProfile(0), .agentPort =
-//   0}}}); const AgentSession session(phones.AgentPort(0)); phones.Control(0, "fault listContacts
-//   cut 100");
+//   RunningPhones phones({.phones = {AgentAlone()}});
+//
+//   const AgentSession session(phones.AgentPort(0));
+//
+//   phones.Control(0, "fault listContacts cut 100");
 #pragma once
 
 #include <cstdint>
@@ -24,7 +26,7 @@ inline constexpr std::size_t kMaxControlLine = 64 * 1024;
 
 struct ServerOptions {
     std::vector<PhoneOptions> phones;
-    // Zero: any free port; nothing: no control port.
+    // Zero takes any free port; without a value there is no control port.
     std::optional<std::uint16_t> controlPort;
 };
 
@@ -35,9 +37,9 @@ class PhoneServer {
     PhoneServer(const PhoneServer&) = delete;
     PhoneServer& operator=(const PhoneServer&) = delete;
 
-    // Empty when all stand; otherwise why not.
+    // Plugs the phones in and opens the control port. Empty, or why that failed.
     [[nodiscard]] std::string Start();
-    // Until Stop.
+    // Serves until Stop is called.
     void Run() { loop_.Run(); }
     // Any thread; safe in a signal handler.
     void Stop() { loop_.Stop(); }
@@ -47,7 +49,7 @@ class PhoneServer {
     [[nodiscard]] Phone& At(std::size_t index) { return *phones_[index]; }
     [[nodiscard]] std::uint16_t ControlPort() const { return control_.Port(); }
 
-    // A line of the control port: "phone N COMMAND", or a command for phone 1.
+    // Runs a line of the control port, "phone N COMMAND" or a command for phone 1; its answer.
     [[nodiscard]] std::string Command(std::string_view line);
 
   private:
@@ -70,13 +72,13 @@ class RunningPhones {
     explicit RunningPhones(ServerOptions options);
     ~RunningPhones();
 
-    // Empty when all stand; otherwise why not.
+    // Why the phones could not be set up; empty when they are.
     [[nodiscard]] const std::string& Error() const { return error_; }
     [[nodiscard]] std::size_t Count() const { return server_.Count(); }
     [[nodiscard]] std::uint16_t AgentPort(std::size_t index);
     [[nodiscard]] std::uint16_t AdbPort(std::size_t index);
     [[nodiscard]] std::uint16_t ControlPort() const { return server_.ControlPort(); }
-    // Waits for the answer.
+    // Runs a line of Control on the phone's thread, and waits for the answer.
     std::string Control(std::size_t index, std::string_view line);
 
   private:

@@ -26,8 +26,8 @@ struct Profile {
     int battery = 82;     // per cent
 };
 
-// The phones that several simulated phones are, one after the other; a further one is like the
-// first but for its serial.
+// The phone that the simulated phone of this index pretends to be. Behind the last profile the
+// first comes again, with another serial.
 [[nodiscard]] Profile DeliveredProfile(std::size_t index);
 
 // What getprop lists, in its order.

@@ -89,7 +89,7 @@ std::optional<Packet> PacketReader::Take() {
         return std::nullopt;
     }
     const auto payload = rest.subspan(kPacketHeaderBytes, length);
-    // The version is agreed on by the connect message itself, so that one is not held against it.
+    // Whether messages carry sums is agreed on by the connect message, so its own is not checked.
     if (version_ < kVersionWithoutChecksum && packet.command != kConnect &&
         ReadLittleEndian(rest.data() + kChecksumOffset) != PayloadChecksum(payload)) {
         fault_ = PacketFault::badChecksum;

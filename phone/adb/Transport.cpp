@@ -175,7 +175,7 @@ void Transport::OnConnect(const Packet& packet) {
     maxPayload_ = std::clamp(packet.arg1, std::uint32_t{1}, ours);
     reader_.SetVersion(version_);
     connected_ = true;
-    // The answer itself always bears its sum: the server does not know our version yet.
+    // The answer always carries its sum, as the server does not know our version yet.
     channel_.Write(EncodePacket({kConnect, setup_.version, ours, ToBytes(setup_.banner)},
                                 kVersionWithChecksum));
 }
@@ -233,7 +233,7 @@ void Transport::SendPiece(const Stream& stream, const SharedBytes& bytes, std::s
 }
 
 void Transport::Retire(std::uint32_t localId) {
-    // Later: the stream's own code may be running.
+    // Not at once: the stream may be what is calling.
     loop_.Post([self = self_, localId] {
         if (Transport* transport = *self) {
             transport->streams_.erase(localId);

@@ -69,7 +69,7 @@ class AddressBook {
 
     [[nodiscard]] Contact* Find(std::uint64_t id);
     [[nodiscard]] ContactGroup* FindGroup(std::uint64_t id);
-    // Its members stay, without it.
+    // Its members stay as contacts.
     void RemoveGroup(std::uint64_t id);
     // Empty for a group that is gone.
     [[nodiscard]] std::string GroupTitle(std::uint64_t id) const;

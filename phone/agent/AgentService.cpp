@@ -139,7 +139,7 @@ void AgentService::OnDrained() {
 void AgentService::End() {
     switch (delivery_.ending) {
         case Ending::keepOpen:
-            break;  // the one who asked closes
+            break;  // the client closes it
         case Ending::close:
             sink_.Close();
             break;

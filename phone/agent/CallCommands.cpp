@@ -32,7 +32,8 @@ void DeleteCalls(Exchange& exchange) {
     }
 }
 
-// The frame says one item and has none behind it; this is meant.
+// The suite sends an item count of 1 and no item: kept on purpose, since agents expect that frame
+// (CallCommands.DeletingAllSaysOneItemAndHasNone).
 void DeleteAllCalls(Exchange& exchange) {
     exchange.ExpectOneItem();
     exchange.reply.Word(1);

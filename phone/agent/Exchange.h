@@ -27,7 +27,7 @@ class RequestReader {
 
     [[nodiscard]] bool Overran() const { return overran_; }
     [[nodiscard]] std::size_t Left() const { return rest_.size(); }
-    // No more is to come: what is left is known and not wanted.
+    // Passes over the fields that a handler knows of and does not need.
     void SkipRest() { rest_ = {}; }
 
   private:

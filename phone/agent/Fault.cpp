@@ -36,7 +36,7 @@ constexpr std::array<FaultName, 12> kNames{{
     {FaultKind::delay, "delay", 1, 1},
 }};
 
-// A trickle that says nothing more: one byte every 20 ms.
+// The trickle of a fault that gives no numbers: one byte every 20 ms.
 constexpr std::uint64_t kTrickleBytes = 1;
 constexpr std::uint64_t kTricklePace = 20;
 

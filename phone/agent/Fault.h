@@ -32,7 +32,7 @@ struct Fault {
     FaultKind kind;
     std::uint64_t a = 0;
     std::uint64_t b = 0;
-    // How many more requests meet it; nothing for all.
+    // How many more requests meet it; without a value all do.
     std::optional<std::uint32_t> times;
 };
 
@@ -46,7 +46,7 @@ class FaultTable {
     // Code 0 stands for all commands that have no fault of their own.
     void Set(std::uint32_t code, std::optional<Fault> fault);
     void Clear() { faults_.clear(); }
-    // The fault that this request meets, counted off.
+    // The fault that a request for this command meets, which then has one time less.
     [[nodiscard]] std::optional<Fault> Meet(std::uint32_t code);
     [[nodiscard]] const std::map<std::uint32_t, Fault>& All() const { return faults_; }
 

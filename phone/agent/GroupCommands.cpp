@@ -12,7 +12,7 @@
 namespace quorvi::phone {
 namespace {
 
-// Stands for the group of those who are in none.
+// The id under which contacts without a group are listed.
 constexpr std::uint64_t kNoGroup = ~std::uint64_t{0};
 
 void ListGroups(Exchange& exchange) {
@@ -69,7 +69,7 @@ void RenameGroup(Exchange& exchange) {
     }
 }
 
-// The members of a group that goes stay as contacts without it.
+// Contacts stay when their group is deleted.
 void DeleteGroups(Exchange& exchange) {
     exchange.reply.Word(1);
     exchange.note = "groups";

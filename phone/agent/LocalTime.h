@@ -9,7 +9,7 @@ namespace quorvi::phone {
 // Milliseconds since 1970 of a local time as "2011-06-18 09:42:10".
 [[nodiscard]] std::uint64_t LocalMilliseconds(std::string_view time);
 
-// Of now.
+// Milliseconds since 1970 at this moment.
 [[nodiscard]] std::uint64_t MillisecondsNow();
 
 }  // namespace quorvi::phone
