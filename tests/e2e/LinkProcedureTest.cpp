@@ -120,6 +120,10 @@ struct VersionFault {
     const Banner* end;
 };
 
+void PrintTo(const VersionFault& fault, std::ostream* out) {
+    *out << fault.name;
+}
+
 // What each way to misbehave at the version's query comes to.
 class LinkFault : public LinkProcedure, public testing::WithParamInterface<VersionFault> {};
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <ostream>
 #include <thread>
 #include <vector>
 
@@ -63,5 +64,10 @@ class ScriptedAgent {
     bool ending_ = false;
     std::thread acceptor_;
 };
+
+inline void PrintTo(const ScriptedAgent::Reply& reply, std::ostream* out) {
+    constexpr const char* kEnds[] = {"wait", "close", "reset"};
+    *out << reply.bytes.size() << " bytes, then " << kEnds[static_cast<std::size_t>(reply.end)];
+}
 
 }  // namespace quorvi

@@ -29,6 +29,10 @@ struct Hostile {
     const char* text;  // %1 is a web server's root
 };
 
+void PrintTo(const Hostile& hostile, std::ostream* out) {
+    *out << hostile.name;
+}
+
 constexpr Hostile kHostile[] = {
     {"Script", "<script>" RAN "</script><script src='%1x.js'></script>"},
     {"Handlers", "<img src=x onerror='" RAN "'><svg onload='" RAN "'></svg>"

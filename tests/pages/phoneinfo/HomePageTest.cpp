@@ -126,6 +126,10 @@ struct LinkCase {
     FakeHost::Posted posted;
 };
 
+void PrintTo(const LinkCase& link, std::ostream* out) {
+    *out << link.selector;
+}
+
 class HomePageLink : public HomePage, public testing::WithParamInterface<LinkCase> {};
 
 TEST_P(HomePageLink, ClickPostsItsMessage) {
