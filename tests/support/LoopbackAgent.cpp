@@ -1,7 +1,5 @@
 #include "tests/support/LoopbackAgent.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -15,40 +13,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kBacklog = 64;
-
-// A socket with a port of 127.0.0.1; a free one for port 0.
-TcpSocket Bind(std::uint16_t port) {
-    TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP));
-    // A port that was asked for may have served a moment ago. A free one shall nobody share.
-    const int on = port == 0 ? 0 : 1;
-    setsockopt(socket.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (bind(socket.Descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-        0) {
-        socket.Close();
-    }
-    return socket;
-}
-
-TcpSocket Listen(std::uint16_t port) {
-    TcpSocket socket = Bind(port);
-    if (listen(socket.Descriptor(), kBacklog) != 0) {
-        socket.Close();
-    }
-    return socket;
-}
-
-std::uint16_t PortOf(const TcpSocket& socket) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    getsockname(socket.Descriptor(), reinterpret_cast<sockaddr*>(&address), &size);
-    return ntohs(address.sin_port);
-}
-
 void Append(Bytes& out, std::span<const std::byte> bytes) {
     out.insert(out.end(), bytes.begin(), bytes.end());
 }
@@ -57,7 +21,7 @@ void Append(Bytes& out, std::span<const std::byte> bytes) {
 
 LoopbackAgent::LoopbackAgent(Answer answer, std::uint16_t port)
     : answer_(std::move(answer)),
-      listener_(Listen(port)),
+      listener_(ListenOn(port)),
       port_(PortOf(listener_)),
       thread_([this] { AcceptAll(); }) {}
 
@@ -120,11 +84,6 @@ std::vector<Exchange> LoopbackAgent::Exchanges(std::size_t count) {
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-}
-
-std::uint16_t UnusedPort() {
-    static const TcpSocket kept = Bind(0);  // so that no other process is given the port
-    return PortOf(kept);
 }
 
 Bytes Join(std::initializer_list<Bytes> fields) {

@@ -13,6 +13,7 @@
 
 #include "agent/Request.h"
 #include "base/os/TcpSocket.h"
+#include "tests/support/LoopbackPort.h"
 
 namespace quorvi {
 
@@ -62,9 +63,6 @@ class LoopbackAgent {
     std::vector<Exchange> exchanges_;
     std::thread thread_;
 };
-
-// A port of 127.0.0.1 that nobody listens on as long as the process runs.
-[[nodiscard]] std::uint16_t UnusedPort();
 
 // Bytes out of words and text, for literals with a line a field.
 [[nodiscard]] Bytes Join(std::initializer_list<Bytes> fields);

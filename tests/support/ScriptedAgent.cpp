@@ -1,7 +1,5 @@
 #include "tests/support/ScriptedAgent.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -11,8 +9,6 @@
 
 namespace quorvi {
 namespace {
-
-constexpr int kBacklog = 64;
 
 AgentCommand CommandOf(const Bytes& request) {
     return static_cast<AgentCommand>(request.size() < 4 ? 0 : ReadUInt32(request.data()));
@@ -54,21 +50,7 @@ void SendAll(const TcpSocket& socket, std::span<const std::byte> bytes) {
 }  // namespace
 
 ScriptedAgent::ScriptedAgent(std::uint16_t port)
-    : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP)) {
-    // A port that was asked for may have served a moment ago. A free one shall nobody share.
-    const int on = port == 0 ? 0 : 1;
-    setsockopt(listener_.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* raw = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_.Descriptor(), raw, size) == 0 &&
-        listen(listener_.Descriptor(), kBacklog) == 0 &&
-        getsockname(listener_.Descriptor(), raw, &size) == 0) {
-        port_ = ntohs(address.sin_port);
-    }
+    : listener_(ListenOn(port)), port_(PortOf(listener_)) {
     acceptor_ = std::thread([this] { AcceptAll(); });
 }
 

@@ -14,6 +14,7 @@
 #include "agent/AgentCommand.h"
 #include "agent/Wire.h"
 #include "base/os/TcpSocket.h"
+#include "tests/support/LoopbackPort.h"
 
 namespace quorvi {
 
