@@ -2,12 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
-#include <utility>
 
-#include "agent/Wire.h"
 #include "base/Json.h"
-#include "tests/support/LoopbackAgent.h"
+#include "tests/support/AgentFixture.h"
 #include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
@@ -38,21 +35,7 @@ Bytes SystemInformation(const Bytes& model) {
     });
 }
 
-class InfoCommand : public testing::Test {
-  protected:
-    // False when the suite's port belongs to somebody else.
-    bool Start(Answer answer) {
-        agent_ = std::make_unique<LoopbackAgent>(std::move(answer), AgentPort);
-        return agent_->Port() == AgentPort;
-    }
-
-    std::unique_ptr<LoopbackAgent> agent_;
-};
-
-#define START_OR_SKIP(...)                      \
-    if (!Start(__VA_ARGS__)) {                  \
-        GTEST_SKIP() << "port 50505 is in use"; \
-    }
+class InfoCommand : public AgentFixture {};
 
 TEST_F(InfoCommand, PrintsTheNineteenRowsInOrder) {
     START_OR_SKIP({.bytes = Framed(SystemInformation(Text("魅族 M9")))});

@@ -44,7 +44,7 @@ TEST(LinkCommand, WithoutAdbItEndsInTheErrorState) {
     const Ended ended =
         RunLine("PATH=/nonexistent " QUORVI_BIN_DIR "/quorvictl link --json 2>/dev/null");
     EXPECT_EQ(ended.status, 2);
-    // The bracket that is never closed is meant.
+    // Kept on purpose: the window shows this text, with its bracket left open, too.
     EXPECT_EQ(Banners(ended.output), (std::vector<Banner>{
                                          {0, "连接设备中..."},
                                          {1, "【组件丢失，请重新安装"},

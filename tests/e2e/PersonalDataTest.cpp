@@ -19,7 +19,7 @@ class PersonalData : public testing::Test {
         ASSERT_EQ(rig_.Error(), "");
         ASSERT_EQ(rig_.BringAgentUp(0), "");
     }
-    // Whatever a story did, no frame of it was wrong.
+    // Each request of a story had the frame that its command asks for.
     void TearDown() override { EXPECT_EQ(rig_.Control(0, "deviations"), "ok\n"); }
 
     Json::Value Ask(std::vector<std::string> arguments, const std::string& input = {}) {
@@ -108,7 +108,7 @@ TEST_F(PersonalData, AGroupIsAddedRenamedAndDeleted) {
     const Json::Value groups = Ask({"groups", "list"});
     EXPECT_TRUE(Pick(groups, "title", "旧组").isNull());
     EXPECT_TRUE(Pick(groups, "title", "徒步小队").isNull());
-    // Who was in it is there still.
+    // Its members stay as contacts.
     EXPECT_EQ(Ask({"contacts", "show", "1"})["groups"].size(), 1u);
 }
 

@@ -52,7 +52,7 @@ class ChangeFaults : public WindowFaults,
     static void TypeIn(int dialog, int control, const QString& text);
     // Does what asks for a confirmation, and waits for the question.
     static void Ask(const std::function<void()>& how);
-    // What the user names things, and a list in which it stands behind the others, or first.
+    // The name that each change gives, and what a change makes of the names that are shown.
     static QString NewName() { return ToQString(u8"新名字"); }
     static void Appended(QStringList& shown) { shown.append(NewName()); }
     static void FirstRenamed(QStringList& shown) { shown[0] = NewName(); }

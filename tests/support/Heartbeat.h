@@ -1,4 +1,4 @@
-// Whether the window's thread is alive, told by the events that it takes.
+// Whether the window's thread still handles events.
 #pragma once
 
 #include <QTimer>
@@ -10,9 +10,10 @@
 
 namespace quorvi {
 
-// Beats on the window's thread, on which the tests run too: whoever awaited a reply there would
-// stop the heart and the test alike. So a watch on a thread of its own sees the heart stand still
-// for long; it has the reply let go then, and remembers that it had to.
+// A timer of the window's thread beats all the time. The tests run on that thread too, so a page
+// that waited for a reply there would stop the test with it. A thread of the heart's own therefore
+// watches: when no beat comes for long it calls `rescue`, which lets the reply go, and remembers
+// that it had to.
 class Heartbeat {
   public:
     // `rescue` is called on the watch's thread.
@@ -20,7 +21,7 @@ class Heartbeat {
     ~Heartbeat();
 
     [[nodiscard]] int Beats() const { return beats_; }
-    // Whether it has, since this was asked last.
+    // Whether the beats have stopped since this was asked last.
     [[nodiscard]] bool HasStopped() { return stopped_.exchange(false); }
 
   private:

@@ -32,9 +32,10 @@ class PagesOnPhone : public testing::Test {
     static constexpr int kMessages = 11;
     static constexpr int kCalls = 12;
 
-    // The phone as it was delivered and linked, its log empty, no dialog open, nothing said.
+    // The phone as it was delivered and linked, its log empty, no dialog open, the status label as
+    // at the start.
     void SetUp() override;
-    // Whatever a test did, no frame of it was wrong.
+    // Expects that each request of the test had the frame that its command asks for.
     void TearDown() override;
 
     static PhoneDesk& Desk() { return *desk_; }

@@ -16,14 +16,14 @@ namespace quorvi {
 
 // What the window has of a reply.
 enum class Left {
-    whole,    // all of it, if late
+    whole,    // all of it, perhaps late
     nothing,  // no data, no reply, or one that broke: the reading ends early, without a word
     absent,   // the absent mark stands where the first text would
     blank,    // it ends within the first record behind its id: the other fields are empty
-    over,     // a length points outside, or not even an id is whole: the run is over at its start
-    some,     // the run is over behind a record or two; of a single record nothing
-    refused,  // no connection: the one failure that is told in words
-    cable,    // the phone goes with the reply, and the link with it
+    over,     // a length points outside, or the first id is cut: not one record can be read
+    some,     // one or two records can be read; of a reply with one record nothing
+    refused,  // no connection: the only failure that the status label names
+    cable,    // the phone is unplugged while it replies, and the link goes with it
 };
 
 enum class Means {
@@ -97,13 +97,14 @@ class WindowFaults : public PagesOnPhone {
     void TearDown() override;
 
     // Does `act`, which has the phone asked `code`, under a fault, to the end of all that follows.
-    // The window's thread stays alive, and nothing is said but what must be.
+    // Expects that the window's thread stays alive, and that the status label says no more than it
+    // should.
     void Suffer(const FaultMode& mode, AgentCommand code, const std::function<void()>& act);
     // What Suffer does besides while the phone holds its reply.
     void SetLook(std::function<void()> look) { look_ = std::move(look); }
     // The phone and its link as they should be, and nothing said.
     void Lift();
-    // With the phone unplugged, `refresh` is told so.
+    // Expects that with the phone unplugged the status label names the failure after `refresh`.
     static void ExpectNoLink(const std::function<void()>& refresh);
 
     [[nodiscard]] static QString Ready() { return ToQString(u8"就绪"); }

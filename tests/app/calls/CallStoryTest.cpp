@@ -71,7 +71,8 @@ TEST_F(CallStory, TickedCallsAreDeletedAndThenAllTheRest) {
                                                  .U32(870304)  // code
                                                  .U32(12)      // total
                                                  .U32(1))));   // item count, of nothing
-    // An empty log is answered with no data, which leaves the list without redraw. This is meant.
+    // The phone answers for an empty log that it has no data. Kept on purpose: that leaves the list
+    // without redraw, as every early end of a load does.
     EXPECT_FALSE(List().Redraw());
     EXPECT_EQ(Requests(870301).size(), 2u);
     EXPECT_EQ(Status(), ToQString(u8"就绪"));
