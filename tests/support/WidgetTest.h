@@ -1,7 +1,7 @@
 // What a widget test needs: an application, and a way to let the window's thread run.
 #pragma once
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "tests/support/WaitFor.h"
 
 namespace quorvi {

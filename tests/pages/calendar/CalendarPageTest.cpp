@@ -10,7 +10,7 @@
 
 #include "pages/calendar/CalendarPage.h"
 #include "tests/support/PageTest.h"
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"

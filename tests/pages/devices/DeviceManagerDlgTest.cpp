@@ -12,7 +12,7 @@
 #include "pages/devices/DeviceManagerDlg.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/LoopbackAgent.h"
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/page/Job.h"

@@ -5,7 +5,7 @@
 #include <QUrl>
 
 #include "pages/numbers/NumberQueryDlg.h"
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "tests/support/SmallPhoneDb.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"

@@ -4,7 +4,7 @@
 #include <QAccessible>
 #include <QTest>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "tests/support/SampleList.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QuestionDlg.h"

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -31,11 +31,7 @@ class ControlsTest : public QtTest {
         layout_->addWidget(SetControlNumber(control, number, name));
         return control;
     }
-    void Show() {
-        window_.show();
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
-    }
+    void Show() { ShowActive(window_); }
     static QPoint Middle(const QWidget* widget) { return widget->rect().center(); }
 
     QWidget window_;

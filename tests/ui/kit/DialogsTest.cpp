@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
@@ -17,16 +17,14 @@ class DialogsTest : public QtTest {
   protected:
     void SetUp() override {
         window_.resize(600, 400);
-        window_.show();
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        ShowActive(window_);
     }
 
     // Opens the dialog and keeps its result once it has ended.
     template <typename Dialog>
     Dialog* Open(Dialog* dialog) {
         dialog->Open([this](int result) { result_ = result; });
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog, kPatience));
         return dialog;
     }
     [[nodiscard]] QWidget* FindScrim() const {
@@ -64,7 +62,7 @@ TEST_F(DialogsTest, TheDeleteQuestionDefaultsToCancel) {
     auto* dialog = Open(new CConfirmDeleteDlg(QStringLiteral("?"), &window_));
     auto* cancel = FindControl<QPushButton>(dialog, 1021);
     EXPECT_TRUE(cancel->isDefault());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return cancel->hasFocus(); }));
+    EXPECT_TRUE(WaitFor([&] { return cancel->hasFocus(); }));
     EXPECT_TRUE(FocusRing::ShownOn(cancel));
     QTest::keyClick(dialog, Qt::Key_Return);
     EXPECT_EQ(result_, QDialog::Rejected);

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/SkinFields.h"
 
 namespace quorvi {
@@ -61,9 +61,7 @@ TEST_F(FieldsTest, TheWheelTurnsAComboOnlyWhileItHasTheFocus) {
     CSkinCombo combo(&window);
     combo.addItems({QStringLiteral("1"), QStringLiteral("2")});
     CSkinEdit edit({}, &window);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ShowActive(window);
     edit.setFocus();
     Turn(combo);
     EXPECT_EQ(combo.currentIndex(), 0);

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinTree.h"
 #include "ui/look/FocusRing.h"
@@ -24,9 +24,7 @@ class TreeTest : public QtTest {
   protected:
     void SetUp() override {
         window_.resize(300, 300);
-        window_.show();
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        ShowActive(window_);
     }
     CSkinTree* Make(CSkinTree::Ticks ticks) {
         auto* tree = SetControlNumber(new CSkinTree(&window_, ticks), 1184, QStringLiteral("树"));

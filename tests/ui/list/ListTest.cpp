@@ -7,7 +7,7 @@
 #include <QToolTip>
 
 #include "tests/support/PictureFiles.h"
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "tests/support/SampleList.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/list/SkinHeader.h"
@@ -30,9 +30,7 @@ class ListTest : public QtTest {
         list_ = SetControlNumber(new SampleListCtrl(&window_), 1067, QStringLiteral("联系人"));
         list_->setGeometry(0, 0, 760, 462);
         list_->SetObserver(&observer_);
-        window_.show();
-        window_.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+        ShowActive(window_);
     }
     void Fill(int count) { list_->SetRecords(SampleRecords(count)); }
     // A click in the middle of a cell, or at `at` in it.

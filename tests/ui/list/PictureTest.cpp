@@ -6,7 +6,7 @@
 #include <array>
 
 #include "tests/support/PictureFiles.h"
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/list/DecodePicture.h"
 #include "ui/look/Look.h"
 

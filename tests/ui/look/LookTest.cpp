@@ -9,7 +9,7 @@
 #include <map>
 #include <set>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/look/DesktopWishes.h"
 #include "ui/look/Look.h"
 

@@ -7,13 +7,11 @@
 #include <thread>
 #include <vector>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
-
-constexpr int kPatienceMs = 30'000;  // the machine may be busy
 
 class Jobs : public QtTest {
   protected:
@@ -33,7 +31,7 @@ TEST_F(Jobs, PostsRunOnTheWindowsThreadInTheOrderOfTheCalls) {
         }
     }).join();
     EXPECT_TRUE(ran.empty());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ran.size() == kPosts; }, kPatienceMs));
+    ASSERT_TRUE(WaitFor([&] { return ran.size() == kPosts; }));
     std::vector<int> told(kPosts);
     std::iota(told.begin(), told.end(), 0);
     EXPECT_EQ(ran, told);
@@ -56,7 +54,7 @@ TEST_F(Jobs, ManyWorkersPostAtOnce) {
             }
         });
     }
-    ASSERT_TRUE(QTest::qWaitFor([&] { return all == kWorkers * kPosts; }, kPatienceMs));
+    ASSERT_TRUE(WaitFor([&] { return all == kWorkers * kPosts; }));
     for (std::thread& worker : workers) {
         worker.join();
     }
@@ -78,7 +76,7 @@ TEST_F(Jobs, WhatRunsMayTurnTheWindowsLoopItself) {
         ran.push_back(4);
     });
     PostToWindow(page_.get(), [&] { ran.push_back(2); });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ran.size() == 4; }, kPatienceMs));
+    ASSERT_TRUE(WaitFor([&] { return ran.size() == 4; }));
     EXPECT_EQ(ran, (std::vector{1, 2, 3, 4}));
 }
 
@@ -91,7 +89,7 @@ TEST_F(Jobs, APostToAPageThatIsGoneIsDroppedOnTheWindowsThread) {
         PostToWindow(page, [held = std::move(held)] { FAIL() << "reached a page that is gone"; });
     }).join();
     page_.reset();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return dropped.load() != std::thread::id(); }, kPatienceMs));
+    ASSERT_TRUE(WaitFor([&] { return dropped.load() != std::thread::id(); }));
     EXPECT_EQ(dropped.load(), std::this_thread::get_id());
 }
 
@@ -107,7 +105,7 @@ TEST_F(Jobs, TheResultOfAJobComesToTheWindowWhole) {
             return made;
         },
         [&got](std::vector<int>&& result) { got = std::move(result); });
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !got.empty(); }, kPatienceMs));
+    ASSERT_TRUE(WaitFor([&] { return !got.empty(); }));
     EXPECT_EQ(std::accumulate(got.begin(), got.end(), 0), 499500);
 }
 

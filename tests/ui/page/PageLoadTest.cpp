@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "tests/support/QtMain.h"
+#include "tests/support/QtTest.h"
 #include "ui/page/PageLoad.h"
 
 namespace quorvi {
@@ -14,10 +14,6 @@ constexpr int kKey = 4;
 
 class PageLoading : public QtTest {
   protected:
-    [[nodiscard]] static bool WaitFor(const std::function<bool()>& reached) {
-        return QTest::qWaitFor(reached, 30'000);
-    }
-
     PageLoadState state_;
     std::unique_ptr<QObject> page_ = std::make_unique<QObject>();
     PageLoad load_{*page_, state_, kKey};

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QWidget>
 
+#include "tests/support/WaitFor.h"
 #include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
@@ -20,6 +22,14 @@ class QtTest : public ::testing::Test {
         if (QApplication::instance() == nullptr) {
             ApplyLook(*new QApplication(count, arguments));
         }
+    }
+
+  protected:
+    // Shows a window, and waits until it is the active one, to which keys go.
+    static void ShowActive(QWidget& window) {
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window, kPatience));
     }
 };
 
