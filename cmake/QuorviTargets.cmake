@@ -102,9 +102,14 @@ function(quorvi_program name)
 endfunction()
 
 # Whether a test program may have a network of its own, as root or as root of a user namespace
-# (tests/support/PrivateNetwork.cpp).
+# (tests/support/PrivateNetwork.cpp). The latter is for processes of one thread, and the thread
+# sanitizer brings one of its own.
 function(quorvi_find_own_network)
-  foreach(options "--net" "--user;--net")
+  set(ways "--net")
+  if(NOT QUORVI_SANITIZE MATCHES "thread")
+    list(APPEND ways "-Un")
+  endif()
+  foreach(options ${ways})
     execute_process(COMMAND unshare ${options} true RESULT_VARIABLE status OUTPUT_QUIET ERROR_QUIET)
     if(status EQUAL 0)
       set(QUORVI_OWN_NETWORK ON PARENT_SCOPE)
