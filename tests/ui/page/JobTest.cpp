@@ -118,7 +118,7 @@ TEST_F(Jobs, AJobIsOnItsWayUntilWhatItBringsHasBeenTaken) {
         [&](int) { running = RunningJobs(); });
     EXPECT_EQ(RunningJobs(), 1);
     answer.set_value(1);
-    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatienceMs));
+    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatience));
     EXPECT_EQ(running, 1);
 }
 
@@ -132,7 +132,7 @@ TEST_F(Jobs, AJobWhosePageHasGoneIsNotOnItsWayForEver) {
     page_.reset();
     EXPECT_EQ(RunningJobs(), 1);
     answer.set_value(1);
-    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatienceMs));
+    ASSERT_TRUE(QTest::qWaitFor([] { return RunningJobs() == 0; }, kPatience));
     EXPECT_FALSE(taken);
 }
 
