@@ -23,38 +23,38 @@ class Observers {
     using Observer = std::function<void(const Event& event)>;
 
     [[nodiscard]] Subscription Add(Observer observer) {
-        auto added = std::make_shared<const Observer>(std::move(observer));
+        Subscription subscription = std::make_shared<char>();
         const std::lock_guard lock(mutex_);
-        observers_.push_back(added);
-        return added;
+        observers_.push_back({subscription, std::make_shared<const Observer>(std::move(observer))});
+        return subscription;
     }
 
     // Calls every observer on this thread, in the order in which they were added, and holds no lock
-    // meanwhile: an observer may add others, or give up its own subscription. One whose
-    // subscription goes while it is told on another thread hears that call to its end.
+    // meanwhile: an observer may add others, or give up its own subscription, and is told of
+    // nothing more then. One whose subscription goes while it is told on another thread hears that
+    // call to its end.
     void Tell(const Event& event) {
-        for (const auto& observer : Present()) {
-            (*observer)(event);
+        for (const Entry& entry : Present()) {
+            if (!entry.subscription.expired()) {
+                (*entry.observer)(event);
+            }
         }
     }
 
   private:
-    std::vector<std::shared_ptr<const Observer>> Present() {
+    struct Entry {
+        std::weak_ptr<const void> subscription;
+        std::shared_ptr<const Observer> observer;
+    };
+
+    std::vector<Entry> Present() {
         const std::lock_guard lock(mutex_);
-        std::vector<std::shared_ptr<const Observer>> present;
-        std::erase_if(observers_, [&](const std::weak_ptr<const Observer>& observer) {
-            auto there = observer.lock();
-            if (!there) {
-                return true;
-            }
-            present.push_back(std::move(there));
-            return false;
-        });
-        return present;
+        std::erase_if(observers_, [](const Entry& entry) { return entry.subscription.expired(); });
+        return observers_;
     }
 
     std::mutex mutex_;
-    std::vector<std::weak_ptr<const Observer>> observers_;
+    std::vector<Entry> observers_;
 };
 
 }  // namespace quorvi
