@@ -21,7 +21,8 @@
 
 namespace quorvi {
 
-// How a session ended. A send that fails is no outcome of its own: the reading behind it tells.
+// How a session ended. A send that fails has no outcome of its own: the connection is broken then,
+// and the reading that follows ends as noReply or receiveFailed.
 enum class SessionOutcome {
     complete,  // the whole reply is there
     cut,       // closed before the whole payload had come: parsed all the same, see ReplyBuffer

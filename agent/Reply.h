@@ -1,4 +1,5 @@
-// What a session brings back, and how it is read: bounded, and never believing a length.
+// What a session brings back, and how it is read: never outside the bytes that came, whatever
+// lengths the reply states.
 #pragma once
 
 #include <cstddef>

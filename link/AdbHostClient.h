@@ -57,8 +57,9 @@ class AdbHostClient {
     [[nodiscard]] bool Request(const TcpSocket& socket, std::string_view service) const;
 
     // Has the server forward 127.0.0.1:50505 to port 50505 of the phone; done again without harm
-    // where it stands. True if it stands. Each event is reported as it happens, and what fails goes
-    // on all the same, which is meant: an empty serial gives `noSerial` and then `refused`.
+    // where it stands. True if it stands. Each event is reported as it happens, and a step that
+    // fails does not end the procedure: an empty serial gives `noSerial` and then `refused`. Kept
+    // on purpose (AdbHostClient.EmptySerialIsToldAndThenRefused).
     bool ForwardAgentPort(std::string_view serial, const ForwardReport& report) const;
 
     // A connection switched to the phone's transport, on which further services go to the phone;

@@ -151,7 +151,9 @@ void CPhoneDb::Open(const std::filesystem::path& directory, std::span<const std:
         return;
     }
     if (!S_ISREG(status.st_mode) || status.st_uid != ::geteuid()) {
-        // Whoever owns the file could fill it with anything, or cut it under a mapping's feet.
+        // Another user owns the file and could write anything into it, or shorten it while it is
+        // mapped,
+        // which would end this process at its next look-up.
         entries_ = resource;
         return;
     }

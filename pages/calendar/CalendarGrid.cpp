@@ -117,7 +117,7 @@ class DayDelegate : public QStyledItemDelegate {
         painter.setPen(look::color(marked ? Color::plum7 : Color::ink2));
         painter.drawText(line, Qt::AlignCenter, index.data(CalendarModel::roleNote).toString());
     }
-    // A word in a disc: the mark does not hang on its colour.
+    // Today's mark is a word in a disc, so that who cannot tell the colour sees it too.
     static void PaintToday(QPainter& painter, const QRect& cell) {
         const QRect disc(cell.right() - Metric::calendarTodayInset - Metric::badge,
                          cell.top() + Metric::calendarTodayInset, Metric::badge, Metric::badge);
@@ -275,7 +275,7 @@ void CalendarGrid::selectionChanged(const QItemSelection& selected, const QItemS
     }
 }
 
-// A press on an empty cell leaves the chosen day as it is, and none takes it away.
+// A press on an empty cell leaves the chosen day selected; no press unselects it.
 QItemSelectionModel::SelectionFlags CalendarGrid::selectionCommand(const QModelIndex& index,
                                                                    const QEvent*) const {
     return model_->DateAt(index) ? QItemSelectionModel::ClearAndSelect

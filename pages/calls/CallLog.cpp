@@ -28,7 +28,7 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
     return ReadRun<CallLogRow>(reply, [&](ReplyCursor& cursor, CallLogRow& row) {
         row.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return RecordEnd::cut;  // what is done to the row would befall another call
+            return RecordEnd::cut;  // a change of the row would go to whatever call has this id
         }
         auto number = cursor.TakeText();
         if (!number) {

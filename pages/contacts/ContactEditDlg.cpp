@@ -233,7 +233,7 @@ void CContactEditDlg::SetBusy(bool busy) {
 
 void CContactEditDlg::Load() {
     record_ = {};
-    // What a save goes to when the phone gave no record.
+    // When the phone gave no record, a save goes to this contact all the same.
     record_.id = contactId_;
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
     SetBusy(true);
@@ -268,7 +268,7 @@ void CContactEditDlg::Notice(int state, std::u8string_view text) {
     ShowNotice();
 }
 
-// What is being typed comes first.
+// The warning about what is being typed goes before what there is to say of the contact.
 void CContactEditDlg::ShowNotice() {
     const bool lossy = !lossy_.empty();
     notice_->SetState(lossy ? CSkinStateLabel::kRed : noticeState_,

@@ -10,7 +10,7 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
     return ReadRun<ContactGroup>(reply, [](ReplyCursor& cursor, ContactGroup& group) {
         group.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return RecordEnd::cut;  // what is done to the row would befall another group
+            return RecordEnd::cut;  // a change of the row would go to whatever group has this id
         }
         auto title = cursor.TakeText();
         if (!title) {

@@ -25,7 +25,7 @@ ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attr
     return ReadRun<ContactListRow>(*reply, [&](ReplyCursor& cursor, ContactListRow& row) {
         row.contactId = cursor.TakeId();
         if (cursor.IsCut()) {
-            return RecordEnd::cut;  // what is done to the row would befall another contact
+            return RecordEnd::cut;  // a change of the row would go to whatever contact has this id
         }
         row.secondId = cursor.TakeId();
         auto name = cursor.TakeText();

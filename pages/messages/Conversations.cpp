@@ -40,7 +40,7 @@ std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
     const auto take = [&](ReplyCursor& cursor, Conversation& conversation) {
         conversation.id = cursor.TakeId();
         if (cursor.IsCut()) {
-            return RecordEnd::cut;  // its links would lead to another conversation
+            return RecordEnd::cut;  // a cut id is the id of some other conversation
         }
         auto name = cursor.TakeText();
         if (!name) {
@@ -120,7 +120,7 @@ std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& re
             return RecordEnd::mark;
         }
         if (cursor.IsCut()) {
-            return RecordEnd::cut;  // half a number is somebody else's
+            return RecordEnd::cut;  // a cut number belongs to somebody else
         }
         message.address = std::move(*address);
         message.date = TakeDate(cursor);

@@ -39,7 +39,7 @@ bool ReadGroupMembers(const ReplyBuffer& reply, GroupMembers& members) {
         }
         std::string number = cursor.TakeTextOrEmpty();
         if (cursor.IsCut()) {
-            return true;  // half a number is somebody else's
+            return true;  // a cut number belongs to somebody else
         }
         members[id].emplace(std::move(*name), std::move(number));
     } while (!cursor.AtEnd());

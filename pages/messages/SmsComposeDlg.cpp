@@ -174,7 +174,7 @@ void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
         ShowConnectError(host_);
     }
     if (shown) {
-        recipients_->setText(ToShownQString(party));  // a megabyte is no number
+        recipients_->setText(ToShownQString(party));  // cut where it is too long for any number
     }
 }
 
@@ -268,7 +268,8 @@ void CSmsComposeDlg::Send() {
     if (text.empty() || numbers.empty()) {
         return;
     }
-    // What is on its way cannot be called back; the window may be closed all the same.
+    // The message cannot be called back from here on, so the dialog ends with Accepted even if the
+    // user closes it now.
     EndWithOk();
     send_->setEnabled(false);
     cancel_->setEnabled(false);

@@ -102,7 +102,7 @@ QWidget* NumberQueryDlg::MakeAnswer() {
     return answer_;
 }
 
-// The box gives up what is behind its eleventh character, wherever the new ones were typed.
+// Cuts the text to its first eleven characters, wherever in it new ones were typed.
 void NumberQueryDlg::CutText() {
     const QString text = number_->text();
     if (text.size() > kQueryLength) {

@@ -98,7 +98,8 @@ TEST(ParseDevices, PositionsOfTheTwoWordsDecide) {
     EXPECT_THAT(ParseDevices("one device\n"), ElementsAre("one"));
 }
 
-// Every "device" and every blank goes, those inside the serial too; this is meant.
+// Every "device" and every blank goes, those inside the serial too: kept on purpose, since
+// that is how the list has always been read.
 TEST(ParseDevices, WordInsideASerialIsRemovedToo) {
     EXPECT_THAT(ParseDevices("my device 1\tdevice\n"), ElementsAre("my1"));
 }
@@ -165,7 +166,7 @@ TEST(HoldsPackage, FindsTheAgentAmongOthers) {
     EXPECT_FALSE(HoldsPackage("", "com.quorvi.Quorvi"));
 }
 
-// The name may stand anywhere in a line; this is meant.
+// The name may stand anywhere in a line: kept on purpose, as HoldsPackage says.
 TEST(HoldsPackage, LongerPackageNamePassesTheTest) {
     EXPECT_TRUE(HoldsPackage("package:com.quorvi.Quorvi.plugin\n", "com.quorvi.Quorvi"));
 }

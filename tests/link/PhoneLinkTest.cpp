@@ -306,7 +306,7 @@ TEST_F(PhoneLinkTest, NegativeVersionIsAnError) {
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
 }
 
-// A longer name passes for the agent's; this is meant.
+// A package with a longer name passes for the agent: kept on purpose, as HoldsPackage says.
 TEST_F(PhoneLinkTest, LongerPackageNamePassesForTheAgent) {
     AgentHasVersion(20);
     Print("packages", "package:com.quorvi.Quorvi.plugin\n");
