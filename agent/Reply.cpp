@@ -1,7 +1,5 @@
 #include "agent/Reply.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -11,24 +9,8 @@
 
 namespace quorvi {
 
-void Unmapper::operator()(std::byte* memory) const {
-    munmap(memory, length_);
-}
-
-ReplyBuffer::ReplyBuffer(std::uint32_t length) {
-    if (length == 0) {
-        return;
-    }
-    // Pages of an anonymous mapping are zero, and cost nothing until bytes are put there.
-    void* memory = mmap(nullptr, length, PROT_READ | PROT_WRITE,
-                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (memory == MAP_FAILED) {
-        return;
-    }
-    memory_ =
-        std::unique_ptr<std::byte[], Unmapper>(static_cast<std::byte*>(memory), Unmapper{length});
-    length_ = length;
-}
+ReplyBuffer::ReplyBuffer(std::uint32_t length)
+    : memory_(MappedMemory::Zeroed(length)), length_(memory_.Empty() ? 0 : length) {}
 
 ReplyBuffer::ReplyBuffer(ReplyBuffer&& other) noexcept
     : memory_(std::move(other.memory_)),
@@ -52,7 +34,7 @@ ReplyBuffer ReplyBuffer::Holding(std::span<const std::byte> bytes) {
 }
 
 std::span<std::byte> ReplyBuffer::Room() {
-    return {memory_.get() + received_, memory_.get() + length_};
+    return memory_.Writable().subspan(received_);
 }
 
 void ReplyBuffer::Commit(std::size_t count) {

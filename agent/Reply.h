@@ -12,18 +12,9 @@
 #include <utility>
 
 #include "agent/Wire.h"
+#include "base/os/MappedMemory.h"
 
 namespace quorvi {
-
-// Gives a mapping of that many bytes back.
-class Unmapper {
-  public:
-    explicit Unmapper(std::size_t length = 0) : length_(length) {}
-    void operator()(std::byte* memory) const;
-
-  private:
-    std::size_t length_;
-};
 
 // The payload of a reply: Length() bytes, of which the first Received() came from the phone and the
 // rest (a reply that was cut) are zero. The memory grows with the bytes that arrive, not with the
@@ -41,14 +32,14 @@ class ReplyBuffer {
 
     [[nodiscard]] std::uint32_t Length() const { return length_; }
     [[nodiscard]] std::uint32_t Received() const { return received_; }
-    [[nodiscard]] const std::byte* Data() const { return memory_.get(); }
+    [[nodiscard]] const std::byte* Data() const { return memory_.Bytes().data(); }
 
     // Room behind what has been received; Commit counts bytes written there.
     [[nodiscard]] std::span<std::byte> Room();
     void Commit(std::size_t count);
 
   private:
-    std::unique_ptr<std::byte[], Unmapper> memory_;
+    MappedMemory memory_;
     std::uint32_t length_ = 0;
     std::uint32_t received_ = 0;
 };

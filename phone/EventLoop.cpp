@@ -21,16 +21,12 @@ void Add(int counter, std::uint64_t value) {
 }  // namespace
 
 EventLoop::EventLoop() : wakeup_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
-    Watch(wakeup_, POLLIN, [this](short) {
+    Watch(wakeup_.Get(), POLLIN, [this](short) {
         std::uint64_t count = 0;
-        if (read(wakeup_, &count, sizeof count) == sizeof count && count >= kStopCount) {
+        if (read(wakeup_.Get(), &count, sizeof count) == sizeof count && count >= kStopCount) {
             stopping_ = true;
         }
     });
-}
-
-EventLoop::~EventLoop() {
-    close(wakeup_);
 }
 
 void EventLoop::Watch(int descriptor, short events, Ready ready) {
@@ -62,11 +58,11 @@ void EventLoop::Post(Task task) {
         const std::lock_guard lock(mutex_);
         posted_.push_back(std::move(task));
     }
-    Add(wakeup_, 1);
+    Add(wakeup_.Get(), 1);
 }
 
 void EventLoop::Stop() {
-    Add(wakeup_, kStopCount);
+    Add(wakeup_.Get(), kStopCount);
 }
 
 void EventLoop::Run() {

@@ -12,6 +12,8 @@
 #include <mutex>
 #include <vector>
 
+#include "base/os/FileDescriptor.h"
+
 namespace quorvi::phone {
 
 class EventLoop {
@@ -21,7 +23,7 @@ class EventLoop {
     using TimerId = std::uint64_t;
 
     EventLoop();
-    ~EventLoop();
+    ~EventLoop() = default;
     EventLoop(const EventLoop&) = delete;
     EventLoop& operator=(const EventLoop&) = delete;
 
@@ -65,7 +67,7 @@ class EventLoop {
     TimerId lastTimer_ = 0;
     std::mutex mutex_;
     std::vector<Task> posted_;
-    int wakeup_;
+    FileDescriptor wakeup_;
     bool stopping_ = false;
 };
 

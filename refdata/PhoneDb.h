@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Places.h"
+#include "base/os/MappedMemory.h"
 
 namespace quorvi {
 
@@ -27,7 +28,7 @@ class CPhoneDb {
     // As above; `resource` outlives the instance.
     CPhoneDb(const std::filesystem::path& directory, std::span<const std::byte> resource);
     // Closes the file. It stays in the temporary directory.
-    ~CPhoneDb();
+    ~CPhoneDb() = default;
     CPhoneDb(CPhoneDb&& other) noexcept;
     CPhoneDb& operator=(CPhoneDb&& other) noexcept;
 
@@ -37,10 +38,9 @@ class CPhoneDb {
 
   private:
     void Open(const std::filesystem::path& directory, std::span<const std::byte> resource);
-    void Unmap();
 
     std::vector<std::byte> ownResource_;
-    std::span<const std::byte> mapping_;
+    MappedMemory mapping_;
     std::span<const std::byte> entries_;  // mapping_, or the resource where that is not to be used
 };
 

@@ -5,10 +5,8 @@
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 namespace quorvi {
 namespace {
@@ -40,17 +38,6 @@ bool ConnectTo(int descriptor, const sockaddr_in& address) {
 
 }  // namespace
 
-TcpSocket::TcpSocket(TcpSocket&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)) {}
-
-TcpSocket& TcpSocket::operator=(TcpSocket&& other) noexcept {
-    if (this != &other) {
-        Close();
-        descriptor_ = std::exchange(other.descriptor_, -1);
-    }
-    return *this;
-}
-
 TcpSocket TcpSocket::Connect(std::uint16_t port, Delay delay) {
     TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, IPPROTO_TCP));
     if (!socket.IsOpen()) {
@@ -58,13 +45,13 @@ TcpSocket TcpSocket::Connect(std::uint16_t port, Delay delay) {
     }
     if (delay == Delay::none) {
         const int on = 1;
-        setsockopt(socket.descriptor_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        setsockopt(socket.Descriptor(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     }
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (!ConnectTo(socket.descriptor_, address)) {
+    if (!ConnectTo(socket.Descriptor(), address)) {
         socket.Close();
     }
     return socket;
@@ -74,7 +61,7 @@ std::ptrdiff_t TcpSocket::Send(std::span<const std::byte> bytes) const {
     std::size_t sent = 0;
     while (sent < bytes.size()) {
         const std::ptrdiff_t count =
-            send(descriptor_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+            send(Descriptor(), bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
         if (count < 0 && errno == EINTR) {
             continue;
         }
@@ -87,17 +74,11 @@ std::ptrdiff_t TcpSocket::Send(std::span<const std::byte> bytes) const {
 }
 
 std::ptrdiff_t TcpSocket::Receive(std::span<std::byte> bytes) const {
-    return ReceiveOnce(descriptor_, bytes, 0);
+    return ReceiveOnce(Descriptor(), bytes, 0);
 }
 
 std::ptrdiff_t TcpSocket::ReceiveAll(std::span<std::byte> bytes) const {
-    return ReceiveOnce(descriptor_, bytes, MSG_WAITALL);
-}
-
-void TcpSocket::Close() {
-    if (IsOpen()) {
-        close(std::exchange(descriptor_, -1));
-    }
+    return ReceiveOnce(Descriptor(), bytes, MSG_WAITALL);
 }
 
 }  // namespace quorvi

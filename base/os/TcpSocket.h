@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <span>
 
+#include "base/os/FileDescriptor.h"
+
 namespace quorvi {
 
 class TcpSocket {
@@ -12,18 +14,14 @@ class TcpSocket {
     TcpSocket() = default;
     // Takes over an open descriptor.
     explicit TcpSocket(int descriptor) : descriptor_(descriptor) {}
-    ~TcpSocket() { Close(); }
-    TcpSocket(TcpSocket&& other) noexcept;
-    TcpSocket& operator=(TcpSocket&& other) noexcept;
-
     enum class Delay { keep, none };
 
     // A stream socket connected to 127.0.0.1:port, with TCP_NODELAY unless told to keep the delay;
     // not open if the connection was refused. Blocks without a time limit.
     [[nodiscard]] static TcpSocket Connect(std::uint16_t port, Delay delay = Delay::none);
 
-    [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
-    [[nodiscard]] int Descriptor() const { return descriptor_; }
+    [[nodiscard]] bool IsOpen() const { return descriptor_.IsOpen(); }
+    [[nodiscard]] int Descriptor() const { return descriptor_.Get(); }
 
     // One send of all bytes; the count sent, or -1. Raises no signal when the peer is gone.
     std::ptrdiff_t Send(std::span<const std::byte> bytes) const;
@@ -35,10 +33,10 @@ class TcpSocket {
     // less than asked after a close, or -1.
     std::ptrdiff_t ReceiveAll(std::span<std::byte> bytes) const;
 
-    void Close();
+    void Close() { descriptor_.Close(); }
 
   private:
-    int descriptor_ = -1;
+    FileDescriptor descriptor_;
 };
 
 }  // namespace quorvi
