@@ -85,6 +85,8 @@ class ReplyCursor {
     [[nodiscard]] std::uint32_t TakeUInt32();
     [[nodiscard]] std::int32_t TakeInt32() { return static_cast<std::int32_t>(TakeUInt32()); }
     [[nodiscard]] std::uint64_t TakeUInt64();
+    // A flag: only 1 counts as set.
+    [[nodiscard]] bool TakeFlag() { return TakeUInt32() == 1; }
     // The low 32 bits of an identifier of 64: what all commands name a thing by.
     [[nodiscard]] std::uint32_t TakeId() { return static_cast<std::uint32_t>(TakeUInt64()); }
 

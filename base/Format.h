@@ -1,10 +1,16 @@
-// How numbers out of replies are shown.
+// Numbers out of replies, and how they are shown.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
 namespace quorvi {
+
+// The whole seconds of a time in milliseconds, as replies carry it; the sign of the type counts.
+template <typename Integer>
+[[nodiscard]] constexpr Integer WholeSeconds(Integer milliseconds) {
+    return milliseconds / 1000;
+}
 
 // "%02d:%02d:%02d\n" of hours (modulo 24: the days are dropped), minutes and seconds. The line feed
 // is kept on purpose: the call log shows it (FormatDuration.DaysAreDroppedAndALineFeedEndsTheText).

@@ -9,8 +9,6 @@
 namespace quorvi {
 namespace {
 
-constexpr std::int64_t kMillisecondsPerSecond = 1000;
-
 struct CallType {
     std::uint32_t code;
     std::u8string_view text;
@@ -35,8 +33,7 @@ CallLog ParseCallLog(const ReplyBuffer& reply, const AttributionOf& attribution)
             return RecordEnd::mark;
         }
         row.number = std::move(*number);
-        row.time =
-            FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
+        row.time = FormatUnixTime(WholeSeconds(static_cast<std::int64_t>(cursor.TakeUInt64())));
         row.duration = FormatDuration(static_cast<std::uint32_t>(cursor.TakeUInt64()));
         row.type = cursor.TakeUInt32();
         row.name = cursor.TakeTextOrEmpty();

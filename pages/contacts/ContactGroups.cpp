@@ -18,7 +18,7 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
         }
         group.title = std::move(*title);
         group.account = cursor.TakeTextOrEmpty();
-        group.visible = cursor.TakeUInt32() == 1;
+        group.visible = cursor.TakeFlag();
         return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
     });
 }

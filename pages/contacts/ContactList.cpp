@@ -33,11 +33,11 @@ ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attr
             return RecordEnd::mark;
         }
         row.name = std::move(*name);
-        row.favourite = cursor.TakeUInt32() == 1;  // 2 is no favourite
+        row.favourite = cursor.TakeFlag();  // 2 is no favourite
         row.number = cursor.TakeTextOrEmpty();
         row.lastContact = ContactTimeText(cursor.TakeUInt64());
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
-        if (cursor.TakeUInt32() == 1) {
+        if (cursor.TakeFlag()) {
             row.photo = TakePhoto(cursor, reply);
         }
         if (cursor.Overran()) {

@@ -8,15 +8,8 @@
 namespace quorvi {
 namespace {
 
-constexpr std::uint64_t kMillisecondsPerSecond = 1000;
-
-// Only 1 counts as set.
-bool TakeFlag(ReplyCursor& cursor) {
-    return cursor.TakeUInt32() == 1;
-}
-
 void SkipPhoto(ReplyCursor& cursor) {
-    if (TakeFlag(cursor)) {
+    if (cursor.TakeFlag()) {
         cursor.SkipBytes(sizeof(std::uint64_t));  // row id
         cursor.SkipText();
     }
@@ -25,7 +18,7 @@ void SkipPhoto(ReplyCursor& cursor) {
 // A field with its text as it came.
 ContactField TakeUtf8Field(ReplyCursor& cursor) {
     ContactField field;
-    field.present = TakeFlag(cursor);
+    field.present = cursor.TakeFlag();
     if (field.present) {
         field.id = cursor.TakeId();
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
@@ -73,7 +66,7 @@ bool TakeRecord(ReplyCursor& cursor, ContactRecord& record) {
     if (cursor.IsCut()) {
         return false;
     }
-    next.favourite = TakeFlag(cursor);
+    next.favourite = cursor.TakeFlag();
     next.lastContact = ContactTimeText(cursor.TakeUInt64());
     next.timesContacted = static_cast<std::uint32_t>(cursor.TakeUInt64());
     SkipPhoto(cursor);
@@ -126,7 +119,7 @@ std::string ContactTimeText(std::uint64_t milliseconds) {
     if (milliseconds == 0) {
         return "N/A";
     }
-    return FormatUnixTime(static_cast<std::int64_t>(milliseconds / kMillisecondsPerSecond));
+    return FormatUnixTime(static_cast<std::int64_t>(WholeSeconds(milliseconds)));
 }
 
 }  // namespace quorvi

@@ -10,8 +10,6 @@
 namespace quorvi {
 namespace {
 
-constexpr std::int64_t kMillisecondsPerSecond = 1000;
-
 // Reserved up front, so that a fragment of an ordinary phone is not copied as it grows. Bytes.
 constexpr std::size_t kConversationsReserve = 30'000;
 constexpr std::size_t kConversationReserve = 15'000;
@@ -20,7 +18,7 @@ constexpr std::string_view kViewLink = "vid=";
 constexpr std::string_view kDeleteLink = "did=";
 
 std::string TakeDate(ReplyCursor& cursor) {
-    return FormatUnixTime(static_cast<std::int64_t>(cursor.TakeUInt64()) / kMillisecondsPerSecond);
+    return FormatUnixTime(WholeSeconds(static_cast<std::int64_t>(cursor.TakeUInt64())));
 }
 
 // What is shown of a list: nothing of one that AbsentMark ended.
@@ -114,7 +112,7 @@ Bytes ReadConversationRequest(std::uint32_t id) {
 std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply) {
     const auto take = [](ReplyCursor& cursor, ConversationMessage& message) {
         cursor.SkipBytes(sizeof(std::uint64_t));  // message id
-        message.incoming = cursor.TakeUInt32() == 1;
+        message.incoming = cursor.TakeFlag();
         auto address = cursor.TakeText();
         if (!address) {
             return RecordEnd::mark;

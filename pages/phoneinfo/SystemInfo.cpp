@@ -2,13 +2,13 @@
 
 #include <fmt/format.h>
 
+#include "base/Format.h"
 #include "base/Text.h"
 
 namespace quorvi {
 namespace {
 
 constexpr std::size_t kListReserve = 15000;
-constexpr std::uint64_t kMillisecondsPerSecond = 1000;
 
 // One line of the dashboard's list: link key, picture, label, id of the span or none, text.
 struct DashboardLine {
@@ -28,7 +28,7 @@ void Append(std::string& list, const DashboardLine& line) {
 }
 
 std::string TimeSinceBoot(std::uint64_t milliseconds) {
-    const std::uint64_t seconds = milliseconds / kMillisecondsPerSecond;
+    const std::uint64_t seconds = WholeSeconds(milliseconds);
     return fmt::format("{} {} {:02} {} {:02} {} \n", seconds / 86400, Ansi(u8"天"),
                        seconds / 3600 % 24, Ansi(u8"小时"), seconds / 60 % 60, Ansi(u8"分"));
 }
