@@ -21,8 +21,8 @@
 
 namespace quorvi {
 
-// How a session ended. A send that fails has no outcome of its own: the connection is broken then,
-// and the reading that follows ends as noReply or receiveFailed.
+// How a session ended. Whether the request could be sent is not looked at: on a broken connection
+// the read that follows fails, and its outcome is the session's.
 enum class SessionOutcome {
     complete,  // the whole reply is there
     cut,       // closed before the whole payload had come: parsed all the same, see ReplyBuffer
@@ -48,7 +48,7 @@ struct PayloadReply {
 
 struct AcknowledgedReply {
     // `complete`, `noReply` or `connectFailed`. Whoever changed something on the phone looks at
-    // Connected() alone: what the one word's reading brought is not checked.
+    // Connected() alone, and not at whether the word came.
     SessionOutcome outcome = SessionOutcome::connectFailed;
     // Zero when there was no reply.
     AcknowledgeWord word = 0;

@@ -84,8 +84,8 @@ TEST(AdbHostClient, ServerThatDoesNotRunIsAFailure) {
     EXPECT_THAT(Forward(AdbHostClient(UnusedPort()), "x"), ElementsAre(ForwardEvent::refused));
 }
 
-// Both texts are shown, the second in place of the first: kept on purpose, as the order of the
-// events has always been so.
+// Both texts are shown, the second in place of the first; kept on purpose,
+// since both are told as they happen.
 TEST(AdbHostClient, EmptySerialIsToldAndThenRefused) {
     LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
     EXPECT_THAT(Forward(AdbHostClient(server.Port()), ""),

@@ -98,8 +98,8 @@ TEST(ParseDevices, PositionsOfTheTwoWordsDecide) {
     EXPECT_THAT(ParseDevices("one device\n"), ElementsAre("one"));
 }
 
-// Every "device" and every blank goes, those inside the serial too: kept on purpose, since
-// that is how the list has always been read.
+// Every "device" and every blank goes, those inside the serial too: kept on purpose, since it is
+// how the list has always been read.
 TEST(ParseDevices, WordInsideASerialIsRemovedToo) {
     EXPECT_THAT(ParseDevices("my device 1\tdevice\n"), ElementsAre("my1"));
 }
@@ -166,7 +166,7 @@ TEST(HoldsPackage, FindsTheAgentAmongOthers) {
     EXPECT_FALSE(HoldsPackage("", "com.quorvi.Quorvi"));
 }
 
-// The name may stand anywhere in a line: kept on purpose, as HoldsPackage says.
+// The name may stand anywhere in a line: kept on purpose, as part of the compatibility rule.
 TEST(HoldsPackage, LongerPackageNamePassesTheTest) {
     EXPECT_TRUE(HoldsPackage("package:com.quorvi.Quorvi.plugin\n", "com.quorvi.Quorvi"));
 }

@@ -306,7 +306,7 @@ TEST_F(PhoneLinkTest, NegativeVersionIsAnError) {
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
 }
 
-// A package with a longer name passes for the agent: kept on purpose, as HoldsPackage says.
+// A longer name passes for the agent's: kept on purpose, see HoldsPackage.
 TEST_F(PhoneLinkTest, LongerPackageNamePassesForTheAgent) {
     AgentHasVersion(20);
     Print("packages", "package:com.quorvi.Quorvi.plugin\n");
