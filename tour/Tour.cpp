@@ -93,8 +93,7 @@ void Tour::Look() {
 bool Tour::IsQuiet() const {
     const PageRow* row = FindPage(window_.MainPage());
     return row == nullptr || row->loadKey == PageRow::kNoKey ||
-           const_cast<CMainDlg&>(window_).LoadState().Value(row->loadKey) !=
-               PageLoadState::kRunning;
+           window_.LoadState().Value(row->loadKey) != PageLoadState::kRunning;
 }
 
 QPixmap Tour::Picture() const {

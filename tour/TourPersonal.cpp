@@ -65,7 +65,7 @@ TourStop AtContacts(std::string name, Open open) {
 template <typename P>
 TourStop PageStop(std::string_view name, int page, const ViewState& state) {
     auto shown = std::make_shared<QPointer<Page>>();
-    return {.name = name.data() + state.suffix,
+    return {.name = std::string(name) + state.suffix,
             .open =
                 [=, agent = state.agent](CMainDlg& window) {
                     GoTo(window, page);
@@ -91,7 +91,7 @@ TourStop PageStop(std::string_view name, int page, const ViewState& state) {
 // `Make` gives a dialog of its own on the port of an agent.
 template <typename Make>
 TourStop DialogStop(std::string_view name, int page, const ViewState& state, Make make) {
-    return {.name = name.data() + state.suffix,
+    return {.name = std::string(name) + state.suffix,
             .open =
                 [=, agent = state.agent](CMainDlg& window) {
                     GoTo(window, page);

@@ -1,8 +1,6 @@
 // The application object: the order in which the process starts, and how it ends.
 #pragma once
 
-#include <QString>
-
 namespace quorvi {
 
 // Runs the program and gives the status of the process. Never returns once the window has ended.
@@ -17,7 +15,6 @@ class CPhoneSuiteApp {
 
     int& argc_;
     char** argv_;
-    QString tourFolder_;
 };
 
 }  // namespace quorvi

@@ -1,0 +1,30 @@
+// The desktop that the program runs on.
+#pragma once
+
+#include "app/platform/BusNotifier.h"
+#include "app/platform/DesktopTray.h"
+#include "app/platform/EffectSounds.h"
+#include "app/process/RunningInstance.h"
+#include "app/process/Suite.h"
+#include "base/SettingsFile.h"
+#include "link/UsbWatch.h"
+
+namespace quorvi {
+
+// Owns what the suite has of the desktop. After the application is made.
+class DesktopMachine {
+  public:
+    explicit DesktopMachine(RunningInstance& instance);
+
+    [[nodiscard]] MachineParts Parts();
+
+  private:
+    RunningInstance& instance_;
+    SettingsFile settings_;
+    DesktopTray tray_;
+    BusNotifier notifier_;
+    EffectSounds sounds_;
+    UsbWatch usb_;
+};
+
+}  // namespace quorvi

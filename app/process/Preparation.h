@@ -1,0 +1,14 @@
+// What every program with the suite's window does before it makes the window.
+#pragma once
+
+class QApplication;
+
+namespace quorvi {
+
+// Names the program and prepares the HTML views. Before the application is made.
+void PrepareQt();
+
+// Sets the code page of the deployment and the look.
+void PrepareApplication(QApplication& application);
+
+}  // namespace quorvi

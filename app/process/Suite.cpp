@@ -1,0 +1,77 @@
+#include "app/process/Suite.h"
+
+#include <utility>
+
+#include "base/Deployment.h"
+#include "pages/devices/DeviceManagerDlg.h"
+#include "ui/look/Look.h"
+#include "ui/page/Job.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::string_view kContrast = "contrast";
+
+}  // namespace
+
+Suite::Suite(MachineParts machine, PageMakers makers)
+    : machine_(std::move(machine)),
+      installer_(machine_.link),
+      window_(WindowParts(std::move(makers))),
+      face_(window_),
+      link_(device_, face_, machine_.clock, installer_, machine_.link) {
+    if (machine_.settings.ReadNumber(kSettingsKey, kContrast) == 1U) {
+        look::SetReadableInks(true);
+    }
+}
+
+void Suite::Start(bool hidden) {
+    window_.SetStartHidden(hidden);
+    window_.OnInitDialog();
+    if (!hidden) {
+        window_.show();
+    }
+}
+
+MainParts Suite::WindowParts(PageMakers makers) {
+    return {
+        .settings = machine_.settings,
+        .tray = machine_.tray,
+        .notifier = machine_.notifier,
+        .sounds = machine_.sounds,
+        .instance = machine_.instance,
+        .services = {.agent = machine_.link.agentPort,
+                     .attribution = MakeNumberAttribution(),
+                     .device = device_,
+                     .desktop = machine_.desktop,
+                     .installer = installer_},
+        .makers = std::move(makers),
+        .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
+        .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },
+        .watchUsb = [this] { machine_.watchUsb([this](const UsbEvent& event) { OnUsb(event); }); },
+        .openDeviceManager =
+            [this](QWidget* parent, const QString& title, std::function<void()> done) {
+                OpenDeviceManager(parent, title, std::move(done));
+            },
+        .endProcess = machine_.endProcess,
+    };
+}
+
+// On the watch's thread.
+void Suite::OnUsb(const UsbEvent& event) {
+    PostToWindow(&window_, [this, kind = event.kind] {
+        if (kind == UsbEvent::Kind::arrival) {
+            window_.OnUsbArrival();
+        } else {
+            window_.OnUsbRemoval();
+        }
+    });
+}
+
+void Suite::OpenDeviceManager(QWidget* parent, const QString& title, std::function<void()> done) {
+    auto* dialog = new CDeviceManagerDlg(
+        device_, [this](const QString& text) { window_.SetStatus(text); }, title, parent);
+    dialog->Open([done = std::move(done)](int) { done(); });
+}
+
+}  // namespace quorvi

@@ -1,0 +1,32 @@
+// quorvi-tour FOLDER: starts the suite's window, waits for the link, and writes a picture of each
+// stop into FOLDER. Ends with 0 when all are written, 1 when one is not, 2 for wrong usage.
+#include <QApplication>
+#include <cstdio>
+
+#include "app/process/DesktopMachine.h"
+#include "app/process/EndSignals.h"
+#include "app/process/Preparation.h"
+#include "app/process/ProcessEnd.h"
+#include "app/process/Suite.h"
+#include "tour/Tour.h"
+
+int main(int argc, char** argv) {
+    using namespace quorvi;
+    if (argc != 2 || argv[1][0] == '-') {
+        std::fprintf(stderr, "usage: quorvi-tour FOLDER\n");
+        return 2;
+    }
+    PrepareQt();
+    // Made once and never torn down, as in the suite's own program.
+    auto& application = *new QApplication(argc, argv);
+    PrepareApplication(application);
+    auto& machine = *new DesktopMachine(*new LocalSocketInstance);
+    auto& suite = *new Suite(machine.Parts());
+    ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
+    suite.Start(false);
+
+    Tour tour(suite.Window(), QString::fromLocal8Bit(argv[1]), TheTourStops(),
+              [](int failed) { EndProcess(failed == 0 ? 0 : 1); });
+    tour.Start();
+    EndProcess(QApplication::exec());
+}
