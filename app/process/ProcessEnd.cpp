@@ -7,43 +7,75 @@
 
 #include <QApplication>
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <string>
 
-#include "base/Places.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
 
 namespace quorvi {
 namespace {
 
-constexpr int kFaultStatus = 1;
 constexpr std::array kFaults = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
 constexpr std::size_t kFaultStackBytes = 64 * 1024;
 
-// Set once before any fault: a handler must not build them.
+// Made ready by InstallApology, since a signal handler may not allocate.
 std::string theProgram;  // NOLINT(cert-err58-cpp)
 std::array<char, kFaultStackBytes> theFaultStack;
+// Set by the first fault. What goes wrong while the process dies of it needs no second apology.
+std::atomic_flag theFault;
 
-// Only what is allowed in a signal handler.
-[[noreturn]] void Apologise() {
-    if (::fork() == 0) {
-        sigset_t none;
-        ::sigemptyset(&none);
-        ::sigprocmask(SIG_SETMASK, &none, nullptr);
-        // What the process held open, the running instance's socket above all, ends with it.
-        constexpr int kFirstOwn = 3;
-        ::close_range(kFirstOwn, ~0U, 0);
-        ::execl(theProgram.c_str(), theProgram.c_str(), kApologyOption, nullptr);
-    }
-    ::_exit(kFaultStatus);
+// The new process, up to its program.
+[[noreturn]] void BecomeApology() {
+    sigset_t none;
+    ::sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    // Nothing that the dead process held open stays open in the apology's: the running instance's
+    // socket above all, at which the next start would find a window that is gone.
+    constexpr int kFirstOwn = 3;
+    ::close_range(kFirstOwn, ~0U, CLOSE_RANGE_CLOEXEC);
+    ::execl(theProgram.c_str(), theProgram.c_str(), kApologyOption, nullptr);
+    ::_exit(EXIT_FAILURE);
 }
 
-void OnFault(int /*signal*/) {
+// Starts the apology and returns when its program runs. Calls only what a signal handler may.
+void Apologise() {
+    if (theFault.test_and_set()) {
+        return;
+    }
+    // Closes by itself when the new process has its program: then the read ends.
+    std::array<int, 2> started = {-1, -1};
+    const bool waits = ::pipe2(started.data(), O_CLOEXEC) == 0;
+    const pid_t apology = ::_Fork();
+    if (apology == 0) {
+        BecomeApology();
+    }
+    if (waits) {
+        ::close(started[1]);
+        char nothing = 0;
+        while (apology > 0 && ::read(started[0], &nothing, sizeof nothing) < 0 && errno == EINTR) {
+        }
+        ::close(started[0]);
+    }
+}
+
+// The signal comes again, and ends the process, as soon as the handler has returned: the core dump
+// then shows the place of the fault.
+void OnFault(int signal) {
     Apologise();
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+[[noreturn]] void OnTerminate() {
+    Apologise();
+    ::signal(SIGABRT, SIG_DFL);
+    std::abort();
 }
 
 void KillChildrenOf(const std::string& thread) {
@@ -75,9 +107,9 @@ void EndProcess(int status) {
     std::_Exit(status);
 }
 
-void InstallApology() {
-    theProgram = ThePlaces().program.string();
-    std::set_terminate(&Apologise);
+void InstallApology(const std::filesystem::path& program) {
+    theProgram = program.string();
+    std::set_terminate(&OnTerminate);
 
     stack_t stack = {};
     stack.ss_sp = theFaultStack.data();
