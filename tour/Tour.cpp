@@ -53,7 +53,7 @@ bool Tour::Exceeds(std::chrono::milliseconds limit) const {
 
 // The banner does not tell whether more comes: a retry may follow a green one and a red one.
 void Tour::Wait() {
-    if (!window_.LinkHasEnded()) {
+    if (!window_.Link().HasEnded()) {
         // Nobody is there to answer, such as which of several phones it shall be.
         const bool asks = QApplication::activeModalWidget() != nullptr;
         if (!asks && !Exceeds(patience_.link)) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/window/MainDlg.h"
+#include "app/window/ProductName.h"
 #include "app/window/TrayMenu.h"
 #include "pages/numbers/NumberQueryDlg.h"
 #include "tour/Tour.h"
@@ -27,7 +28,7 @@ void OpenTrayMenu(CMainDlg& window) {
 TourStop BannerStop(std::string name, std::u8string_view text, BannerState state) {
     return {std::move(name), [text, state](CMainDlg& window) {
                 window.Post(Message::goToPage, 0, kDashboardPage.page);
-                window.ShowBanner(ToQString(text), state);
+                window.Link().ShowBanner(ToQString(text), state);
             }};
 }
 
@@ -70,7 +71,7 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back(
         {"dialog-number-query", [](CMainDlg& window) { (new NumberQueryDlg(&window))->Open(); }});
     stops.push_back({"balloon", [](CMainDlg& window) {
-                         window.ShowBalloon(ToQString(u8"奎维掌上工坊"),
+                         window.ShowBalloon(ToQString(kProductName),
                                             ToQString(u8"检测到Android设备，正在尝试连接..."));
                      }});
     stops.push_back(BannerStop("link-working", u8"连接设备中...", BannerState::working));

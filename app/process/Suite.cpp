@@ -61,9 +61,9 @@ MainParts Suite::WindowParts(PageMakers makers) {
 void Suite::OnUsb(const UsbEvent& event) {
     PostToWindow(&window_, [this, kind = event.kind] {
         if (kind == UsbEvent::Kind::arrival) {
-            window_.OnUsbArrival();
+            window_.Link().OnUsbArrival();
         } else {
-            window_.OnUsbRemoval();
+            window_.Link().OnUsbRemoval();
         }
     });
 }

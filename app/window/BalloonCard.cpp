@@ -21,10 +21,10 @@ constexpr int kStandsMs = 5000;
 constexpr int kLogo = Metric::iconMessage;
 constexpr int kPaddingY = Metric::balloonPaddingY;
 constexpr int kLine = Metric::textLine;
-// What of the card's width is no text.
+// The part of the card's width that its text does not have.
 constexpr int kBesideText = Metric::gap4 + kLogo + Metric::gap3 + Metric::gap4;
 
-// The text's room: one line where that fits, else as many as it takes.
+// The size that the text needs: one line where it fits, else as many as it takes.
 QSize TextRoom(const QString& text) {
     constexpr int least = Metric::balloonWidth - kBesideText;
     constexpr int most = Metric::balloonMaxWidth - kBesideText;
@@ -71,8 +71,8 @@ void BalloonCard::Show(const QString& title, const QString& text) {
     update();
 }
 
-// Of the card with its margin: in the window the lower right, on the screen beside the icon, on the
-// side that has room.
+// The upper left corner of the card with its margin: at the lower right of the window; or on the
+// screen beside the icon, on the side that has room.
 QPoint BalloonCard::Corner(QSize size) const {
     const QPoint margin(margin_, margin_);
     if (const QWidget* window = parentWidget()) {

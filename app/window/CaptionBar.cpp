@@ -5,6 +5,7 @@
 #include <QStyleOption>
 #include <array>
 
+#include "app/window/ProductName.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -18,8 +19,7 @@ using look::Color;
 using look::Metric;
 using look::Size;
 
-// "奎维掌上工坊 PC版 1.0" in the two weights in which the caption shows it.
-constexpr std::u8string_view kTitle = u8"奎维掌上工坊";
+// Stands behind the product's name, in a lighter weight: "奎维掌上工坊 PC版 1.0".
 constexpr std::u8string_view kEdition = u8"PC版 1.0";
 
 struct WindowButtonRow {
@@ -92,7 +92,7 @@ void CaptionBar::paintEvent(QPaintEvent*) {
                       look::picture(u"logo", QSize(Metric::captionLogo, Metric::captionLogo),
                                     devicePixelRatioF()));
 
-    const QString title = ToQString(kTitle);
+    const QString title = ToQString(kProductName);
     const QFont bold = look::font(Size::s14, true);
     painter.setFont(bold);
     painter.setPen(look::color(Color::plum8));

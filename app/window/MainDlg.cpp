@@ -15,13 +15,11 @@
 #include <algorithm>
 
 #include "app/platform/Notifier.h"
-#include "app/platform/Sounds.h"
 #include "app/process/RunningInstance.h"
-#include "app/window/BalloonCard.h"
 #include "app/window/CaptionBar.h"
 #include "app/window/CommandRow.h"
 #include "app/window/NavigationBar.h"
-#include "app/window/PlaceholderPage.h"
+#include "app/window/ProductName.h"
 #include "app/window/StatusStrip.h"
 #include "app/window/TabStrip.h"
 #include "ui/kit/ControlNumber.h"
@@ -37,8 +35,6 @@ using look::Color;
 using look::Metric;
 
 constexpr int kDialog = 102;
-constexpr std::u8string_view kTitle = u8"奎维掌上工坊";
-constexpr int kTimer1Ms = 50;
 constexpr qsizetype kShortestSearch = 2;
 
 // A message on its way to the main window.
@@ -68,7 +64,7 @@ QStringList LocalFiles(const QMimeData& data) {
     return paths;
 }
 
-// Assistive tools take a plain widget for a box; this one is a window.
+// Tells assistive tools that the main window is a window; they take it for a box otherwise.
 QAccessibleInterface* MakeAccessible(const QString& name, QObject* object) {
     if (name == QLatin1StringView(CMainDlg::staticMetaObject.className())) {
         return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Window);
@@ -89,13 +85,24 @@ const std::array<CMainDlg::Handler, 7> CMainDlg::kHandlers = {{
 }};
 
 CMainDlg::CMainDlg(MainParts parts)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), parts_(std::move(parts)) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      parts_(std::move(parts)),
+      caption_(new CaptionBar(this)),
+      tabs_(new TabStrip(this)),
+      bar_(new NavigationBar(this)),
+      commands_(new CommandRow(this)),
+      content_(new QWidget(this)),
+      status_(new StatusStrip(this)),
+      pages_(*content_),
+      balloons_(parts_.tray, parts_.notifier, *this),
+      link_({.status = *status_,
+             .balloons = balloons_,
+             .sounds = parts_.sounds,
+             .connectPhone = parts_.connectPhone,
+             .refreshDashboard = [this] { pages_.PageOf(kDashboardPage).Load(); }}) {
     QAccessible::installFactory(&MakeAccessible);
     SetDialogNumber(*this, kDialog);
     BuildFrame();
-    timer1_.setSingleShot(true);
-    timer1_.setInterval(kTimer1Ms);
-    connect(&timer1_, &QTimer::timeout, this, &CMainDlg::OnTimer1);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState to) {
         if (to == Qt::ApplicationActive) {
             content_->update();
@@ -116,14 +123,8 @@ void CMainDlg::BuildFrame() {
     setMinimumSize(size());
     setAcceptDrops(true);
 
-    caption_ = new CaptionBar(this);
-    tabs_ = new TabStrip(this);
-    bar_ = new NavigationBar(this);
-    bar_->WatchTasks(parts_.services.taskCount);
-    commands_ = new CommandRow(this);
-    content_ = new QWidget(this);
     content_->setObjectName(QStringLiteral("content"));
-    status_ = new StatusStrip(this);
+    bar_->WatchTasks(parts_.services.taskCount);
 
     auto* tabRow = new QHBoxLayout;
     tabRow->setContentsMargins(Metric::tabsX, 0, 0, 0);
@@ -160,19 +161,6 @@ void CMainDlg::BuildFrame() {
             [this](int index) { Post(Message::commandButton, 0, index); });
 }
 
-void CMainDlg::BuildPages() {
-    for (const PageRow& row : kPages) {
-        if (!pages_.contains(row.dialog)) {
-            pages_[row.dialog] = MakePageOf(row, parts_.makers, *this, parts_.services, content_);
-        }
-    }
-    pages_[kDialogNeverShown] = MakeAnnouncement(*this, kDialogNeverShown, content_);
-    for (const auto& [dialog, page] : pages_) {
-        page->hide();
-        page->setGeometry(content_->rect());
-    }
-}
-
 void CMainDlg::OnInitDialog() {
     parts_.instance.Announce([this] { OnSecondStart(); });
 
@@ -187,8 +175,8 @@ void CMainDlg::OnInitDialog() {
     Welcome();
 
     setWindowIcon(QIcon(QStringLiteral(":/icons/logo.svg")));
-    setWindowTitle(ToQString(kTitle));
-    BuildPages();
+    setWindowTitle(ToQString(kProductName));
+    pages_.Build(parts_.makers, *this, parts_.services);
     ShowPage(FindPage(kDashboardPage.page));
     Centre();
     parts_.watchUsb();
@@ -254,38 +242,14 @@ void CMainDlg::ShowPage(const PageRow* row) {
         return;
     }
     commands_->Show(*row);
-    shownPage_ = pages_.at(row->dialog);
-    shownPage_->setGeometry(content_->rect());
-    shownPage_->show();
-    for (const auto& [dialog, page] : pages_) {
-        if (page != shownPage_) {
-            page->hide();
-        }
-    }
+    pages_.Show(*row);
     bar_->Show(TabOf(*row), ItemOf(*row));
-    if (row->loadKey != PageRow::kNoKey && !loadState_.Contains(row->loadKey)) {
-        shownPage_->Load();
-    }
+    pages_.LoadAtFirstShow(*row, loadState_);
 }
 
 void CMainDlg::OnCommandButton(int /*first*/, int second) {
-    const PageRow* row = FindPage(MainPage());
-    if (row == nullptr || second < 0 || second >= static_cast<int>(kCommandCount)) {
-        return;
-    }
-    Page& page = *pages_.at(row->dialog);
-    if (!page.isEnabled()) {
-        return;  // a change is on its way, and what follows it comes first
-    }
-    switch (row->commands[static_cast<std::size_t>(second)].action) {
-        case CommandAction::none:
-            break;
-        case CommandAction::load:
-            page.Load();
-            break;
-        case CommandAction::own:
-            page.OnCommand(second);
-            break;
+    if (const PageRow* row = FindPage(MainPage())) {
+        pages_.RunCommand(*row, second);
     }
 }
 
@@ -296,7 +260,7 @@ void CMainDlg::OnSearch(int /*first*/, int /*second*/) {
                     ToQString(u8"关键字【%1】过短，请换个长些的").arg(text));
         return;
     }
-    pages_.at(kStorePage.dialog)->OnSearch(text);
+    pages_.PageOf(kStorePage).OnSearch(text);
     Post(Message::goToPage, TabOf(kStorePage), kStorePage.page);
 }
 
@@ -312,7 +276,7 @@ void CMainDlg::OnPageCommand(int first, int second) {
             ForwardToPage(kScreenshotPage, Message::startCapture, second);
             break;
         case PageCommand::refreshDownloads:
-            pages_.at(kDownloadsPage.dialog)->Load();
+            pages_.PageOf(kDownloadsPage).Load();
             break;
         case PageCommand::repaintContent:
             content_->update();
@@ -322,38 +286,7 @@ void CMainDlg::OnPageCommand(int first, int second) {
 
 void CMainDlg::ForwardToPage(const PageNumbers& page, Message message, int second) {
     OnGoToPage(TabOf(page), page.page);
-    pages_.at(page.dialog)->OnMessage(message, 0, second);
-}
-
-// ---- link, USB ---------------------------------------------------------------------------------
-
-void CMainDlg::ShowBanner(const QString& text, BannerState state) {
-    status_->SetBanner(text, state);
-}
-
-BannerState CMainDlg::Banner() const {
-    return status_->Banner();
-}
-
-void CMainDlg::LinkUp() {
-    timer1_.start();
-    parts_.sounds.Play(Sound::linkUp);
-}
-
-void CMainDlg::OnTimer1() {
-    pages_.at(kDashboardPage.dialog)->Load();
-}
-
-void CMainDlg::OnUsbArrival() {
-    ShowBalloon(ToQString(kTitle), ToQString(u8"检测到Android设备，正在尝试连接..."));
-    parts_.connectPhone(true);
-}
-
-// Nothing else changes: the serial stays, the forward stays, no page is cleared.
-void CMainDlg::OnUsbRemoval() {
-    ShowBanner(ToQString(u8"【提示】检测到一个设备断开"), BannerState::working);
-    ShowBalloon(ToQString(kTitle), ToQString(u8"Android设备已经断开USB连接"));
-    parts_.sounds.Play(Sound::removal);
+    pages_.PageOf(page).OnMessage(message, 0, second);
 }
 
 void CMainDlg::RunDeviceManager(const QString& title, std::function<void()> done) {
@@ -371,7 +304,9 @@ void CMainDlg::OnCaptionButton(int control) {
             showMinimized();
             break;
         case CaptionBar::kMaximise:
-            break;  // Its command does nothing at all: this is meant.
+            // Kept on purpose: the button belongs to the caption, and in this product its command
+            // does nothing at all (MainWindow.TheMaximiseButtonDoesNothingAtAll).
+            break;
         case CaptionBar::kDeviceManager:
             RunDeviceManager({}, [] {});
             break;
@@ -388,8 +323,8 @@ void CMainDlg::closeEvent(QCloseEvent* event) {
     EndDialog();
 }
 
-// Escape is swallowed everywhere in the window, Enter outside the search box, so that neither
-// closes it. Dialogs are windows of their own.
+// Swallows Escape everywhere in the window and Enter outside the search box, so that neither closes
+// it. A dialog over the window is a window of its own and gets its keys.
 bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(object);
@@ -437,13 +372,14 @@ void CMainDlg::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void CMainDlg::dropEvent(QDropEvent* event) {
-    pages_.at(kFilesPage.dialog)->OnDropFiles(LocalFiles(*event->mimeData()));
+    pages_.PageOf(kFilesPage).OnDropFiles(LocalFiles(*event->mimeData()));
     event->acceptProposedAction();
 }
 
 // ---- shape -------------------------------------------------------------------------------------
 
-// The grounds of the strips stand here and not in the strips: only the window knows its corners.
+// Paints the grounds of all strips, which the strips do not paint themselves: the outer ones must
+// leave the window's round corners free, and only the window knows where these are.
 void CMainDlg::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     WindowFrame::Paint(painter, *this);
@@ -472,15 +408,15 @@ void CMainDlg::paintEvent(QPaintEvent*) {
 void CMainDlg::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layout()->activate();
-    for (const auto& [dialog, page] : pages_) {
-        page->setGeometry(content_->rect());
-    }
+    pages_.FillFrame();
 }
 
 // ---- hiding, tray, balloons --------------------------------------------------------------------
 
-// A start with "/hide" shows the window for its first frame at most; what shows it without clearing
-// the mark, as a second start does, shows it for an instant only. This is meant.
+// After a start with "/hide" the window hides itself at each first frame, until an action of the
+// user at the tray clears the mark. A second start does not clear it, so it shows the window for an
+// instant only: kept on purpose, since autostart and links start the program without asking for the
+// window (MainWindow.AfterAHiddenStartASecondStartShowsTheWindowForAnInstantOnly).
 void CMainDlg::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (startHidden_) {
@@ -514,11 +450,6 @@ void CMainDlg::OnSecondStart() {
 
 void CMainDlg::SetStatus(const QString& text) {
     status_->SetStatus(text);
-}
-
-Page* CMainDlg::PageOfDialog(int dialog) const {
-    const auto found = pages_.find(dialog);
-    return found == pages_.end() ? nullptr : found->second;
 }
 
 }  // namespace quorvi

@@ -2,22 +2,21 @@
 // end of the process. Start here for everything that the user sees.
 #pragma once
 
-#include <QPointer>
-#include <QTimer>
 #include <QWidget>
+#include <array>
 #include <functional>
-#include <map>
 #include <optional>
 
 #include "app/platform/Tray.h"
+#include "app/window/Balloons.h"
+#include "app/window/LinkDisplay.h"
 #include "app/window/Navigation.h"
 #include "app/window/PageFactory.h"
-#include "link/LinkFace.h"
+#include "app/window/PageStack.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {
 
-class BalloonCard;
 class CaptionBar;
 class CommandRow;
 class NavigationBar;
@@ -26,7 +25,6 @@ class RunningInstance;
 class Sounds;
 class StatusStrip;
 class TabStrip;
-enum class Sound : int;
 
 // What the window stands on. All outlive it.
 struct MainParts {
@@ -41,7 +39,8 @@ struct MainParts {
 
     // Starts the link procedure and returns at once; `delay`: wait before, as after a USB arrival.
     std::function<void(bool delay)> connectPhone;
-    // Asks to be told of USB events by OnUsbArrival and OnUsbRemoval; a failure is not looked at.
+    // Starts the watch for USB events, which tells them to Link(). Where that fails the program
+    // goes on without them.
     std::function<void()> watchUsb;
     // Opens the device manager dialog, modal to the window, and returns at once; an empty title
     // leaves the dialog's own. `done` is called when it has ended.
@@ -51,7 +50,9 @@ struct MainParts {
     std::function<void()> endProcess;
 };
 
-// Frameless, 960 by 640. All of it belongs to the window's thread.
+// The frame, and the messages between the pages and the window. The pages themselves stand in a
+// PageStack, what is shown of the link in a LinkDisplay. Without a frame of the desktop's, 960 by
+// 640. The window's thread.
 class CMainDlg : public QWidget, public PageHost {
     Q_OBJECT
   public:
@@ -65,15 +66,11 @@ class CMainDlg : public QWidget, public PageHost {
 
     // Tray icon, pages, page 0, USB events, link: in this order. Once, before the first show.
     void OnInitDialog();
-    // The end of the process by way of the window.
+    // Ends the process: takes the tray icon and the running instance's socket away before.
     void EndDialog();
 
-    // What the link and the USB watch bring, on the window's thread.
-    void ShowBanner(const QString& text, BannerState state);
-    void LinkUp();
-    void LinkEnded() { linkHasEnded_ = true; }
-    void OnUsbArrival();
-    void OnUsbRemoval();
+    // Takes what the link and the USB watch bring, on the window's thread.
+    [[nodiscard]] LinkDisplay& Link() { return link_; }
     void RunDeviceManager(const QString& title, std::function<void()> done);
 
     // PageHost
@@ -84,17 +81,14 @@ class CMainDlg : public QWidget, public PageHost {
     [[nodiscard]] PageSelection& Selection() override { return selection_; }
     [[nodiscard]] SettingsStore& Settings() override { return parts_.settings; }
 
-    // Whether a link procedure has come to its end since the start, well or not.
-    [[nodiscard]] bool LinkHasEnded() const { return linkHasEnded_; }
     // The page number that is shown, and its window.
     [[nodiscard]] int MainPage() const { return navigation_.MainPage(); }
-    [[nodiscard]] Page* ShownPage() const { return shownPage_; }
-    [[nodiscard]] Page* PageOfDialog(int dialog) const;
-    [[nodiscard]] BannerState Banner() const;
+    [[nodiscard]] Page* ShownPage() const { return pages_.Shown(); }
+    [[nodiscard]] Page* PageOfDialog(int dialog) const { return pages_.PageOfDialog(dialog); }
     // What its pages are made from.
     [[nodiscard]] const Services& PageServices() const { return parts_.services; }
     // Takes away a balloon that stands inside the window.
-    void HideBalloon();
+    void HideBalloon() { balloons_.HideCard(); }
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -120,10 +114,9 @@ class CMainDlg : public QWidget, public PageHost {
     static const std::array<Handler, 7> kHandlers;
 
     void BuildFrame();
-    void BuildPages();
     void Centre();
 
-    // The messages.
+    // What each message does.
     void OnTray(int first, int second);
     void OnGoToPage(int first, int second);
     void OnSearch(int first, int second);
@@ -141,27 +134,27 @@ class CMainDlg : public QWidget, public PageHost {
     void ShowByUser();
     void Welcome();
     [[nodiscard]] QString WelcomeText() const;
-    void OnTimer1();
 
     MainParts parts_;
     Navigation navigation_;
     PageLoadState loadState_;
     PageSelection selection_;
-    std::map<int, Page*> pages_;  // by dialog number
-    Page* shownPage_ = nullptr;
     bool startHidden_ = false;
     bool ending_ = false;
-    bool linkHasEnded_ = false;
-    std::optional<QPoint> dragFrom_;  // where the desktop does not move windows: pointer to corner
+    // While the window is dragged on a desktop that does not do it: where in the window the pointer
+    // is.
+    std::optional<QPoint> dragFrom_;
 
-    CaptionBar* caption_ = nullptr;
-    TabStrip* tabs_ = nullptr;
-    NavigationBar* bar_ = nullptr;
-    CommandRow* commands_ = nullptr;
-    QWidget* content_ = nullptr;
-    StatusStrip* status_ = nullptr;
-    QPointer<BalloonCard> balloon_;
-    QTimer timer1_;
+    // In the order in which the Tab key goes through them.
+    CaptionBar* const caption_;
+    TabStrip* const tabs_;
+    NavigationBar* const bar_;
+    CommandRow* const commands_;
+    QWidget* const content_;
+    StatusStrip* const status_;
+    PageStack pages_;
+    Balloons balloons_;
+    LinkDisplay link_;
 };
 
 }  // namespace quorvi

@@ -1,9 +1,8 @@
 // The main window's part in the tray and its balloons.
 #include <QCursor>
 
-#include "app/platform/Notifier.h"
-#include "app/window/BalloonCard.h"
 #include "app/window/MainDlg.h"
+#include "app/window/ProductName.h"
 #include "app/window/TrayMenu.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
@@ -55,29 +54,15 @@ void CMainDlg::OnTrayRecreated() {
 }
 
 QString CMainDlg::WelcomeText() const {
-    return ToQString(u8"奎维掌上工坊[%1]").arg(parts_.siteAddress);
+    return QStringLiteral("%1[%2]").arg(ToQString(kProductName), parts_.siteAddress);
 }
 
 void CMainDlg::Welcome() {
     ShowBalloon(ToQString(u8"欢迎使用"), WelcomeText());
 }
 
-// The tray's balloon; without a tray a notice of the desktop; without one of these a card inside
-// the window.
 void CMainDlg::ShowBalloon(const QString& title, const QString& text) {
-    if (parts_.tray.ShowBalloon(title, text)) {
-        return;
-    }
-    parts_.notifier.Notify(title, text, [this, title, text] {
-        if (!balloon_) {
-            balloon_ = new BalloonCard(this);
-        }
-        balloon_->Show(title, text);
-    });
-}
-
-void CMainDlg::HideBalloon() {
-    delete balloon_;
+    balloons_.Show(title, text);
 }
 
 }  // namespace quorvi

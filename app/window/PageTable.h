@@ -117,7 +117,8 @@ inline constexpr std::array<PageRow, kTabCount* kItemCount> kPages = {{
      PageRole::feature,
      {{{u8"刷新列表", "refresh", CommandAction::load},
        {u8"编写短信", "compose", CommandAction::own},
-       // Kept on purpose: the button is shown and has no action.
+       // Kept on purpose: the button is shown, and its press does nothing
+       // (Navigator.MoreActionsOfTheMessagesPageDoesNothing).
        {u8"更多操作", "more", CommandAction::none}}}},
     {kCallsPage,
      PageRole::feature,

@@ -12,7 +12,7 @@ WindowLinkFace::WindowLinkFace(CMainDlg& window) : guard_(&window), window_(&win
 
 void WindowLinkFace::ShowBanner(std::string text, BannerState state) {
     PostToWindow(guard_, [window = window_, text = std::move(text), state] {
-        window->ShowBanner(ToQString(text), state);
+        window->Link().ShowBanner(ToQString(text), state);
     });
 }
 
@@ -28,11 +28,11 @@ void WindowLinkFace::ChooseDevice(std::string_view title) {
 }
 
 void WindowLinkFace::LinkUp() {
-    PostToWindow(guard_, [window = window_] { window->LinkUp(); });
+    PostToWindow(guard_, [window = window_] { window->Link().LinkUp(); });
 }
 
 void WindowLinkFace::LinkEnded() {
-    PostToWindow(guard_, [window = window_] { window->LinkEnded(); });
+    PostToWindow(guard_, [window = window_] { window->Link().LinkEnded(); });
 }
 
 }  // namespace quorvi

@@ -42,7 +42,7 @@ class TourOfTheWindow : public MainDlgTest {
 };
 
 TEST_F(TourOfTheWindow, WritesThePictureOfEachStop) {
-    window_->LinkEnded();
+    window_->Link().LinkEnded();
     StartTour();
     ASSERT_TRUE(Ends());
     EXPECT_EQ(failed_, 0);
@@ -53,13 +53,13 @@ TEST_F(TourOfTheWindow, WaitsForTheLinksEndWhateverTheBannerShows) {
     StartTour();
     for (const BannerState state :
          {BannerState::working, BannerState::error, BannerState::success}) {
-        window_->ShowBanner(QStringLiteral("x"), state);
+        window_->Link().ShowBanner(QStringLiteral("x"), state);
         LookOn();
     }
-    window_->LinkUp();
+    window_->Link().LinkUp();
     LookOn();
     EXPECT_EQ(opened_, 0);
-    window_->LinkEnded();
+    window_->Link().LinkEnded();
     EXPECT_TRUE(Opens());
 }
 
@@ -79,7 +79,7 @@ TEST_F(TourOfTheWindow, AQuestionOfTheLinkDoesNotKeepIt) {
 }
 
 TEST_F(TourOfTheWindow, AStopWaitsForThePagesLoad) {
-    window_->LinkEnded();
+    window_->Link().LinkEnded();
     window_->LoadState().Set(kKeyContacts, PageLoadState::kRunning);
     StartTour();
     ASSERT_TRUE(Opens());
@@ -90,7 +90,7 @@ TEST_F(TourOfTheWindow, AStopWaitsForThePagesLoad) {
 }
 
 TEST_F(TourOfTheWindow, ALoadThatNeverEndsDoesNotKeepIt) {
-    window_->LinkEnded();
+    window_->Link().LinkEnded();
     window_->LoadState().Set(kKeyContacts, PageLoadState::kRunning);
     StartTour({.load = std::chrono::milliseconds(100)});
     EXPECT_TRUE(Ends());

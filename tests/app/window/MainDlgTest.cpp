@@ -190,7 +190,7 @@ TEST_F(MainWindow, AnArrivalShowsABalloonAndConnectsWithTheDelay) {
     MakeWindow();
     tray_.balloons.clear();
     steps_.clear();
-    window_->OnUsbArrival();
+    window_->Link().OnUsbArrival();
     EXPECT_EQ(tray_.balloons,
               (std::vector{Balloon{kTitle, ToQString(u8"检测到Android设备，正在尝试连接...")}}));
     EXPECT_EQ(steps_, std::vector<std::string>{"connect later"});
@@ -200,12 +200,12 @@ TEST_F(MainWindow, ARemovalChangesTheBannerAndNothingElse) {
     MakeWindow();
     device_.SetSerial("AU20110618S2");
     Send(Message::goToPage, 1, 10);
-    window_->ShowBanner(ToQString(u8"连接成功:)"), BannerState::success);
+    window_->Link().ShowBanner(ToQString(u8"连接成功:)"), BannerState::success);
     tray_.balloons.clear();
     steps_.clear();
-    window_->OnUsbRemoval();
+    window_->Link().OnUsbRemoval();
     EXPECT_EQ(BannerText(), ToQString(u8"【提示】检测到一个设备断开"));
-    EXPECT_EQ(window_->Banner(), BannerState::working);
+    EXPECT_EQ(window_->Link().Banner(), BannerState::working);
     EXPECT_EQ(tray_.balloons,
               (std::vector{Balloon{kTitle, ToQString(u8"Android设备已经断开USB连接")}}));
     EXPECT_EQ(sounds_.played, std::vector{Sound::removal});
@@ -217,7 +217,7 @@ TEST_F(MainWindow, ARemovalChangesTheBannerAndNothingElse) {
 
 TEST_F(MainWindow, ALinkThatStandsPlaysItsSoundAndRefreshesTheDashboardOnce) {
     MakeWindow();
-    window_->LinkUp();
+    window_->Link().LinkUp();
     EXPECT_EQ(sounds_.played, std::vector{Sound::linkUp});
     EXPECT_EQ(Probe(0).loads, 0);
     EXPECT_TRUE(WaitFor([&] { return Probe(0).loads == 1; }));
@@ -228,9 +228,9 @@ TEST_F(MainWindow, ALinkThatStandsPlaysItsSoundAndRefreshesTheDashboardOnce) {
 TEST_F(MainWindow, AnotherPhoneDoesNotReloadPagesThatWereVisited) {
     MakeWindow();
     Send(Message::goToPage, 1, 10);
-    window_->OnUsbRemoval();
-    window_->OnUsbArrival();
-    window_->LinkUp();
+    window_->Link().OnUsbRemoval();
+    window_->Link().OnUsbArrival();
+    window_->Link().LinkUp();
     QTest::qWait(80);
     Send(Message::goToPage, 1, 11);
     Send(Message::goToPage, 1, 10);

@@ -21,7 +21,7 @@ TEST_F(LinkFaceOfTheWindow, BannersFromAnotherThreadReachTheWindowInOrder) {
     EXPECT_TRUE(BannerText().isEmpty());
     Settle();
     EXPECT_EQ(BannerText(), ToQString(u8"连接设备中..."));
-    EXPECT_EQ(window_->Banner(), BannerState::working);
+    EXPECT_EQ(window_->Link().Banner(), BannerState::working);
 }
 
 TEST_F(LinkFaceOfTheWindow, ALinkThatStandsIsToldToTheWindow) {
@@ -34,9 +34,9 @@ TEST_F(LinkFaceOfTheWindow, ALinkThatStandsIsToldToTheWindow) {
 TEST_F(LinkFaceOfTheWindow, TheEndOfTheProcedureIsToldToTheWindow) {
     WindowLinkFace face(*window_);
     std::thread([&face] { face.LinkEnded(); }).join();
-    EXPECT_FALSE(window_->LinkHasEnded());
+    EXPECT_FALSE(window_->Link().HasEnded());
     Settle();
-    EXPECT_TRUE(window_->LinkHasEnded());
+    EXPECT_TRUE(window_->Link().HasEnded());
 }
 
 TEST_F(LinkFaceOfTheWindow, ChoosingWaitsForTheEndOfTheDialog) {

@@ -41,7 +41,7 @@ TEST_F(WindowOnPhones, TheBannerTurnsGreenByItselfAndTheDashboardIsRefreshed) {
     Start(1);
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"连接成功:)"));
-    EXPECT_EQ(desk_->Window().Banner(), BannerState::success);
+    EXPECT_EQ(desk_->Window().Link().Banner(), BannerState::success);
     EXPECT_EQ(desk_->Device().Serial(), desk_->Rig().Serial(0));
     EXPECT_TRUE(WaitForDashboardLoads(1));
     EXPECT_EQ(desk_->Played(), std::vector{Sound::linkUp});
@@ -51,9 +51,9 @@ TEST_F(WindowOnPhones, PluggedInAgainThePhoneIsLinkedAgain) {
     Start(1);
     ASSERT_TRUE(desk_->WaitForLink());
     ASSERT_TRUE(WaitForDashboardLoads(1));
-    desk_->Window().OnUsbRemoval();
-    EXPECT_EQ(desk_->Window().Banner(), BannerState::working);
-    desk_->Window().OnUsbArrival();
+    desk_->Window().Link().OnUsbRemoval();
+    EXPECT_EQ(desk_->Window().Link().Banner(), BannerState::working);
+    desk_->Window().Link().OnUsbArrival();
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"连接成功:)"));
     EXPECT_TRUE(WaitForDashboardLoads(2));
@@ -78,7 +78,7 @@ TEST_F(WindowOnPhones, ClosingTheChoiceChoosesNone) {
     Manager()->close();
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"【错误】没有选择任何设备"));
-    EXPECT_EQ(desk_->Window().Banner(), BannerState::error);
+    EXPECT_EQ(desk_->Window().Link().Banner(), BannerState::error);
 }
 
 TEST_F(WindowOnPhones, WithoutAPhoneTheBannerSaysSo) {

@@ -1,0 +1,74 @@
+#include "app/window/PageStack.h"
+
+#include "app/window/PlaceholderPage.h"
+
+namespace quorvi {
+
+void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& services) {
+    for (const PageRow& row : kPages) {
+        if (!pages_.contains(row.dialog)) {
+            pages_[row.dialog] = MakePageOf(row, makers, host, services, &frame_);
+        }
+    }
+    pages_[kDialogNeverShown] = MakeAnnouncement(host, kDialogNeverShown, &frame_);
+    for (const auto& [dialog, page] : pages_) {
+        page->hide();
+    }
+    FillFrame();
+}
+
+void PageStack::Show(const PageRow& row) {
+    shown_ = pages_.at(row.dialog);
+    shown_->setGeometry(frame_.rect());
+    shown_->show();
+    for (const auto& [dialog, page] : pages_) {
+        if (page != shown_) {
+            page->hide();
+        }
+    }
+}
+
+void PageStack::LoadAtFirstShow(const PageRow& row, PageLoadState& loads) {
+    if (row.loadKey != PageRow::kNoKey && !loads.Contains(row.loadKey)) {
+        pages_.at(row.dialog)->Load();
+    }
+}
+
+void PageStack::RunCommand(const PageRow& row, int index) {
+    Page& page = *pages_.at(row.dialog);
+    if (index < 0 || index >= static_cast<int>(kCommandCount)) {
+        return;
+    }
+    // While a change is on its way to the phone its page is disabled: what follows the change comes
+    // before anything else that the user asks for.
+    if (!page.isEnabled()) {
+        return;
+    }
+    switch (row.commands[static_cast<std::size_t>(index)].action) {
+        case CommandAction::none:
+            break;
+        case CommandAction::load:
+            page.Load();
+            break;
+        case CommandAction::own:
+            page.OnCommand(index);
+            break;
+    }
+}
+
+void PageStack::FillFrame() {
+    for (const auto& [dialog, page] : pages_) {
+        page->setGeometry(frame_.rect());
+    }
+}
+
+Page& PageStack::PageOf(const PageNumbers& page) const {
+    return *pages_.at(page.dialog);
+}
+
+Page* PageStack::PageOfDialog(int dialog) const {
+    const auto found = pages_.find(dialog);
+    return found == pages_.end() ? nullptr : found->second;
+}
+
+}  // namespace quorvi
