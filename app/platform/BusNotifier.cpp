@@ -18,7 +18,7 @@ const QString kService = QStringLiteral("org.freedesktop.Notifications");
 const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
 const QString kDefaultAction = QStringLiteral("default");
 
-// Blocks for the bus: a worker's business.
+// Waits for the bus to answer: called on a worker only.
 uint SendNotice(const QString& title, const QString& text) {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
@@ -56,7 +56,7 @@ void BusNotifier::Listen(std::function<void()> clicked) {
 void BusNotifier::Shown(uint id) {
     ids_.insert(id);
     if (!listening_) {
-        // The bus stands by now, so this does not wait for it.
+        // The worker has connected to the bus, so this call on the window's thread does not wait.
         listening_ = QDBusConnection::sessionBus().connect(kService, kPath, kService,
                                                            QStringLiteral("ActionInvoked"), this,
                                                            SLOT(OnAction(uint, QString)));

@@ -9,7 +9,8 @@
 namespace quorvi {
 namespace {
 
-// How often it is looked whether a tray has come. Both ways of the platform answer from memory.
+// How often the watch asks whether there is a tray. The platform has the answer in memory, whether
+// the tray is one of X11 or of the session bus, so asking costs nothing.
 constexpr int kWatchMs = 2000;
 constexpr int kBalloonMs = 10000;
 constexpr int kEmbedMs = 250;
@@ -18,7 +19,7 @@ constexpr int kEmbedMs = 250;
 
 DesktopTray::DesktopTray() : menu_(std::make_unique<CSkinMenu>()) {
     FillTrayMenu(*menu_);
-    // The desktop opens the menu itself: at the icon, and where its shell draws menus, in its way.
+    // The desktop opens the menu when the icon is pressed: this one, or one that its shell draws.
     icon_.setContextMenu(menu_.get());
     icon_.setIcon(QIcon(QStringLiteral(":/icons/logo.svg")));
     connect(menu_.get(), &CSkinMenu::commandChosen, this,
@@ -53,16 +54,16 @@ void DesktopTray::Add(const QString& tip) {
 }
 
 bool DesktopTray::ShowBalloon(const QString& title, const QString& text) {
-    // Without a tray supportsMessages() still says true, and nothing shows.
+    // Without a tray supportsMessages() still says true, but nothing would be shown.
     if (!Available() || !icon_.isVisible() || !QSystemTrayIcon::supportsMessages()) {
         return false;
     }
     if (icon_.geometry().isEmpty()) {
-        // An icon that the desktop's shell draws: the shell shows the balloon too.
+        // The shell draws the icon, so only the shell knows where a balloon belongs.
         icon_.showMessage(title, text, icon_.icon(), kBalloonMs);
         return true;
     }
-    // An icon that was just added has its place a moment later.
+    // An icon that was just added gets its place in the tray a moment later.
     QTimer::singleShot(kEmbedMs, this, [this, title, text] {
         if (!balloon_) {
             balloon_ = std::make_unique<BalloonCard>(nullptr);

@@ -4,7 +4,8 @@
 #include <QMediaDevices>
 #include <QUrl>
 
-// In a static library resources are found only once they are asked for; outside of namespaces.
+// The linker drops the resources of a static library that nobody names. Q_INIT_RESOURCE names them,
+// and works outside of namespaces only.
 static void FindSounds() {
     Q_INIT_RESOURCE(sounds);
 }

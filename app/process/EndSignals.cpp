@@ -13,12 +13,13 @@ namespace {
 
 constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
-// From the handler, which may do no more than write, to the window's thread.
+// A signal handler may not call into the window. It writes a byte into this pipe, which wakes the
+// window's thread.
 std::array<int, 2> thePipe = {-1, -1};
 
 void OnSignal(int /*signal*/) {
     const char byte = 0;
-    // A full pipe holds the news already.
+    // Where the pipe is full, earlier bytes wake the window's thread.
     [[maybe_unused]] const ssize_t written = ::write(thePipe[1], &byte, sizeof byte);
 }
 

@@ -9,7 +9,7 @@
 namespace quorvi {
 namespace {
 
-// The mark of the instance, on every platform.
+// Part of the socket's name: the number by which a running instance is known on every platform.
 constexpr int kInstanceValue = 1103;
 constexpr int kConnectTimeMs = 1000;
 
@@ -58,7 +58,7 @@ void LocalSocketInstance::Announce(std::function<void()> show) {
     if (server_.listen(socketPath_)) {
         return;
     }
-    // What an instance that was killed left behind, unless one answers there by now.
+    // The file is there already. If nobody answers behind it, an instance that was killed left it.
     if (!ShowOther()) {
         QLocalServer::removeServer(socketPath_);
         server_.listen(socketPath_);
