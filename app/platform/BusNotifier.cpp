@@ -44,7 +44,7 @@ void BusNotifier::Notify(const QString& title, const QString& text, std::functio
             if (id == kNoNotice) {
                 failed();
             } else {
-                Shown(id);
+                OnShown(id);
             }
         });
 }
@@ -53,7 +53,7 @@ void BusNotifier::Listen(std::function<void()> clicked) {
     clicked_ = std::move(clicked);
 }
 
-void BusNotifier::Shown(uint id) {
+void BusNotifier::OnShown(uint id) {
     ids_.insert(id);
     if (!listening_) {
         // The worker has connected to the bus, so this call on the window's thread does not wait.

@@ -14,11 +14,14 @@ class BusNotifier : public QObject, public Notifier {
     void Notify(const QString& title, const QString& text, std::function<void()> failed) override;
     void Listen(std::function<void()> clicked) override;
 
+    // How many notices the desktop has shown.
+    [[nodiscard]] int Shown() const { return static_cast<int>(ids_.size()); }
+
   private Q_SLOTS:
     void OnAction(uint id, const QString& action);
 
   private:
-    void Shown(uint id);
+    void OnShown(uint id);
 
     std::function<void()> clicked_;
     QSet<uint> ids_;

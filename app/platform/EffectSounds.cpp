@@ -3,6 +3,7 @@
 #include <QAudioDevice>
 #include <QMediaDevices>
 #include <QUrl>
+#include <utility>
 
 // The linker drops the resources of a static library that nobody names. Q_INIT_RESOURCE names them,
 // and works outside of namespaces only.
@@ -12,12 +13,20 @@ static void FindSounds() {
 
 namespace quorvi {
 
-EffectSounds::EffectSounds() {
+EffectSounds::EffectSounds()
+    : EffectSounds([] { return !QMediaDevices::defaultAudioOutput().isNull(); }) {}
+
+EffectSounds::EffectSounds(HasDevice hasDevice) : hasDevice_(std::move(hasDevice)) {
     FindSounds();
 }
 
+const QSoundEffect* EffectSounds::EffectOf(Sound sound) const {
+    const auto found = effects_.find(sound);
+    return found == effects_.end() ? nullptr : found->second.get();
+}
+
 void EffectSounds::Play(Sound sound) {
-    if (QMediaDevices::defaultAudioOutput().isNull()) {
+    if (!hasDevice_()) {
         return;
     }
     std::unique_ptr<QSoundEffect>& effect = effects_[sound];

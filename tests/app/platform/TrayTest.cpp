@@ -35,9 +35,23 @@ TEST_F(TrayParts, WithoutATrayNoBalloonIsClaimed) {
 }
 
 TEST_F(TrayParts, SoundsAreSilentWithoutADevice) {
-    EffectSounds sounds;
-    sounds.Play(Sound::linkUp);
+    EffectSounds sounds([] { return false; });
+    for (const Sound sound : {Sound::linkUp, Sound::removal}) {
+        sounds.Play(sound);
+        EXPECT_EQ(sounds.EffectOf(sound), nullptr);
+    }
+}
+
+TEST_F(TrayParts, ADeviceThatComesLaterPlaysTheSoundOfItsNumber) {
+    bool hasDevice = false;
+    EffectSounds sounds([&] { return hasDevice; });
     sounds.Play(Sound::removal);
+    hasDevice = true;
+    sounds.Play(Sound::removal);
+    ASSERT_NE(sounds.EffectOf(Sound::removal), nullptr);
+    EXPECT_EQ(sounds.EffectOf(Sound::removal)->source(),
+              QUrl(QStringLiteral("qrc:/sounds/657.wav")));
+    EXPECT_EQ(sounds.EffectOf(Sound::linkUp), nullptr);
 }
 
 TEST_F(TrayParts, BothSoundsArePartOfTheProgram) {
