@@ -11,8 +11,6 @@ namespace quorvi {
 namespace {
 
 constexpr int kTickMs = 50;
-// Time for a page to paint, a web view to lay itself out, a menu to fade in.
-constexpr std::chrono::milliseconds kSettle{700};
 
 // A top-level widget over the window as it stands in the window's coordinates.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
@@ -79,7 +77,7 @@ void Tour::Open() {
 }
 
 void Tour::Look() {
-    if (at_ == stops_.size() || !Exceeds(kSettle)) {
+    if (at_ == stops_.size() || !Exceeds(patience_.settle)) {
         return;
     }
     if (stops_[at_].endless || IsQuiet() || Exceeds(patience_.load)) {

@@ -31,11 +31,14 @@ struct TourStop {
 // Those at the pages of the user's own records, beyond the pages themselves.
 [[nodiscard]] std::vector<TourStop> PersonalStops();
 
-// How long the tour waits, at most. What is slow because the machine is busy comes in this time;
-// what hangs does not keep the tour for ever.
+// How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
+// time, and what hangs does not keep the tour for ever.
 struct TourPatience {
     std::chrono::milliseconds link = std::chrono::minutes(5);   // for the link procedure's end
     std::chrono::milliseconds load = std::chrono::seconds(30);  // for a page's load
+    // And at least, before each picture: a page paints, a web view lays itself out, a menu fades
+    // in.
+    std::chrono::milliseconds settle{700};
 };
 
 // Waits until the link procedure is over, well or not, then goes from stop to stop, writes a PNG of

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "tests/app/window/MainDlgFixture.h"
+#include "tests/support/AwaitTimer.h"
 #include "tour/Tour.h"
 
 namespace quorvi {
@@ -32,8 +33,8 @@ class TourOfTheWindow : public MainDlgTest {
     [[nodiscard]] bool Ends() {
         return WaitFor([this] { return failed_.has_value(); });
     }
-    // Time in which what must not happen would.
-    static void LookOn() { QTest::qWait(300); }
+    // Several turns of the tour, in which what must not happen would.
+    static void LookOn() { AwaitTimer(std::chrono::milliseconds(250)); }
 
     QTemporaryDir folder_;
     int opened_ = 0;
@@ -81,9 +82,9 @@ TEST_F(TourOfTheWindow, AQuestionOfTheLinkDoesNotKeepIt) {
 TEST_F(TourOfTheWindow, AStopWaitsForThePagesLoad) {
     window_->Link().LinkEnded();
     window_->LoadState().Set(kKeyContacts, PageLoadState::kRunning);
-    StartTour();
+    StartTour({.settle = std::chrono::milliseconds(0)});
     ASSERT_TRUE(Opens());
-    QTest::qWait(1000);
+    LookOn();
     EXPECT_FALSE(failed_);
     window_->LoadState().Set(kKeyContacts, PageLoadState::kEnded);
     EXPECT_TRUE(Ends());
