@@ -12,12 +12,13 @@ namespace {
 
 constexpr int kTickMs = 50;
 
-// A top-level widget over the window as it stands in the window's coordinates.
+// Draws what `over` shows into the picture of the window, where it stands over the window.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
     painter.drawPixmap(over.mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), over.grab());
 }
 
-// Closes what `top` gives until nothing, or one that stays, is left.
+// Closes the widget that `top` gives, and the one that it gives then, until it gives none, or the
+// same one again because that does not close.
 void CloseAll(QWidget* (*top)()) {
     QWidget* last = nullptr;
     for (QWidget* widget = top(); widget != nullptr && widget != last; widget = top()) {
@@ -49,10 +50,11 @@ bool Tour::Exceeds(std::chrono::milliseconds limit) const {
     return std::chrono::milliseconds(since_.elapsed()) > limit;
 }
 
-// The banner does not tell whether more comes: a retry may follow a green one and a red one.
+// The banner is no sign of the end: the link procedure may try again after a green or a red one.
 void Tour::Wait() {
     if (!window_.Link().HasEnded()) {
-        // Nobody is there to answer, such as which of several phones it shall be.
+        // The link may ask which of several phones it shall take. Nobody answers here, so the tour
+        // does not wait for its end.
         const bool asks = QApplication::activeModalWidget() != nullptr;
         if (!asks && !Exceeds(patience_.link)) {
             return;
@@ -72,7 +74,8 @@ void Tour::Open() {
     }
     since_.restart();
     window_.HideBalloon();
-    // From a turn of its own, so that a dialog's own loop does not hold the tour.
+    // Called by a timer: a stop may run a dialog and return when that is closed, and the tour must
+    // go on meanwhile.
     QTimer::singleShot(0, &window_, [this] { stops_[at_].open(window_); });
 }
 

@@ -21,7 +21,7 @@ struct TourStop {
     std::function<void(CMainDlg& window)> open;
     // Takes away what `open` left behind, after the picture.
     std::function<void(CMainDlg& window)> leave = {};
-    // The load that goes on there has no end.
+    // The page's load never ends there: its picture is taken while it loads.
     bool endless = false;
 };
 

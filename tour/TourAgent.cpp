@@ -10,11 +10,12 @@
 namespace quorvi {
 namespace {
 
-// Of a reply that has come a third of its way.
+// The reply of an agent that stalls: its length, and how much of it is sent, about a third.
 constexpr std::uint32_t kLength = 11'200'000;
 constexpr int kSent = 3'600'000;
 constexpr int kSentAtOnce = 1'000'000;
-// Longer than a page keeps what it has heard of its progress to itself.
+// Before the second piece is sent. A page shows its progress once in a shorter time than this, so
+// it shows both pieces.
 constexpr std::chrono::milliseconds kPause{200};
 
 QByteArray WordOf(std::uint32_t value) {
@@ -30,7 +31,7 @@ TourAgent::TourAgent(Manner manner) : manner_(manner) {
     listen(QHostAddress::LocalHost);
 }
 
-// The peer closes.
+// Does not close the connection: the page does, when it has its reply or is gone.
 void TourAgent::Answer() {
     QTcpSocket* peer = nextPendingConnection();
     connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);

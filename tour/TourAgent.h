@@ -1,4 +1,4 @@
-// Agents as the tour needs them, and as no phone is when it is asked.
+// Pretended agents for the pictures of a page that loads without end, and of one that gets nothing.
 #pragma once
 
 #include <QTcpServer>

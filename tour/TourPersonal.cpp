@@ -29,14 +29,15 @@ constexpr std::uint32_t kContact = 1;
 constexpr std::uint32_t kConversation = 12;
 constexpr std::uint16_t kNobodysPort = 1;
 
-// A state in which a view is without its contents, and the agent that leads to it.
+// What a view shows instead of its contents, by the end of the picture's name, and the agent with
+// which it does.
 struct ViewState {
     std::string suffix;
     AgentAddress agent;
     bool endless = false;
 };
 
-// The agents of the tour, one a process, as long as the process.
+// The agents are made once and live as long as the process.
 std::array<ViewState, 3> ViewStates() {
     static auto* const empty = new TourAgent(TourAgent::Manner::hasNothing);
     static auto* const stalled = new TourAgent(TourAgent::Manner::stalls);
