@@ -1,5 +1,5 @@
 # Strictness and hardening, set once for all targets, and the words with which rooms declare what
-# they build: quorvi_library, quorvi_feature, quorvi_program, quorvi_test.
+# they build: quorvi_library, quorvi_feature, quorvi_program, quorvi_module, quorvi_test.
 
 add_library(quorvi_flags INTERFACE)
 target_compile_features(quorvi_flags INTERFACE cxx_std_20)
@@ -99,6 +99,17 @@ function(quorvi_program name)
     target_link_libraries(${name} PRIVATE quorvi_flags ${ARG_LIBS})
     quorvi_precompile(${name} quorvi_pch_logic)
   endif()
+endfunction()
+
+# quorvi_module(name SOURCES … LIBS …): a library with Qt that programs load while they run, in
+# lib/quorvi/, where an installed suite has it too.
+function(quorvi_module name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_library(${name} MODULE ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON
+    LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib/quorvi")
+  target_link_libraries(${name} PRIVATE quorvi_qt_flags ${ARG_LIBS})
+  quorvi_precompile(${name} quorvi_pch_window)
 endfunction()
 
 # Whether a test program may have a network of its own, as root or as root of a user namespace

@@ -7,10 +7,13 @@
 
 #include "app/process/DesktopMachine.h"
 #include "app/process/EndSignals.h"
+#include "app/process/FirstPaint.h"
 #include "app/process/Preparation.h"
 #include "app/process/ProcessEnd.h"
 #include "app/process/StartOptions.h"
 #include "app/process/Suite.h"
+#include "app/window/MainDlg.h"
+#include "ui/html/HtmlEngine.h"
 #include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
@@ -43,6 +46,9 @@ int CPhoneSuiteApp::RunWindow() {
     auto& machine = *new DesktopMachine(instance);
     auto& suite = *new Suite(machine.Parts());
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
+    // The browser engine takes longer to load than all else; the window does not wait for it.
+    TheHtmlEngine().Hold();
+    AfterFirstPaint(suite.Window(), [] { TheHtmlEngine().Release(); });
     suite.Start(hidden);
     EndProcess(QApplication::exec());
 }

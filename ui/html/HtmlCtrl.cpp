@@ -3,13 +3,9 @@
 #include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <QWebEngineHistory>
-#include <QWebEngineHttpRequest>
-#include <QWebEngineLoadingInfo>
-#include <QWebEngineScript>
-#include <QWebEngineView>
 #include <algorithm>
 
+#include "ui/html/HtmlLink.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/look/Look.h"
@@ -35,8 +31,9 @@ void WatchedDocumentCookie::SetInnerHtml(std::string_view id, std::string_view h
     });
 }
 
-CHtmlCtrlBase::CHtmlCtrlBase(int controlId, HtmlContent content, QWidget* parent)
-    : QWidget(parent), content_(content) {
+CHtmlCtrlBase::CHtmlCtrlBase(int controlId, HtmlContent content, HtmlEngine& engine,
+                             QWidget* parent)
+    : QWidget(parent), content_(content), engine_(engine) {
     SetControlNumber(this, controlId);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -66,8 +63,8 @@ void CHtmlCtrlBase::Navigate2(const QUrl& url, std::string_view postData) {
 }
 
 void CHtmlCtrlBase::GoBack() {
-    if (view_ != nullptr) {
-        view_->history()->back();
+    if (browser_) {
+        browser_->Back();
     }
 }
 
@@ -77,7 +74,7 @@ void CHtmlCtrlBase::SetInnerHtml(std::string_view id, std::string_view html, Htm
 
 void CHtmlCtrlBase::Edit(HtmlEdit edit) {
     if (ready_) {
-        view_->page()->runJavaScript(edit.script, QWebEngineScript::ApplicationWorld);
+        browser_->Run(edit.script, {});
     }
     std::erase_if(edits_, [&](const HtmlEdit& earlier) { return earlier.id == edit.id; });
     edits_.push_back(std::move(edit));
@@ -85,25 +82,16 @@ void CHtmlCtrlBase::Edit(HtmlEdit edit) {
 
 void CHtmlCtrlBase::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (view_ == nullptr) {
-        CreateBrowser();
+    if (!wanted_) {
+        wanted_ = true;
+        engine_.Use(this, [this](HtmlBrowserMaker& maker) { CreateBrowser(maker); });
     }
 }
 
-void CHtmlCtrlBase::CreateBrowser() {
-    view_ = new QWebEngineView(this);
-    view_->setContextMenuPolicy(Qt::NoContextMenu);
-    view_->setAcceptDrops(false);
-    auto* site = new CDocHostSite(
-        content_, [this](const std::string& text) { OnAppCmd(text); }, view_);
-    site->setBackgroundColor(look::color(look::Color::page));
-    view_->setPage(site);
-    connect(site, &QWebEnginePage::loadFinished, this, [this] { OnLoadFinished(); });
-    connect(site, &QWebEnginePage::loadingChanged, this, &CHtmlCtrlBase::OnLoadingChanged);
-    connect(site, &QWebEnginePage::urlChanged, this, &CHtmlCtrlBase::OnUrlChanged);
-    connect(site, &QWebEnginePage::renderProcessTerminated, this, [this] { Revive(); });
-    layout()->addWidget(view_);
-    setFocusProxy(view_);
+void CHtmlCtrlBase::CreateBrowser(HtmlBrowserMaker& maker) {
+    browser_ = maker.Make(content_, look::color(look::Color::page), *this, this);
+    layout()->addWidget(browser_->Widget());
+    setFocusProxy(browser_->Widget());
     if (!document_.isEmpty()) {
         Begin();
     }
@@ -113,23 +101,34 @@ void CHtmlCtrlBase::Load(const QUrl& document) {
     document_ = document;
     announced_ = false;
     revivals_ = 0;
-    if (view_ != nullptr) {
+    if (browser_) {
         Begin();
     }
 }
 
 void CHtmlCtrlBase::Begin() {
     ready_ = false;
-    if (postData_.isEmpty()) {
-        view_->load(document_);
-        return;
-    }
-    QWebEngineHttpRequest request(document_, QWebEngineHttpRequest::Post);
-    request.setPostData(postData_);
-    view_->load(request);
+    browser_->Load(document_, postData_);
 }
 
-void CHtmlCtrlBase::Revive() {
+bool CHtmlCtrlBase::MayNavigate(const QUrl& url, HtmlNavigation navigation) {
+    const HtmlDecision decision =
+        DecideNavigation(content_, url.toEncoded().toStdString(), navigation);
+    if (decision.command) {
+        // After the browser's own call has returned: the owner may open a dialog.
+        PostToWindow(this, [this, text = *decision.command] { OnAppCmd(text); });
+    }
+    return decision.goes;
+}
+
+// A web site's new window opens in the one view that there is.
+void CHtmlCtrlBase::OnNewWindow(const QUrl& url) {
+    if (content_ == HtmlContent::web && IsWebLink(url.toEncoded().toStdString())) {
+        browser_->Load(url, {});
+    }
+}
+
+void CHtmlCtrlBase::OnRendererGone() {
     ready_ = false;
     if (revivals_ == kMaxRevivals) {
         return;
@@ -137,7 +136,7 @@ void CHtmlCtrlBase::Revive() {
     ++revivals_;
     QTimer::singleShot(0, this, [this] {
         if (content_ == HtmlContent::web) {
-            view_->reload();
+            browser_->Reload();
         } else {
             Begin();
         }
@@ -164,46 +163,39 @@ bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CHtmlCtrlBase::OnSpace(QObject* receiver) {
-    view_->page()->runJavaScript(
-        QStringLiteral("document.activeElement?.matches('a[href]')"),
-        QWebEngineScript::ApplicationWorld,
-        [receiver = QPointer<QObject>(receiver)](const QVariant& onLink) {
-            if (!receiver) {
-                return;
-            }
-            // Straight to the receiver: on the common way the window takes Enter for itself.
-            const int key = onLink.toBool() ? Qt::Key_Return : Qt::Key_Space;
-            const QString text = onLink.toBool() ? QStringLiteral("\r") : QStringLiteral(" ");
-            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
-            receiver->event(&press);
-            receiver->event(&release);
-        });
+    browser_->Run(QStringLiteral("document.activeElement?.matches('a[href]')"),
+                  [receiver = QPointer<QObject>(receiver)](const QVariant& onLink) {
+                      if (!receiver) {
+                          return;
+                      }
+                      // Straight to the receiver: on the common way the window takes Enter for
+                      // itself.
+                      const int key = onLink.toBool() ? Qt::Key_Return : Qt::Key_Space;
+                      const QString text =
+                          onLink.toBool() ? QStringLiteral("\r") : QStringLiteral(" ");
+                      QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+                      QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+                      receiver->event(&press);
+                      receiver->event(&release);
+                  });
 }
 
-void CHtmlCtrlBase::OnLoadingChanged(const QWebEngineLoadingInfo& info) {
-    using Domain = QWebEngineLoadingInfo::ErrorDomain;
-    // A load that gave way to another has failed too, and so has a page that a site answers with an
-    // error's number: neither is in these domains.
-    const bool unreachable = info.status() == QWebEngineLoadingInfo::LoadFailedStatus &&
-                             (info.errorDomain() == Domain::ConnectionErrorDomain ||
-                              info.errorDomain() == Domain::CertificateErrorDomain ||
-                              info.errorDomain() == Domain::DnsErrorDomain);
-    if (content_ == HtmlContent::web && unreachable) {
-        view_->load(TemplateUrl(kUnreachableTemplate));
+void CHtmlCtrlBase::OnUnreachable() {
+    if (content_ == HtmlContent::web) {
+        browser_->Load(TemplateUrl(kUnreachableTemplate), {});
     }
 }
 
 void CHtmlCtrlBase::OnLoadFinished() {
-    if (content_ == HtmlContent::local && WithoutFragment(view_->url()) != document_) {
+    if (content_ == HtmlContent::local && WithoutFragment(browser_->Url()) != document_) {
         return;
     }
     ready_ = true;
-    if (QWidget* keys = view_->focusProxy(); keys != nullptr) {
+    if (QWidget* keys = browser_->Widget()->focusProxy(); keys != nullptr) {
         keys->installEventFilter(this);  // the browser may have made it anew
     }
     for (const HtmlEdit& edit : edits_) {
-        view_->page()->runJavaScript(edit.script, QWebEngineScript::ApplicationWorld);
+        browser_->Run(edit.script, {});
     }
     if (!announced_) {
         announced_ = true;
@@ -213,7 +205,7 @@ void CHtmlCtrlBase::OnLoadFinished() {
 
 CHtmlCtrlFix::CHtmlCtrlFix(int controlId, HtmlContent content, HtmlListener& listener,
                            QWidget* parent)
-    : CHtmlCtrlBase(controlId, content, parent), listener_(listener) {}
+    : CHtmlCtrlBase(controlId, content, TheHtmlEngine(), parent), listener_(listener) {}
 
 CHtmlCtrlFix* CHtmlCtrlFix::CreateFromStatic(int controlId, QWidget& parent,
                                              HtmlListener& listener) {

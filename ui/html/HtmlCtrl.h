@@ -10,11 +10,9 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/html/HtmlBrowser.h"
 #include "ui/html/HtmlEdit.h"
-#include "ui/html/HtmlSite.h"
-
-class QWebEngineLoadingInfo;
-class QWebEngineView;
+#include "ui/html/HtmlEngine.h"
 
 namespace quorvi {
 
@@ -38,11 +36,13 @@ class WatchedDocumentCookie {
 
 // The window's thread, WatchedDocumentCookie excepted. In a local view Space opens the link that
 // has the focus, as Enter does where the window lets it through. The browser itself is made when
-// the control is first shown; what is asked of it before is kept until then.
-class CHtmlCtrlBase : public QWidget {
+// the control has been shown and the engine is there; what is asked of it before is kept until
+// then. Where the engine can't be loaded the control stays empty.
+class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     Q_OBJECT
   public:
-    CHtmlCtrlBase(int controlId, HtmlContent content, QWidget* parent);
+    // `engine` outlives the control.
+    CHtmlCtrlBase(int controlId, HtmlContent content, HtmlEngine& engine, QWidget* parent);
     ~CHtmlCtrlBase() override;
 
     // Show a template by its resource number, or a text that the page has built (ANSI; without a
@@ -64,8 +64,8 @@ class CHtmlCtrlBase : public QWidget {
                       HtmlScroll scroll = HtmlScroll::keep);
     [[nodiscard]] WatchedDocumentCookie Document() { return WatchedDocumentCookie(this); }
 
-    // The browser, or nothing before the first show; for tests and pictures.
-    [[nodiscard]] QWebEngineView* Browser() const { return view_; }
+    // The browser, or nothing before it is made; for tests and pictures.
+    [[nodiscard]] QWebEngineView* Browser() const { return browser_ ? browser_->View() : nullptr; }
 
   Q_SIGNALS:
     // A document has been loaded and all that was set in it has been handed to it.
@@ -81,17 +81,22 @@ class CHtmlCtrlBase : public QWidget {
   private:
     friend class WatchedDocumentCookie;
 
-    void CreateBrowser();
+    // What the browser asks and tells.
+    [[nodiscard]] bool MayNavigate(const QUrl& url, HtmlNavigation navigation) override;
+    void OnNewWindow(const QUrl& url) override;
+    void OnUrlChanged(const QUrl& url) override;
+    void OnLoadFinished() override;
+    void OnUnreachable() override;
+    void OnRendererGone() override;
+
+    void CreateBrowser(HtmlBrowserMaker& maker);
     void Load(const QUrl& document);
     void Begin();
-    void Revive();
     void Edit(HtmlEdit edit);
     void OnSpace(QObject* receiver);
-    void OnLoadFinished();
-    void OnUrlChanged(const QUrl& url);
-    void OnLoadingChanged(const QWebEngineLoadingInfo& info);
 
     HtmlContent content_;
+    HtmlEngine& engine_;
     QUrl document_;
     QUrl home_;
     QByteArray postData_;
@@ -99,7 +104,8 @@ class CHtmlCtrlBase : public QWidget {
     bool ready_ = false;           // the document stands and takes edits
     bool announced_ = false;
     int revivals_ = 0;
-    QWebEngineView* view_ = nullptr;
+    bool wanted_ = false;  // the engine has been asked for the browser
+    std::unique_ptr<HtmlBrowser> browser_;
 };
 
 // What the owner of a view is told.

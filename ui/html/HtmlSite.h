@@ -1,9 +1,9 @@
-// The browser's side of an HTML view: the site in which a document sits, and what it may do there.
+// What a document in an HTML view may do, and what must stand before the first of them.
 #pragma once
 
-#include <QWebEnginePage>
-#include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorvi {
 
@@ -13,30 +13,28 @@ enum class HtmlContent {
     web,    // a web site
 };
 
-// Settings of the browser that must stand before the application object is made: one renderer for
-// all local views, and the sandbox off where the system cannot give one (the user root).
-void PrepareHtmlViews();
-
-// The control site of one view. Decides each navigation: a private link is handed to the listener
-// and goes no further; a local document is never left; a web document only for another one.
-class CDocHostSite : public QWebEnginePage {
-    Q_OBJECT
-  public:
-    // Receives the text of a private link (ANSI), on the window's thread, after the browser's own
-    // call has returned, so that it may open a dialog.
-    using PrivateLinkListener = std::function<void(const std::string& text)>;
-
-    CDocHostSite(HtmlContent content, PrivateLinkListener listener, QObject* parent);
-
-  protected:
-    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
-    QWebEnginePage* createWindow(WebWindowType type) override;
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
-                                  int line, const QString& source) override;
-
-  private:
-    HtmlContent content_;
-    PrivateLinkListener listener_;
+// What led to a navigation.
+enum class HtmlNavigation {
+    typed,    // the program
+    clicked,  // a click on a link
+    other,    // a form, a redirection, a script, the history
 };
+
+// The answer to a navigation: whether it goes on, and the text of the private link (ANSI) that it
+// is the command of.
+struct HtmlDecision {
+    bool goes = false;
+    std::optional<std::string> command = std::nullopt;
+};
+
+// A private link is a command and goes no further; a local document is never left; a web document
+// only for another one. `url` is as the browser writes it.
+[[nodiscard]] HtmlDecision DecideNavigation(HtmlContent content, std::string_view url,
+                                            HtmlNavigation navigation);
+
+// Settings of the browser engine that must stand before the application object is made, and before
+// there is another thread: one renderer for all local views, and the sandbox off where the system
+// cannot give one (the user root). Does not load the engine.
+void PrepareHtmlViews();
 
 }  // namespace quorvi

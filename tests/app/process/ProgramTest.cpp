@@ -90,6 +90,28 @@ TEST_F(Program, EndsWhileAnAdbCommandNeverEnds) {
     EXPECT_TRUE(WaitFor([] { return ProcessesWith(Mark()).empty(); }));
 }
 
+// Its libraries are large: the window would wait for them.
+TEST_F(Program, TheBrowserEngineIsNoneOfItsLibrariesAndIsLoadedAfterwards) {
+    constexpr const char* kEngine = "libQt6WebEngineCore";
+    QProcess loader;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LD_TRACE_LOADED_OBJECTS"), QStringLiteral("1"));
+    loader.setProcessEnvironment(environment);
+    loader.start(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), QStringList());
+    ASSERT_TRUE(loader.waitForFinished());
+    const QByteArray libraries = loader.readAllStandardOutput();
+    EXPECT_TRUE(libraries.contains("libQt6Widgets"));
+    EXPECT_FALSE(libraries.contains(kEngine));
+
+    const auto program = Start({});
+    EXPECT_TRUE(WaitFor([&] {
+        QFile maps(QStringLiteral("/proc/%1/maps").arg(program->processId()));
+        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(kEngine);
+    }));
+    program->terminate();
+    EXPECT_TRUE(program->waitForFinished());
+}
+
 TEST_F(Program, ASecondStartEndsWithZeroAndTheFirstGoesOn) {
     const auto first = Start({});
     WaitUntilUp();

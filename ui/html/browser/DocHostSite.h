@@ -1,0 +1,29 @@
+// The control site of the browser: the page of the engine's in which a document sits.
+#pragma once
+
+#include <QWebEnginePage>
+
+#include "ui/html/HtmlBrowser.h"
+
+namespace quorvi {
+
+// Asks the host about each navigation; denies all that a document may ask of the system, and opens
+// no window.
+class CDocHostSite : public QWebEnginePage {
+    Q_OBJECT
+  public:
+    CDocHostSite(HtmlContent content, HtmlBrowserHost& host, QObject* parent);
+
+  protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+    QWebEnginePage* createWindow(WebWindowType type) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
+                                  int line, const QString& source) override;
+
+  private:
+    void OnLoadingChanged(const QWebEngineLoadingInfo& info);
+
+    HtmlBrowserHost& host_;
+};
+
+}  // namespace quorvi

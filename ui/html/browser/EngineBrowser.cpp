@@ -1,0 +1,39 @@
+#include "ui/html/browser/EngineBrowser.h"
+
+#include <QWebEngineHttpRequest>
+#include <QWebEngineScript>
+
+#include "ui/html/browser/DocHostSite.h"
+
+namespace quorvi {
+
+EngineBrowser::EngineBrowser(HtmlContent content, const QColor& ground, HtmlBrowserHost& host,
+                             QWidget* parent)
+    : view_(std::make_unique<QWebEngineView>(parent)) {
+    view_->setContextMenuPolicy(Qt::NoContextMenu);
+    view_->setAcceptDrops(false);
+    auto* site = new CDocHostSite(content, host, view_.get());
+    site->setBackgroundColor(ground);
+    view_->setPage(site);
+}
+
+void EngineBrowser::Load(const QUrl& url, const QByteArray& postData) {
+    if (postData.isEmpty()) {
+        view_->load(url);
+        return;
+    }
+    QWebEngineHttpRequest request(url, QWebEngineHttpRequest::Post);
+    request.setPostData(postData);
+    view_->load(request);
+}
+
+void EngineBrowser::Run(const QString& script, const Answer& answer) {
+    view_->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld, answer);
+}
+
+std::unique_ptr<HtmlBrowser> EngineBrowserMaker::Make(HtmlContent content, const QColor& ground,
+                                                      HtmlBrowserHost& host, QWidget* parent) {
+    return std::make_unique<EngineBrowser>(content, ground, host, parent);
+}
+
+}  // namespace quorvi

@@ -1,0 +1,13 @@
+// The engine's profiles: what documents of a kind may do, and what is kept of them.
+#pragma once
+
+#include "ui/html/HtmlSite.h"
+
+class QWebEngineProfile;
+
+namespace quorvi {
+
+// One profile for all views of a kind, and so one renderer; it outlives their pages.
+[[nodiscard]] QWebEngineProfile* ProfileOf(HtmlContent content);
+
+}  // namespace quorvi
