@@ -1,0 +1,148 @@
+// The suite laid out under a prefix, as a package or a user installs it.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "tests/support/WaitFor.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kLimitMs = 60'000;
+constexpr const char* kModule = "lib/quorvi/libquorvi_browser.so";
+
+struct Ended {
+    int status = -1;
+    QString output;  // of both streams
+};
+
+Ended RunToEnd(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    if (!process.waitForFinished(kLimitMs) || process.exitStatus() != QProcess::NormalExit) {
+        return {-1, process.errorString()};
+    }
+    return {process.exitCode(), QString::fromUtf8(process.readAll())};
+}
+
+class Install : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        folder_ = std::make_unique<QTemporaryDir>();
+        const Ended installed =
+            RunToEnd(QStringLiteral(QUORVI_CMAKE),
+                     {QStringLiteral("--install"), QStringLiteral(QUORVI_BUILD_DIR),
+                      QStringLiteral("--prefix"), Prefix()});
+        ASSERT_EQ(installed.status, 0) << installed.output.toStdString();
+    }
+    static void TearDownTestSuite() { folder_.reset(); }
+
+    // With a blank in it, as folders of users have.
+    [[nodiscard]] static QString Prefix() { return folder_->filePath(QStringLiteral("the suite")); }
+    [[nodiscard]] static QString In(const char* path) {
+        return Prefix() + QLatin1Char('/') + QString::fromLatin1(path);
+    }
+    [[nodiscard]] static QByteArray Contents(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    [[nodiscard]] static QByteArray Entry() {
+        return Contents(In("share/applications/quorvi.desktop"));
+    }
+
+    static std::unique_ptr<QTemporaryDir> folder_;
+};
+
+std::unique_ptr<QTemporaryDir> Install::folder_;
+
+TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
+    for (const char* file :
+         {"bin/quorvi", "bin/quorvictl", "bin/quorvi-phone", kModule,
+          "share/quorvi/Data/deployment.json", "share/quorvi/com.quorvi.Quorvi.apk",
+          "share/applications/quorvi.desktop", "share/icons/hicolor/scalable/apps/quorvi.svg",
+          "share/doc/quorvi/README.md"}) {
+        EXPECT_TRUE(QFile::exists(In(file))) << file;
+    }
+}
+
+TEST_F(Install, BringsNoToolOfTheDevelopers) {
+    EXPECT_EQ(QDir(In("bin")).entryList(QDir::Files, QDir::Name),
+              (QStringList{QStringLiteral("quorvi"), QStringLiteral("quorvi-phone"),
+                           QStringLiteral("quorvictl")}));
+}
+
+TEST_F(Install, DesktopEntryIsValid) {
+    const Ended ended = RunToEnd(QStringLiteral("desktop-file-validate"),
+                                 {In("share/applications/quorvi.desktop")});
+    EXPECT_EQ(ended.status, 0) << ended.output.toStdString();
+    EXPECT_TRUE(ended.output.isEmpty()) << ended.output.toStdString();
+}
+
+TEST_F(Install, DesktopEntryStartsTheInstalledProgramAndOpensItsLinks) {
+    EXPECT_TRUE(Entry().contains("\nExec=\"" + In("bin/quorvi").toUtf8() + "\" %u\n"))
+        << Entry().constData();
+    EXPECT_TRUE(Entry().contains("\nMimeType=x-scheme-handler/quorvi;\n"));
+    EXPECT_TRUE(Entry().contains("\nIcon=quorvi\n"));
+}
+
+TEST_F(Install, CommandLineFindsTheDataThatCameWithIt) {
+    const Ended help = RunToEnd(In("bin/quorvictl"), {QStringLiteral("--help")});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_TRUE(help.output.contains(QStringLiteral("number"))) << help.output.toStdString();
+
+    const Ended number =
+        RunToEnd(In("bin/quorvictl"), {QStringLiteral("number"), QStringLiteral("13912345678")});
+    EXPECT_EQ(number.status, 0) << number.output.toStdString();
+    EXPECT_TRUE(number.output.contains(QStringLiteral("江苏"))) << number.output.toStdString();
+    // A program without its deployment.json says so.
+    EXPECT_FALSE(number.output.contains(QStringLiteral("deployment.json")))
+        << number.output.toStdString();
+}
+
+// The program loads the module once its window has been painted.
+TEST_F(Install, WindowShowsAndItsViewsFindTheirModule) {
+    QTemporaryDir own;
+    QFile adb(own.filePath(QStringLiteral("adb")));
+    ASSERT_TRUE(adb.open(QIODevice::WriteOnly));
+    adb.write("#!/bin/sh\nexit 1\n");
+    adb.close();
+    adb.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("PATH"),
+                       own.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+    for (const char* folder : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        environment.insert(QString::fromLatin1(folder), own.path());
+    }
+    environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    program.start(In("bin/quorvi"), QStringList());
+    ASSERT_TRUE(program.waitForStarted());
+    const QString maps = QStringLiteral("/proc/%1/maps").arg(program.processId());
+    EXPECT_TRUE(WaitFor([&] { return Contents(maps).contains(In(kModule).toUtf8()); }))
+        << program.readAll().constData();
+    EXPECT_EQ(program.state(), QProcess::Running);
+    program.terminate();
+    EXPECT_TRUE(program.waitForFinished(kLimitMs));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_FALSE(program.readAll().contains("deployment.json"));
+}
+
+}  // namespace
+}  // namespace quorvi
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
