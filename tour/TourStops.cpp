@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
+#include "app/platform/TrayMenu.h"
 #include "app/window/MainDlg.h"
 #include "app/window/ProductName.h"
-#include "app/window/TrayMenu.h"
 #include "pages/numbers/NumberQueryDlg.h"
 #include "tour/Tour.h"
 #include "ui/kit/QtText.h"

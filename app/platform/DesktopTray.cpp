@@ -2,8 +2,8 @@
 
 #include <QIcon>
 
-#include "app/window/BalloonCard.h"
-#include "app/window/TrayMenu.h"
+#include "app/platform/BalloonCard.h"
+#include "app/platform/TrayMenu.h"
 #include "ui/kit/SkinMenu.h"
 
 namespace quorvi {

@@ -4,7 +4,7 @@
 #include "app/platform/BusNotifier.h"
 #include "app/platform/DesktopTray.h"
 #include "app/platform/EffectSounds.h"
-#include "app/process/RunningInstance.h"
+#include "app/platform/RunningInstance.h"
 #include "app/process/Suite.h"
 #include "base/SettingsFile.h"
 #include "link/UsbWatch.h"

@@ -1,8 +1,8 @@
 #include "app/window/Balloons.h"
 
+#include "app/platform/BalloonCard.h"
 #include "app/platform/Notifier.h"
 #include "app/platform/Tray.h"
-#include "app/window/BalloonCard.h"
 
 namespace quorvi {
 

@@ -15,7 +15,7 @@
 #include <algorithm>
 
 #include "app/platform/Notifier.h"
-#include "app/process/RunningInstance.h"
+#include "app/platform/RunningInstance.h"
 #include "app/window/CaptionBar.h"
 #include "app/window/CommandRow.h"
 #include "app/window/NavigationBar.h"

@@ -1,9 +1,9 @@
 // The main window's part in the tray and its balloons.
 #include <QCursor>
 
+#include "app/platform/TrayMenu.h"
 #include "app/window/MainDlg.h"
 #include "app/window/ProductName.h"
-#include "app/window/TrayMenu.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
 

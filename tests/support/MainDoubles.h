@@ -9,8 +9,8 @@
 
 #include "agent/Wire.h"
 #include "app/platform/Notifier.h"
+#include "app/platform/RunningInstance.h"
 #include "app/platform/Sounds.h"
-#include "app/process/RunningInstance.h"
 #include "app/window/MainDlg.h"
 #include "link/DeviceContext.h"
 #include "tests/support/FakeDesktop.h"

@@ -1,8 +1,8 @@
 // The tray icon on a display of the test's own, on which a tray comes and goes.
 #include <QProcess>
 
+#include "app/platform/BalloonCard.h"
 #include "app/platform/DesktopTray.h"
-#include "app/window/BalloonCard.h"
 #include "tests/support/AwaitTimer.h"
 #include "tests/support/WidgetTest.h"
 

@@ -3,7 +3,7 @@
 
 #include "app/platform/DesktopTray.h"
 #include "app/platform/EffectSounds.h"
-#include "app/window/TrayMenu.h"
+#include "app/platform/TrayMenu.h"
 #include "tests/support/WidgetTest.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"

@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <QMimeData>
 
-#include "app/window/BalloonCard.h"
+#include "app/platform/BalloonCard.h"
 #include "app/window/MainDlg.h"
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/AwaitTimer.h"

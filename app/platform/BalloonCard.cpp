@@ -1,4 +1,4 @@
-#include "app/window/BalloonCard.h"
+#include "app/platform/BalloonCard.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "app/window/TrayMenu.h"
+#include "app/platform/TrayMenu.h"
 
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"

@@ -2,7 +2,7 @@
 #include <QTemporaryDir>
 #include <future>
 
-#include "app/process/RunningInstance.h"
+#include "app/platform/RunningInstance.h"
 #include "tests/support/WidgetTest.h"
 
 namespace quorvi {

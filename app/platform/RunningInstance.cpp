@@ -1,4 +1,4 @@
-#include "app/process/RunningInstance.h"
+#include "app/platform/RunningInstance.h"
 
 #include <unistd.h>
 
