@@ -12,6 +12,7 @@ namespace {
 constexpr char kFlagsVariable[] = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr char kSandboxVariable[] = "QTWEBENGINE_DISABLE_SANDBOX";
 constexpr char kTextureVariable[] = "force_s3tc_enable";
+constexpr char kDrawingVariable[] = "QT_QUICK_BACKEND";
 
 // Where the templates stand.
 constexpr std::string_view kTemplateScheme = "qrc:";
@@ -38,6 +39,11 @@ void PrepareHtmlViews() {
     qputenv(kFlagsVariable, (qgetenv(kFlagsVariable) + " --renderer-process-limit=1").trimmed());
     if (geteuid() == 0 && !qEnvironmentVariableIsSet(kSandboxVariable)) {
         qputenv(kSandboxVariable, "1");
+    }
+    // Drawn by OpenGL, the first view would have Qt take the whole window from the screen and put
+    // up another, which draws by OpenGL too. Documents of text and small pictures do not need it.
+    if (!qEnvironmentVariableIsSet(kDrawingVariable)) {
+        qputenv(kDrawingVariable, "software");
     }
     // The browser engine sets this one itself as the first view is made. A new variable moves the
     // environment, and a program that another thread is just starting with it does not start.

@@ -33,8 +33,9 @@ struct HtmlDecision {
                                             HtmlNavigation navigation);
 
 // Settings of the browser engine that must stand before the application object is made, and before
-// there is another thread: one renderer for all local views, and the sandbox off where the system
-// cannot give one (the user root). Does not load the engine.
+// there is another thread: one renderer for all local views, which draws without OpenGL unless the
+// environment asks for another way, and the sandbox off where the system cannot give one (the user
+// root). Does not load the engine.
 void PrepareHtmlViews();
 
 }  // namespace quorvi
