@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "desktop/DesktopEntry.h"
-#include "desktop/DesktopFolders.h"
+#include "desktop/DesktopFolder.h"
 
 namespace {
 
