@@ -5,6 +5,7 @@
 //   observers.Tell(event);
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -23,10 +24,10 @@ class Observers {
     using Observer = std::function<void(const Event& event)>;
 
     [[nodiscard]] Subscription Add(Observer observer) {
-        Subscription subscription = std::make_shared<char>();
+        auto slot = std::make_shared<Slot>(std::move(observer));
         const std::lock_guard lock(mutex_);
-        observers_.push_back({subscription, std::make_shared<const Observer>(std::move(observer))});
-        return subscription;
+        slots_.push_back(slot);
+        return std::make_shared<const Ticket>(std::move(slot));
     }
 
     // Calls every observer on this thread, in the order in which they were added, and holds no lock
@@ -34,27 +35,41 @@ class Observers {
     // nothing more then. One whose subscription goes while it is told on another thread hears that
     // call to its end.
     void Tell(const Event& event) {
-        for (const Entry& entry : Present()) {
-            if (!entry.subscription.expired()) {
-                (*entry.observer)(event);
+        for (const std::weak_ptr<Slot>& present : Present()) {
+            if (const auto slot = present.lock(); slot && !slot->over) {
+                slot->observer(event);
             }
         }
     }
 
   private:
-    struct Entry {
-        std::weak_ptr<const void> subscription;
-        std::shared_ptr<const Observer> observer;
+    struct Slot {
+        explicit Slot(Observer told) : observer(std::move(told)) {}
+        const Observer observer;
+        std::atomic<bool> over = false;  // its subscription has gone, maybe inside its own call
     };
 
-    std::vector<Entry> Present() {
+    // What a subscription is: it alone keeps the observer, so that all that the observer holds goes
+    // with it.
+    class Ticket {
+      public:
+        explicit Ticket(std::shared_ptr<Slot> slot) : slot_(std::move(slot)) {}
+        ~Ticket() { slot_->over = true; }
+        Ticket(const Ticket&) = delete;
+        Ticket& operator=(const Ticket&) = delete;
+
+      private:
+        std::shared_ptr<Slot> slot_;
+    };
+
+    std::vector<std::weak_ptr<Slot>> Present() {
         const std::lock_guard lock(mutex_);
-        std::erase_if(observers_, [](const Entry& entry) { return entry.subscription.expired(); });
-        return observers_;
+        std::erase_if(slots_, [](const std::weak_ptr<Slot>& slot) { return slot.expired(); });
+        return slots_;
     }
 
     std::mutex mutex_;
-    std::vector<Entry> observers_;
+    std::vector<std::weak_ptr<Slot>> slots_;
 };
 
 }  // namespace quorvi

@@ -58,6 +58,15 @@ TEST(Observed, AnObserverMaySetObserveAndGo) {
     EXPECT_EQ(count.Get(), 2);
 }
 
+TEST(Observed, WhatAnObserverHoldsGoesWithItsSubscription) {
+    Observed<int> count;
+    auto held = std::make_shared<int>(1);
+    Subscription observation = count.Observe([held](int) {});
+    EXPECT_EQ(held.use_count(), 2);
+    observation.reset();
+    EXPECT_EQ(held.use_count(), 1);
+}
+
 TEST(Observed, ManyThreadsMaySetAndWatch) {
     constexpr int kThreads = 4;
     constexpr int kSets = 200;
