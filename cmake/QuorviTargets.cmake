@@ -10,7 +10,7 @@ target_compile_options(quorvi_flags INTERFACE
   $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>
   # Optimising, GCC takes std::string's and std::vector's own copies for overflows where there are
   # none; what runs over is for the address sanitizer to find.
-  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release,RelWithDebInfo>>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread>)
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<OR:$<CONFIG:Release,RelWithDebInfo>,$<BOOL:${QUORVI_SANITIZE}>>>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread>)
 target_link_options(quorvi_flags INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
 if(QUORVI_SANITIZE)
   target_compile_options(quorvi_flags INTERFACE
