@@ -8,6 +8,7 @@
 #include <QTcpSocket>
 #include <QTest>
 #include <QWebEngineView>
+#include <algorithm>
 #include <csignal>
 #include <thread>
 
@@ -294,9 +295,12 @@ TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
     CHtmlCtrlFix& view = ShowBlock();
     view.SetInnerHtml("block", "<a id=hit href='qvhx:refresh'>x</a> <a id=next href='qvh:1'>y</a>");
     Click(QStringLiteral("#hit"));
-    Click(QStringLiteral("#next"));
-    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
-    EXPECT_EQ(owner_.commands, std::vector<std::string>{"1"});
+    // While the browser turns that link down, it drops a click on another.
+    ASSERT_TRUE(WaitFor([&] {
+        Click(QStringLiteral("#next"));
+        return !owner_.commands.empty();
+    }));
+    EXPECT_EQ(std::ranges::count(owner_.commands, "1"), std::ssize(owner_.commands));
     EXPECT_EQ(view.Browser()->url(), BlankTemplateUrl());
 }
 
