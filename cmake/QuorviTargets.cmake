@@ -4,13 +4,17 @@
 add_library(quorvi_flags INTERFACE)
 target_compile_features(quorvi_flags INTERFACE cxx_std_20)
 target_include_directories(quorvi_flags INTERFACE "${CMAKE_SOURCE_DIR}")
+set(quorvi_optimised $<CONFIG:Release,RelWithDebInfo>)
+if(QUORVI_SANITIZE)
+  set(quorvi_optimised 1)
+endif()
 target_compile_options(quorvi_flags INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror>
   $<$<COMPILE_LANGUAGE:CXX>:-fstack-protector-strong -fno-strict-overflow>
   $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>
   # Optimising, GCC takes std::string's and std::vector's own copies for overflows where there are
   # none; what runs over is for the address sanitizer to find.
-  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<OR:$<CONFIG:Release,RelWithDebInfo>,$<BOOL:${QUORVI_SANITIZE}>>>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread>)
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,${quorvi_optimised}>:-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread>)
 target_link_options(quorvi_flags INTERFACE -Wl,-z,relro,-z,now -Wl,--as-needed)
 if(QUORVI_SANITIZE)
   target_compile_options(quorvi_flags INTERFACE
