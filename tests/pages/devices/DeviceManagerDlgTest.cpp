@@ -298,6 +298,7 @@ TEST_F(DeviceManagerDlgTest, CloseEndsWithoutAChoice) {
 
 TEST_F(DeviceManagerDlgTest, HelpDoesNothing) {
     OpenWithRows(2);
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
     Find(1199)->click();
     QCoreApplication::processEvents();
     EXPECT_EQ(RunningJobs(), 0);
