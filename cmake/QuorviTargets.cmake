@@ -142,8 +142,9 @@ quorvi_find_own_network()
 # the program is one (for suites whose set-up is dear). OWN_NETWORK: its tests use the suite's fixed
 # ports, so each process has a network of its own, and where the system has none to give, they hold
 # one lock, and run one at a time. LABEL: ctest's, and the target tests_<label> builds all programs
-# that bear it: `e2e` real adb and simulated phones, `browser` what shows an HTML view, whose threads
-# the thread sanitizer cannot tell from ours; `quick`, where none is told, all else.
+# that bear it: `e2e` real adb and simulated phones, `browser` what shows an HTML view and `desktop`
+# what speaks with a session bus or a display, whose libraries' threads the thread sanitizer cannot
+# tell from ours; `quick`, where none is told, all else.
 function(quorvi_test name)
   cmake_parse_arguments(ARG
     "QT;WHOLE;OWN_NETWORK" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
