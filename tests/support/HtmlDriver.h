@@ -40,18 +40,23 @@ inline void ShowWithDocument(QWidget& window, const CHtmlCtrlBase& view) {
 }
 
 // A press with the mouse in the middle of the first element that the selector finds, scrolled into
-// view.
+// view. Waits for the element: a view that a link has led away from its document shows it again
+// soon.
 inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
                       Qt::MouseButton button = Qt::LeftButton,
                       Qt::KeyboardModifiers modifiers = {}) {
-    const QVariantList middle =
-        AskHtml(view, QStringLiteral("(e => { e.scrollIntoView({block: 'nearest'});"
-                                     "const r = e.getBoundingClientRect();"
-                                     "return [r.x + r.width / 2, r.y + r.height / 2]; })"
-                                     "(document.querySelector(\"%1\"))")
-                          .arg(selector))
-            .toList();
-    ASSERT_EQ(middle.size(), 2) << selector.toStdString();
+    const QString script = QStringLiteral(
+                               "(e => { e.scrollIntoView({block: 'nearest'});"
+                               "const r = e.getBoundingClientRect();"
+                               "return [r.x + r.width / 2, r.y + r.height / 2]; })"
+                               "(document.querySelector(\"%1\"))")
+                               .arg(selector);
+    QVariantList middle;
+    const auto found = [&] {
+        middle = AskHtml(view, script).toList();
+        return middle.size() == 2;
+    };
+    ASSERT_TRUE(WaitFor(found)) << selector.toStdString();
     QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers,
                       QPoint(middle[0].toInt(), middle[1].toInt()));
 }

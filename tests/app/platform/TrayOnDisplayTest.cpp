@@ -22,6 +22,9 @@ class TrayOnADisplay : public WidgetTest {
         program_.start(QStringLiteral("trayer"), QStringList());
         ASSERT_TRUE(program_.waitForStarted());
         ASSERT_TRUE(WaitFor([] { return QSystemTrayIcon::isSystemTrayAvailable(); }));
+        // Asking made Qt want to hear of the tray's end, but Qt sends that wish only with its next
+        // one. Without it a tray that is killed at once would be there for good.
+        QGuiApplication::sync();
     }
     void EndTray() {
         if (program_.state() != QProcess::NotRunning) {
