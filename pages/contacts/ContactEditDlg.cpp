@@ -1,6 +1,7 @@
 #include "pages/contacts/ContactEditDlg.h"
 
 #include <QGridLayout>
+#include <concepts>
 #include <utility>
 
 #include "agent/AgentSession.h"
@@ -179,8 +180,25 @@ void CContactEditDlg::BuildControls() {
     SetForm({});
 }
 
+template <typename Field>
+void CContactEditDlg::SetText(Field* field, const std::string& ansi) {
+    const QString text = ToQString(ansi);
+    if constexpr (std::same_as<Field, CSkinEdit>) {
+        field->setText(text);
+        set_[field] = {text, field->text()};
+    } else {
+        field->SetText(text);
+        set_[field] = {text, field->toPlainText()};
+    }
+}
+
+std::string CContactEditDlg::TextOf(const QWidget* field, const QString& now) const {
+    const auto set = set_.find(field);
+    return FromQString(set == set_.end() ? now : EditedText(set->second, now));
+}
+
 ContactForm CContactEditDlg::Form() const {
-    const auto text = [](const CSkinEdit* field) { return FromQString(field->text()); };
+    const auto text = [this](const CSkinEdit* field) { return TextOf(field, field->text()); };
     const auto typed = [&](const TypedField& field, const ContactTypeTable& types) {
         return ContactTypedField{types.Code(field.type->currentIndex()), text(field.text)};
     };
@@ -188,13 +206,13 @@ ContactForm CContactEditDlg::Form() const {
     form.favourite = favourite_->GetCheck() == 1;
     form.name = text(name_);
     form.nickname = text(nickname_);
-    form.note = FromQString(note_->toPlainText());
+    form.note = TextOf(note_, note_->toPlainText());
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         form.phones[i] = typed(phones_[i], kPhoneTypes);
     }
     form.im = typed(im_, kImTypes);
     form.email = typed(email_, kEmailTypes);
-    form.website = FromQString(website_->toPlainText());
+    form.website = TextOf(website_, website_->toPlainText());
     form.organisation = text(organisation_);
     form.address = text(address_);
     return form;
@@ -202,8 +220,8 @@ ContactForm CContactEditDlg::Form() const {
 
 void CContactEditDlg::SetForm(const ContactForm& form) {
     // A long text shows its start.
-    const auto show = [](CSkinEdit* field, const std::string& text) {
-        field->setText(ToQString(text));
+    const auto show = [this](CSkinEdit* field, const std::string& text) {
+        SetText(field, text);
         field->home(false);
     };
     const auto typed = [&show](const TypedField& field, const ContactTypedField& value,
@@ -212,15 +230,15 @@ void CContactEditDlg::SetForm(const ContactForm& form) {
         show(field.text, value.text);
     };
     favourite_->SetCheck(form.favourite ? 1 : 0);
-    name_->setText(ToQString(form.name));
+    SetText(name_, form.name);
     show(nickname_, form.nickname);
-    note_->SetText(ToQString(form.note));
+    SetText(note_, form.note);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         typed(phones_[i], form.phones[i], kPhoneTypes);
     }
     typed(im_, form.im, kImTypes);
     typed(email_, form.email, kEmailTypes);
-    website_->SetText(ToQString(form.website));
+    SetText(website_, form.website);
     show(organisation_, form.organisation);
     show(address_, form.address);
 }

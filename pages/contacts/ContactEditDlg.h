@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "agent/AgentAddress.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactTypes.h"
+#include "ui/kit/EditedText.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
 
@@ -31,7 +33,8 @@ class CContactEditDlg : public SkinDialog {
     // Update mode: loads the contact at once.
     CContactEditDlg(PageHost& host, std::uint32_t contactId, QWidget* parent, AgentAddress agent);
 
-    // The form as it is filled in, and the other way round.
+    // The form as it is filled in, and the other way round. A text that the user has not changed is
+    // the one that was set, whatever the field shows of it.
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
 
@@ -52,6 +55,11 @@ class CContactEditDlg : public SkinDialog {
     SkinTextEdit* TextEdit(int number, const QString& name);
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
+    // Puts a text into a field, and remembers what the field shows of it.
+    template <typename Field>
+    void SetText(Field* field, const std::string& ansi);
+    // The text that a field stands for.
+    [[nodiscard]] std::string TextOf(const QWidget* field, const QString& now) const;
     void Load();
     // A field's text has changed.
     void Follow(const QWidget* field, const QString& text);
@@ -70,7 +78,8 @@ class CContactEditDlg : public SkinDialog {
     // What notice_ says while no field has characters that cannot be saved.
     int noticeState_ = 0;
     QString noticeText_;
-    std::set<const QWidget*> lossy_;  // fields with characters that cannot be saved
+    std::set<const QWidget*> lossy_;           // fields with characters that cannot be saved
+    std::map<const QWidget*, ShownText> set_;  // what SetForm put into the fields
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;

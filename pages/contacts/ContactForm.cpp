@@ -36,6 +36,25 @@ void AddItem(std::vector<ContactItem>& items, std::int32_t type, std::string tex
     }
 }
 
+// The bytes of a text that goes out in UTF-8: those that came, where it is unchanged.
+template <typename Loaded>
+std::string Utf8Of(const Loaded& loaded, const std::string& ansi) {
+    return ansi == loaded.text && !loaded.came.empty() ? loaded.came : ToUtf8(ansi);
+}
+
+// The bytes of a text that goes out in ANSI: those that came, where it is unchanged and the code
+// page could not hold them.
+std::string AnsiOf(const ContactItem& loaded, const std::string& ansi) {
+    return ansi == loaded.text && !FitsCodePage(loaded.came) ? loaded.came : ansi;
+}
+
+// A row that is left alone or removed goes out with the text that it came with.
+void KeepText(ContactItem& item) {
+    if (item.op == ContactItemOp::leave || item.op == ContactItemOp::remove) {
+        item.text = AnsiOf(item, item.text);
+    }
+}
+
 void UpdateField(ContactField& field, const std::string& ansi) {
     if (ansi.empty()) {
         // Kept on purpose: without the flag the block is not sent, and so the removal is not either
@@ -46,12 +65,14 @@ void UpdateField(ContactField& field, const std::string& ansi) {
     }
     field.op = field.present ? ContactItemOp::update : ContactItemOp::add;
     field.present = true;
-    field.text = ToUtf8(ansi);
+    field.text = Utf8Of(field, ansi);
 }
 
-// One control against the item it stands for.
+enum class Sent { utf8, ansi };
+
+// One control, with an ANSI text, against the item it stands for.
 void UpdateItem(std::vector<ContactItem>& items, std::size_t index, std::int32_t type,
-                std::string text) {
+                const std::string& text, Sent sent = Sent::ansi) {
     if (items.size() <= index) {
         // Keeps its place and is sent like the others.
         items.emplace_back();
@@ -70,7 +91,7 @@ void UpdateItem(std::vector<ContactItem>& items, std::size_t index, std::int32_t
         item.op = ContactItemOp::update;
     }
     item.type = type;
-    item.text = std::move(text);
+    item.text = sent == Sent::utf8 ? Utf8Of(item, text) : AnsiOf(item, text);
 }
 
 }  // namespace
@@ -100,7 +121,7 @@ std::u8string_view RiskOfSaving(const ContactReply& loaded) {
         return u8"没有读全原有的资料，保存可能会覆盖它们";
     }
     if (loaded.record->charactersLost) {
-        return u8"显示成“?”的字符，保存后在手机上也是“?”";
+        return u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”";
     }
     return {};
 }
@@ -137,9 +158,14 @@ ContactRecord RecordToUpdate(ContactRecord loaded, const ContactForm& form) {
     }
     UpdateItem(record.ims, 0, SavedType(kImTypes, form.im.type), form.im.text);
     UpdateItem(record.emails, 0, SavedType(kEmailTypes, form.email.type), form.email.text);
-    UpdateItem(record.websites, 0, 0, ToUtf8(form.website));
+    UpdateItem(record.websites, 0, 0, form.website, Sent::utf8);
     UpdateItem(record.organisations, 0, 0, form.organisation);
     UpdateItem(record.addresses, 0, 0, form.address);
+    for (const ContactRecord::List list : kContactLists) {
+        for (ContactItem& item : record.*list) {
+            KeepText(item);
+        }
+    }
     return record;
 }
 

@@ -46,8 +46,8 @@ struct ContactForm {
 [[nodiscard]] ContactForm FormOf(const ContactRecord& record);
 
 // The warning that the editor shows of a contact that was loaded like this: a save overwrites with
-// blank fields what was not read, and loses characters that the code page lacks. Empty where
-// neither is so, and where the phone has no data of the contact.
+// blank fields what was not read, and of a text that is changed it loses the characters that the
+// code page lacks. Empty where neither is so, and where the phone has no data of the contact.
 [[nodiscard]] std::u8string_view RiskOfSaving(const ContactReply& loaded);
 
 // The record that a save sends for a new contact; nothing when the name is empty. A name of blanks
@@ -60,7 +60,10 @@ struct ContactForm {
 // stands for is marked to be added, updated or removed, all others to be left alone. Name,
 // nickname, note and website are turned to UTF-8; phones, IM, e-mail, and, unlike for a new
 // contact, organisation and address go out as they stand in the field. Kept on purpose: agents have
-// always been sent them so.
+// always been sent them so (test ContactForm.ChangedContactConvertsOnlySingleFieldsAndTheWebsite).
+//
+// A text that is still as FormOf gave it goes back in the very bytes in which it came: one of the
+// first four always, one of the others where its bytes would be lost in the code page.
 [[nodiscard]] ContactRecord RecordToUpdate(ContactRecord loaded, const ContactForm& form);
 
 // The requests of commands 870103 and 870104. Texts go out as they stand in the record.

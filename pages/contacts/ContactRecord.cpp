@@ -35,7 +35,8 @@ std::string AnsiOf(std::string_view utf8, bool& lost) {
 
 ContactField TakeField(ReplyCursor& cursor, bool& lost) {
     ContactField field = TakeUtf8Field(cursor);
-    field.text = AnsiOf(field.text, lost);
+    field.came = std::move(field.text);
+    field.text = AnsiOf(field.came, lost);
     return field;
 }
 
@@ -49,7 +50,8 @@ void TakeItems(ReplyCursor& cursor, std::vector<ContactItem>& items, bool& lost)
             return;
         }
         item.type = cursor.TakeInt32();
-        item.text = AnsiOf(cursor.TakeUtf8().value_or(std::string_view()), lost);
+        item.came = cursor.TakeUtf8().value_or(std::string_view());
+        item.text = AnsiOf(item.came, lost);
         if (!cursor.Overran()) {
             items.push_back(std::move(item));
         }

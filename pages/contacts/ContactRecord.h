@@ -30,6 +30,8 @@ struct ContactItem {
     std::int32_t type = 0;  // see ContactTypes.h
     // ANSI as it was read; in a record to send, the bytes that go out.
     std::string text;
+    // The same text in the very bytes that came from the phone; empty in a row that is not from it.
+    std::string came{};
 };
 
 // A field that a contact has once or not at all.
@@ -37,7 +39,8 @@ struct ContactField {
     bool present = false;
     ContactItemOp op = ContactItemOp::leave;
     std::uint32_t id = 0;
-    std::string text;  // as ContactItem::text
+    std::string text;    // as ContactItem::text
+    std::string came{};  // as ContactItem::came
 
     // What is shown: the text when the field is present, else nothing.
     [[nodiscard]] const std::string& Shown() const;
@@ -64,7 +67,7 @@ struct ContactRecord {
     std::vector<ContactItem> addresses;
     std::vector<ContactItem> organisations;
     // A text that can be edited has characters that the code page lacks: each stands there as '?',
-    // and is '?' on the phone once it has been saved.
+    // and is '?' on the phone once that text has been changed and saved.
     bool charactersLost = false;
 
     using List = std::vector<ContactItem> ContactRecord::*;

@@ -15,6 +15,8 @@
 namespace quorvi {
 namespace {
 
+using namespace std::string_literals;
+
 class ContactEditor : public AgentDialogTest<CContactEditDlg> {
   protected:
     void SetUp() override {
@@ -248,6 +250,70 @@ TEST_F(ContactEditor, LoadShowsTheContactAndASaveSendsTheDifference) {
               (std::vector<Bytes>{UpdateContactRequest(RecordToUpdate(loaded, form))}));
 }
 
+// A contact with texts that no field shows just as they are.
+WireBytes OddContact(const std::string& text) {
+    WireBytes bytes = ContactStart(7)
+                          .U32(0)   // structured flag
+                          .U32(1)   // name flag
+                          .U64(70)  // name row id
+                          .U32(0)   // reserved
+                          .Text(text)
+                          .U32(1)   // nickname flag
+                          .U64(71)  // nickname row id
+                          .U32(0)   // reserved
+                          .Text(text)
+                          .U32(1)   // note flag
+                          .U64(72)  // note row id
+                          .U32(0)   // reserved
+                          .Text(text);
+    std::uint64_t id = 80;
+    for (std::size_t list = 0; list < std::size(kContactLists); ++list) {
+        AddItems(bytes, {{id++, 1, text}});
+    }
+    return bytes;
+}
+
+// What the one update that was sent is, of a contact.
+ContactRecord SentTo(const WireBytes& contact, const std::function<void(ContactRecord&)>& sent) {
+    ContactRecord record = ParseContact(contact.Buffer()).value();
+    record = RecordToUpdate(record, FormOf(record));
+    sent(record);
+    return record;
+}
+
+TEST_F(ContactEditor, TextThatIsLeftAloneGoesBackInTheVeryBytesThatCame) {
+    const std::string text =
+        "a\r\nb\rc\nd\0e\tf\xE2\x80\xA8g\xE2\x80\xA9h\xC2\xA0i\xFF\xF0\x9F\x8E\x88"s;
+    OpenLoaded(OddContact(text));
+    Edit(1150)->setText(QStringLiteral("222"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    const ContactRecord sent =
+        SentTo(OddContact(text), [](ContactRecord& record) { record.phones[0].text = "222"; });
+    for (const ContactField* field : {&sent.name, &sent.nickname, &sent.note}) {
+        ASSERT_EQ(field->text, text);
+    }
+    for (const auto* items :
+         {&sent.emails, &sent.ims, &sent.websites, &sent.addresses, &sent.organisations}) {
+        ASSERT_EQ(items->at(0).text, text);
+    }
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact),
+              (std::vector<Bytes>{UpdateContactRequest(sent)}));
+}
+
+TEST_F(ContactEditor, LinesOfANoteThatAreLeftAloneKeepTheirEnds) {
+    const WireBytes contact = OddContact("a\r\nb\r\nc");
+    OpenLoaded(contact);
+    ASSERT_EQ(Area(1381)->toPlainText(), QStringLiteral("a\nb\nc"));
+    Area(1381)->moveCursor(QTextCursor::Down);
+    Area(1381)->insertPlainText(QStringLiteral("x\n"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact),
+              (std::vector<Bytes>{UpdateContactRequest(SentTo(
+                  contact, [](ContactRecord& record) { record.note.text = "a\r\nx\nb\r\nc"; }))}));
+}
+
 TEST_F(ContactEditor, EmptyNameIsSavedWhenAContactIsChanged) {
     OpenLoaded(ContactPayload(7, "A"));
     Edit(1149)->clear();
@@ -301,7 +367,7 @@ TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
 TEST_F(ContactEditor, CharactersThatTheCodePageLacksAreWarnedOf) {
     OpenLoaded(ContactPayload(7, "A\xF0\x9F\x8E\x88"));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A?"));
-    EXPECT_EQ(Notice(), ToQString(u8"显示成“?”的字符，保存后在手机上也是“?”"));
+    EXPECT_EQ(Notice(), ToQString(u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”"));
 }
 
 TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {

@@ -6,6 +6,8 @@
 namespace quorvi {
 namespace {
 
+using namespace std::string_literals;
+
 std::string Utf8(std::u8string_view text) {
     return {text.begin(), text.end()};
 }
@@ -256,11 +258,75 @@ TEST(ContactForm, SavingOverWhatWasNotReadIsARisk) {
     EXPECT_EQ(risk(SessionOutcome::noData, std::nullopt), u8"");  // there is nothing to overwrite
 }
 
-TEST(ContactForm, SavingCharactersThatTheCodePageLacksIsARisk) {
+TEST(ContactForm, ChangingATextWithCharactersThatTheCodePageLacksIsARisk) {
     ContactRecord record = Record();
     record.charactersLost = true;
     EXPECT_EQ(RiskOfSaving({SessionOutcome::complete, record}),
-              u8"显示成“?”的字符，保存后在手机上也是“?”");
+              u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”");
+}
+
+// A text that the code page lacks a character of and that is no UTF-8, with every kind of line end.
+const std::string kOddBytes = "a\xF0\x9F\x8E\x88\xFF\r\nb\rc\nd\0e\xE2\x80\xA8\t"s;
+
+// A row as a load makes it.
+ContactItem Came(std::uint32_t id, const std::string& utf8) {
+    return {id, ContactItemOp::leave, 1, ToAnsi(utf8), utf8};
+}
+
+// A contact with the same text everywhere.
+ContactRecord EveryTextIs(const std::string& utf8) {
+    ContactRecord record;
+    std::uint32_t id = 70;
+    for (ContactField* field : {&record.name, &record.nickname, &record.note}) {
+        *field = {true, ContactItemOp::leave, id++, ToAnsi(utf8), utf8};
+    }
+    for (const ContactRecord::List list : kContactLists) {
+        for (int i = 0; i < 4; ++i) {
+            (record.*list).push_back(Came(id++, utf8));
+        }
+    }
+    return record;
+}
+
+TEST(ContactForm, UnchangedTextGoesBackInTheVeryBytesThatCame) {
+    const ContactRecord loaded = EveryTextIs(kOddBytes);
+    const ContactRecord record = RecordToUpdate(loaded, FormOf(loaded));
+    for (const ContactField* field : {&record.name, &record.nickname, &record.note}) {
+        EXPECT_EQ(field->text, kOddBytes);
+    }
+    for (const ContactRecord::List list : kContactLists) {
+        for (const ContactItem& item : record.*list) {
+            EXPECT_EQ(item.text, kOddBytes) << item.id;
+        }
+    }
+}
+
+TEST(ContactForm, RemovedTextGoesOutInTheVeryBytesThatCame) {
+    const ContactRecord loaded = EveryTextIs(kOddBytes);
+    ContactForm form = FormOf(loaded);
+    form.phones[1].text.clear();
+    const ContactRecord record = RecordToUpdate(loaded, form);
+    ExpectItem(record.phones.at(1), loaded.phones.at(1).id, ContactItemOp::remove, 1, kOddBytes);
+}
+
+TEST(ContactForm, ChangedTextGoesOutAsItStandsInTheForm) {
+    const ContactRecord loaded = EveryTextIs(kOddBytes);
+    const ContactRecord record = RecordToUpdate(loaded, FilledWith(Ansi(u8"舟?")));
+    for (const ContactField* field : {&record.name, &record.nickname, &record.note}) {
+        EXPECT_EQ(field->text, Utf8(u8"舟?"));
+    }
+    EXPECT_EQ(record.websites.at(0).text, Utf8(u8"舟?"));
+    for (const auto* items :
+         {&record.phones, &record.emails, &record.ims, &record.addresses, &record.organisations}) {
+        EXPECT_EQ(items->at(0).text, Ansi(u8"舟?"));
+    }
+}
+
+TEST(ContactForm, UnchangedOrganisationThatTheCodePageHoldsGoesOutAsItStandsInTheField) {
+    const ContactRecord loaded = EveryTextIs(Utf8(u8"舟"));
+    const ContactRecord record = RecordToUpdate(loaded, FormOf(loaded));
+    EXPECT_EQ(record.organisations.at(0).text, Ansi(u8"舟"));
+    EXPECT_EQ(record.websites.at(0).text, Utf8(u8"舟"));
 }
 
 TEST(ContactForm, FavouriteIsTheTickBoxs) {
