@@ -452,4 +452,8 @@ void CMainDlg::SetStatus(const QString& text) {
     status_->SetStatus(text);
 }
 
+void CMainDlg::TakeBackStatus(const QString& text) {
+    status_->TakeBackStatus(text);
+}
+
 }  // namespace quorvi

@@ -75,6 +75,7 @@ class CMainDlg : public QWidget, public PageHost {
 
     // PageHost
     void SetStatus(const QString& text) override;
+    void TakeBackStatus(const QString& text) override;
     void Post(Message message, int first = 0, int second = 0) override;
     void ShowBalloon(const QString& title, const QString& text) override;
     [[nodiscard]] PageLoadState& LoadState() override { return loadState_; }

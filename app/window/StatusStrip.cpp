@@ -11,9 +11,17 @@ namespace quorvi {
 
 using look::Metric;
 
+namespace {
+
+QString Ready() {
+    return ToQString(u8"就绪");
+}
+
+}  // namespace
+
 StatusStrip::StatusStrip(QWidget* parent)
     : QWidget(parent),
-      status_(new CSkinStateLabel(ToQString(u8"就绪"), this)),
+      status_(new CSkinStateLabel(Ready(), this)),
       banner_(new ConnectionBannerLabel(this)) {
     setObjectName(QStringLiteral("status"));
     setFixedHeight(Metric::statusHeight);
@@ -30,6 +38,12 @@ void StatusStrip::SetStatus(const QString& text) {
     const bool error =
         text.startsWith(ToQString(u8"【X】")) || text.startsWith(ToQString(u8"【错误】"));
     status_->SetState(error ? CSkinStateLabel::kRed : CSkinStateLabel::kBlue, text);
+}
+
+void StatusStrip::TakeBackStatus(const QString& text) {
+    if (status_->text() == text) {
+        SetStatus(Ready());
+    }
 }
 
 void StatusStrip::SetBanner(const QString& text, BannerState state) {

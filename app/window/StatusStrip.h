@@ -18,6 +18,8 @@ class StatusStrip : public QWidget {
 
     // The StatusLabel. A text that speaks of an error by its first sign is shown as one.
     void SetStatus(const QString& text);
+    // Shows 就绪 where the StatusLabel shows this text.
+    void TakeBackStatus(const QString& text);
     // The ConnectionBanner.
     void SetBanner(const QString& text, BannerState state);
     [[nodiscard]] QString BannerText() const;

@@ -260,9 +260,7 @@ void CContactEditDlg::Load() {
         [this](ContactReply&& reply) {
             SetBusy(false);
             Notice(CSkinStateLabel::kRed, RiskOfSaving(reply));
-            if (reply.outcome == SessionOutcome::connectFailed) {
-                ShowConnectError(host_);
-            }
+            ShowLoadOutcome(host_, reply.outcome);
             if (reply.record) {
                 record_ = *std::move(reply.record);
                 SetForm(FormOf(record_));

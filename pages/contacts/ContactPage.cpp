@@ -101,9 +101,7 @@ void CContactPage::RefreshDetail() {
         },
         [this](SessionOutcome outcome) {
             frame_->SetState(ListState::idle);
-            if (outcome == SessionOutcome::connectFailed) {
-                ShowConnectError(Host());
-            }
+            ShowLoadOutcome(Host(), outcome);
         });
 }
 

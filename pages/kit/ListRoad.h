@@ -85,9 +85,7 @@ void ListRoad::Load(List* list, const Fetch& fetch, const std::function<void()>&
             return fetch(AgentSession(agent), ProgressTo(progress, list));
         },
         [&host = place_.host, list, shown](auto&& reply) {
-            if (!reply.Connected()) {
-                ShowConnectError(host);
-            }
+            ShowLoadOutcome(host, reply.outcome);
             const bool endsEarly = reply.Connected() && !reply.IsWhole();
             list->SetState(reply.Connected() ? ListState::idle : ListState::failed);
             list->Show(std::move(reply.list));

@@ -6,11 +6,10 @@
 
 namespace quorvi {
 
-void ShowConnectError(PageHost& host) {
-    host.SetStatus(ToQString(u8"【X】连接错误"));
-}
-
 namespace {
+
+constexpr std::u8string_view kConnectError = u8"【X】连接错误";
+
 
 // Disables controls. Meanwhile the window itself has the focus. When they are enabled again, the
 // one of them that had the focus gets it back, unless the user has given it to another widget.
@@ -37,6 +36,24 @@ class FocusKeeper {
 };
 
 }  // namespace
+
+void ShowConnectError(PageHost& host) {
+    host.SetStatus(ToQString(kConnectError));
+}
+
+void ShowLoadOutcome(PageHost& host, SessionOutcome outcome) {
+    switch (outcome) {
+        case SessionOutcome::connectFailed:
+            ShowConnectError(host);
+            break;
+        case SessionOutcome::complete:
+        case SessionOutcome::noData:
+            host.TakeBackStatus(ToQString(kConnectError));
+            break;
+        default:
+            break;  // kept on purpose: nothing is shown for a reply that did not come whole
+    }
+}
 
 void SendChange(PageHost& host, QWidget& controls, AgentAddress agent, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done) {

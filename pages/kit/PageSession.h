@@ -16,6 +16,11 @@ namespace quorvi {
 // Tells the user that no connection to the agent was to be had. The window's thread.
 void ShowConnectError(PageHost& host);
 
+// What the status says of a load that has ended: a connection that was not to be had, and 就绪 in
+// the place of such a failure once a load has worked, that is, once a whole reply has come. The
+// window's thread.
+void ShowLoadOutcome(PageHost& host, SessionOutcome outcome);
+
 // How often the window hears how far a load has come.
 inline constexpr std::chrono::milliseconds kProgressPause{50};
 

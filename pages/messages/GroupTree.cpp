@@ -54,6 +54,7 @@ GroupTree ReadGroupTree(const PayloadReply& names, const PayloadReply& members) 
     }
     tree.connected = names.outcome != SessionOutcome::connectFailed &&
                      members.outcome != SessionOutcome::connectFailed;
+    tree.outcome = tree.connected ? members.outcome : SessionOutcome::connectFailed;
     tree.complete =
         tree.connected && members.HasPayload() && ReadGroupMembers(members.buffer, tree.members);
     return tree;

@@ -35,7 +35,8 @@ using GroupMembers = std::map<std::int32_t, std::map<std::string, std::string>>;
 
 // Who is in which group, as the composer's tree shows it.
 struct GroupTree {
-    bool connected = true;  // both sessions found the phone
+    bool connected = true;                                   // both sessions found the phone
+    SessionOutcome outcome = SessionOutcome::connectFailed;  // of the last of them
     bool complete = false;  // the tree is to be built; see ReadGroupMembers
     GroupNames names;
     GroupMembers members;

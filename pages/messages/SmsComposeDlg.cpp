@@ -170,9 +170,7 @@ void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
     frame_->SetFilled();
     frame_->SetState(ListState::idle);
     recipients_->setEnabled(true);
-    if (outcome == SessionOutcome::connectFailed) {
-        ShowConnectError(host_);
-    }
+    ShowLoadOutcome(host_, outcome);
     if (shown) {
         recipients_->setText(ToShownQString(party));  // cut where it is too long for any number
     }
@@ -187,9 +185,7 @@ void CSmsComposeDlg::ReadTree() {
 }
 
 void CSmsComposeDlg::ShowTree(GroupTree&& tree) {
-    if (!tree.connected) {
-        ShowConnectError(host_);
-    }
+    ShowLoadOutcome(host_, tree.outcome);
     tree_->Status().Set(tree.connected ? ListState::idle : ListState::failed);
     members_ = std::move(tree.members);
     if (!tree.complete) {

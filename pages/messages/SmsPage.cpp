@@ -59,9 +59,7 @@ void CSmsPage::RefreshSms() {
 
 void CSmsPage::ShowLoaded(const Loaded& loaded) {
     const bool connected = loaded.outcome != SessionOutcome::connectFailed;
-    if (!connected) {
-        ShowConnectError(Host());
-    }
+    ShowLoadOutcome(Host(), loaded.outcome);
     if (loaded.shown) {
         frame_->SetFilled();
     }

@@ -42,9 +42,8 @@ void CHomePage::Refresh() {
 }
 
 void CHomePage::Show(const SystemInfoReply& reply) {
-    if (reply.outcome == SessionOutcome::connectFailed) {
-        ShowConnectError(Host());
-    } else if (reply.info) {
+    ShowLoadOutcome(Host(), reply.outcome);
+    if (reply.info) {
         view_->SetInnerHtml("manufacturer", DashboardHeader(*reply.info));
         view_->SetInnerHtml("info_ul", DashboardList(*reply.info));
     }

@@ -77,9 +77,8 @@ void CSystemInfoPage::Load() {
 
 void CSystemInfoPage::Show(const SystemInfoReply& reply) {
     list_->SetState(ListState::idle);
-    if (reply.outcome == SessionOutcome::connectFailed) {
-        ShowConnectError(Host());
-    } else if (reply.info) {
+    ShowLoadOutcome(Host(), reply.outcome);
+    if (reply.info) {
         const auto rows = SystemInfoTable(*reply.info);
         for (std::size_t i = 0; i < rows.size(); ++i) {
             list_->Edit(static_cast<int>(i), [&](InfoRow& record) { record.row = rows[i]; });

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/support/MemorySettings.h"
+#include "ui/kit/QtText.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {
@@ -14,7 +15,15 @@ class FakeHost : public PageHost {
   public:
     using Posted = std::tuple<Message, int, int>;
 
-    void SetStatus(const QString& text) override { statuses.append(text); }
+    void SetStatus(const QString& text) override {
+        statuses.append(text);
+        status = text;
+    }
+    void TakeBackStatus(const QString& text) override {
+        if (status == text) {
+            status = ToQString(u8"就绪");
+        }
+    }
     void Post(Message message, int first, int second) override {
         posted.emplace_back(message, first, second);
     }
@@ -25,7 +34,8 @@ class FakeHost : public PageHost {
     PageSelection& Selection() override { return selection; }
     SettingsStore& Settings() override { return settings; }
 
-    QStringList statuses;
+    QStringList statuses;                  // all that were set, in their order
+    QString status = ToQString(u8"就绪");  // what the StatusLabel shows
     QStringList balloons;
     std::vector<Posted> posted;
     PageLoadState loadState;

@@ -15,6 +15,8 @@ namespace quorvi {
 
 // What the status says of a phone that is not found.
 inline const QString kConnectError = ToQString(u8"【X】连接错误");
+// And of one with which all is well.
+inline const QString kReady = ToQString(u8"就绪");
 
 // Runs all that has been posted to the window by now.
 inline void DrainWindow() {
@@ -32,6 +34,9 @@ class PageTest : public testing::Test {
         ASSERT_TRUE(WaitFor([] { return RunningJobs() == 0; }));
         DrainWindow();
     }
+
+    // As a failed connection left the status.
+    void FailBefore() { host_.SetStatus(kConnectError); }
 
     FakeHost host_;
     TestServices services_;

@@ -17,6 +17,8 @@ class PageHost {
     virtual ~PageHost() = default;
     // Shows text in the StatusLabel (control 1366).
     virtual void SetStatus(const QString& text) = 0;
+    // Shows 就绪 there again where the StatusLabel still shows this text: what it tells is over.
+    virtual void TakeBackStatus(const QString& text) = 0;
     // Posts a message to the main window.
     virtual void Post(Message message, int first = 0, int second = 0) = 0;
     virtual void ShowBalloon(const QString& title, const QString& text) = 0;

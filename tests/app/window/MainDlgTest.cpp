@@ -393,6 +393,17 @@ TEST_F(MainWindow, AStatusThatSpeaksOfAnErrorIsShownAsOne) {
     }
 }
 
+TEST_F(MainWindow, AStatusIsTakenBackWhereItStillStands) {
+    MakeWindow();
+    const QString error = ToQString(u8"【X】连接错误");
+    window_->SetStatus(error);
+    window_->TakeBackStatus(ToQString(u8"【错误】没有数据"));
+    EXPECT_EQ(StatusText(), error);
+    window_->TakeBackStatus(error);
+    EXPECT_EQ(StatusText(), ToQString(u8"就绪"));
+    EXPECT_EQ(Find<CSkinStateLabel>(1366).State(), CSkinStateLabel::kBlue);
+}
+
 TEST_F(MainWindow, ControlsHaveAccessibleNames) {
     MakeWindow();
     Send(Message::goToPage, 1, 10);

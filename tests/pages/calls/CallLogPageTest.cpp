@@ -164,6 +164,33 @@ TEST_F(CallLogPage, ConnectFailureIsToldAndRedrawGoesOn) {
     EXPECT_EQ(List().State(), ListState::failed);
 }
 
+TEST_F(CallLogPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
+    FailBefore();
+    OpenLoaded();
+    EXPECT_EQ(host_.status, kReady);
+}
+
+TEST_F(CallLogPage, ALoadThatWorksLeavesAnotherStatusAlone) {
+    host_.SetStatus(QStringLiteral("something else"));
+    OpenLoaded();
+    EXPECT_EQ(host_.status, QStringLiteral("something else"));
+}
+
+TEST_F(CallLogPage, AReplyThatDoesNotComeWholeLeavesAConnectFailureStanding) {
+    OpenLoaded();
+    FailBefore();
+    for (const ScriptedAgent::Reply& reply :
+         {ScriptedAgent::Reply{Bytes{}}, ScriptedAgent::Reply{Join({Word(100), Word(0)})},
+          ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}}) {
+        agent_.Answer(AgentCommand::listCalls, reply);
+        LoadAgain();
+        EXPECT_EQ(host_.status, kConnectError);
+    }
+    agent_.AnswerNoData(AgentCommand::listCalls);
+    LoadAgain();
+    EXPECT_EQ(host_.status, kReady);
+}
+
 // Replies that end the worker early.
 class CallLogPageEarlyEnd : public CallLogPage,
                             public testing::WithParamInterface<ScriptedAgent::Reply> {};

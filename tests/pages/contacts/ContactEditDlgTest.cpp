@@ -353,6 +353,12 @@ TEST_F(ContactEditor, ConnectFailureAtTheLoadIsToldAndLeavesTheFieldsEmpty) {
     EXPECT_EQ(Notice(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
 }
 
+TEST_F(ContactEditor, ALoadThatWorksTakesAnOldConnectFailureBack) {
+    FailBefore();
+    OpenLoaded(WholeContactPayload());
+    EXPECT_EQ(host_.status, kReady);
+}
+
 TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
     WireBytes cut;
     cut.U32(1'000'000).Add(ContactPayload(7, "A").Get());

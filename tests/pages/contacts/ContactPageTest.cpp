@@ -148,6 +148,13 @@ TEST_F(ContactPage, RefreshDuringARunningLoadIsDroppedNotQueued) {
     EXPECT_EQ(Loads(), 1u);
 }
 
+TEST_F(ContactPage, ADetailThatWorksTakesAnOldConnectFailureBack) {
+    CContactPage& page = OpenLoaded();
+    FailBefore();
+    page.RefreshDetail();
+    EXPECT_TRUE(WaitFor([&] { return host_.status == kReady; }));
+}
+
 TEST_F(ContactPage, ConnectFailureIsToldAndTheListEmptyWithRedrawOn) {
     CContactPage& page = OpenAt(UnusedPort());
     page.Load();

@@ -87,6 +87,17 @@ TEST_F(Composer, ANewMessageReadsTheTreeAndNoConversation) {
               (std::vector<Bytes>{Word(870120), Word(870150)}));  // names before members
 }
 
+TEST_F(Composer, EachLoadThatWorksTakesAnOldConnectFailureBack) {
+    agent_.Hold(AgentCommand::listGroupMembers);
+    FailBefore();
+    OpenAt(agent_.Port(), 7);
+    EXPECT_TRUE(WaitFor([&] { return host_.status == kReady; }));  // the conversation
+    FailBefore();
+    agent_.Release();
+    ASSERT_TRUE(WaitForTree());
+    EXPECT_EQ(host_.status, kReady);
+}
+
 TEST_F(Composer, TheTreeShowsGroupsBySignedIdWithTheirMembersByName) {
     OpenLoaded();
     ASSERT_EQ(Tree().topLevelItemCount(), 3);

@@ -72,6 +72,12 @@ TEST_F(SmsPage, LoadShowsABlockAConversation) {
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
+TEST_F(SmsPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
+    FailBefore();
+    OpenLoaded();
+    EXPECT_TRUE(WaitFor([&] { return host_.status == kReady; }));
+}
+
 TEST_F(SmsPage, TheAttributionIsTheOneThatItWasHanded) {
     services_.attribution = [](std::string_view) { return std::string("elsewhere"); };
     OpenLoaded();

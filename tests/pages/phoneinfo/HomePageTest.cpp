@@ -68,6 +68,13 @@ TEST_F(HomePage, ConnectFailureIsToldAndTheViewStays) {
     EXPECT_EQ(Header(), kNotConnected);
 }
 
+TEST_F(HomePage, ARefreshThatWorksTakesAnOldConnectFailureBack) {
+    FailBefore();
+    LoopbackAgent agent(Replying(WholeSystemInfo()));
+    Open(agent.Port()).Refresh();
+    EXPECT_TRUE(WaitFor([&] { return host_.status == kReady; }));
+}
+
 class HomePageUnchanged : public HomePage, public testing::WithParamInterface<Bytes> {};
 
 TEST_P(HomePageUnchanged, LeavesTheDashboardAsItIs) {

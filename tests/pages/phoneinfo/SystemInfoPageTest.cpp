@@ -76,6 +76,14 @@ TEST_F(SystemInfoPage, ConnectFailureIsToldAndTheRowsStay) {
     EXPECT_EQ(List(page).State(), ListState::idle);
 }
 
+TEST_F(SystemInfoPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
+    FailBefore();
+    LoopbackAgent agent({.bytes = Framed(WholeSystemInfo().Get())});
+    CSystemInfoPage page(host_, services_.At(agent.Port()));
+    Load(page);
+    EXPECT_EQ(host_.status, kReady);
+}
+
 TEST_F(SystemInfoPage, AbsentModelLeavesTheTableAsItIs) {
     LoopbackAgent agent({.bytes = Framed(LeadingWord().Absent().U64(0).Get())});
     CSystemInfoPage page(host_, services_.At(agent.Port()));
