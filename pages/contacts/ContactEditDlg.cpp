@@ -52,6 +52,8 @@ enum Column {
     columnRightCaption,
     columnRightField
 };
+constexpr std::u8string_view kContactUnacknowledged = u8"上次填写的联系人没有得到手机的确认";
+
 constexpr int kWebsiteRows = 2;
 constexpr int kNoteRows = 3;
 
@@ -257,16 +259,27 @@ void CContactEditDlg::Load() {
     SetBusy(true);
     RunJob(
         this, [agent = agent_, id = contactId_] { return FetchContact(AgentSession(agent), id); },
-        [this](ContactReply&& reply) {
-            SetBusy(false);
-            Notice(CSkinStateLabel::kRed, RiskOfSaving(reply));
-            ShowLoadOutcome(host_, reply.outcome);
-            if (reply.record) {
-                record_ = *std::move(reply.record);
-                SetForm(FormOf(record_));
-            }
-            name_->setFocus();
-        });
+        [this](ContactReply&& reply) { ShowLoaded(std::move(reply)); });
+}
+
+void CContactEditDlg::ShowLoaded(ContactReply&& reply) {
+    SetBusy(false);
+    const std::u8string_view risk = RiskOfSaving(reply);
+    Notice(CSkinStateLabel::kRed, risk);
+    ShowLoadOutcome(host_, reply.outcome);
+    if (reply.record) {
+        record_ = *std::move(reply.record);
+        SetForm(FormOf(record_));
+    }
+    if (resumed_ && *resumed_ != FormOf(record_)) {
+        SetForm(*resumed_);
+        if (risk.empty()) {
+            Notice(CSkinStateLabel::kBlue, kContactUnacknowledged);
+        }
+    }
+    resumed_.reset();
+    unsaved_.reset();
+    name_->setFocus();
 }
 
 void CContactEditDlg::Follow(const QWidget* field, const QString& text) {
@@ -294,7 +307,12 @@ void CContactEditDlg::ShowNotice() {
 
 void CContactEditDlg::Resume(const ContactForm& form) {
     SetForm(form);
-    Notice(CSkinStateLabel::kBlue, u8"上次填写的联系人没有得到手机的确认");
+    Notice(CSkinStateLabel::kBlue, kContactUnacknowledged);
+    ForgetUnacknowledged(host_);
+    if (!adds_) {
+        resumed_ = form;
+        unsaved_ = form;  // until it stands over what was loaded, a closed dialog loses nothing
+    }
 }
 
 void CContactEditDlg::Save() {
@@ -320,6 +338,7 @@ void CContactEditDlg::Send(Bytes request) {
         if (reply.outcome == SessionOutcome::complete) {
             unsaved_.reset();
         }
+        ShowAcknowledgement(host_, reply.outcome);
         accept();
     });
 }

@@ -38,7 +38,9 @@ class CContactEditDlg : public SkinDialog {
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
 
-    // Add mode: puts a form back that did not get to the phone from an earlier dialog.
+    // Right behind the construction: puts a form back that did not get to the phone from an earlier
+    // dialog. One that changes a contact comes over what is loaded, and is given up where the phone
+    // has it by now.
     void Resume(const ContactForm& form);
     // The form that the user has told to save and the phone has not acknowledged.
     [[nodiscard]] const std::optional<ContactForm>& Unsaved() const { return unsaved_; }
@@ -61,6 +63,7 @@ class CContactEditDlg : public SkinDialog {
     // The text that a field stands for.
     [[nodiscard]] std::string TextOf(const QWidget* field, const QString& now) const;
     void Load();
+    void ShowLoaded(ContactReply&& reply);
     // A field's text has changed.
     void Follow(const QWidget* field, const QString& text);
     void Notice(int state, std::u8string_view text);
@@ -75,6 +78,7 @@ class CContactEditDlg : public SkinDialog {
     AgentAddress agent_;
     ContactRecord record_;  // update mode: as it was loaded
     std::optional<ContactForm> unsaved_;
+    std::optional<ContactForm> resumed_;  // update mode: until the contact is loaded
     // What notice_ says while no field has characters that cannot be saved.
     int noticeState_ = 0;
     QString noticeText_;

@@ -18,6 +18,8 @@ namespace quorvi {
 struct ContactTypedField {
     std::int32_t type = 0;
     std::string text;
+
+    bool operator==(const ContactTypedField&) const = default;
 };
 
 inline constexpr std::size_t kContactFormPhones = 3;
@@ -40,6 +42,8 @@ struct ContactForm {
     std::string website;
     std::string organisation;
     std::string address;
+
+    bool operator==(const ContactForm&) const = default;
 };
 
 // What the editor shows of a record: the first three phones and the first item of each other list.

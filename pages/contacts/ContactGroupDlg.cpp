@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <array>
+#include <utility>
 
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/kit/PhoneListCtrl.h"
@@ -105,17 +106,30 @@ void CContactGroupDlg::Refresh() {
 }
 
 void CContactGroupDlg::Add() {
-    RunEditor(new CGroupEditDlg(host_, this, agent_));
+    auto* editor = new CGroupEditDlg(host_, this, agent_);
+    if (const auto title = std::exchange(unsaved_.added, std::nullopt)) {
+        editor->Resume(*title);
+    }
+    RunEditor(editor, [this](const QString& title) { unsaved_.added = title; });
 }
 
 void CContactGroupDlg::Rename() {
     if (const ContactGroup* group = list_->Current()) {
-        RunEditor(new CGroupEditDlg(host_, group->id, group->title, this, agent_));
+        auto* editor = new CGroupEditDlg(host_, *group, this, agent_);
+        if (const auto title = unsaved_.renamed.extract(group->id)) {
+            editor->Resume(title.mapped());
+        }
+        RunEditor(editor,
+                  [this, id = group->id](const QString& title) { unsaved_.renamed[id] = title; });
     }
 }
 
-void CContactGroupDlg::RunEditor(SkinDialog* editor) {
-    editor->Open([this](int result) {
+void CContactGroupDlg::RunEditor(CGroupEditDlg* editor,
+                                 std::function<void(const QString& title)> keep) {
+    editor->Open([this, editor, keep = std::move(keep)](int result) {
+        if (editor->Unsaved()) {
+            keep(*editor->Unsaved());
+        }
         if (result == QDialog::Accepted) {
             Refresh();
         }

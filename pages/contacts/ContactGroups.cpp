@@ -12,11 +12,12 @@ ContactGroups ParseContactGroups(const ReplyBuffer& reply) {
         if (cursor.IsCut()) {
             return RecordEnd::cut;  // a change of the row would go to whatever group has this id
         }
-        auto title = cursor.TakeText();
+        const auto title = cursor.TakeUtf8();
         if (!title) {
             return RecordEnd::mark;
         }
-        group.title = std::move(*title);
+        group.titleCame = *title;
+        group.title = ToAnsi(*title);
         group.account = cursor.TakeTextOrEmpty();
         group.visible = cursor.TakeFlag();
         return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
@@ -43,6 +44,15 @@ Bytes RenameGroupRequest(std::uint32_t id, std::string_view title) {
         .AddUInt32(id)
         .AddText(title)
         .Take();
+}
+
+Bytes RenameGroupRequest(const ContactGroup& group, std::string_view title) {
+    RequestBuilder request(AgentCommand::renameGroup);
+    request.BeginItem().AddUInt32(group.id);
+    if (title == group.title) {
+        return request.AddRawText(group.titleCame).Take();
+    }
+    return request.AddText(title).Take();
 }
 
 Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids) {

@@ -20,6 +20,7 @@ struct ContactGroup {
     std::string title;
     std::string account;
     bool visible = false;
+    std::string titleCame{};  // the title in the very bytes that came from the phone
 };
 
 // Ended by the mark in a title.
@@ -40,6 +41,9 @@ using ContactGroupsReply = ListReply<ContactGroup>;
 // The requests of commands 870121, 870122 and 870124. Titles are ANSI.
 [[nodiscard]] Bytes AddGroupRequest(std::string_view title);
 [[nodiscard]] Bytes RenameGroupRequest(std::uint32_t id, std::string_view title);
+// The same for a group that was read: a title that is still its own goes out in the very bytes that
+// came.
+[[nodiscard]] Bytes RenameGroupRequest(const ContactGroup& group, std::string_view title);
 [[nodiscard]] Bytes DeleteGroupsRequest(std::span<const std::uint32_t> ids);
 
 }  // namespace quorvi

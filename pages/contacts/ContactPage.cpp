@@ -3,9 +3,9 @@
 #include <QHBoxLayout>
 
 #include "agent/AgentSession.h"
+#include "link/DeviceContext.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactFragment.h"
-#include "pages/contacts/ContactGroupDlg.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
@@ -29,6 +29,7 @@ enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
+      device_(services.device),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
       road_(
           {.host = host,
@@ -117,7 +118,7 @@ void CContactPage::OnCommand(int index) {
             AddContact();
             break;
         case commandGroups:
-            (new CContactGroupDlg(Host(), this, agent_))->Open();
+            OpenGroups();
             break;
         case commandDelete:
             DeleteTicked();
@@ -153,13 +154,18 @@ void CContactPage::OpenMenu(const QPoint& at) {
     menu->popup(at);
 }
 
+CContactPage::Unsaved& CContactPage::UnsavedHere() {
+    return unsaved_[device_.Serial()];
+}
+
 void CContactPage::AddContact() {
     auto* editor = new CContactEditDlg(Host(), this, agent_);
-    if (unsaved_) {
-        editor->Resume(*unsaved_);
+    Unsaved& here = UnsavedHere();
+    if (here.added) {
+        editor->Resume(*here.added);
     }
-    editor->Open([this, editor](int result) {
-        unsaved_ = editor->Unsaved();
+    editor->Open([this, editor, &here](int result) {
+        here.added = editor->Unsaved();
         EndEditor(result);
     });
 }
@@ -167,8 +173,24 @@ void CContactPage::AddContact() {
 void CContactPage::EditSelected() {
     if (const ContactListRow* contact = list_->CurrentRecord()) {
         auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agent_);
-        editor->Open([this](int result) { EndEditor(result); });
+        Unsaved& here = UnsavedHere();
+        if (const auto form = here.changed.extract(contact->contactId)) {
+            editor->Resume(form.mapped());
+        }
+        editor->Open([this, editor, id = contact->contactId, &here](int result) {
+            if (editor->Unsaved()) {
+                here.changed[id] = *editor->Unsaved();
+            }
+            EndEditor(result);
+        });
     }
+}
+
+void CContactPage::OpenGroups() {
+    auto* groups = new CContactGroupDlg(Host(), this, agent_);
+    Unsaved& here = UnsavedHere();
+    groups->Resume(here.groups);
+    groups->Open([groups, &here](int) { here.groups = groups->Unsaved(); });
 }
 
 void CContactPage::EndEditor(int result) {

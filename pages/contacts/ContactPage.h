@@ -3,10 +3,13 @@
 
 #include <QTimer>
 #include <cstdint>
+#include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactListCtrl.h"
 #include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
@@ -50,14 +53,24 @@ class CContactPage : public Page, private HtmlListener {
     void SelectFirst();
     void Select(int row);
     void OpenMenu(const QPoint& at);
+    void OpenGroups();
     void EndEditor(int result);
     void Delete(const std::vector<std::uint32_t>& ids);
 
     AgentAddress agent_;
     PageLoad detailLoad_{*this};
-    std::optional<ContactForm> unsaved_;  // a new contact that did not get to the phone
-    bool selecting_ = false;              // the page itself moves the selection
-    QTimer detailTimer_;                  // timer 0: the detail after a fill
+    // What did not get to one phone: it stands in the next editor of its kind.
+    struct Unsaved {
+        std::optional<ContactForm> added;
+        std::map<std::uint32_t, ContactForm> changed;  // by the contact's id
+        UnsavedGroups groups;
+    };
+    [[nodiscard]] Unsaved& UnsavedHere();
+
+    const DeviceContext& device_;
+    std::map<std::string, Unsaved> unsaved_;  // by the phone's serial
+    bool selecting_ = false;                  // the page itself moves the selection
+    QTimer detailTimer_;                      // timer 0: the detail after a fill
     CContactListCtrl* list_;
     ListRoad road_;
     CHtmlCtrlFix* view_;

@@ -2,8 +2,9 @@
 
 #include <QHBoxLayout>
 #include <string>
+#include <utility>
 
-#include "pages/contacts/ContactGroups.h"
+#include "pages/contacts/ContactForm.h"
 #include "pages/kit/PageSession.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -29,14 +30,14 @@ CGroupEditDlg::CGroupEditDlg(PageHost& host, QWidget* parent, AgentAddress agent
     BuildControls();
 }
 
-CGroupEditDlg::CGroupEditDlg(PageHost& host, std::uint32_t groupId, std::string_view title,
-                             QWidget* parent, AgentAddress agent)
+CGroupEditDlg::CGroupEditDlg(PageHost& host, ContactGroup group, QWidget* parent,
+                             AgentAddress agent)
     : SkinDialog(kDialog, ToQString(u8"修改分组 - Quorvi"), parent),
       host_(host),
-      groupId_(groupId),
+      group_(std::move(group)),
       agent_(agent) {
     BuildControls();
-    title_->setText(ToQString(title));
+    title_->setText(ToQString(group_->title));
     title_->selectAll();
 }
 
@@ -54,8 +55,28 @@ void CGroupEditDlg::BuildControls() {
     connect(ok_, &QAbstractButton::clicked, this, &CGroupEditDlg::Save);
     AddEndButton(kCancel, ToQString(u8"取消"), QDialog::Rejected);
     ok_->setDefault(true);
+    notice_ = AddState({});
+    connect(title_, &QLineEdit::textChanged, this, &CGroupEditDlg::ShowNotice);
     title_->setFocus();
     SetInnerSize({Metric::groupEditWidth, Metric::groupEditHeight});
+}
+
+void CGroupEditDlg::Resume(const QString& title) {
+    resumed_ = true;
+    title_->setText(title);
+    title_->selectAll();
+    ShowNotice();
+    ForgetUnacknowledged(host_);
+}
+
+// The warning about what is being typed goes before what there is to say of the title.
+void CGroupEditDlg::ShowNotice() {
+    if (!FitsCodePage(title_->text())) {
+        notice_->SetState(CSkinStateLabel::kRed, ToQString(kContactCharactersLost));
+    } else {
+        notice_->SetState(CSkinStateLabel::kBlue,
+                          resumed_ ? ToQString(u8"上次的标题没有得到手机的确认") : QString());
+    }
 }
 
 void CGroupEditDlg::Save() {
@@ -66,9 +87,16 @@ void CGroupEditDlg::Save() {
     }
     ok_->setEnabled(false);
     EndWithOk();
+    unsaved_ = title_->text();
     SendChange(host_, *Body(), agent_,
-               groupId_ ? RenameGroupRequest(*groupId_, title) : AddGroupRequest(title),
-               [this](const AcknowledgedReply&) { accept(); });
+               group_ ? RenameGroupRequest(*group_, title) : AddGroupRequest(title),
+               [this](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete) {
+                       unsaved_.reset();
+                   }
+                   ShowAcknowledgement(host_, reply.outcome);
+                   accept();
+               });
 }
 
 }  // namespace quorvi

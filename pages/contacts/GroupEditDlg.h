@@ -3,9 +3,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 #include "agent/AgentAddress.h"
+#include "pages/contacts/ContactGroups.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
 
@@ -21,19 +21,27 @@ class CGroupEditDlg : public SkinDialog {
   public:
     // Adds a group.
     CGroupEditDlg(PageHost& host, QWidget* parent, AgentAddress agent);
-    // Renames one; `title` is ANSI and stands in the field at first.
-    CGroupEditDlg(PageHost& host, std::uint32_t groupId, std::string_view title, QWidget* parent,
-                  AgentAddress agent);
+    // Renames one; its title stands in the field at first.
+    CGroupEditDlg(PageHost& host, ContactGroup group, QWidget* parent, AgentAddress agent);
+
+    // Puts a title back that did not get to the phone from an earlier dialog.
+    void Resume(const QString& title);
+    // The title that the user has told to save and the phone has not acknowledged.
+    [[nodiscard]] const std::optional<QString>& Unsaved() const { return unsaved_; }
 
   private:
     void BuildControls();
+    void ShowNotice();
     void Save();
 
     PageHost& host_;
-    std::optional<std::uint32_t> groupId_;  // nothing: adds
+    std::optional<ContactGroup> group_;  // nothing: adds
     AgentAddress agent_;
+    std::optional<QString> unsaved_;
+    bool resumed_ = false;
     CSkinEdit* title_ = nullptr;
     CSkinButton* ok_ = nullptr;
+    CSkinStateLabel* notice_ = nullptr;
 };
 
 }  // namespace quorvi

@@ -9,7 +9,8 @@ namespace quorvi {
 namespace {
 
 constexpr std::u8string_view kConnectError = u8"【X】连接错误";
-
+constexpr std::u8string_view kUnacknowledged =
+    u8"【X】手机没有确认，填写的内容保留在下次打开的窗口里";
 
 // Disables controls. Meanwhile the window itself has the focus. When they are enabled again, the
 // one of them that had the focus gets it back, unless the user has given it to another widget.
@@ -53,6 +54,18 @@ void ShowLoadOutcome(PageHost& host, SessionOutcome outcome) {
         default:
             break;  // kept on purpose: nothing is shown for a reply that did not come whole
     }
+}
+
+void ShowAcknowledgement(PageHost& host, SessionOutcome outcome) {
+    if (outcome == SessionOutcome::complete) {
+        ForgetUnacknowledged(host);
+    } else if (outcome != SessionOutcome::connectFailed) {
+        host.SetStatus(ToQString(kUnacknowledged));
+    }
+}
+
+void ForgetUnacknowledged(PageHost& host) {
+    host.TakeBackStatus(ToQString(kUnacknowledged));
 }
 
 void SendChange(PageHost& host, QWidget& controls, AgentAddress agent, Bytes request,

@@ -21,6 +21,15 @@ void ShowConnectError(PageHost& host);
 // window's thread.
 void ShowLoadOutcome(PageHost& host, SessionOutcome outcome);
 
+// What the status says of the answer to something that the user has filled in and told to save or
+// send: that the phone has not acknowledged it, so that it stands in the next editor; and 就绪 in
+// the place of that once something has been acknowledged. A failed connect is told by SendChange.
+// The window's thread.
+void ShowAcknowledgement(PageHost& host, SessionOutcome outcome);
+// 就绪 in the place of a word about something that was not acknowledged: it stands before the user
+// again. The window's thread.
+void ForgetUnacknowledged(PageHost& host);
+
 // How often the window hears how far a load has come.
 inline constexpr std::chrono::milliseconds kProgressPause{50};
 

@@ -255,6 +255,7 @@ void CSmsComposeDlg::Resume(const UnsentMessage& message) {
     recipients_->setText(message.recipients);
     text_->SetText(message.text);
     text_->moveCursor(QTextCursor::End);
+    ForgetUnacknowledged(host_);
     state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"上次的短信没有得到手机的确认"));
 }
 
@@ -276,6 +277,7 @@ void CSmsComposeDlg::Send() {
                    if (reply.outcome == SessionOutcome::complete) {
                        unsent_.reset();
                    }
+                   ShowAcknowledgement(host_, reply.outcome);
                    accept();
                });
 }

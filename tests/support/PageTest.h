@@ -25,6 +25,10 @@ inline void DrainWindow() {
     ASSERT_TRUE(WaitFor([&reached] { return reached; }));
 }
 
+// And of one that did not acknowledge what was to be saved or sent.
+inline const QString kUnacknowledged =
+    ToQString(u8"【X】手机没有确认，填写的内容保留在下次打开的窗口里");
+
 class PageTest : public testing::Test {
   protected:
     // Waits until all that has been started has come to its end: what would have been asked of the

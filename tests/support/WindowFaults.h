@@ -108,6 +108,10 @@ class WindowFaults : public PagesOnPhone {
     static void ExpectNoLink(const std::function<void()>& refresh);
 
     [[nodiscard]] static QString Ready() { return ToQString(u8"就绪"); }
+    // What it says once a save or a message was not acknowledged.
+    [[nodiscard]] static QString Unacknowledged() {
+        return ToQString(u8"【X】手机没有确认，填写的内容保留在下次打开的窗口里");
+    }
     [[nodiscard]] static QString ConnectError() { return ToQString(u8"【X】连接错误"); }
     [[nodiscard]] static std::size_t Asked(AgentCommand code) {
         return Requests(static_cast<int>(code)).size();
@@ -117,6 +121,8 @@ class WindowFaults : public PagesOnPhone {
 
   private:
     void Impose(const FaultMode& mode, AgentCommand code);
+    // What the status label says behind a fault.
+    [[nodiscard]] static QString StatusBehind(const FaultMode& mode, AgentCommand code);
     void ExpectAlive(AgentCommand code);
 
     static std::unique_ptr<Heartbeat> heart_;

@@ -434,6 +434,88 @@ TEST_F(ContactEditor, SaveThatIsNotAcknowledgedIsKept) {
     EXPECT_EQ(saveAt(UnusedPort())->name, "A");
 }
 
+TEST_F(ContactEditor, SaveThatThePhoneDoesNotAnswerIsToldUntilOneIsAcknowledged) {
+    const auto save = [&](CContactEditDlg* dialog) {
+        results_.clear();
+        Show(dialog);
+        ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+        Edit(1149)->setText(QStringLiteral("A"));
+        Button(1020)->click();
+        EXPECT_TRUE(Ended(QDialog::Accepted));
+    };
+    agent_.Answer(AgentCommand::addContact, {});  // closed without a word
+    agent_.Answer(AgentCommand::updateContact, {});
+    save(new CContactEditDlg(host_, nullptr, agent_.Port()));
+    EXPECT_EQ(host_.status, kUnacknowledged);
+    host_.SetStatus(kReady);
+    save(new CContactEditDlg(host_, 7, nullptr, agent_.Port()));
+    EXPECT_EQ(host_.status, kUnacknowledged);
+    agent_.AnswerAcknowledged(AgentCommand::addContact);
+    save(new CContactEditDlg(host_, nullptr, agent_.Port()));
+    EXPECT_EQ(host_.status, kReady);
+}
+
+TEST_F(ContactEditor, ChangeThatIsResumedStandsOverWhatIsLoaded) {
+    const WireBytes contact = OddContact("a\r\nb");
+    ContactForm changed = FormOf(ParseContact(contact.Buffer()).value());
+    changed.name = "A";
+    host_.SetStatus(kUnacknowledged);
+    agent_.AnswerPayload(AgentCommand::readContact, contact.Get());
+    OpenToUpdate(agent_.Port());
+    dialog_->Resume(changed);
+    EXPECT_EQ(host_.status, kReady);  // it stands before the user
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
+    EXPECT_EQ(Notice(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
+    Button(1020)->click();
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    EXPECT_EQ(agent_.Requests(AgentCommand::updateContact),
+              (std::vector<Bytes>{UpdateContactRequest(
+                  SentTo(contact, [](ContactRecord& record) { record.name.text = "A"; }))}));
+}
+
+TEST_F(ContactEditor, ChangeThatThePhoneHasByNowIsNotResumed) {
+    agent_.AnswerPayload(AgentCommand::readContact, ContactPayload(7, "A").Get());
+    OpenToUpdate(agent_.Port());
+    dialog_->Resume(FormOf(ParseContact(ContactPayload(7, "A").Buffer()).value()));
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
+    EXPECT_EQ(Notice(), QString());
+}
+
+TEST_F(ContactEditor, ChangeThatIsResumedStandsWhereTheContactCannotBeLoaded) {
+    ContactForm changed;
+    changed.name = "A";
+    OpenToUpdate(UnusedPort());
+    dialog_->Resume(changed);
+    ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+    EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
+    EXPECT_EQ(Notice(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
+}
+
+TEST_F(ContactEditor, ChangeThatIsResumedOutlivesAnEndDuringTheLoad) {
+    const auto unsavedWhenCancelled = [&](bool duringTheLoad) {
+        agent_.AnswerPayload(AgentCommand::readContact, ContactPayload(7, "B").Get());
+        agent_.Hold(AgentCommand::readContact);
+        ContactForm changed;
+        changed.name = "A";
+        OpenToUpdate(agent_.Port());
+        dialog_->Resume(changed);
+        bool unsaved = false;
+        QObject::connect(dialog_, &QDialog::finished, dialog_,
+                         [&] { unsaved = dialog_->Unsaved().has_value(); });
+        if (!duringTheLoad) {
+            agent_.Release();
+            EXPECT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
+        }
+        Button(1021)->click();
+        agent_.Release();
+        return unsaved;
+    };
+    EXPECT_TRUE(unsavedWhenCancelled(true));
+    EXPECT_FALSE(unsavedWhenCancelled(false));
+}
+
 TEST_F(ContactEditor, CharactersThatCannotBeSavedAreWarnedOfWhileTheyStand) {
     OpenLoaded(ContactPayload(7, "A\xFF"));
     const QString loaded = Notice();

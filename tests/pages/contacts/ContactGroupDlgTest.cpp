@@ -55,6 +55,7 @@ class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
             WaitFor([&] { return Loads() == count && List().State() != ListState::loading; }));
     }
     QLineEdit* Title() { return FindControl<QLineEdit>(OpenDialog(kEditor), 1257); }
+    QString Notice() { return OpenDialog(kEditor)->findChild<CSkinStateLabel*>()->text(); }
     // Presses 确定 in the editor and waits for its end.
     void EndEditor() {
         PressIn(kEditor, 1215);
@@ -198,6 +199,88 @@ TEST_F(GroupDialog, RenamingWithAnUnchangedTitleStillSends) {
     const auto requests = agent_.Requests(AgentCommand::renameGroup);
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0], Join({Word(870122), Word(26), Word(1), Word(5), Text("朋友")}));
+}
+
+TEST_F(GroupDialog, AnUnchangedTitleGoesBackInTheVeryBytesThatCame) {
+    const std::string title = "a\r\nb\tc\xE2\x80\xA8\xFF\xF0\x9F\x8E\x88";
+    WireBytes groups;
+    groups.U32(0);
+    Add(groups, 5, title, 1);
+    agent_.AnswerPayload(AgentCommand::listGroups, groups.Get());
+    OpenLoaded();
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    EndEditor();
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::renameGroup).at(0),
+              Join({Word(870122), Word(20 + static_cast<std::uint32_t>(title.size())), Word(1),
+                    Word(5), Text(title)}));
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    Title()->setText(QStringLiteral("x"));
+    EndEditor();
+    WaitForLoads(3);
+    EXPECT_EQ(agent_.Requests(AgentCommand::renameGroup).at(1),
+              Join({Word(870122), Word(21), Word(1), Word(5), Text("x")}));
+}
+
+TEST_F(GroupDialog, CharactersOfATitleThatCannotBeSavedAreWarnedOf) {
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    EXPECT_EQ(Notice(), QString());
+    Title()->setText(QStringLiteral("\U0001F388"));
+    EXPECT_EQ(Notice(), ToQString(u8"有些字符无法保存，会变成“?”"));
+    Title()->setText(ToQString(u8"家"));
+    EXPECT_EQ(Notice(), QString());
+    PressIn(kEditor, 1021);
+}
+
+TEST_F(GroupDialog, ATitleThatIsNotAcknowledgedStandsInTheNextEditorOnce) {
+    const QString unconfirmed = ToQString(u8"上次的标题没有得到手机的确认");
+    agent_.Answer(AgentCommand::addGroup, {});  // closed without a word
+    agent_.Answer(AgentCommand::renameGroup, {});
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    Title()->setText(ToQString(u8"家"));
+    EndEditor();
+    EXPECT_EQ(host_.status, kUnacknowledged);
+    WaitForLoads(2);
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(Title()->text(), ToQString(u8"朋友"));
+    Title()->setText(ToQString(u8"好朋友"));
+    EndEditor();
+    WaitForLoads(3);
+
+    // In another dialog, to which the opener hands it on.
+    const UnsavedGroups unsaved = dialog_->Unsaved();
+    dialog_->close();
+    ASSERT_TRUE(Gone());
+    OpenAt(agent_.Port());
+    dialog_->Resume(unsaved);
+    WaitForLoads(4);
+    PressIn(kGroups, 1154);
+    EXPECT_EQ(Title()->text(), ToQString(u8"家"));
+    EXPECT_EQ(Notice(), unconfirmed);
+    EXPECT_EQ(host_.status, kReady);  // it stands before the user
+    PressIn(kEditor, 1021);
+    PressIn(kGroups, 1154);
+    EXPECT_EQ(Title()->text(), QString());
+    PressIn(kEditor, 1021);
+    List().SelectRow(1);
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(Title()->text(), ToQString(u8"同事"));
+    PressIn(kEditor, 1021);
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(Title()->text(), ToQString(u8"好朋友"));
+    agent_.AnswerAcknowledged(AgentCommand::renameGroup);
+    EndEditor();
+    WaitForLoads(5);
+    List().SelectRow(0);
+    PressIn(kGroups, 1155);
+    EXPECT_EQ(Title()->text(), ToQString(u8"朋友"));
+    PressIn(kEditor, 1021);
 }
 
 TEST_F(GroupDialog, DeletingWithNothingTickedSaysSo) {

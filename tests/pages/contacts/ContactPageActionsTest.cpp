@@ -32,6 +32,54 @@ TEST_F(ContactPage, EditorThatEndsWithOkFetchesTheListAgain) {
     EXPECT_EQ(agent_.Requests(AgentCommand::addContact).size(), 1u);
 }
 
+TEST_F(ContactPage, ChangeThatDidNotGetToThePhoneStandsInTheNextEditorOfItsContactOnce) {
+    CContactPage& page = OpenLoaded();
+    services_.device.SetSerial("first");
+    agent_.Answer(AgentCommand::updateContact, {});  // closed without a word
+    // Opens the editor of a row, with its contact loaded.
+    const auto edit = [&](int row) {
+        List().SelectRow(row);
+        Settle();
+        page.EditSelected();
+        EXPECT_TRUE(WaitFor(
+            [] { return FindControl<QAbstractButton>(OpenDialog(kEditor), 1020)->isEnabled(); }));
+        return FindControl<QLineEdit>(OpenDialog(kEditor), 1149);
+    };
+    const auto nameIn = [&](int row) {
+        const QString name = edit(row)->text();
+        PressIn(kEditor, 1021);
+        return name;
+    };
+    edit(1)->setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, kUnacknowledged);
+    EXPECT_EQ(nameIn(0), ToQString(u8"林远舟"));
+    services_.device.SetSerial("second");
+    EXPECT_EQ(nameIn(1), ToQString(u8"林远舟"));  // another phone's contact of the same id
+    services_.device.SetSerial("first");
+    EXPECT_EQ(nameIn(1), QStringLiteral("A"));
+    EXPECT_EQ(nameIn(1), ToQString(u8"林远舟"));
+}
+
+TEST_F(ContactPage, GroupThatDidNotGetToThePhoneStandsInTheNextEditorOfALaterDialog) {
+    CContactPage& page = OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::listGroups);
+    const auto openEditor = [&] {
+        page.OnCommand(CContactPage::commandGroups);
+        PressIn(kGroups, 1154);
+        return FindControl<QLineEdit>(OpenDialog(681), 1257);
+    };
+    agent_.Answer(AgentCommand::addGroup, {});  // closed without a word
+    openEditor()->setText(QStringLiteral("A"));
+    PressIn(681, 1215);
+    ASSERT_TRUE(WaitFor([] { return OpenDialog(681) == nullptr; }));
+    PressIn(kGroups, 1215);
+    EXPECT_EQ(openEditor()->text(), QStringLiteral("A"));
+    PressIn(681, 1021);
+    PressIn(kGroups, 1215);
+}
+
 TEST_F(ContactPage, NewContactThatDidNotGetToThePhoneStandsInTheNextEditorOnce) {
     CContactPage& page = OpenLoaded();
     const auto nameInEditor = [] {

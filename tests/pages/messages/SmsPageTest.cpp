@@ -266,12 +266,14 @@ TEST_P(SmsPageUnsent, AMessageThatDidNotGetOutStandsInTheNextComposerOfItsConver
     Recipients().setText(QStringLiteral("111"));
     Text().setPlainText(QStringLiteral("text"));
     Send();
+    EXPECT_EQ(host_.status, kUnacknowledged);
     page_->Compose(9);  // another conversation
     EXPECT_EQ(Text().toPlainText(), QString());
     OpenDialog(kComposer)->reject();
 
     agent_.AnswerAcknowledged(AgentCommand::sendMessage);
     page_->Compose(GetParam());
+    EXPECT_EQ(host_.status, kReady);  // it stands before the user
     EXPECT_EQ(Recipients().text(), QStringLiteral("111"));
     EXPECT_EQ(Text().toPlainText(), QStringLiteral("text"));
     Send();
