@@ -21,7 +21,7 @@ class Output;
 enum class Status : int {
     done = 0,
     wrongUsage = 1,
-    noLink = 2,    // no link, or a connection error
+    noLink = 2,    // no link, a connection error, or no answer
     notFound = 3,  // what was named is not there
 };
 

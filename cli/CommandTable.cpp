@@ -29,7 +29,7 @@ constexpr Command kCommands[] = {
      .run = RunContactsAdd},
     {.words = "contacts update",
      .synopsis = "ID",
-     .summary = u8"修改联系人，标准输入为编辑框内容的 JSON",
+     .summary = u8"修改联系人，标准输入为编辑框内容的 JSON；没有写出的成员，手机上的那一栏会被删除",
      .fewest = 1,
      .most = 1,
      .run = RunContactsUpdate},
@@ -128,7 +128,7 @@ std::string HelpText() {
     }
     help += Ansi(
         u8"\n--json 在标准输出上给出 UTF-8 的 JSON；提示写到标准错误。\n"
-        u8"状态: 0 完成，1 用法错误，2 没有连接，3 没有找到。\n");
+        u8"状态: 0 完成，1 用法错误，2 没有连接或手机没有回答，3 没有找到。\n");
     return help;
 }
 

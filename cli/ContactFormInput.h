@@ -24,7 +24,8 @@ struct ContactFormInput {
 
 // {favourite, name, nickname, note, phones: [up to three of {type, text}], im: {type, text},
 // email: {type, text}, website, organisation, address}; a member left out is a field left as the
-// editor opens with it. A member of another name, or of another kind, is refused.
+// editor for a new contact opens with it, that is, empty: an update deletes it. A member of another
+// name, or of another kind, is refused.
 [[nodiscard]] std::variant<ContactFormInput, FormComplaint> ReadContactForm(std::string_view utf8);
 
 }  // namespace quorvi::cli

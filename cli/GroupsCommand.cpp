@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/PhoneChange.h"
+#include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactGroups.h"
 
 namespace quorvi::cli {
@@ -10,12 +11,15 @@ namespace {
 
 constexpr std::u8string_view kNoGroupId = u8"不是分组的编号";
 
-// Complains of an empty title, which the window does not send either.
-bool HasTitle(const std::string& title, Output& output) {
-    if (title.empty()) {
+// The title of an operand, ANSI; complains of an empty one, which the window does not send either,
+// and warns of characters that the code page lacks, as the window's editor does.
+std::string TitleOf(const std::string& operand, Output& output) {
+    if (operand.empty()) {
         output.Complain(Ansi(u8"分组的标题不能为空"));
+    } else if (!FitsCodePage(operand)) {
+        output.Complain(Ansi(kContactCharactersLost));
     }
-    return !title.empty();
+    return ToAnsi(operand);
 }
 
 }  // namespace
@@ -43,19 +47,21 @@ Status RunGroupsList(const Arguments&, const Context& context, Output& output) {
 }
 
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output) {
-    const std::string title = ToAnsi(arguments.operands[0]);
-    return HasTitle(title, output)
-               ? SendAndTell(context, AddGroupRequest(title), "added", JsonText(title), output)
-               : Status::wrongUsage;
+    const std::string title = TitleOf(arguments.operands[0], output);
+    return title.empty()
+               ? Status::wrongUsage
+               : SendAndTell(context, AddGroupRequest(title), "added", JsonText(title), output);
 }
 
 Status RunGroupsRename(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(std::span(arguments.operands).first(1), kNoGroupId, output);
-    const std::string title = ToAnsi(arguments.operands[1]);
-    return ids && HasTitle(title, output)
-               ? SendAndTell(context, RenameGroupRequest(ids->front(), title), "renamed",
-                             ids->front(), output)
-               : Status::wrongUsage;
+    if (!ids) {
+        return Status::wrongUsage;
+    }
+    const std::string title = TitleOf(arguments.operands[1], output);
+    return title.empty() ? Status::wrongUsage
+                         : SendAndTell(context, RenameGroupRequest(ids->front(), title), "renamed",
+                                       ids->front(), output);
 }
 
 Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output) {

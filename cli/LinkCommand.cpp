@@ -49,7 +49,10 @@ class LinkLines final : public LinkFace {
         }
     }
 
-    void LinkUp() override {}
+    void LinkUp() override {
+        const std::lock_guard lock(mutex_);
+        stands_ = true;
+    }
 
     void LinkEnded() override {
         const std::lock_guard lock(mutex_);
@@ -57,11 +60,12 @@ class LinkLines final : public LinkFace {
         changed_.notify_all();
     }
 
-    // Waits until the procedure has ended. The state of its last banner.
-    BannerState WaitForEnd() {
+    // Waits until the procedure has ended. True when the link stands: a green last banner alone may
+    // be that of an installation behind which nothing was linked.
+    bool WaitForEnd() {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return ended_; });
-        return state_;
+        return stands_;
     }
 
   private:
@@ -72,6 +76,7 @@ class LinkLines final : public LinkFace {
     std::condition_variable changed_;
     std::string text_;
     BannerState state_ = BannerState::working;
+    bool stands_ = false;
     bool ended_ = false;
 };
 
@@ -100,7 +105,7 @@ Status RunLink(const Arguments& arguments, const Context&, Output& output) {
     static auto& face = *new LinkLines(device, std::move(serial), output);
     static auto& link = *new PhoneLink(device, face, SystemClock(), PackageInstaller());
     link.ConnectPhone(false);
-    return face.WaitForEnd() == BannerState::success ? Status::done : Status::noLink;
+    return face.WaitForEnd() ? Status::done : Status::noLink;
 }
 
 }  // namespace quorvi::cli

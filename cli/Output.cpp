@@ -84,6 +84,10 @@ Status Output::Report(SessionOutcome outcome) {
         Complain(Ansi(u8"【X】连接错误"));
         return Status::noLink;
     }
+    if (outcome == SessionOutcome::noReply) {
+        Complain(Ansi(u8"手机端没有回答，请重新连接手机后再试"));
+        return Status::noLink;
+    }
     if (outcome == SessionOutcome::cut) {
         Complain(Ansi(u8"连接中断，资料没有读全"));
     }

@@ -44,8 +44,9 @@ class Output {
     // A message on standard error.
     void Complain(std::string_view ansi);
     // Complains when a session failed or its reply was cut, and returns the status to end with:
-    // noLink when no connection was made or it broke before a reply, else done. A cut reply is done
-    // because the part that came is shown, and an agent without data is no failure.
+    // noLink when no connection was made, or when the agent broke or closed it before a reply was
+    // there, else done. A cut reply is done because the part that came is shown, and an agent
+    // without data is no failure.
     [[nodiscard]] Status Report(SessionOutcome outcome);
 
   private:

@@ -21,7 +21,12 @@ std::optional<std::vector<std::uint32_t>> ReadIds(std::span<const std::string> o
 }
 
 Status Send(const Context& context, const Bytes& request, Output& output) {
-    return output.Report(AgentSession(context.agent).RunAcknowledged(request).outcome);
+    const SessionOutcome outcome = AgentSession(context.agent).RunAcknowledged(request).outcome;
+    if (outcome == SessionOutcome::noReply) {
+        output.Complain(Ansi(u8"手机没有确认，请查看手机上是否已经生效"));
+        return Status::noLink;
+    }
+    return output.Report(outcome);
 }
 
 Status SendAndTell(const Context& context, const Bytes& request, const char* word,

@@ -21,7 +21,8 @@ namespace quorvi::cli {
 [[nodiscard]] std::optional<std::vector<std::uint32_t>> ReadIds(
     std::span<const std::string> operands, std::u8string_view isNot, Output& output);
 
-// Sends a request whose acknowledgement is not looked at; complains when there is no link.
+// Sends a request, of whose acknowledgement only this is looked at, that it comes: complains, and
+// gives noLink, when there is no link or no acknowledgement.
 [[nodiscard]] Status Send(const Context& context, const Bytes& request, Output& output);
 
 // The same, and tells what was done with --json: {"word": what}.

@@ -103,11 +103,15 @@ Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& 
 
 Status RunSmsSend(const Arguments& arguments, const Context& context, Output& output) {
     const std::vector<std::string> numbers = NumbersOf(arguments.Option("--to").value_or(""));
-    const std::string text = ToAnsi(arguments.Option("--text").value_or(""));
+    const std::string typed = arguments.Option("--text").value_or("");
+    const std::string text = ToAnsi(typed);
     if (numbers.empty() || text.empty()) {
         output.Complain(Ansi(numbers.empty() ? u8"没有收件人: --to 号码[,号码...]"
                                              : u8"没有内容: --text 短信内容"));
         return Status::wrongUsage;
+    }
+    if (!FitsCodePage(typed)) {
+        output.Complain(Ansi(u8"有些字符无法发送，会变成“?”"));
     }
     Json::Value sent(Json::arrayValue);
     for (const std::string& number : numbers) {

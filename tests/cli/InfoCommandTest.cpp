@@ -100,7 +100,6 @@ TEST_F(InfoCommand, ACutReplyIsShownAsFarAsItCame) {
 TEST_F(InfoCommand, AnAgentThatHasNothingToSayIsAnEmptyResultAndNoError) {
     const Answer answers[] = {
         {.bytes = Word(NoDataMark)},                                  // says so
-        {.end = Answer::End::close},                                  // closes without a reply
         {.bytes = Framed(SystemInformation(Word(AbsentMark)))},       // has no model
         {.bytes = Framed(Join({Word(0), Word(0xFFFFFF), Word(0)}))},  // a length points outside
     };
@@ -111,6 +110,14 @@ TEST_F(InfoCommand, AnAgentThatHasNothingToSayIsAnEmptyResultAndNoError) {
         EXPECT_EQ(ended.status, 0);
         EXPECT_EQ(ended.output, "[]\n");
     }
+}
+
+TEST_F(InfoCommand, AnAgentThatClosesWithoutAReplyIsStatusTwo) {
+    START_OR_SKIP({.end = Answer::End::close});
+    const Ended out = Out("info --json");
+    EXPECT_EQ(out.status, 2);
+    EXPECT_EQ(out.output, "");
+    EXPECT_EQ(Err("info --json").output, "quorvictl: 手机端没有回答，请重新连接手机后再试\n");
 }
 
 }  // namespace

@@ -72,6 +72,19 @@ TEST(LinkCommand, ASerialThatIsNotThereIsStatusThree) {
     EXPECT_NE(Err("link --serial C").output.find("C"), std::string::npos);
 }
 
+TEST(LinkCommand, AnInstallationBehindWhichNoLinkStandsIsStatusTwo) {
+    const ToldAdb adb;
+    adb.Print("devices", "List of devices attached\nA\tdevice\n\n");
+    adb.Print("-s A install -r " QUORVI_BIN_DIR "/com.quorvi.Quorvi.apk", "Success\n");
+    // The phone lists no package, so that each pass installs, and there is but one more.
+    const Ended ended = Out("link --json");
+    EXPECT_EQ(ended.status, 2);
+    const std::vector<Banner> banners = Banners(ended.output);
+    ASSERT_FALSE(banners.empty());
+    EXPECT_EQ(banners.back().state, 2);
+    EXPECT_NE(banners.back().text, "连接成功:)");
+}
+
 TEST(LinkCommand, ForPeopleItPrintsTheTextsAlone) {
     const ToldAdb adb;
     adb.Print("devices", "List of devices attached\n\n");

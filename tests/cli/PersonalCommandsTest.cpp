@@ -221,6 +221,39 @@ TEST_F(CallsCommand, TheTableHasTheTextsOfThePage) {
     EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 2);  // the headings and the call
 }
 
+TEST_F(PersonalCommands, AListThatTheAgentDoesNotAnswerIsStatusTwo) {
+    START_OR_SKIP({.end = Answer::End::close});
+    for (const char* call : {"contacts list", "contacts show 1", "groups list", "sms list",
+                             "sms show 1", "calls list"}) {
+        const Ended out = Out(std::string(call) + " --json");
+        EXPECT_EQ(out.status, 2) << call;
+        EXPECT_EQ(out.output, "") << call;
+        EXPECT_EQ(Err(call).output, "quorvictl: 手机端没有回答，请重新连接手机后再试\n") << call;
+    }
+}
+
+TEST_F(PersonalCommands, AChangeThatIsNotAcknowledgedIsStatusTwo) {
+    START_OR_SKIP({.end = Answer::End::close});
+    for (const char* call :
+         {"contacts delete 1", "groups add A", "groups rename 1 A", "groups delete 1",
+          "sms delete 1", "sms send --to 1 --text x", "calls delete 1", "calls clear"}) {
+        const Ended out = Out(std::string(call) + " --json");
+        EXPECT_EQ(out.status, 2) << call;
+        EXPECT_EQ(out.output, "") << call;
+        EXPECT_EQ(Err(call).output, "quorvictl: 手机没有确认，请查看手机上是否已经生效\n") << call;
+    }
+}
+
+TEST_F(PersonalCommands, CharactersThatTheCodePageLacksAreSentWithAWarning) {
+    START_OR_SKIP({.bytes = Word(1)});
+    EXPECT_EQ(Err("groups add 家🎈").output, "quorvictl: 有些字符无法保存，会变成“?”\n");
+    EXPECT_EQ(Request(0), Join({Word(870121), Word(20), Word(1), Text("家?")}));
+    EXPECT_EQ(Err("groups rename 3 🎈").output, "quorvictl: 有些字符无法保存，会变成“?”\n");
+    EXPECT_EQ(Err("sms send --to 1 --text 🎈").output, "quorvictl: 有些字符无法发送，会变成“?”\n");
+    EXPECT_EQ(Err("groups add 家").output, "");
+    EXPECT_EQ(Err("sms send --to 1 --text 好").output, "");
+}
+
 TEST_F(PersonalCommands, WithoutALinkTheStatusSaysSo) {
     START_OR_SKIP({.bytes = Word(1)});
     Stop();

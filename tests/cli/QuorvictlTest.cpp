@@ -21,6 +21,11 @@ TEST(Program, HelpIsStatusZeroOnStandardOutput) {
     EXPECT_NE(ended.output.find("info"), std::string::npos);
 }
 
+TEST(Program, HelpSaysThatAMemberLeftOutOfAFormDeletesItsField) {
+    const Ended ended = RunLine(QUORVI_BIN_DIR "/quorvictl --help | grep 'contacts update'");
+    EXPECT_NE(ended.output.find("没有写出的成员，手机上的那一栏会被删除"), std::string::npos);
+}
+
 TEST(Program, LinksNothingOfTheWindow) {
     const Ended ended = RunLine("ldd " QUORVI_BIN_DIR "/quorvictl");
     EXPECT_EQ(ended.status, 0);
