@@ -2,7 +2,7 @@
 
 #include <QAudioDevice>
 #include <QMediaDevices>
-#include <QUrl>
+#include <QSoundEffect>
 #include <utility>
 
 // The linker drops the resources of a static library that nobody names. Q_INIT_RESOURCE names them,
@@ -12,29 +12,55 @@ static void FindSounds() {
 }
 
 namespace quorvi {
+namespace {
+
+void PlayEffect(Sound sound, QObject& owner) {
+    const QString name = QString::number(static_cast<int>(sound));
+    auto* effect = owner.findChild<QSoundEffect*>(name);
+    if (effect == nullptr) {
+        effect = new QSoundEffect(&owner);
+        effect->setObjectName(name);
+        effect->setSource(EffectSounds::SourceOf(sound));
+    }
+    effect->play();
+}
+
+}  // namespace
 
 EffectSounds::EffectSounds()
-    : EffectSounds([] { return !QMediaDevices::defaultAudioOutput().isNull(); }) {}
+    : EffectSounds({.isThere = [] { return !QMediaDevices::defaultAudioOutput().isNull(); },
+                    .play = PlayEffect},
+                   &std::chrono::steady_clock::now) {}
 
-EffectSounds::EffectSounds(HasDevice hasDevice) : hasDevice_(std::move(hasDevice)) {
+EffectSounds::EffectSounds(Device device, Now now)
+    : device_(std::move(device)), now_(std::move(now)) {
     FindSounds();
 }
 
-const QSoundEffect* EffectSounds::EffectOf(Sound sound) const {
-    const auto found = effects_.find(sound);
-    return found == effects_.end() ? nullptr : found->second.get();
+EffectSounds::~EffectSounds() {
+    thread_.quit();
+    thread_.wait();
 }
 
 void EffectSounds::Play(Sound sound) {
-    if (!hasDevice_()) {
-        return;
+    if (owner_ == nullptr) {
+        owner_ = new QObject;
+        owner_->moveToThread(&thread_);
+        QObject::connect(&thread_, &QThread::finished, owner_, &QObject::deleteLater);
+        thread_.start();
     }
-    std::unique_ptr<QSoundEffect>& effect = effects_[sound];
-    if (!effect) {
-        effect = std::make_unique<QSoundEffect>();
-        effect->setSource(QUrl(QStringLiteral("qrc:/sounds/%1.wav").arg(static_cast<int>(sound))));
-    }
-    effect->play();
+    QMetaObject::invokeMethod(
+        owner_,
+        [this, sound, asked = now_()] {
+            if (device_.isThere() && now_() - asked <= kLatest) {
+                device_.play(sound, *owner_);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+QUrl EffectSounds::SourceOf(Sound sound) {
+    return QUrl(QStringLiteral("qrc:/sounds/%1.wav").arg(static_cast<int>(sound)));
 }
 
 }  // namespace quorvi

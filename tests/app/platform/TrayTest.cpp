@@ -1,8 +1,5 @@
-// The tray's menu, and the tray and the sounds of a machine that has neither.
-#include <QFile>
-
+// The tray's menu, and the tray of a machine that has none.
 #include "app/platform/DesktopTray.h"
-#include "app/platform/EffectSounds.h"
 #include "app/platform/TrayMenu.h"
 #include "tests/support/WidgetTest.h"
 #include "ui/kit/QtText.h"
@@ -32,37 +29,6 @@ TEST_F(TrayParts, WithoutATrayNoBalloonIsClaimed) {
     EXPECT_FALSE(tray.Available());
     EXPECT_FALSE(tray.ShowBalloon(QStringLiteral("title"), QStringLiteral("text")));
     tray.Remove();
-}
-
-TEST_F(TrayParts, SoundsAreSilentWithoutADevice) {
-    EffectSounds sounds([] { return false; });
-    for (const Sound sound : {Sound::linkUp, Sound::removal}) {
-        sounds.Play(sound);
-        EXPECT_EQ(sounds.EffectOf(sound), nullptr);
-    }
-}
-
-TEST_F(TrayParts, ADeviceThatComesLaterPlaysTheSoundOfItsNumber) {
-    bool hasDevice = false;
-    EffectSounds sounds([&] { return hasDevice; });
-    sounds.Play(Sound::removal);
-    hasDevice = true;
-    sounds.Play(Sound::removal);
-    ASSERT_NE(sounds.EffectOf(Sound::removal), nullptr);
-    EXPECT_EQ(sounds.EffectOf(Sound::removal)->source(),
-              QUrl(QStringLiteral("qrc:/sounds/657.wav")));
-    EXPECT_EQ(sounds.EffectOf(Sound::linkUp), nullptr);
-}
-
-TEST_F(TrayParts, BothSoundsArePartOfTheProgram) {
-    const EffectSounds sounds;
-    for (const int sound : {656, 657}) {
-        QFile wave(QStringLiteral(":/sounds/%1.wav").arg(sound));
-        ASSERT_TRUE(wave.open(QIODevice::ReadOnly)) << sound;
-        const QByteArray head = wave.read(12);
-        EXPECT_EQ(head.left(4), "RIFF");
-        EXPECT_EQ(head.mid(8), "WAVE");
-    }
 }
 
 }  // namespace
