@@ -23,7 +23,11 @@ enum Column {
 
 constexpr std::array<ListColumn, 7> kColumns{{
     {u8"头像", 60, CellKind::picture},
-    {u8"联系人", 160, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {.caption = u8"联系人",
+     .width = 160,
+     .kind = CellKind::twoLines,
+     .cells = CellAlign::left,
+     .name = true},
     {u8"类型", 110, CellKind::iconText},
     {u8"通话用时", 140},
     {u8"上次联系时间、归属地", 200, CellKind::twoSmallLines, CellAlign::left},

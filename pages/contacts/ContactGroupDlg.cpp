@@ -30,7 +30,7 @@ enum Column { columnNothing, columnTitle, columnAccount, columnVisible, columnTi
 
 constexpr std::array<ListColumn, 5> kColumns{{
     {u8"", 25},
-    {u8"标题", 200},
+    {.caption = u8"标题", .width = 200, .name = true},
     {u8"所属账户", 180},
     {u8"可见", 70},
     {u8"选择", 80, CellKind::check},

@@ -15,9 +15,13 @@ enum Column { columnPhoto, columnContact, columnFavourite, columnLastContact, co
 
 constexpr std::array<ListColumn, 5> kColumns{{
     {u8"头像", 60, CellKind::picture},
-    {u8"联系人", 140, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {.caption = u8"联系人",
+     .width = 140,
+     .kind = CellKind::twoLines,
+     .cells = CellAlign::left,
+     .name = true},
     {u8"收藏", 44, CellKind::star},
-    {u8"上次联系时间、归属地", 150, CellKind::twoLines, CellAlign::left, CellAlign::centre},
+    {u8"上次联系时间、归属地", 150, CellKind::twoSmallLines, CellAlign::left, CellAlign::centre},
     {u8"选择", 44, CellKind::check},
 }};
 

@@ -16,7 +16,11 @@ enum Column : int { columnIcon, columnText, columnComparison };
 
 constexpr std::array<ListColumn, 3> kColumns{{
     {u8"类型", 80, CellKind::icon},
-    {u8"详细信息", 448, CellKind::captioned, CellAlign::left},
+    {.caption = u8"详细信息",
+     .width = 448,
+     .kind = CellKind::captioned,
+     .align = CellAlign::left,
+     .name = true},
     {u8"主流对比", 200, CellKind::text, CellAlign::left},  // stays empty
 }};
 

@@ -35,7 +35,11 @@ enum SampleColumn {
 
 inline constexpr std::array<ListColumn, 10> kSampleColumns{{
     {u8"头像", 60, CellKind::picture},
-    {u8"联系人", 180, CellKind::twoLines, CellAlign::centre, CellAlign::left},
+    {.caption = u8"联系人",
+     .width = 180,
+     .kind = CellKind::twoLines,
+     .cells = CellAlign::left,
+     .name = true},
     {u8"收藏", 44, CellKind::star},
     {u8"分类", 80, CellKind::twoLinesLink},
     {u8"评级", 130, CellKind::rating},

@@ -37,6 +37,9 @@ struct ListColumn {
     CellAlign align = CellAlign::centre;  // of the caption
     CellAlign cells = align;              // of the cells, where they stand otherwise
     int link = 0;                         // what the observer hears as `kind` of this column's link
+    // The column of names, of which a list has one at most: it takes the width that the others
+    // leave, and is the one in which typed letters are looked for and from which a row is copied.
+    bool name = false;
 };
 
 // The contents of a cell.

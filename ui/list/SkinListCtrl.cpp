@@ -200,23 +200,33 @@ void CSkinListCtrl::SetRedraw(bool on) {
 
 // ---- geometry ----------------------------------------------------------------------------------
 
-// Columns keep their widths; the last takes what is left beside the scroll bar.
+int CSkinListCtrl::NameColumn() const {
+    const auto name = std::ranges::find(columns_, true, &ListColumn::name);
+    const auto found = name != columns_.end()
+                           ? name
+                           : std::ranges::find_if(columns_, [](const ListColumn& column) {
+                                 return column.width != 0;
+                             });
+    return found == columns_.end() ? 0 : static_cast<int>(found - columns_.begin());
+}
+
+// Columns keep their widths; that of names takes what is left beside the scroll bar, and in a list
+// without one the last that is shown.
 void CSkinListCtrl::LayColumns() {
     int left = viewport()->width() - Metric::scrollGutter;
-    int last = -1;
+    int widest = -1;
     for (int i = 0; i < ColumnCount(); ++i) {
-        setColumnHidden(i, Column(i).width == 0);
-        if (Column(i).width != 0) {
-            last = i;
+        const bool shown = Column(i).width != 0;
+        setColumnHidden(i, !shown);
+        left -= Column(i).width;
+        if (shown && (widest < 0 || !Column(widest).name)) {
+            widest = i;
         }
     }
     for (int i = 0; i < ColumnCount(); ++i) {
-        if (Column(i).width == 0) {
-            continue;
+        if (Column(i).width != 0) {
+            setColumnWidth(i, Column(i).width + (i == widest ? std::max(left, 0) : 0));
         }
-        const int width = i == last ? std::max(left, Column(i).width) : Column(i).width;
-        setColumnWidth(i, width);
-        left -= width;
     }
 }
 

@@ -78,6 +78,8 @@ class CSkinListCtrl : public QTableView {
         return columns_[static_cast<std::size_t>(column)];
     }
     [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    // The column of names; without one, the first that is shown.
+    [[nodiscard]] int NameColumn() const;
 
   Q_SIGNALS:
     // A left click on a row, wherever in it; the row is selected by then.

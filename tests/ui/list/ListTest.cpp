@@ -67,15 +67,48 @@ TEST_F(ListTest, TheHeaderIsThirtyHigh) {
     EXPECT_EQ(list_->horizontalHeader()->height(), 30);
 }
 
-TEST_F(ListTest, ColumnsKeepTheirWidthsAndTheLastTakesWhatRemains) {
-    EXPECT_EQ(list_->columnWidth(samplePicture), 60);
-    EXPECT_EQ(list_->columnWidth(sampleName), 180);
-    EXPECT_TRUE(list_->isColumnHidden(sampleHidden));
+int WidthOfColumns(const CSkinListCtrl& list) {
     int all = 0;
-    for (int i = 0; i < list_->ColumnCount(); ++i) {
-        all += list_->columnWidth(i);
+    for (int i = 0; i < list.ColumnCount(); ++i) {
+        all += list.columnWidth(i);
     }
-    EXPECT_EQ(all + look::Metric::scrollGutter, list_->viewport()->width());
+    return all;
+}
+
+TEST_F(ListTest, TheColumnOfNamesTakesWhatTheOthersLeave) {
+    for (const int width : {760, 1166, 1700}) {
+        list_->resize(width, 462);
+        for (int i = 0; i < list_->ColumnCount(); ++i) {
+            if (i != sampleName) {
+                EXPECT_EQ(list_->columnWidth(i), list_->Column(i).width) << width << ' ' << i;
+            }
+        }
+        EXPECT_EQ(WidthOfColumns(*list_) + look::Metric::scrollGutter, list_->viewport()->width())
+            << width;
+    }
+    EXPECT_TRUE(list_->isColumnHidden(sampleHidden));
+}
+
+TEST_F(ListTest, NoColumnIsNarrowerThanItsWidth) {
+    list_->resize(300, 462);
+    EXPECT_EQ(list_->columnWidth(sampleName), list_->Column(sampleName).width);
+}
+
+TEST_F(ListTest, WithoutAColumnOfNamesTheLastTakesWhatIsLeft) {
+    static constexpr std::array<ListColumn, 3> kColumns{{{u8"一", 60}, {u8"二", 60}, {u8"", 0}}};
+    class PlainList : public RecordListCtrl<int> {
+      public:
+        explicit PlainList(QWidget* parent)
+            : RecordListCtrl(kColumns, look::Metric::rowCompact, parent) {}
+
+      protected:
+        [[nodiscard]] Cell CellOf(const int&, int) const override { return {}; }
+    };
+    PlainList plain(&window_);
+    plain.resize(400, 300);
+    plain.show();
+    EXPECT_EQ(plain.columnWidth(0), 60);
+    EXPECT_EQ(WidthOfColumns(plain) + look::Metric::scrollGutter, plain.viewport()->width());
 }
 
 TEST_F(ListTest, AClickOutsideTheLinkChangesOnlyTheSelection) {
