@@ -99,4 +99,10 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
     return true;
 }
 
+QModelIndexList ListModel::match(const QModelIndex& start, int role, const QVariant& value,
+                                 int hits, Qt::MatchFlags flags) const {
+    return QAbstractTableModel::match(start.siblingAtColumn(list_.NameColumn()), role, value, hits,
+                                      flags);
+}
+
 }  // namespace quorvi

@@ -25,9 +25,15 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    // The tick of a row, as a click in its cell flips it.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    // Looks in the column of names, whichever `start` is in: the view asks here for the row that
+    // begins with what was typed.
+    [[nodiscard]] QModelIndexList match(const QModelIndex& start, int role, const QVariant& value,
+                                        int hits, Qt::MatchFlags flags) const override;
 
   private:
+    [[nodiscard]] QString Lines(int row, int column) const;
     [[nodiscard]] QString Words(int row, int column) const;
 
     CSkinListCtrl& list_;

@@ -1,6 +1,8 @@
 #include "ui/list/SkinListCtrl.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -359,7 +361,20 @@ void CSkinListCtrl::FlipAllTicks() {
     }
 }
 
+void CSkinListCtrl::CopyName() const {
+    const int row = currentIndex().row();
+    if (row >= 0 && redraw_) {  // nobody copies what is not shown
+        QGuiApplication::clipboard()->setText(
+            model_->index(row, NameColumn()).data(Qt::DisplayRole).toString());
+    }
+}
+
 void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        CopyName();
+        event->accept();
+        return;
+    }
     if (event->matches(QKeySequence::SelectAll)) {
         if (TickColumn() >= 0 && redraw_) {  // nobody ticks what is not shown
             FlipAllTicks();

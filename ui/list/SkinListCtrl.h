@@ -20,10 +20,11 @@ class ListModel;
 // page's vector. It owns no record; see RecordListCtrl for the class that does. The window's
 // thread.
 //
-// Keys: arrows, Home, End and Page keys move; Space flips the row's tick; Ctrl+A ticks all rows, or
-// none when all are ticked; Enter opens the row; the menu key asks for its menu. A click on a link
-// tells the observer, a click in the tick column flips the tick; a click anywhere else changes only
-// the selection.
+// Keys: arrows, Home, End and Page keys move; letters go to the next row whose name begins with
+// them; Ctrl+C copies the row's name; Space flips the row's tick; Ctrl+A ticks all rows, or none
+// when all are ticked; Enter opens the row; the menu key asks for its menu. A click on a link tells
+// the observer, a click in the tick column flips the tick; a click anywhere else changes only the
+// selection.
 class CSkinListCtrl : public QTableView {
     Q_OBJECT
   public:
@@ -131,6 +132,7 @@ class CSkinListCtrl : public QTableView {
     void SetHover(int row, int column);
     void FlipTick(int row);
     void FlipAllTicks();
+    void CopyName() const;
     bool ShowTip(const QPoint& at, const QPoint& global);
     [[nodiscard]] QRect RowRect(int row) const;
     [[nodiscard]] int TickColumn() const;

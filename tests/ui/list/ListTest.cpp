@@ -1,6 +1,7 @@
 // The list of the kit, driven by mouse and keys over records of a test's own.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -246,6 +247,45 @@ TEST_F(ListTest, TheSelectedRowIsBroughtIntoView) {
     list_->SelectRow(0);
     Key(Qt::Key_End);
     EXPECT_TRUE(list_->viewport()->rect().contains(list_->CellRect(99, 1).center()));
+}
+
+// Letters and Ctrl+C mean the name of the row, whichever of its cells was clicked or is read out.
+class ListNames : public ListTest, public testing::WithParamInterface<int> {
+  protected:
+    void SetUp() override {
+        ListTest::SetUp();
+        Fill(3);
+        const char* names[] = {"anna", "bela", "carl"};
+        for (int row = 0; row < 3; ++row) {
+            list_->Edit(
+                row, [&](SampleRecord& record) { record.name = QString::fromLatin1(names[row]); });
+        }
+        list_->setFocus();
+    }
+    void GoTo(int row) { list_->setCurrentIndex(list_->model()->index(row, GetParam())); }
+};
+
+TEST_P(ListNames, LettersGoToTheRowWhoseNameBeginsWithThem) {
+    GoTo(0);
+    Key(Qt::Key_C);
+    EXPECT_EQ(list_->CurrentRow(), 2);
+}
+
+TEST_P(ListNames, ControlCCopiesTheNameOfTheRow) {
+    QGuiApplication::clipboard()->clear();
+    GoTo(1);
+    QTest::keyClick(list_, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("bela\n13800000001"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Columns, ListNames,
+                         testing::Values(samplePicture, sampleName, sampleStar, sampleProgress,
+                                         sampleTick));
+
+TEST_F(ListTest, ControlCWithoutARowLeavesTheClipboardAlone) {
+    QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
+    QTest::keyClick(list_, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("kept"));
 }
 
 TEST_F(ListTest, SpaceFlipsTheTickOfTheRow) {
