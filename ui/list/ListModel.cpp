@@ -39,22 +39,42 @@ int ListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : list_.ColumnCount();
 }
 
-// What is read out for a cell: its lines, or a picture in words.
+// The lines of a cell that has any.
+QString ListModel::Lines(int row, int column) const {
+    const Cell cell = list_.CellAt(row, column);
+    if (cell.text.isEmpty() || cell.second.isEmpty()) {
+        return cell.text + cell.second;
+    }
+    return QStringLiteral("%1\n%2").arg(cell.text, cell.second);
+}
+
+// What is read out for a cell: its lines, or what its picture shows.
 QString ListModel::Words(int row, int column) const {
     const Cell cell = list_.CellAt(row, column);
     switch (list_.Column(column).kind) {
         case CellKind::star:
-            return ToQString(cell.value > 0 ? u8"是" : u8"否");
+            return ToQString(cell.value > 0 ? u8"已收藏" : u8"未收藏");
         case CellKind::rating:
-            return QString::number(std::clamp(cell.value, 0, 5));
-        case CellKind::progress:
-            return cell.value >= 0 ? QStringLiteral("%1 %").arg(cell.value) : cell.text;
+            return ToQString(u8"%1 星").arg(std::clamp(cell.value, 0, 5));
         case CellKind::check:
-            return {};
+            return ToQString(list_.IsTicked(row) ? u8"已勾选" : u8"未勾选");
+        case CellKind::progress:
+            if (cell.value >= 0 && cell.value <= 100) {
+                return QStringLiteral("%1 %").arg(cell.value);
+            }
+            break;
+        case CellKind::picture:
+            if (cell.text.isEmpty() && cell.icon.isEmpty()) {
+                return ToQString(list_.PictureAt(row).bytes.empty() ? u8"没有照片" : u8"有照片");
+            }
+            break;
         default:
-            return cell.second.isEmpty() ? cell.text
-                                         : QStringLiteral("%1\n%2").arg(cell.text, cell.second);
+            break;
     }
+    if (const QString lines = Lines(row, column); !lines.trimmed().isEmpty()) {
+        return lines;
+    }
+    return ToQString(cell.icon.isEmpty() ? u8"空" : list_.Column(column).caption);
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
@@ -63,6 +83,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case Qt::DisplayRole:
+            return Lines(index.row(), index.column());
+        case Qt::AccessibleTextRole:
             return Words(index.row(), index.column());
         case Qt::CheckStateRole:
             if (list_.Column(index.column()).kind == CellKind::check) {
@@ -95,7 +117,9 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
         list_.Column(index.column()).kind != CellKind::check) {
         return false;
     }
-    list_.SetTicked(index.row(), value.toInt() == Qt::Checked);
+    if (list_.IsTicked(index.row()) != (value.toInt() == Qt::Checked)) {
+        list_.FlipTick(index.row());
+    }
     return true;
 }
 

@@ -72,7 +72,8 @@ class CSkinListCtrl : public QTableView {
     [[nodiscard]] QRect CellRect(int row, int column) const;
     [[nodiscard]] const PictureCache& Pictures() const { return pictures_; }
 
-    // The contents of a cell, as it is drawn and as it is read out.
+    // The contents of a cell, as it is drawn. Read out are its lines, in place of a picture, a star
+    // or a tick what it shows, and of a cell that holds nothing that it is empty.
     [[nodiscard]] virtual Cell CellAt(int row, int column) const = 0;
     [[nodiscard]] virtual RowPicture PictureAt(int row) const;
     [[nodiscard]] const ListColumn& Column(int column) const {

@@ -87,6 +87,12 @@ TEST_F(AccessibleTest, AListIsATableOfCellsInWords) {
     EXPECT_EQ(name->text(QAccessible::Name), QStringLiteral("联系人 1\n13800000001"));
     EXPECT_TRUE(table->cellAt(1, sampleTick)->state().checked);
     EXPECT_FALSE(table->cellAt(0, sampleTick)->state().checked);
+    for (int column = 0; column < table->columnCount(); ++column) {
+        EXPECT_FALSE(table->cellAt(2, column)->text(QAccessible::Name).isEmpty()) << column;
+    }
+    EXPECT_EQ(table->cellAt(1, samplePicture)->text(QAccessible::Name), QStringLiteral("有照片"));
+    EXPECT_EQ(table->cellAt(1, sampleTick)->text(QAccessible::Name), QStringLiteral("已勾选"));
+    EXPECT_EQ(table->cellAt(0, sampleTick)->text(QAccessible::Name), QStringLiteral("未勾选"));
 }
 
 TEST_F(AccessibleTest, ADialogIsADialogWithItsTitle) {

@@ -555,17 +555,45 @@ TEST_F(ListTest, ALongTextIsBrokenInItsTip) {
 
 // ---- what is read out --------------------------------------------------------------------------
 
-TEST_F(ListTest, CellsAreReadOutInWords) {
+TEST_F(ListTest, EachCellIsReadOutInWords) {
     Fill(2);
     list_->SetTicked(1, true);
-    const auto* model = list_->model();
-    EXPECT_EQ(model->index(0, sampleName).data().toString(),
-              list_->At(0).name + QLatin1Char('\n') + list_->At(0).number);
-    EXPECT_EQ(model->index(0, sampleStar).data().toString(), QStringLiteral("是"));
-    EXPECT_EQ(model->index(1, sampleStar).data().toString(), QStringLiteral("否"));
-    EXPECT_EQ(model->index(1, sampleTick).data(Qt::CheckStateRole).toInt(), Qt::Checked);
-    EXPECT_EQ(model->headerData(sampleName, Qt::Horizontal, Qt::DisplayRole).toString(),
+    list_->Edit(1, [](SampleRecord& record) {
+        record.photo.clear();
+        record.number.clear();
+    });
+    const auto words = [&](int row, int column) {
+        return list_->model()->index(row, column).data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(words(0, samplePicture), QStringLiteral("有照片"));
+    EXPECT_EQ(words(1, samplePicture), QStringLiteral("没有照片"));
+    EXPECT_EQ(words(0, sampleName), QStringLiteral("联系人 0\n13800000000"));
+    EXPECT_EQ(words(1, sampleName), QStringLiteral("联系人 1"));
+    EXPECT_EQ(words(0, sampleStar), QStringLiteral("已收藏"));
+    EXPECT_EQ(words(1, sampleStar), QStringLiteral("未收藏"));
+    EXPECT_EQ(words(0, sampleTick), QStringLiteral("未勾选"));
+    EXPECT_EQ(words(1, sampleTick), QStringLiteral("已勾选"));
+    EXPECT_EQ(words(0, sampleRating), QStringLiteral("1 星"));
+    EXPECT_EQ(words(0, sampleProgress), QStringLiteral("1 %"));
+    EXPECT_EQ(words(1, sampleProgress), QStringLiteral("N/A"));
+    EXPECT_EQ(words(0, sampleImageLink), QStringLiteral("访问"));
+    EXPECT_EQ(words(0, sampleHidden), QStringLiteral("空"));
+    for (int column = 0; column < list_->ColumnCount(); ++column) {
+        EXPECT_FALSE(words(1, column).isEmpty()) << column;
+    }
+    EXPECT_EQ(list_->model()->index(1, sampleTick).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_EQ(list_->model()->headerData(sampleName, Qt::Horizontal, Qt::DisplayRole).toString(),
               QStringLiteral("联系人"));
+}
+
+TEST_F(ListTest, ATickSetByAnAssistiveToolIsTheUsers) {
+    Fill(2);
+    const QSignalSpy flipped(list_, &CSkinListCtrl::tickFlipped);
+    const QModelIndex tick = list_->model()->index(1, sampleTick);
+    EXPECT_TRUE(list_->model()->setData(tick, Qt::Checked, Qt::CheckStateRole));
+    EXPECT_TRUE(list_->IsTicked(1));
+    EXPECT_TRUE(list_->model()->setData(tick, Qt::Checked, Qt::CheckStateRole));
+    EXPECT_EQ(flipped.count(), 1);
 }
 
 }  // namespace
