@@ -1,5 +1,6 @@
 #include "pages/calls/CallLogListCtrl.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -35,7 +36,7 @@ constexpr std::array<ListColumn, 7> kColumns{{
     {u8"", 0},  // hidden: the call's id
 }};
 
-// How a type is marked; one that is not known has no mark.
+// How a type is marked.
 struct TypeMark {
     std::uint32_t type;
     QStringView icon;
@@ -46,15 +47,14 @@ constexpr std::array<TypeMark, 3> kTypeMarks{{
     {2, u"call-out", Color::blue},
     {3, u"call-missed", Color::red},
 }};
+// One that is not known: a receiver without an arrow.
+constexpr TypeMark kUnknownType{0, u"call", Color::ink2};
 
 Cell TypeCell(std::uint32_t type) {
-    const QString text = ToQString(CallTypeText(type));
-    for (const TypeMark& mark : kTypeMarks) {
-        if (mark.type == type) {
-            return {.text = text, .icon = mark.icon.toString(), .iconInk = mark.ink};
-        }
-    }
-    return {.text = text};
+    const auto* known = std::ranges::find(kTypeMarks, type, &TypeMark::type);
+    const TypeMark& mark = known == kTypeMarks.end() ? kUnknownType : *known;
+    return {
+        .text = ToQString(CallTypeText(type)), .icon = mark.icon.toString(), .iconInk = mark.ink};
 }
 
 }  // namespace

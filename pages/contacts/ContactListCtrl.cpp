@@ -33,9 +33,7 @@ CContactListCtrl::CContactListCtrl(QWidget* parent)
 Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
     switch (column) {
         case columnContact:
-            return {.text = ToShownQString(row.name),
-                    .second = ToShownQString(row.number),
-                    .secondInk = Color::statedGrey};
+            return {.text = ToShownQString(row.name), .second = ToShownQString(row.number)};
         case columnFavourite:
             return {.value = row.favourite ? 1 : 0};
         case columnLastContact:

@@ -7,6 +7,7 @@
 #include "pages/calls/CallLogPage.h"
 #include "tests/pages/calls/CallReplies.h"
 #include "tests/support/AgentPageTest.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/LoopbackAgent.h"
 #include "ui/kit/ControlNumber.h"
@@ -130,11 +131,24 @@ TEST_F(CallLogPage, ADateOfZeroShowsTheLocalTimeOf1970) {
     EXPECT_EQ(Text(2, 4), QStringLiteral("1970-01-01 08:00:00"));
 }
 
-TEST_F(CallLogPage, AnUnknownTypeHasItsTextAndNoMark) {
+TEST_F(CallLogPage, AnUnknownTypeHasItsTextAndAMark) {
     agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{.type = 0}}).Get());
     OpenLoaded();
     EXPECT_EQ(Text(0, 2), ToQString(u8"未知类型"));
-    EXPECT_EQ(List().CellAt(0, 2).icon, QString());
+    EXPECT_EQ(List().CellAt(0, 2).icon, QStringLiteral("call"));
+}
+
+TEST_F(CallLogPage, TextsReadOnEveryGroundOfARow) {
+    OpenLoaded();
+    ExpectReadableRows(List());
+}
+
+TEST_F(CallLogPage, InAWideWindowTheNamesTakeWhatIsLeft) {
+    OpenLoaded();
+    const int before = List().columnWidth(1);
+    page_->resize(page_->width() + 400, page_->height());
+    EXPECT_EQ(List().columnWidth(1), before + 400);
+    EXPECT_EQ(List().columnWidth(5), 44);
 }
 
 TEST_F(CallLogPage, WhileItLoadsTheListIsClearedWithoutRedrawAndSaysSo) {

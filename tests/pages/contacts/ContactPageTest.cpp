@@ -2,6 +2,7 @@
 #include "base/Text.h"
 #include "pages/contacts/ContactRecord.h"
 #include "tests/pages/contacts/ContactPageFixture.h"
+#include "tests/support/Contrast.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/PictureFiles.h"
 #include "ui/look/Look.h"
@@ -45,7 +46,8 @@ TEST_F(ContactPage, ColumnsAreTheFiveOfAContact) {
         {u8"头像", 60, CellKind::picture, CellAlign::centre, CellAlign::centre},
         {u8"联系人", 140, CellKind::twoLines, CellAlign::centre, CellAlign::left},
         {u8"收藏", 44, CellKind::star, CellAlign::centre, CellAlign::centre},
-        {u8"上次联系时间、归属地", 150, CellKind::twoLines, CellAlign::left, CellAlign::centre},
+        {u8"上次联系时间、归属地", 150, CellKind::twoSmallLines, CellAlign::left,
+         CellAlign::centre},
         {u8"选择", 44, CellKind::check, CellAlign::centre, CellAlign::centre},
     };
     ASSERT_EQ(List().ColumnCount(), 5);
@@ -62,10 +64,25 @@ TEST_F(ContactPage, ColumnsAreTheFiveOfAContact) {
 TEST_F(ContactPage, NumberIsGreyAndAttributionRed) {
     OpenLoaded();
     EXPECT_EQ(List().CellAt(0, 1).ink, look::Color::ink);
-    EXPECT_EQ(List().CellAt(0, 1).secondInk, look::Color::statedGrey);
+    EXPECT_EQ(List().CellAt(0, 1).secondInk, look::Color::ink2);
     EXPECT_EQ(List().CellAt(0, 3).ink, look::Color::ink);
     EXPECT_EQ(List().CellAt(0, 3).secondInk, look::Color::red);
     EXPECT_EQ(List().CellAt(0, 0).text, QString());  // the photo's cell has no text
+}
+
+TEST_F(ContactPage, TextsReadOnEveryGroundOfARow) {
+    OpenLoaded();
+    ExpectReadableRows(List());
+}
+
+TEST_F(ContactPage, InAWideWindowTheNamesTakeWhatTheListGains) {
+    OpenLoaded();
+    const int columns = List().columnWidth(1);
+    const int list = List().width();
+    page_->resize(page_->width() + 400, page_->height());
+    ASSERT_GT(List().width(), list);
+    EXPECT_EQ(List().columnWidth(1) - columns, List().width() - list);
+    EXPECT_EQ(List().columnWidth(4), 44);
 }
 
 TEST_F(ContactPage, FillGivesTheListTheFocus) {

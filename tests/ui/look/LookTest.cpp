@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "tests/support/Contrast.h"
 #include "tests/support/QtTest.h"
 #include "ui/look/DesktopWishes.h"
 #include "ui/look/Look.h"
@@ -110,32 +111,18 @@ TEST_F(LookTest, RowColoursAreTheStatedOnes) {
     EXPECT_EQ(look::color(Color::flatFill).rgb(), 0xFFE1F0FFU);
 }
 
-double Luminance(QRgb rgb) {
-    const auto linear = [](int channel) {
-        const double c = channel / 255.0;
-        return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(rgb)) + 0.7152 * linear(qGreen(rgb)) + 0.0722 * linear(qBlue(rgb));
-}
-
-double Contrast(Color a, Color b) {
-    const double x = Luminance(look::color(a).rgb());
-    const double y = Luminance(look::color(b).rgb());
-    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
-}
-
 TEST_F(LookTest, InksOfOurChoiceReadOnEveryGround) {
     using enum Color;
     for (const Color text : {ink, ink2, plum7, blue, red, green}) {
         for (const Color ground :
              {surface, page, rowLight, rowHover, rowSelected, chrome1, chrome2}) {
-            EXPECT_GE(Contrast(text, ground), 4.5)
+            EXPECT_GE(Contrast(text, ground), kReadable)
                 << look::kColors[static_cast<std::size_t>(text)].token << " on "
                 << look::kColors[static_cast<std::size_t>(ground)].token;
         }
     }
     for (const Color ground : {plum5, plum6, plum7, red, red5, red7, tip}) {
-        EXPECT_GE(Contrast(onAccent, ground), 4.5)
+        EXPECT_GE(Contrast(onAccent, ground), kReadable)
             << look::kColors[static_cast<std::size_t>(ground)].token;
     }
 }
