@@ -1,6 +1,7 @@
 #include "pages/contacts/ContactPage.h"
 
 #include <QHBoxLayout>
+#include <utility>
 
 #include "agent/AgentSession.h"
 #include "link/DeviceContext.h"
@@ -58,7 +59,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
     row->addWidget(frame_, Metric::contactDetail);
 
     detailTimer_.setSingleShot(true);
-    connect(&detailTimer_, &QTimer::timeout, this, &CContactPage::RefreshDetail);
+    connect(&detailTimer_, &QTimer::timeout, this, [this] { fillMissed_ = !FetchDetail(); });
     connect(list_, &CSkinListCtrl::rowClicked, this, &CContactPage::Select);
     // The selection by key leads to the same as a click.
     connect(list_, &CSkinListCtrl::rowSelected, this, [this](int selected) {
@@ -89,20 +90,27 @@ void CContactPage::Select(int row) {
     }
 }
 
-void CContactPage::RefreshDetail() {
-    detailLoad_.Start(
+std::uint32_t CContactPage::SelectedContact() const {
+    return Host().Selection().Id(PageSelection::kContact).value_or(0);
+}
+
+bool CContactPage::FetchDetail() {
+    return detailLoad_.Start(
         [this] { frame_->SetState(ListState::loading); },
-        [agent = agent_, id = Host().Selection().Id(PageSelection::kContact).value_or(0),
-         document = view_->Document()] {
+        [agent = agent_, id = SelectedContact(), document = view_->Document()] {
             const ContactReply reply = FetchContact(AgentSession(agent), id);
             if (reply.record) {
                 document.SetInnerHtml("block", ContactFragment(*reply.record));
             }
             return reply.outcome;
         },
-        [this](SessionOutcome outcome) {
+        [this, id = SelectedContact()](SessionOutcome outcome) {
             frame_->SetState(ListState::idle);
             ShowLoadOutcome(Host(), outcome);
+            // What was dropped meanwhile is made up for, in another turn: this one is not over.
+            if (std::exchange(fillMissed_, false) || id != SelectedContact()) {
+                PostToWindow(this, [this] { RefreshDetail(); });
+            }
         });
 }
 

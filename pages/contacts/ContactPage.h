@@ -24,7 +24,8 @@ class HtmlFrame;
 
 // Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
 // whole list is fetched again. Two workers at most, one for the list and one for the detail; a
-// call of either while it runs is dropped.
+// call of either while it runs is dropped. A detail that ends on another contact than the one that
+// is selected by then, or during which the list was filled anew, is followed by another.
 class CContactPage : public Page, private HtmlListener {
     Q_OBJECT
   public:
@@ -36,7 +37,7 @@ class CContactPage : public Page, private HtmlListener {
     // Fetches the list and, once it is there, the detail of its first contact.
     void RefreshContacts() { road_.Refresh(); }
     // Fetches the contact that PageSelection names, and shows it.
-    void RefreshDetail();
+    void RefreshDetail() { FetchDetail(); }
 
     void Load() override { RefreshContacts(); }
     void OnCommand(int index) override;
@@ -52,6 +53,9 @@ class CContactPage : public Page, private HtmlListener {
     void OnAppCmd(const std::string&) override {}  // the view holds no links of the page's own
     void SelectFirst();
     void Select(int row);
+    [[nodiscard]] std::uint32_t SelectedContact() const;
+    // False while one runs.
+    bool FetchDetail();
     void OpenMenu(const QPoint& at);
     void OpenGroups();
     void EndEditor(int result);
@@ -69,6 +73,7 @@ class CContactPage : public Page, private HtmlListener {
 
     const DeviceContext& device_;
     std::map<std::string, Unsaved> unsaved_;  // by the phone's serial
+    bool fillMissed_ = false;                 // a fill's detail was dropped, since one was running
     bool selecting_ = false;                  // the page itself moves the selection
     QTimer detailTimer_;                      // timer 0: the detail after a fill
     CContactListCtrl* list_;
