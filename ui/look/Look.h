@@ -273,6 +273,10 @@ struct Metric {
     // window
     static constexpr int windowWidth = 960;
     static constexpr int windowHeight = 640;
+    static constexpr int windowLeastWidth = 800;
+    static constexpr int windowLeastHeight = 480;
+    static constexpr int resizeEdge = 4;
+    static constexpr int resizeCorner = 10;
     static constexpr int captionHeight = 50;
     static constexpr int captionLogo = 28;
     static constexpr int captionTitleX = 54;
@@ -300,6 +304,7 @@ struct Metric {
     static constexpr int badgeRight = 10;
     static constexpr int pageX = 188;
     static constexpr int pageWidth = 760;
+    static constexpr int pageLeastWidth = 754;  // a list's columns, its gutter and its frame
     static constexpr int contactList = 452;
     static constexpr int contactDetail = 300;
     static constexpr int commandsY = 100;
