@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include "ui/kit/ControlNumber.h"
+#include "ui/kit/FreeArea.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/WindowFrame.h"
 
@@ -161,14 +162,46 @@ void SkinDialog::done(int result) {
     QDialog::done(endsWithOk_ ? Accepted : result);
 }
 
+// In the middle of the window behind, whole in view, and with that window dimmed.
+void SkinDialog::StandOver(QWidget& behind) {
+    adjustSize();
+    const QRect over(behind.mapToGlobal(QPoint(0, 0)), behind.size());
+    QRect place = rect();
+    place.moveTopLeft(over.center() - place.center());
+    place = BroughtInto(place, AreaFor(over, FreeAreas()));
+    if (place.size() != size()) {
+        setFixedSize(place.size());
+    }
+    move(place.topLeft());
+    if (scrim_ == nullptr) {
+        scrim_ = new Scrim(&behind);
+    }
+}
+
+// A window that is shown under its dialog comes up in front of everything; the dialog follows it.
+bool SkinDialog::eventFilter(QObject* object, QEvent* event) {
+    if (object == parentWidget() && event->type() == QEvent::Show && !event->spontaneous() &&
+        isVisible()) {
+        StandOver(*parentWidget());
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                raise();
+                activateWindow();
+            },
+            Qt::QueuedConnection);
+    }
+    return QDialog::eventFilter(object, event);
+}
+
 void SkinDialog::setVisible(bool visible) {
     QWidget* behind = parentWidget();
-    if (visible && behind != nullptr && behind->isVisible()) {
-        adjustSize();
-        const QRect over(behind->mapToGlobal(QPoint(0, 0)), behind->size());
-        move(over.center() - QRect(QPoint(0, 0), size()).center());
-        if (scrim_ == nullptr) {
-            scrim_ = new Scrim(behind);
+    if (visible && behind != nullptr) {
+        // The desktop keeps a dialog in front of a window that it knows, shown or not.
+        behind->winId();
+        behind->installEventFilter(this);
+        if (behind->isVisible()) {
+            StandOver(*behind);
         }
     }
     if (visible && default_ != nullptr) {

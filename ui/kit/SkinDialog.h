@@ -26,7 +26,8 @@ class SkinDialog : public QDialog {
     ~SkinDialog() override;
 
     void SetTitle(const QString& title);
-    // Fixes the dialog's size, caption and footer included.
+    // Fixes the dialog's size, caption and footer included. On a screen that is smaller it is shown
+    // in what the screen has.
     void SetInnerSize(QSize size);
 
     // Where the dialog's own controls go; give it a layout. Its margins are the dialog's padding.
@@ -54,6 +55,7 @@ class SkinDialog : public QDialog {
     // taken back, and its opener has to look at the phone again.
     void EndWithOk() { endsWithOk_ = true; }
 
+    bool eventFilter(QObject* object, QEvent* event) override;
     void setVisible(bool visible) override;
     void done(int result) override;
 
@@ -63,6 +65,7 @@ class SkinDialog : public QDialog {
 
   private:
     [[nodiscard]] QRect Captioned() const;
+    void StandOver(QWidget& behind);
     QHBoxLayout* Footer();
 
     QLabel* title_;

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWindow>
 
 #include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
@@ -117,6 +118,21 @@ TEST_F(DialogsTest, ADialogStandsInTheMiddleOfItsWindow) {
     const QPoint off = dialog->geometry().center() - window_.geometry().center();
     EXPECT_LE(off.manhattanLength(), 2);
     dialog->reject();
+}
+
+TEST_F(DialogsTest, ADialogOfAWindowThatWasNeverShownBelongsToItAndDimsItLater) {
+    QWidget hidden(nullptr, Qt::Window | Qt::FramelessWindowHint);
+    CNothingCheckedDlg dialog(&hidden);
+    dialog.open();
+    ASSERT_NE(hidden.windowHandle(), nullptr);
+    EXPECT_EQ(dialog.windowHandle()->transientParent(), hidden.windowHandle());
+    EXPECT_EQ(hidden.findChild<QWidget*>(QStringLiteral("scrim")), nullptr);
+    hidden.resize(700, 500);
+    hidden.show();
+    EXPECT_NE(hidden.findChild<QWidget*>(QStringLiteral("scrim")), nullptr);
+    const QPoint off = dialog.geometry().center() - hidden.geometry().center();
+    EXPECT_LE(off.manhattanLength(), 2);
+    dialog.reject();
 }
 
 TEST_F(DialogsTest, ALongSentenceMakesTheQuestionHigher) {
