@@ -154,7 +154,9 @@ function(quorvi_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PRIVATE quorvi_qt_flags Qt6::Test)
     quorvi_precompile(${name} quorvi_pch_window_tests)
-    list(APPEND ARG_ENV QT_QPA_PLATFORM=offscreen)
+    # A screen that has room for the window at its usual size.
+    list(APPEND ARG_ENV
+      "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json")
   else()
     target_link_libraries(${name} PRIVATE quorvi_flags)
     quorvi_precompile(${name} quorvi_pch_tests)

@@ -8,7 +8,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
-#include <QScreen>
+#include <QScrollArea>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -22,8 +22,10 @@
 #include "app/window/ProductName.h"
 #include "app/window/StatusStrip.h"
 #include "app/window/TabStrip.h"
+#include "app/window/WindowPlace.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/ResizeEdges.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/WindowFrame.h"
 #include "ui/look/Look.h"
@@ -119,11 +121,21 @@ CMainDlg::~CMainDlg() {
 
 void CMainDlg::BuildFrame() {
     WindowFrame::Attach(*this);
-    resize(WindowFrame::Around(*this, QSize(Metric::windowWidth, Metric::windowHeight)));
-    setMinimumSize(size());
+    const QSize usual(Metric::windowWidth, Metric::windowHeight);
+    const QSize least(Metric::windowLeastWidth, Metric::windowLeastHeight);
+    place_ = new WindowPlace(
+        *this, parts_.settings,
+        {.usual = WindowFrame::Around(*this, usual), .least = WindowFrame::Around(*this, least)});
     setAcceptDrops(true);
 
+    // What a small window cannot show of a page is scrolled to; all around the pages stays.
+    auto* view = new QScrollArea(this);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setWidgetResizable(true);
+    view->setWidget(content_);
     content_->setObjectName(QStringLiteral("content"));
+    content_->setMinimumWidth(Metric::pageLeastWidth);
     bar_->WatchTasks(parts_.services.taskCount);
 
     auto* tabRow = new QHBoxLayout;
@@ -137,7 +149,7 @@ void CMainDlg::BuildFrame() {
                                    Metric::pageInset, Metric::contentBottom);
     pageColumn->setSpacing(Metric::contentY - Metric::commandsY - Metric::buttonHeight);
     pageColumn->addWidget(commands_);
-    pageColumn->addWidget(content_, 1);
+    pageColumn->addWidget(view, 1);
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -151,6 +163,7 @@ void CMainDlg::BuildFrame() {
     grid->setColumnStretch(1, 1);
 
     tabs_->setFocus();
+    ResizeEdges::Attach(*this);
 
     connect(caption_, &CaptionBar::pressed, this, &CMainDlg::OnCaptionButton);
     connect(caption_, &CaptionBar::searchAsked, this, [this] { Post(Message::search); });
@@ -178,7 +191,7 @@ void CMainDlg::OnInitDialog() {
     setWindowTitle(ToQString(kProductName));
     pages_.Build(parts_.makers, *this, parts_.services);
     ShowPage(FindPage(kDashboardPage.page));
-    Centre();
+    place_->Restore();
     parts_.watchUsb();
     parts_.connectPhone(false);
 }
@@ -191,13 +204,7 @@ void CMainDlg::EndDialog() {
     hide();
     parts_.tray.Remove();
     parts_.instance.Withdraw();
-    parts_.endProcess();
-}
-
-void CMainDlg::Centre() {
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        move(screen->availableGeometry().center() - QPoint(width() / 2, height() / 2));
-    }
+    place_->StoreThen(parts_.endProcess);
 }
 
 // ---- messages ----------------------------------------------------------------------------------

@@ -25,6 +25,7 @@ class RunningInstance;
 class Sounds;
 class StatusStrip;
 class TabStrip;
+class WindowPlace;
 
 // What the window stands on. All outlive it.
 struct MainParts {
@@ -51,8 +52,8 @@ struct MainParts {
 };
 
 // The frame, and the messages between the pages and the window. The pages themselves stand in a
-// PageStack, what is shown of the link in a LinkDisplay. Without a frame of the desktop's, 960 by
-// 640. The window's thread.
+// PageStack, what is shown of the link in a LinkDisplay. Without a frame of the desktop's, usually
+// 960 by 640; where it stands is a WindowPlace's. The window's thread.
 class CMainDlg : public QWidget, public PageHost {
     Q_OBJECT
   public:
@@ -115,7 +116,6 @@ class CMainDlg : public QWidget, public PageHost {
     static const std::array<Handler, 7> kHandlers;
 
     void BuildFrame();
-    void Centre();
 
     // What each message does.
     void OnTray(int first, int second);
@@ -153,6 +153,7 @@ class CMainDlg : public QWidget, public PageHost {
     CommandRow* const commands_;
     QWidget* const content_;
     StatusStrip* const status_;
+    WindowPlace* place_;
     PageStack pages_;
     Balloons balloons_;
     LinkDisplay link_;

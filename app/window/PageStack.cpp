@@ -1,8 +1,14 @@
 #include "app/window/PageStack.h"
 
+#include <QGridLayout>
+
 #include "app/window/PlaceholderPage.h"
 
 namespace quorvi {
+
+PageStack::PageStack(QWidget& frame) : frame_(frame), layout_(new QGridLayout(&frame)) {
+    layout_->setContentsMargins({});
+}
 
 void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& services) {
     for (const PageRow& row : kPages) {
@@ -13,6 +19,7 @@ void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& 
     pages_[kDialogNeverShown] = MakeAnnouncement(host, kDialogNeverShown, &frame_);
     for (const auto& [dialog, page] : pages_) {
         page->hide();
+        layout_->addWidget(page, 0, 0);
     }
     FillFrame();
 }

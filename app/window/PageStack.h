@@ -6,14 +6,16 @@
 #include "app/window/PageFactory.h"
 #include "ui/page/Page.h"
 
+class QGridLayout;
+
 namespace quorvi {
 
-// All pages are children of one content frame, of its size, and one of them is visible. They live
-// as long as the frame. The window's thread.
+// All pages are children of one content frame, of its size, and one of them is visible; the frame
+// is never lower than that one can be. They live as long as the frame. The window's thread.
 class PageStack {
   public:
     // The frame outlives the stack.
-    explicit PageStack(QWidget& frame) : frame_(frame) {}
+    explicit PageStack(QWidget& frame);
 
     // Makes the page of each dialog of the page table and the one that is never shown, all hidden.
     void Build(const PageMakers& makers, PageHost& host, const Services& services);
@@ -35,6 +37,7 @@ class PageStack {
 
   private:
     QWidget& frame_;
+    QGridLayout* layout_;         // one cell, for all
     std::map<int, Page*> pages_;  // by dialog number
     Page* shown_ = nullptr;
 };
