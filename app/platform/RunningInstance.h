@@ -2,8 +2,12 @@
 #pragma once
 
 #include <QLocalServer>
-#include <QString>
+#include <QStringList>
 #include <functional>
+#include <memory>
+#include <vector>
+
+#include "base/Places.h"
 
 namespace quorvi {
 
@@ -19,22 +23,30 @@ class RunningInstance {
     virtual void Withdraw() = 0;
 };
 
-// By a local socket in the user's runtime folder. A connection is the whole message: no byte is
-// sent. Two starts at the same instant can both run: the second socket is not made then.
+// Full paths of the sockets of a user's displays, in the user's runtime folder: one for the Wayland
+// display and one for the X display that the environment names, as a session has both, and what is
+// started in it may know only one of them. The screen of an X display (".0") does not count.
+// Without a display there is one socket.
+[[nodiscard]] QStringList SocketsOfDisplays(const Environment& environment);
+
+// By local sockets. A connection is the whole message: no byte is sent. Two starts at the same
+// instant can both run: the second's sockets are not made then.
 class LocalSocketInstance : public RunningInstance {
   public:
-    // The socket of this user and display.
+    // By the sockets of this user's displays.
     LocalSocketInstance();
-    // `socketPath`: a full path.
-    explicit LocalSocketInstance(QString socketPath);
+    // `sockets`: full paths. An instance is found by any of them.
+    explicit LocalSocketInstance(QStringList sockets);
 
     [[nodiscard]] bool ShowOther() override;
     void Announce(std::function<void()> show) override;
     void Withdraw() override;
 
   private:
-    QString socketPath_;
-    QLocalServer server_;
+    void Listen(const QString& socket);
+
+    QStringList sockets_;
+    std::vector<std::unique_ptr<QLocalServer>> servers_;
     std::function<void()> show_;
 };
 
