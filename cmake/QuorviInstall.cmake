@@ -15,15 +15,19 @@ if(QUORVI_WITH_QT)
   install(TARGETS quorvi_browser LIBRARY DESTINATION "${quorvi_module_folder}")
   install(FILES res/icons/logo.svg DESTINATION share/icons/hicolor/scalable/apps
     RENAME quorvi.svg)
-  # Written at the time of installation, when the prefix is known. The path is in double quotes,
-  # with what the format reserves in them escaped, as desktop/ does it for a user.
+  # Written at the time of installation, when the prefix is known. Where the path holds what
+  # the format reserves, it is in double quotes and escaped, as desktop/ does it for a user.
   set(quorvi_entry_template "${CMAKE_SOURCE_DIR}/packaging/quorvi.desktop.in")
   set(quorvi_entry "${CMAKE_BINARY_DIR}/packaging/quorvi.desktop")
   install(CODE "
     set(program \"\${CMAKE_INSTALL_PREFIX}/bin/quorvi\")
+    set(quote \"\")
+    if(program MATCHES [=[[ \"'\\><~|&;\$*?#()`%]]=])
+      set(quote [[\"]])
+    endif()
     string(REGEX REPLACE [[([\"`$\\])]] [[\\\\\\\\\\1]] program \"\${program}\")
     string(REPLACE \"%\" \"%%\" program \"\${program}\")
-    set(program \"\\\"\${program}\\\"\")
+    set(program \"\${quote}\${program}\${quote}\")
     configure_file(\"${quorvi_entry_template}\" \"${quorvi_entry}\" @ONLY)")
   install(FILES "${quorvi_entry}" DESTINATION share/applications)
 endif()

@@ -7,6 +7,9 @@ namespace {
 
 constexpr std::string_view kDefaultsGroup = "Default Applications";
 
+// What must not stand in a word of an `Exec` line without quotes.
+constexpr std::string_view kReserved = " \t\r\n\"'\\><~|&;$*?#()`%";
+
 // A value of the format: control characters and the backslash that writes them.
 std::string Escaped(std::string_view value) {
     std::string escaped;
@@ -77,6 +80,9 @@ std::string PutFirst(std::string_view desktopId, std::string_view list) {
 }  // namespace
 
 std::string ExecPath(std::string_view program) {
+    if (program.find_first_of(kReserved) == std::string_view::npos) {
+        return std::string(program);
+    }
     std::string quoted = "\"";
     for (const char c : program) {
         if (c == '"' || c == '`' || c == '$' || c == '\\') {

@@ -11,8 +11,9 @@ namespace quorvi {
 // The group of a launcher's values.
 inline constexpr std::string_view kEntryGroup = "Desktop Entry";
 
-// The words of an `Exec` line that start this program: its path in double quotes, with all that the
-// format reserves written so that it stands for itself.
+// The words of an `Exec` line that start this program: its path as it is, since some openers of
+// desktops take quotes for a part of the name; in double quotes where it holds what the format
+// reserves, written so that it stands for itself.
 [[nodiscard]] std::string ExecPath(std::string_view program);
 
 // A launcher. Texts as they are; empty ones are left out.

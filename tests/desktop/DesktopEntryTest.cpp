@@ -5,8 +5,13 @@
 namespace quorvi {
 namespace {
 
-TEST(DesktopEntry, PathStandsInDoubleQuotes) {
+TEST(DesktopEntry, PathStandsInDoubleQuotesOnlyWhereItNeedsThem) {
+    EXPECT_EQ(ExecPath("/usr/bin/quorvi"), "/usr/bin/quorvi");
+    EXPECT_EQ(ExecPath("/opt/奎维-2.0_x+y/quorvi"), "/opt/奎维-2.0_x+y/quorvi");
     EXPECT_EQ(ExecPath("/opt/My Tools/quorvi"), R"("/opt/My Tools/quorvi")");
+    for (const char reserved : std::string_view("\t'><~|&;*?#()")) {
+        EXPECT_EQ(ExecPath(std::string("/a") + reserved + "b").front(), '"') << reserved;
+    }
 }
 
 TEST(DesktopEntry, ReservedCharactersOfAPathStandForThemselves) {

@@ -34,10 +34,13 @@ class Install : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         folder_ = std::make_unique<QTemporaryDir>();
+        InstallInto(Prefix());
+    }
+    static void InstallInto(const QString& prefix) {
         const Ended installed =
             RunToEnd(QStringLiteral(QUORVI_CMAKE),
                      {QStringLiteral("--install"), QStringLiteral(QUORVI_BUILD_DIR),
-                      QStringLiteral("--prefix"), Prefix()});
+                      QStringLiteral("--prefix"), prefix});
         ASSERT_EQ(installed.status, 0) << installed.output.toStdString();
     }
     static void TearDownTestSuite() { folder_.reset(); }
@@ -88,6 +91,15 @@ TEST_F(Install, DesktopEntryStartsTheInstalledProgramAndOpensItsLinks) {
         << Entry().constData();
     EXPECT_TRUE(Entry().contains("\nMimeType=x-scheme-handler/quorvi;\n"));
     EXPECT_TRUE(Entry().contains("\nIcon=quorvi\n"));
+}
+
+// Some openers of desktops take quotes for a part of the program's name.
+TEST_F(Install, DesktopEntryQuotesOnlyAPathThatNeedsIt) {
+    const QString plain = folder_->filePath(QStringLiteral("plain-1.0_+a"));
+    InstallInto(plain);
+    const QByteArray entry = Contents(plain + QStringLiteral("/share/applications/quorvi.desktop"));
+    EXPECT_TRUE(entry.contains("\nExec=" + plain.toUtf8() + "/bin/quorvi %u\n"))
+        << entry.constData();
 }
 
 TEST_F(Install, CommandLineFindsTheDataThatCameWithIt) {
