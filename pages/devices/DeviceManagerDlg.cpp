@@ -74,7 +74,8 @@ class DeviceListCtrl : public RecordListCtrl<DeviceRow> {
             case columnConnection:
                 return {.text = ToQString(ConnectionText(row.record)),
                         .icon = row.record.connectionKind == 0 ? QStringLiteral("usb")
-                                                               : QStringLiteral("wifi")};
+                                                               : QStringLiteral("wifi"),
+                        .iconSide = Metric::rowIconLarge};
             default:
                 return {};
         }

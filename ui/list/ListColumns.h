@@ -50,7 +50,8 @@ struct Cell {
     look::Color secondInk = look::Color::ink2;
     QString icon = {};  // a name of look::icon, or in a picture column of look::picture
     look::Color iconInk = look::Color::plum6;
-    int value = -1;  // star, rating, progress
+    int iconSide = look::Metric::rowIcon;  // of an icon with a line beside it
+    int value = -1;                        // star, rating, progress
 };
 
 // The picture of a row.

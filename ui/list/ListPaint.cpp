@@ -113,15 +113,15 @@ void PaintIconText(const CellPaint& paint) {
         DrawLine(paint, area, paint.cell.text, font, paint.cell.ink);
         return;
     }
-    constexpr int mark = Metric::rowIcon + Metric::rowIconGap;
+    const int side = paint.cell.iconSide;
+    const int mark = side + Metric::rowIconGap;
     const int words = std::min(QFontMetrics(font).horizontalAdvance(OneLine(paint.cell.text)) + 1,
                                area.width() - mark);
     const int left = paint.column.cells == CellAlign::left
                          ? area.left()
                          : area.left() + (area.width() - mark - words) / 2;
-    look::drawIcon(paint.painter, QRectF(left, area.top(), Metric::rowIcon, area.height()),
-                   paint.cell.icon, Metric::rowIcon,
-                   look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
+    look::drawIcon(paint.painter, QRectF(left, area.top(), side, area.height()), paint.cell.icon,
+                   side, look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
     DrawLine(paint, QRect(left + mark, area.top(), words, area.height()), paint.cell.text, font,
              paint.cell.ink);
 }

@@ -344,6 +344,7 @@ struct Metric {
     static constexpr int rowPicture = 48;
     static constexpr int rowPictureInset = 6;
     static constexpr int rowIcon = 18;
+    static constexpr int rowIconLarge = 32;
     static constexpr int rowIconGap = 8;
     static constexpr int rowCaption = 88;  // what a captioned cell's value stands behind
     static constexpr int rowBar = 3;
