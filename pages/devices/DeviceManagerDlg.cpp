@@ -42,11 +42,7 @@ enum Column { columnBrand, columnHardware, columnVersion, columnConnection };
 
 constexpr std::array<ListColumn, 4> kColumns{{
     {u8"品牌信息", 104, CellKind::picture},
-    {.caption = u8"硬件信息",
-     .width = 200,
-     .kind = CellKind::twoLines,
-     .align = CellAlign::left,
-     .name = true},
+    {u8"硬件信息", 200, CellKind::twoLines, CellAlign::left},
     {u8"系统版本", 140, CellKind::twoLines},
     {u8"连接方式", 140, CellKind::iconText},
 }};
