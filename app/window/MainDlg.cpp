@@ -248,8 +248,9 @@ void CMainDlg::ShowPage(const PageRow* row) {
     if (row == nullptr) {
         return;
     }
-    commands_->Show(*row);
     pages_.Show(*row);
+    dropRepeats_ = true;
+    commands_->Show(*row);
     bar_->Show(TabOf(*row), ItemOf(*row));
     pages_.LoadAtFirstShow(*row, loadState_);
 }
@@ -331,12 +332,19 @@ void CMainDlg::closeEvent(QCloseEvent* event) {
 }
 
 // Swallows Escape everywhere in the window and Enter outside the search box, so that neither closes
-// it. A dialog over the window is a window of its own and gets its keys.
+// it. A key that changed the page and is still held does nothing in the page, to which the focus
+// has gone. A dialog over the window is a window of its own and gets its keys.
 bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(object);
         if (widget != nullptr && widget->window() == this) {
-            const int key = static_cast<QKeyEvent*>(event)->key();
+            const auto* press = static_cast<QKeyEvent*>(event);
+            if (!press->isAutoRepeat()) {
+                dropRepeats_ = false;
+            } else if (dropRepeats_) {
+                return true;
+            }
+            const int key = press->key();
             const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
             if (key == Qt::Key_Escape || (enter && widget != &caption_->Search())) {
                 return true;

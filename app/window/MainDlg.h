@@ -142,6 +142,7 @@ class CMainDlg : public QWidget, public PageHost {
     PageSelection selection_;
     bool startHidden_ = false;
     bool ending_ = false;
+    bool dropRepeats_ = false;  // of the key that is held since the page changed
     // While the window is dragged on a desktop that does not do it: where in the window the pointer
     // is.
     std::optional<QPoint> dragFrom_;

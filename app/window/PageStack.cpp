@@ -1,10 +1,38 @@
 #include "app/window/PageStack.h"
 
 #include <QGridLayout>
+#include <algorithm>
 
 #include "app/window/PlaceholderPage.h"
+#include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
+namespace {
+
+// Where the keys go when a page comes to be shown.
+QWidget& FirstStop(Page& page) {
+    if (!page.isEnabled()) {
+        return *page.window();  // a change is on its way to the phone
+    }
+    const auto takesKeys = [&](const QWidget& control) {
+        return control.isVisibleTo(&page) && control.isEnabled();
+    };
+    const auto lists = page.findChildren<CSkinListCtrl*>();
+    const auto list = std::ranges::find_if(lists, takesKeys,
+                                           [](CSkinListCtrl* each) -> QWidget& { return *each; });
+    if (list != lists.end()) {
+        return **list;
+    }
+    for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+        if (page.isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 &&
+            takesKeys(*next)) {
+            return *next;
+        }
+    }
+    return page;
+}
+
+}  // namespace
 
 PageStack::PageStack(QWidget& frame) : frame_(frame), layout_(new QGridLayout(&frame)) {
     layout_->setContentsMargins({});
@@ -25,9 +53,14 @@ void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& 
 }
 
 void PageStack::Show(const PageRow& row) {
+    const bool first = shown_ == nullptr;
     shown_ = pages_.at(row.dialog);
     shown_->setGeometry(frame_.rect());
     shown_->show();
+    if (!first) {
+        // Before the others hide: Qt would hand on the focus of one that hides.
+        FirstStop(*shown_).setFocus();
+    }
     for (const auto& [dialog, page] : pages_) {
         if (page != shown_) {
             page->hide();

@@ -20,7 +20,9 @@ class PageStack {
     // Makes the page of each dialog of the page table and the one that is never shown, all hidden.
     void Build(const PageMakers& makers, PageHost& host, const Services& services);
 
-    // Shows the page of `row` and hides all others.
+    // Shows the page of `row` and hides all others. Its list has the focus then, or its first
+    // control, or where the keys reach none the page itself. The first page that is shown leaves
+    // the focus where it is.
     void Show(const PageRow& row);
     // Loads the page of `row` if it has a load key that `loads` does not hold.
     void LoadAtFirstShow(const PageRow& row, PageLoadState& loads);

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "ui/kit/QtText.h"
+#include "ui/look/FocusRing.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -28,6 +29,9 @@ void PlaceholderPage::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     look::plate(painter, rect(), Metric::radiusPanel, look::color(Color::surface),
                 look::color(Color::line));
+    if (FocusRing::ShownOn(this)) {
+        look::innerRing(painter, rect(), Metric::radiusPanel);
+    }
     const int height = kPicture.height() + Metric::gap4 + kHeadlineLine + Metric::gap1 + kTextLine;
     QRect line(0, (this->height() - height) / 2, width(), kPicture.height());
     look::drawCentred(painter, line, look::picture(u"placeholder", kPicture, devicePixelRatioF()));

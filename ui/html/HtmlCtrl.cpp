@@ -35,6 +35,7 @@ CHtmlCtrlBase::CHtmlCtrlBase(int controlId, HtmlContent content, HtmlEngine& eng
                              QWidget* parent)
     : QWidget(parent), content_(content), engine_(engine) {
     SetControlNumber(this, controlId);
+    setFocusPolicy(Qt::StrongFocus);  // until the browser is there, which then gets its focus
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
 }
