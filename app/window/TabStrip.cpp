@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 #include "app/window/PageTable.h"
 #include "ui/kit/QtText.h"
@@ -60,6 +61,10 @@ void TabStrip::mousePressEvent(QMouseEvent* event) {
     if (again) {
         Q_EMIT chosen(tab);
     }
+}
+
+void TabStrip::wheelEvent(QWheelEvent* event) {
+    event->ignore();
 }
 
 bool TabStrip::event(QEvent* event) {

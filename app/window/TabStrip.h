@@ -5,7 +5,9 @@
 
 namespace quorvi {
 
-// Each choice by the user, of the selected tab too, is told; what the program selects is not.
+// Each choice by the user, of the selected tab too, is told; what the program selects is not. He
+// chooses by a click or by the arrow keys: the wheel turns no tab, since a page that is shown in
+// passing would load.
 class TabStrip : public QTabBar {
     Q_OBJECT
   public:
@@ -23,6 +25,7 @@ class TabStrip : public QTabBar {
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void PaintTab(QPainter& painter, int index) const;

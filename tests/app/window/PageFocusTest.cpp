@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/SampleList.h"
@@ -71,6 +72,13 @@ class PageFocus : public MainDlgTest {
     static void Repeat(QWidget& control, Qt::Key key) {
         QKeyEvent repeat(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
         QApplication::sendEvent(&control, &repeat);
+        Settle();
+    }
+    static void Wheel(QWidget& control, int turn) {
+        const QPointF at = control.rect().center();
+        QWheelEvent wheel(at, control.mapToGlobal(at), QPoint(), QPoint(0, turn), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&control, &wheel);
         Settle();
     }
 };
@@ -150,6 +158,15 @@ TEST_F(PageFocus, AKeyThatIsHeldDoesNothingInThePageThatItLedTo) {
     EXPECT_EQ(list.CurrentRow(), 1);
     Repeat(list, Qt::Key_Down);
     EXPECT_EQ(list.CurrentRow(), 2);
+}
+
+TEST_F(PageFocus, TheWheelTurnsNoTab) {
+    for (const int turn : {-120, 120, -120}) {
+        Wheel(TabsOf(*window_), turn);
+        EXPECT_EQ(window_->MainPage(), 0);
+        EXPECT_EQ(TabsOf(*window_).currentIndex(), 0);
+    }
+    EXPECT_FALSE(window_->LoadState().Contains(FindPage(kListPage)->loadKey));
 }
 
 }  // namespace
