@@ -38,9 +38,10 @@ CommandRow::CommandRow(QWidget* parent) : QWidget(parent), heading_(new QLabel(t
     }
 }
 
-void CommandRow::Show(const PageRow& row) {
+void CommandRow::Show(const PageRow& row, bool built) {
+    const auto commands = built ? row.commands : decltype(row.commands){};
     for (std::size_t i = 0; i < kCommandCount; ++i) {
-        const CommandButton& command = row.commands[i];
+        const CommandButton& command = commands[i];
         CSkinStripButton& button = *buttons_[i];
         button.setVisible(!command.caption.empty());
         button.setText(ToQString(command.caption));
@@ -48,7 +49,7 @@ void CommandRow::Show(const PageRow& row) {
         button.SetImage(ToQString(command.image));
     }
     const bool headed = std::ranges::all_of(
-        row.commands, [](const CommandButton& command) { return command.caption.empty(); });
+        commands, [](const CommandButton& command) { return command.caption.empty(); });
     heading_->setText(headed ? ToQString(ItemCaption(row).caption) : QString());
     heading_->setVisible(headed);
 }

@@ -13,7 +13,7 @@ namespace quorvi {
 class CSkinStripButton;
 
 // Four buttons in fixed places; a place whose button has no caption stays empty. A page without any
-// button shows its heading instead.
+// button, and one that is not built yet, shows its heading instead.
 class CommandRow : public QWidget {
     Q_OBJECT
   public:
@@ -22,7 +22,7 @@ class CommandRow : public QWidget {
 
     explicit CommandRow(QWidget* parent);
 
-    void Show(const PageRow& row);
+    void Show(const PageRow& row, bool built);
 
   Q_SIGNALS:
     // A button was pressed; the checked state of the other three is cleared by then.

@@ -250,7 +250,7 @@ void CMainDlg::ShowPage(const PageRow* row) {
     }
     pages_.Show(*row);
     dropRepeats_ = true;
-    commands_->Show(*row);
+    commands_->Show(*row, pages_.IsBuilt(*row));
     bar_->Show(TabOf(*row), ItemOf(*row));
     pages_.LoadAtFirstShow(*row, loadState_);
 }

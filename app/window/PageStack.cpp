@@ -68,6 +68,10 @@ void PageStack::Show(const PageRow& row) {
     }
 }
 
+bool PageStack::IsBuilt(const PageRow& row) const {
+    return qobject_cast<PlaceholderPage*>(pages_.at(row.dialog)) == nullptr;
+}
+
 void PageStack::LoadAtFirstShow(const PageRow& row, PageLoadState& loads) {
     if (row.loadKey != PageRow::kNoKey && !loads.Contains(row.loadKey)) {
         pages_.at(row.dialog)->Load();

@@ -24,6 +24,8 @@ class PageStack {
     // control, or where the keys reach none the page itself. The first page that is shown leaves
     // the focus where it is.
     void Show(const PageRow& row);
+    // Whether there is more to the page of `row` than a picture.
+    [[nodiscard]] bool IsBuilt(const PageRow& row) const;
     // Loads the page of `row` if it has a load key that `loads` does not hold.
     void LoadAtFirstShow(const PageRow& row, PageLoadState& loads);
     // A press of command button `index` on the page of `row`; one that is disabled hears of none.

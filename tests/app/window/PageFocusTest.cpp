@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
+#include "app/window/PlaceholderPage.h"
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/SampleList.h"
 
@@ -15,6 +16,7 @@ namespace {
 constexpr int kListPage = 10;    // a button, and a list behind it
 constexpr int kFormPage = 11;    // a box that is disabled, one that is hidden, and two more
 constexpr int kPicturePage = 4;  // nothing that takes keys
+constexpr int kUnbuilt = 13;     // has no maker
 
 class ListPage : public ProbePage {
   public:
@@ -53,6 +55,7 @@ class PageFocus : public MainDlgTest {
             page.disabled->setEnabled(false);
             page.hidden->hide();
         });
+        makers.erase(FindPage(kUnbuilt)->dialog);
         MakeWindowOf(std::move(makers));
         ShowActive(*window_);
         Settle();
@@ -167,6 +170,20 @@ TEST_F(PageFocus, TheWheelTurnsNoTab) {
         EXPECT_EQ(TabsOf(*window_).currentIndex(), 0);
     }
     EXPECT_FALSE(window_->LoadState().Contains(FindPage(kListPage)->loadKey));
+}
+
+TEST_F(PageFocus, APageThatIsNotBuiltHasItsHeadingAndNoCommands) {
+    GoTo(kUnbuilt);
+    ASSERT_NE(dynamic_cast<PlaceholderPage*>(window_->ShownPage()), nullptr);
+    for (const int control : CommandRow::kButtons) {
+        EXPECT_FALSE(Find(control).isVisible()) << control;
+    }
+    const auto& heading = *window_->findChild<QLabel*>(QStringLiteral("heading"));
+    EXPECT_TRUE(heading.isVisible());
+    EXPECT_EQ(heading.text(), ToQString(u8"闹铃管理"));
+    GoTo(kListPage);
+    EXPECT_TRUE(Find(CommandRow::kButtons[3]).isVisible());
+    EXPECT_FALSE(heading.isVisible());
 }
 
 }  // namespace
