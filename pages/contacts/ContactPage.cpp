@@ -75,7 +75,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
 void CContactPage::SelectFirst() {
     if (const ContactListRow* first = list_->RecordAt(0)) {
         Host().Selection().Set(PageSelection::kContact, first->contactId);
-        list_->setFocus();
+        FocusFilled(*list_);
         selecting_ = true;
         list_->SelectRow(0);
         selecting_ = false;

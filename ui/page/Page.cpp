@@ -1,11 +1,30 @@
 #include "ui/page/Page.h"
 
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
 #include "ui/kit/ControlNumber.h"
 
 namespace quorvi {
 
+namespace {
+
+bool IsWrittenIn(const QWidget* field) {
+    const auto* line = qobject_cast<const QLineEdit*>(field);
+    const auto* text = qobject_cast<const QPlainTextEdit*>(field);
+    return (line != nullptr && !line->isReadOnly()) || (text != nullptr && !text->isReadOnly());
+}
+
+}  // namespace
+
 Page::Page(PageHost& host, int dialog, QWidget* parent) : QWidget(parent), host_(host) {
     SetDialogNumber(*this, dialog);
+}
+
+void Page::FocusFilled(QWidget& control) const {
+    if (isVisible() && !IsWrittenIn(window()->focusWidget())) {
+        control.setFocus();
+    }
 }
 
 }  // namespace quorvi

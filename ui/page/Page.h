@@ -50,6 +50,9 @@ class Page : public QWidget {
 
   protected:
     [[nodiscard]] PageHost& Host() const { return host_; }
+    // Gives a control of this page that has been filled the focus, unless the page is hidden or the
+    // user is typing in a field of the window.
+    void FocusFilled(QWidget& control) const;
 
   private:
     PageHost& host_;

@@ -1,4 +1,7 @@
 // The contacts page: its list, its detail, and what it shows of photos.
+#include <QLineEdit>
+#include <QPushButton>
+
 #include "base/Text.h"
 #include "pages/contacts/ContactRecord.h"
 #include "tests/pages/contacts/ContactPageFixture.h"
@@ -93,6 +96,43 @@ TEST_F(ContactPage, FillGivesTheListTheFocus) {
     page.Load();
     WaitForLoads(1);
     EXPECT_TRUE(List().hasFocus());
+}
+
+// The page in a window that has a field of its own, which has the focus.
+class ContactPageBesideAField : public ContactPage {
+  protected:
+    void SetUp() override {
+        ContactPage::SetUp();
+        MakeAt(agent_.Port()).setParent(&window_);
+        page_->show();
+        window_.show();
+        window_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    }
+    void TearDown() override { page_.reset(); }
+
+    QWidget window_;
+    QLineEdit field_{&window_};
+    QPushButton button_{&window_};
+};
+
+TEST_F(ContactPageBesideAField, FillLeavesTheFocusWhereTheUserIsTyping) {
+    field_.setFocus();
+    page_->Load();
+    WaitForLoads(1);
+    EXPECT_TRUE(field_.hasFocus());
+    EXPECT_EQ(List().CurrentRow(), 0);
+}
+
+TEST_F(ContactPageBesideAField, FillOfAHiddenPageLeavesTheFocusWhereItIs) {
+    button_.setFocus();
+    page_->hide();
+    page_->Load();
+    WaitForLoads(1);
+    EXPECT_TRUE(button_.hasFocus());
+    page_->show();
+    EXPECT_TRUE(button_.hasFocus());
+    EXPECT_EQ(List().CurrentRow(), 0);
 }
 
 TEST_F(ContactPage, FillSelectsTheFirstRowAndFetchesItsDetail) {
