@@ -60,6 +60,24 @@ TEST_F(HomePage, RefreshFillsTheTwoElementsFromThePhone) {
     EXPECT_FALSE(host_.loadState.Contains(10));
 }
 
+TEST_F(HomePage, TilesKeepTheirHeightInALargerWindow) {
+    LoopbackAgent agent(Replying(WholeSystemInfo()));
+    CHomePage& page = Open(agent.Port());
+    page.Refresh();
+    const auto heights = [&] {
+        return AskHtml(View(), QStringLiteral("[...document.querySelectorAll('#info_ul li')].map("
+                                              "li => li.getBoundingClientRect().height)"))
+            .toList();
+    };
+    ASSERT_TRUE(WaitFor([&] { return heights().size() == 7; }));
+    const auto width = [&] { return AskHtml(View(), QStringLiteral("innerWidth")).toInt(); };
+    ASSERT_TRUE(WaitFor([&] { return width() == 760; }));
+    const QVariantList before = heights();
+    page.resize(1720, 902);
+    ASSERT_TRUE(WaitFor([&] { return width() == 1720; }));
+    EXPECT_EQ(heights(), before);
+}
+
 TEST_F(HomePage, ConnectFailureIsToldAndTheViewStays) {
     CHomePage& page = Open(UnusedPort());
     page.Refresh();
