@@ -1,0 +1,246 @@
+// A user without a mouse goes through the main window with the suite's own pages.
+#include <QApplication>
+#include <set>
+
+#include "agent/AgentCommand.h"
+#include "app/window/CaptionBar.h"
+#include "app/window/PageFactory.h"
+#include "tests/pages/calls/CallReplies.h"
+#include "tests/pages/contacts/ContactReplies.h"
+#include "tests/pages/messages/MessageReplies.h"
+#include "tests/pages/phoneinfo/SystemInfoReply.h"
+#include "tests/support/HtmlDriver.h"
+#include "tests/support/MainDoubles.h"
+#include "tests/support/ScriptedAgent.h"
+#include "tests/support/WidgetTest.h"
+#include "tests/support/WindowDriver.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/page/Job.h"
+
+namespace quorvi {
+namespace {
+
+// More presses of the Tab key than it takes to go once round a page.
+constexpr int kMostStops = 120;
+
+// The element of a page's view that its load fills.
+struct Filled {
+    int page;
+    const char* element;
+};
+constexpr Filled kFilled[] = {{10, "block"}, {11, "sms_ul"}};
+
+QString NameOf(const QWidget* widget) {
+    return widget == nullptr ? QStringLiteral("nothing")
+                             : QStringLiteral("%1 \"%2\" %3")
+                                   .arg(QString::fromLatin1(widget->metaObject()->className()),
+                                        widget->objectName(), widget->accessibleName());
+}
+
+// Where the keys are: in a widget, and in an HTML view on one of its links or on none (-1).
+struct Stop {
+    QWidget* widget = nullptr;
+    int link = -1;
+    bool operator==(const Stop&) const = default;
+};
+
+class KeyboardWalk : public WidgetTest, protected MainDoubles {
+  protected:
+    void SetUp() override {
+        agent_.AnswerPayload(
+            AgentCommand::listContacts,
+            ListPayload({{.id = 11, .name = "林远舟"}, {.id = 12, .name = "顾晓棠"}}).Get());
+        agent_.AnswerPayload(AgentCommand::readContact, ContactPayload(11, "林远舟").Get());
+        agent_.AnswerPayload(AgentCommand::listConversations,
+                             ConversationsPayload({{.id = 6}, {.id = 7}}).Get());
+        agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{}, {.id = 8}}).Get());
+        agent_.AnswerPayload(AgentCommand::systemInformation, WholeSystemInfo().Get());
+        services_.agent = AgentAddress(agent_.Port());
+        MakeWindowOf(ThePageMakers());
+        ShowActive(*window_);
+        AwaitPage();
+    }
+
+    // Until all that the page has begun is there.
+    void AwaitPage() {
+        ASSERT_TRUE(WaitFor([&] {
+            Settle();
+            const auto views = Views();
+            return RunningJobs() == 0 && std::ranges::all_of(views, [](const CHtmlCtrlBase* view) {
+                       return view->Browser() != nullptr && !view->Browser()->url().isEmpty() &&
+                              !view->Browser()->page()->isLoading();
+                   });
+        }));
+        for (const auto& [page, element] : kFilled) {
+            ASSERT_TRUE(
+                window_->MainPage() != page || WaitFor([&] {
+                    return !InnerHtml(*Views().constFirst(), QLatin1StringView(element)).isEmpty();
+                }));
+        }
+    }
+    [[nodiscard]] QList<CHtmlCtrlBase*> Views() const {
+        return window_->ShownPage()->findChildren<CHtmlCtrlBase*>();
+    }
+    // The view in which the keys are, or null.
+    [[nodiscard]] CHtmlCtrlBase* ViewOf(const QWidget* widget) const {
+        const auto views = Views();
+        const auto view = std::ranges::find_if(
+            views, [&](const CHtmlCtrlBase* each) { return each->isAncestorOf(widget); });
+        return view == views.end() ? nullptr : *view;
+    }
+    // What the Tab key can reach in the view of a page.
+    static QString Links() {
+        return QStringLiteral(
+            "[...document.querySelectorAll('a[href],[tabindex]')]"
+            ".filter(e => e.tabIndex >= 0 && e.getClientRects().length > 0)");
+    }
+    [[nodiscard]] Stop Here() const {
+        QWidget* widget = QApplication::focusWidget();
+        const CHtmlCtrlBase* view = widget == nullptr ? nullptr : ViewOf(widget);
+        if (view == nullptr) {
+            return {widget};
+        }
+        return {
+            widget,
+            AskHtml(*view, Links() + QStringLiteral(".indexOf(document.activeElement)")).toInt()};
+    }
+    [[nodiscard]] static int LinksIn(const CHtmlCtrlBase& view) {
+        return AskHtml(view, Links() + QStringLiteral(".length")).toInt();
+    }
+    // Presses the Tab key; where it has led to. A view that has links is entered at one of them,
+    // and left from one of them.
+    Stop Tab(Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        const Stop before = Here();
+        QTest::keyClick(before.widget, modifiers == Qt::NoModifier ? Qt::Key_Tab : Qt::Key_Backtab,
+                        modifiers);
+        Stop now = before;
+        EXPECT_TRUE(WaitFor([&] {
+            now = Here();
+            const CHtmlCtrlBase* view = ViewOf(now.widget);
+            return now != before && (view == nullptr || now.link >= 0 || LinksIn(*view) == 0);
+        })) << "no way on from "
+            << NameOf(before.widget).toStdString();
+        return now;
+    }
+    // Goes back until the keys are on a widget.
+    void BackTo(QWidget& target) {
+        for (int press = 0; press < kMostStops && QApplication::focusWidget() != &target; ++press) {
+            Tab(Qt::ShiftModifier);
+            if (HasFailure()) {
+                return;
+            }
+        }
+        ASSERT_EQ(QApplication::focusWidget(), &target);
+    }
+    // Changes the page by an arrow key in the tabs or the navigation.
+    void Turn(QWidget& strip, Qt::Key key, int page) {
+        ASSERT_NO_FATAL_FAILURE(BackTo(strip));
+        QTest::keyClick(&strip, key);
+        ASSERT_TRUE(WaitFor([&] { return window_->MainPage() == page; })) << page;
+        AwaitPage();
+    }
+
+    // Each widget of the window on which the Tab key is to stop.
+    [[nodiscard]] std::set<QWidget*> ControlsToReach() const {
+        std::set<QWidget*> controls;
+        const auto all = window_->findChildren<QWidget*>();
+        for (QWidget* control : all) {
+            if ((control->focusPolicy() & Qt::TabFocus) != 0 && control->isVisible() &&
+                control->isEnabled() && control->focusProxy() == nullptr &&
+                (ViewOf(control) == nullptr || ViewOf(control) == control)) {
+                controls.insert(control);
+            }
+        }
+        return controls;
+    }
+    // Goes once round the window by the Tab key, and expects to meet every control of it and every
+    // link of its views.
+    void GoRound() {
+        const Stop start =
+            Tab();  // where it began no Tab key may lead, on a page that is a picture
+        std::set<QWidget*> controls = ControlsToReach();
+        std::map<CHtmlCtrlBase*, std::set<int>> links;
+        for (CHtmlCtrlBase* view : Views()) {
+            for (int link = 0; link < LinksIn(*view); ++link) {
+                links[view].insert(link);
+            }
+        }
+        Stop now = start;
+        int presses = 0;
+        do {
+            now = Tab();
+            controls.erase(now.widget);
+            if (CHtmlCtrlBase* view = ViewOf(now.widget)) {
+                controls.erase(view);
+                links[view].erase(now.link);
+            }
+        } while (now != start && ++presses < kMostStops && !HasFailure());
+        EXPECT_EQ(now, start) << "the Tab key does not come round";
+        for (const QWidget* control : controls) {
+            ADD_FAILURE() << "not reached: " << NameOf(control).toStdString();
+        }
+        for (const auto& [view, left] : links) {
+            EXPECT_TRUE(left.empty()) << left.size() << " links not reached";
+        }
+    }
+    // What going about may not change.
+    struct World {
+        std::size_t requests;
+        std::vector<std::string> steps;
+        int page;
+        std::size_t settings;
+        std::vector<std::string> desktop;
+        std::size_t windows;
+        QString status;
+        bool operator==(const World&) const = default;
+    };
+    [[nodiscard]] World TheWorld() {
+        const auto windows = QApplication::topLevelWidgets();
+        return {agent_.Requests().size(),
+                steps_,
+                window_->MainPage(),
+                settings_.numbers.size() + settings_.texts.size(),
+                desktop_->Asked(),
+                static_cast<std::size_t>(std::ranges::count_if(windows, &QWidget::isVisible)),
+                StatusOf(*window_)};
+    }
+    // The focus is in the page: on its list or in its view, where it has one.
+    void ExpectFocusInPage() {
+        QWidget* focus = QApplication::focusWidget();
+        ASSERT_NE(focus, nullptr);
+        Page* page = window_->ShownPage();
+        if (const auto* list = page->findChild<CSkinListCtrl*>()) {
+            EXPECT_EQ(focus, list) << NameOf(focus).toStdString();
+        } else if (!Views().isEmpty()) {
+            EXPECT_EQ(ViewOf(focus), Views().constFirst()) << NameOf(focus).toStdString();
+        } else {
+            EXPECT_TRUE(focus == page || page->isAncestorOf(focus)) << NameOf(focus).toStdString();
+        }
+    }
+
+    ScriptedAgent agent_;
+};
+
+TEST_F(KeyboardWalk, LeadsThroughAllPagesToEveryControlAndDoesNothingUnasked) {
+    for (const PageRow& row : kPages) {
+        SCOPED_TRACE(row.page);
+        if (row.page != 0) {
+            if (ItemOf(row) == 0) {
+                ASSERT_NO_FATAL_FAILURE(Turn(TabsOf(*window_), Qt::Key_Right, row.page));
+            } else {
+                ASSERT_NO_FATAL_FAILURE(Turn(ItemsOf(*window_), Qt::Key_Down, row.page));
+            }
+            ExpectFocusInPage();
+        }
+        const World before = TheWorld();
+        GoRound();
+        EXPECT_TRUE(TheWorld() == before);
+        if (HasFailure()) {
+            return;
+        }
+    }
+    EXPECT_EQ(ended_, 0);
+}
+
+}  // namespace
+}  // namespace quorvi
