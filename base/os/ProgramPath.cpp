@@ -9,8 +9,4 @@ std::filesystem::path ProgramPath() {
     return std::filesystem::read_symlink("/proc/self/exe", failed);
 }
 
-std::filesystem::path ProgramDirectory() {
-    return ProgramPath().parent_path();
-}
-
 }  // namespace quorvi

@@ -8,7 +8,4 @@ namespace quorvi {
 // Full path of the running program's file.
 [[nodiscard]] std::filesystem::path ProgramPath();
 
-// The directory that the program's file stands in.
-[[nodiscard]] std::filesystem::path ProgramDirectory();
-
 }  // namespace quorvi
