@@ -45,7 +45,6 @@ class Suite {
     void Start(bool hidden);
 
     [[nodiscard]] CMainDlg& Window() { return window_; }
-    [[nodiscard]] DeviceContext& Device() { return device_; }
 
   private:
     [[nodiscard]] MainParts WindowParts(PageMakers makers);
