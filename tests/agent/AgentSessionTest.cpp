@@ -5,10 +5,13 @@
 
 #include <chrono>
 #include <filesystem>
-#include <thread>
+#include <future>
+#include <vector>
 
 #include "agent/AgentSession.h"
+#include "tests/support/Await.h"
 #include "tests/support/LoopbackAgent.h"
+#include "tests/support/ScriptedAgent.h"
 
 namespace quorvi {
 namespace {
@@ -272,19 +275,22 @@ TEST(AgentSession, ProgressGrowsToTheLength) {
 }
 
 TEST(AgentSession, SessionsOfSeveralPagesRunAtTheSameTime) {
-    LoopbackAgent slow({
-        .bytes = Framed(kPayload),
-        .piece = 1,
-        .pause = std::chrono::milliseconds(20),
-    });
-    LoopbackAgent quick({.bytes = Word(20)});
-    PayloadReply slowReply;
-    std::thread other([&] { slowReply = AgentSession(slow.Port()).RunPayload(kRequest); });
-    for (int i = 0; i < 20; ++i) {
-        EXPECT_EQ(AgentSession(quick.Port()).RunAcknowledged(kRequest).word, 20u);
+    constexpr std::size_t kPages = 4;
+    ScriptedAgent agent;
+    agent.AnswerPayload(AgentCommand::listContacts, kPayload);
+    agent.Hold(AgentCommand::listContacts);
+    std::vector<std::future<SessionOutcome>> sessions;
+    for (std::size_t page = 0; page < kPages; ++page) {
+        sessions.push_back(std::async(std::launch::async, [&agent] {
+            return AgentSession(agent.Port()).RunPayload(kRequest).outcome;
+        }));
     }
-    other.join();
-    EXPECT_EQ(slowReply.outcome, SessionOutcome::complete);
+    // The agent answers nobody before all have asked.
+    EXPECT_TRUE(Await([&] { return agent.Requests().size() == kPages; }));
+    agent.Release();
+    for (std::future<SessionOutcome>& session : sessions) {
+        EXPECT_EQ(session.get(), SessionOutcome::complete);
+    }
 }
 
 TEST(AgentSession, AThousandSessionsLeaveNoDescriptorBehind) {
