@@ -9,6 +9,7 @@
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactPage.h"
 #include "pages/contacts/GroupEditDlg.h"
+#include "pages/kit/PageNumbers.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
 #include "tour/Tour.h"
@@ -18,11 +19,6 @@
 namespace quorvi {
 namespace {
 
-constexpr int kTab = 1;
-constexpr int kPageContacts = 10;
-constexpr int kPageSms = 11;
-constexpr int kPageCalls = 12;
-constexpr int kContactDialog = 132;
 constexpr int kContactList = 1067;
 // Of the simulated phone.
 constexpr std::uint32_t kContact = 1;
@@ -46,16 +42,16 @@ std::array<ViewState, 3> ViewStates() {
              {"-failed", kNobodysPort}}};
 }
 
-void GoTo(CMainDlg& window, int page) {
-    window.Post(Message::goToPage, kTab, page);
+void GoTo(CMainDlg& window, const PageNumbers& page) {
+    window.Post(Message::goToPage, TabOf(page), page.page);
 }
 
 // A stop that goes to the contacts page and does something there.
 template <typename Open>
 TourStop AtContacts(std::string name, Open open) {
     return {.name = std::move(name), .open = [open](CMainDlg& window) {
-                GoTo(window, kPageContacts);
-                auto* page = qobject_cast<CContactPage*>(window.PageOfDialog(kContactDialog));
+                GoTo(window, kContactsPage);
+                auto* page = qobject_cast<CContactPage*>(window.PageOfDialog(kContactsPage.dialog));
                 if (page != nullptr) {
                     PostToWindow(page, [open, page] { open(*page); });
                 }
@@ -64,14 +60,14 @@ TourStop AtContacts(std::string name, Open open) {
 
 // A second page over the window's own, with another agent; gone when its picture is taken.
 template <typename P>
-TourStop PageStop(std::string_view name, int page, const ViewState& state) {
+TourStop PageStop(std::string_view name, const ViewState& state) {
     auto shown = std::make_shared<QPointer<Page>>();
     return {.name = std::string(name) + state.suffix,
             .open =
                 [=, agent = state.agent](CMainDlg& window) {
-                    GoTo(window, page);
+                    GoTo(window, P::kNumbers);
                     PostToWindow(&window, [=, &window] {
-                        Page* own = window.PageOfDialog(FindPage(page)->dialog);
+                        Page* own = window.PageOfDialog(P::kNumbers.dialog);
                         Services services = window.PageServices();
                         services.agent = agent;
                         *shown = new P(window, services, own);
@@ -91,7 +87,8 @@ TourStop PageStop(std::string_view name, int page, const ViewState& state) {
 
 // `Make` gives a dialog of its own on the port of an agent.
 template <typename Make>
-TourStop DialogStop(std::string_view name, int page, const ViewState& state, Make make) {
+TourStop DialogStop(std::string_view name, const PageNumbers& page, const ViewState& state,
+                    Make make) {
     return {.name = std::string(name) + state.suffix,
             .open =
                 [=, agent = state.agent](CMainDlg& window) {
@@ -131,21 +128,22 @@ std::vector<TourStop> PersonalStops() {
         AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
         AtContacts("menu-contacts", &OpenContactMenu),
-        DialogStop("dialog-group-add", kPageContacts, ofThePhone,
+        DialogStop("dialog-group-add", kContactsPage, ofThePhone,
                    [](CMainDlg& window, AgentAddress agent) {
                        return new CGroupEditDlg(window, &window, agent);
                    }),
-        DialogStop("dialog-composer", kPageSms, ofThePhone, &MakeComposer),
+        DialogStop("dialog-composer", kMessagesPage, ofThePhone, &MakeComposer),
     };
     for (const ViewState& state : ViewStates()) {
-        stops.push_back(PageStop<CContactPage>("contacts", kPageContacts, state));
-        stops.push_back(PageStop<CSmsPage>("sms", kPageSms, state));
-        stops.push_back(PageStop<CCallLogPage>("calls", kPageCalls, state));
+        stops.push_back(PageStop<CContactPage>("contacts", state));
+        stops.push_back(PageStop<CSmsPage>("sms", state));
+        stops.push_back(PageStop<CCallLogPage>("calls", state));
         stops.push_back(
-            DialogStop("dialog-contact-update", kPageContacts, state, &MakeContactEditor));
-        stops.push_back(DialogStop("dialog-groups", kPageContacts, state, &MakeGroups));
-        stops.push_back(DialogStop("dialog-composer", kPageSms, state, &MakeComposer));
-        stops.push_back(DialogStop("dialog-composer-new", kPageSms, state, &MakeComposerForNew));
+            DialogStop("dialog-contact-update", kContactsPage, state, &MakeContactEditor));
+        stops.push_back(DialogStop("dialog-groups", kContactsPage, state, &MakeGroups));
+        stops.push_back(DialogStop("dialog-composer", kMessagesPage, state, &MakeComposer));
+        stops.push_back(
+            DialogStop("dialog-composer-new", kMessagesPage, state, &MakeComposerForNew));
     }
     return stops;
 }

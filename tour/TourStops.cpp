@@ -35,16 +35,16 @@ TourStop BannerStop(std::string name, std::u8string_view text, BannerState state
 // What a command button opens, on a page that was visited before.
 struct CommandStop {
     std::string_view name;
-    int page;
+    PageNumbers page;
     int command;
 };
 
 constexpr std::array<CommandStop, 5> kCommandStops = {{
-    {"dialog-contact-editor", 10, 1},
-    {"dialog-contact-groups", 10, 2},
-    {"dialog-nothing-checked", 10, 3},
-    {"dialog-sms-composer", 11, 1},
-    {"dialog-confirm-delete", 12, 2},
+    {"dialog-contact-editor", kContactsPage, 1},
+    {"dialog-contact-groups", kContactsPage, 2},
+    {"dialog-nothing-checked", kContactsPage, 3},
+    {"dialog-sms-composer", kMessagesPage, 1},
+    {"dialog-confirm-delete", kCallsPage, 2},
 }};
 
 }  // namespace
@@ -58,7 +58,7 @@ std::vector<TourStop> TheTourStops() {
     }
     for (const CommandStop& stop : kCommandStops) {
         stops.push_back({std::string(stop.name), [stop](CMainDlg& window) {
-                             window.Post(Message::goToPage, TabOf(*FindPage(stop.page)), stop.page);
+                             window.Post(Message::goToPage, TabOf(stop.page), stop.page.page);
                              window.Post(Message::commandButton, 0, stop.command);
                          }});
     }
