@@ -90,7 +90,7 @@ bool MayBeThere(const std::string& serial) {
 
 }  // namespace
 
-Status RunLink(const Arguments& arguments, const Context&, Output& output) {
+Status RunLink(const Arguments& arguments, const Context& context, Output& output) {
     std::optional<std::string> serial = arguments.Option("--serial");
     if (serial) {
         Utf8ToAnsi(*serial);
@@ -103,7 +103,8 @@ Status RunLink(const Arguments& arguments, const Context&, Output& output) {
     // threads.
     static auto& device = *new DeviceContext;
     static auto& face = *new LinkLines(device, std::move(serial), output);
-    static auto& link = *new PhoneLink(device, face, SystemClock(), PackageInstaller());
+    static auto& link =
+        *new PhoneLink(device, face, SystemClock(), PackageInstaller(), context.agent);
     link.ConnectPhone(false);
     return face.WaitForEnd() ? Status::done : Status::noLink;
 }

@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 
-#include "agent/Wire.h"
 #include "base/Places.h"
 #include "link/AdbHostClient.h"
 #include "link/AdbPath.h"
@@ -20,7 +19,6 @@ struct LinkEnvironment {
     // Asked at each use.
     std::function<std::string()> adbPath = AdbPath;
     std::uint16_t hostPort = AdbServerPort();
-    std::uint16_t agentPort = AgentPort;
     std::filesystem::path packageFile = ThePlaces().Delivered(kAgentPackageFile);
 };
 

@@ -38,11 +38,12 @@ class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
                              private CAdbPipeListener {
   public:
     Procedure(DeviceContext& device, LinkFace& face, Clock& clock, PackageInstaller installer,
-              LinkEnvironment environment)
+              AgentAddress agent, LinkEnvironment environment)
         : device_(device),
           face_(face),
           clock_(clock),
           installer_(std::move(installer)),
+          agent_(agent),
           environment_(std::move(environment)) {}
 
     void ConnectPhone(bool delay);
@@ -78,6 +79,7 @@ class PhoneLink::Procedure : public std::enable_shared_from_this<Procedure>,
     LinkFace& face_;
     Clock& clock_;
     const PackageInstaller installer_;
+    const AgentAddress agent_;
     const LinkEnvironment environment_;
 
     std::atomic<int> running_{0};
@@ -198,8 +200,8 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::LinkAgent() {
 
 // The version; -1 if the connection failed, 0 if it was closed with no reply.
 int PhoneLink::Procedure::AgentVersion() const {
-    const AcknowledgedReply reply = AgentSession(environment_.agentPort)
-                                        .RunAcknowledged(BareRequest(AgentCommand::agentVersion));
+    const AcknowledgedReply reply =
+        AgentSession(agent_).RunAcknowledged(BareRequest(AgentCommand::agentVersion));
     return reply.outcome == SessionOutcome::connectFailed ? kNoAgentConnection
                                                           : static_cast<int>(reply.word);
 }
@@ -216,8 +218,8 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::InstallAgent(bool upgrade) {
 }
 
 PhoneLink::PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock,
-                     PackageInstaller installer, LinkEnvironment environment)
-    : procedure_(std::make_shared<Procedure>(device, face, clock, std::move(installer),
+                     PackageInstaller installer, AgentAddress agent, LinkEnvironment environment)
+    : procedure_(std::make_shared<Procedure>(device, face, clock, std::move(installer), agent,
                                              std::move(environment))) {}
 
 PhoneLink::~PhoneLink() = default;

@@ -1,13 +1,14 @@
 // Brings the link to a phone up: find it, put the agent on it, start it, forward its port, ask its
 // version.
 //
-//   PhoneLink link(device, face, SystemClock(), installer);
+//   PhoneLink link(device, face, SystemClock(), installer, AgentPort);
 //   link.ConnectPhone(false);   // the face hears banners, LinkUp and, at last, LinkEnded
 #pragma once
 
 #include <memory>
 #include <string_view>
 
+#include "agent/AgentAddress.h"
 #include "base/Clock.h"
 #include "link/DeviceContext.h"
 #include "link/LinkEnvironment.h"
@@ -24,9 +25,9 @@ inline constexpr std::string_view kAgentPackage = "com.quorvi.Quorvi";
 class PhoneLink {
   public:
     // Device, face and clock outlive the process's link threads: a worker may still run when the
-    // window is gone. The environment differs in tests only.
+    // window is gone. `agent`: whose version is asked. The environment differs in tests only.
     PhoneLink(DeviceContext& device, LinkFace& face, Clock& clock, PackageInstaller installer,
-              LinkEnvironment environment = {});
+              AgentAddress agent, LinkEnvironment environment = {});
     // Waits for nothing; what runs ends by itself.
     ~PhoneLink();
     PhoneLink(const PhoneLink&) = delete;

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "agent/Wire.h"
 #include "app/process/ProcessEnd.h"
 #include "base/Clock.h"
 #include "base/Places.h"
@@ -32,6 +33,7 @@ MachineParts DesktopMachine::Parts() {
         .instance = instance_,
         .clock = SystemClock(),
         .desktop = UserDesktop(),
+        .agent = AgentPort,
         .watchUsb = [this](UsbWatch::Listener listener) { usb_.Start(std::move(listener)); },
         .endProcess = [] { EndProcess(0); },
     };

@@ -19,7 +19,7 @@ Suite::Suite(MachineParts machine, PageMakers makers)
       installer_(machine_.link),
       window_(WindowParts(std::move(makers))),
       face_(window_),
-      link_(device_, face_, machine_.clock, installer_, machine_.link) {
+      link_(device_, face_, machine_.clock, installer_, machine_.agent, machine_.link) {
     if (machine_.settings.ReadNumber(kSettingsKey, kContrast) == 1U) {
         look::SetReadableInks(true);
     }
@@ -40,7 +40,7 @@ MainParts Suite::WindowParts(PageMakers makers) {
         .notifier = machine_.notifier,
         .sounds = machine_.sounds,
         .instance = machine_.instance,
-        .services = {.agent = machine_.link.agentPort,
+        .services = {.agent = machine_.agent,
                      .attribution = MakeNumberAttribution(),
                      .device = device_,
                      .desktop = machine_.desktop,

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "agent/AgentAddress.h"
 #include "app/window/MainDlg.h"
 #include "app/window/WindowLinkFace.h"
 #include "link/DeviceContext.h"
@@ -26,6 +27,7 @@ struct MachineParts {
     RunningInstance& instance;
     Clock& clock;
     std::shared_ptr<DesktopIntegration> desktop;
+    AgentAddress agent;
     LinkEnvironment link = {};
     // Watches for USB events from now on, and tells them on a thread of its own.
     std::function<void(UsbWatch::Listener)> watchUsb;

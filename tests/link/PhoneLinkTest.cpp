@@ -166,14 +166,14 @@ class PhoneLinkTest : public testing::Test {
     }
     void AgentAnswers(Answer answer) {
         agent = std::make_unique<LoopbackAgent>(std::move(answer));
-        environment.agentPort = agent->Port();
+        agentPort = agent->Port();
     }
     void AgentHasVersion(std::uint32_t version) {
         ServerAnswers(Okay());
         AgentAnswers({Word(version), Answer::End::wait});
     }
     PhoneLink MakeLink(DeviceContext& of, LinkFace& told) {
-        return PhoneLink(of, told, clock, PackageInstaller(environment), environment);
+        return PhoneLink(of, told, clock, PackageInstaller(environment), agentPort, environment);
     }
     // Runs the procedure to its end.
     void Connect(bool delay = false) {
@@ -183,6 +183,7 @@ class PhoneLinkTest : public testing::Test {
     }
 
     const FakeAdb adb{kScript};
+    std::uint16_t agentPort = UnusedPort();
     LinkEnvironment environment;
     DeviceContext device;
     RecordingFace face;
@@ -287,7 +288,7 @@ TEST_F(PhoneLinkTest, ServerThatDoesNotRunEndsTheProcedure) {
 
 TEST_F(PhoneLinkTest, AgentThatIsNotThereIsAnError) {
     ServerAnswers(Okay());
-    environment.agentPort = UnusedPort();
+    agentPort = UnusedPort();
     Connect();
     EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
     EXPECT_EQ(face.LinkUps(), 0);
@@ -482,7 +483,7 @@ TEST_F(PhoneLinkTest, EndOfTheLinkWaitsForNobody) {
         "*) touch \"$dir/stuck\"; await go; touch \"$dir/through\";; esac");
     environment.adbPath = [path = stuck.Path()] { return path; };
     std::optional<PhoneLink> link;
-    link.emplace(device, face, clock, PackageInstaller(environment), environment);
+    link.emplace(device, face, clock, PackageInstaller(environment), agentPort, environment);
     link->ConnectPhone(false);
     ASSERT_TRUE(Await([&] { return stuck.Has("stuck"); }));
     link.reset();

@@ -86,8 +86,7 @@ bool FakeAdb::IsRunning(const char* file) const {
 LinkEnvironment FakeAdb::Environment() const {
     LinkEnvironment environment;
     environment.adbPath = [path = Path()] { return path; };
-    environment.hostPort = 1;   // nobody listens there
-    environment.agentPort = 1;  // nor there
+    environment.hostPort = 1;  // nobody listens there
     environment.packageFile = directory_.Path() / kAgentPackageFile;
     return environment;
 }

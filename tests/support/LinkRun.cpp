@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "agent/Wire.h"
 #include "base/Text.h"
 
 namespace quorvi::e2e {
@@ -38,7 +39,7 @@ std::vector<Banner> LinkRun::Run() {
     }
     LinkEnvironment environment;
     environment.packageFile = std::filesystem::path(QUORVI_BIN_DIR) / kAgentPackageFile;
-    PhoneLink link(device_, *this, clock_, PackageInstaller(environment), environment);
+    PhoneLink link(device_, *this, clock_, PackageInstaller(environment), AgentPort, environment);
     link.ConnectPhone(false);
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return ended_; });

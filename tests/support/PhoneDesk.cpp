@@ -35,8 +35,9 @@ PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : rig_(phones) {
     };
     MakeWindowOf(std::move(makers), false, [this](CMainDlg& window) {
         face_ = std::make_unique<NotedFace>(window);
-        link_ = std::make_unique<PhoneLink>(
-            device_, *face_, clock_, PackageInstaller(WithTheTestsAgent()), WithTheTestsAgent());
+        link_ = std::make_unique<PhoneLink>(device_, *face_, clock_,
+                                            PackageInstaller(WithTheTestsAgent()), AgentPort,
+                                            WithTheTestsAgent());
     });
 }
 

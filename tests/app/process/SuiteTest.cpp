@@ -91,6 +91,7 @@ class SuiteOnDoubles : public WidgetTest {
                 .instance = instance_,
                 .clock = clock_,
                 .desktop = std::make_shared<FakeDesktop>(),
+                .agent = 1,  // nobody listens there
                 .link = Link(),
                 .watchUsb =
                     [this](UsbWatch::Listener listener) {
