@@ -50,7 +50,9 @@ class Program : public WidgetTest {
     [[nodiscard]] static QByteArray Mark() { return "77" + QByteArray::number(::getpid()); }
     [[nodiscard]] QString Runtime() const { return folder_.filePath(QStringLiteral("run")); }
 
-    std::unique_ptr<QProcess> Start(const QStringList& arguments) const {
+    std::unique_ptr<QProcess> Start(const QStringList& arguments,
+                                    const QString& program = QStringLiteral(QUORVI_BIN_DIR
+                                                                            "/quorvi")) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("PATH"),
                            folder_.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
@@ -65,7 +67,7 @@ class Program : public WidgetTest {
             const rlimit noCore = {0, 0};
             ::setrlimit(RLIMIT_CORE, &noCore);
         });
-        process->start(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), arguments);
+        process->start(program, arguments);
         EXPECT_TRUE(process->waitForStarted());
         return process;
     }
@@ -110,6 +112,26 @@ TEST_F(Program, TheBrowserEngineIsNoneOfItsLibrariesAndIsLoadedAfterwards) {
     }));
     program->terminate();
     EXPECT_TRUE(program->waitForFinished());
+}
+
+// The program beside another module, which notes when it is loaded.
+TEST_F(Program, TheBrowserEngineIsLoadedWhenTheWindowStandsOnTheScreen) {
+    const QString program = folder_.filePath(QStringLiteral("quorvi"));
+    const QString note = folder_.filePath(QStringLiteral("note"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), program));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(NOTED_ENGINE),
+                            folder_.filePath(QStringLiteral("libquorvi_browser.so"))));
+    qputenv("QUORVI_NOTED_ENGINE", note.toLocal8Bit());
+    const auto started = Start({}, program);
+    qunsetenv("QUORVI_NOTED_ENGINE");
+    const auto noted = [&] {
+        QFile file(note);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    EXPECT_TRUE(WaitFor([&] { return !noted().isEmpty(); }));
+    EXPECT_EQ(noted(), "window");
+    started->terminate();
+    EXPECT_TRUE(started->waitForFinished());
 }
 
 TEST_F(Program, ASecondStartEndsWithZeroAndTheFirstGoesOn) {
