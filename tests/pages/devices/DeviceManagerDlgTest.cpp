@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "pages/devices/DeviceManagerDlg.h"
+#include "tests/support/AwaitTimer.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/QtTest.h"
@@ -22,6 +23,9 @@ namespace quorvi {
 namespace {
 
 namespace fs = std::filesystem;
+
+// Between a phone's answer and the question to the next.
+constexpr std::chrono::milliseconds kTimer0{50};
 
 class DeviceManagerDlgTest : public QtTest {
   protected:
@@ -194,7 +198,8 @@ TEST_F(DeviceManagerDlgTest, RefreshReadsTheListAgain) {
     Find(1047)->click();
     EXPECT_EQ(Rows(), 0);
     ASSERT_TRUE(Reached([this] { return Rows() == 1; }));
-    QTest::qWait(150);
+    AwaitTimer(2 * kTimer0);
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
     EXPECT_EQ(Rows(), 1);
     EXPECT_TRUE(Words(0, 1).startsWith(ToQString(u8"摩托罗拉")));
 }
@@ -207,7 +212,10 @@ TEST_F(DeviceManagerDlgTest, AnswerToAnEarlierRefreshIsDropped) {
     Find(1047)->click();
     Release("two");
     ASSERT_TRUE(Reached([this] { return Rows() == 1 && dialog_->Ready(); }));
-    QTest::qWait(150);
+    // The answer has come when its adb has ended; what it posts comes before the timer.
+    ASSERT_TRUE(Reached([] { return !AdbRuns(); }));
+    AwaitTimer(2 * kTimer0);
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
     EXPECT_EQ(Rows(), 1);
     EXPECT_TRUE(Words(0, 1).startsWith(QStringLiteral("HTC")));
 }
