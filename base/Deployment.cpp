@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/CodePageChoice.h"
 #include "base/Json.h"
 #include "base/Places.h"
 
@@ -30,15 +31,6 @@ constexpr std::array<Member, 8> kMembers{{
     {"forum", &Deployment::forumLink, Kind::link},
     {"social", &Deployment::socialLink, Kind::link},
     {"help", &Deployment::helpLink, Kind::link},
-}};
-
-struct NamedCodePage {
-    std::string_view name;
-    CodePage codePage;
-};
-constexpr std::array<NamedCodePage, 2> kCodePages{{
-    {"gbk", CodePage::gbk},
-    {"gb18030", CodePage::gb18030},
 }};
 
 bool IsPrintableAscii(std::string_view text) {
@@ -92,13 +84,10 @@ Deployment ParseDeployment(std::string_view utf8, std::string& complaint) {
         deployment.*member.value = std::move(text);
     }
     if (document->isMember("code_page")) {
-        const std::string name = ToLower(TextMember(*document, "code_page"));
-        const auto* found = std::find_if(kCodePages.begin(), kCodePages.end(),
-                                         [&](const auto& row) { return row.name == name; });
-        if (found == kCodePages.end()) {
-            Complain(complaint, "unusable value of code_page");
+        if (const auto codePage = CodePageOfName(TextMember(*document, "code_page"))) {
+            deployment.codePage = *codePage;
         } else {
-            deployment.codePage = found->codePage;
+            Complain(complaint, "unusable value of code_page");
         }
     }
     return deployment;

@@ -24,7 +24,7 @@ struct Deployment {
     std::string socialLink = "http://social.quorvi.example/quorvi";
     std::string helpLink = "http://help.quorvi.example/";
 
-    // The code page of text in memory.
+    // The code page of text in memory, where the user has chosen none.
     CodePage codePage = CodePage::gbk;
 };
 

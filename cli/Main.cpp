@@ -4,7 +4,9 @@
 #include <vector>
 
 #include "agent/Wire.h"
+#include "base/CodePageChoice.h"
 #include "base/Deployment.h"
+#include "base/SettingsFile.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
 #include "cli/CommandTable.h"
@@ -14,7 +16,7 @@ namespace quorvi::cli {
 namespace {
 
 Status Run(const std::vector<std::string>& words) {
-    SetCodePage(TheDeployment().codePage);
+    SetCodePage(ChosenCodePage(SettingsFile(), TheDeployment().codePage));
     const auto line = ReadCommandLine(words, AllCommands());
     if (const auto* call = std::get_if<Call>(&line)) {
         Output output(call->json);

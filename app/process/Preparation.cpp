@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QLoggingCategory>
 
+#include "base/CodePageChoice.h"
 #include "base/Deployment.h"
+#include "base/SettingsFile.h"
 #include "base/Text.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/kit/ApplyLook.h"
@@ -21,7 +23,7 @@ void PrepareQt() {
 void PrepareApplication(QApplication& application) {
     // The window may be hidden while the program stays in the tray.
     QApplication::setQuitOnLastWindowClosed(false);
-    SetCodePage(TheDeployment().codePage);
+    SetCodePage(ChosenCodePage(SettingsFile(), TheDeployment().codePage));
     ApplyLook(application);
 }
 

@@ -8,7 +8,7 @@ namespace quorvi {
 // Names the program and prepares the HTML views. Before the application is made.
 void PrepareQt();
 
-// Sets the code page of the deployment and the look.
+// Sets the code page, which is the user's choice or else the deployment's, and the look.
 void PrepareApplication(QApplication& application);
 
 }  // namespace quorvi

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "base/CodePageChoice.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -65,7 +66,9 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
       exitQuit_(new SkinRadio(ToQString(u8"完全退出 奎维掌上工坊"))),
       repair_(new CSkinButton(ToQString(u8"修复组件"))),
       progress_(new CSkinProgress),
-      repairText_(new CSkinStateLabel(ToQString(u8"就绪"))) {
+      repairText_(new CSkinStateLabel(ToQString(u8"就绪"))),
+      gb18030_(new SkinRadio(ToQString(u8"GB18030（所有字符都能显示和保存）"))),
+      gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))) {
     for (const auto& [button, number] :
          std::initializer_list<std::pair<QAbstractButton*, int>>{{autoRun_, kAutoRun},
                                                                  {autoRunOnUsb_, kAutoRunOnUsb},
@@ -73,6 +76,11 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
                                                                  {exitQuit_, kExitQuit},
                                                                  {repair_, kRepair}}) {
         SetControlNumber(button, number, button->text());
+    }
+    gb18030_->setObjectName(QStringLiteral("codePageGb18030"));
+    gbk_->setObjectName(QStringLiteral("codePageGbk"));
+    for (SkinRadio* radio : {gb18030_, gbk_}) {
+        radio->setAccessibleName(radio->text());
     }
     SetControlNumber(progress_, kProgress, ToQString(u8"修复进度"));
     SetControlNumber(repairText_, kRepairText);
@@ -91,6 +99,16 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     startRows->addWidget(Hidden(exitHide_));
     startRows->addWidget(Hidden(exitQuit_));
 
+    auto* codePage = new CSkinGroupBox(ToQString(u8"文字编码"));
+    auto* codePageRows = new QVBoxLayout(codePage);
+    codePageRows->setContentsMargins({});
+    codePageRows->setSpacing(Metric::gap1);
+    codePageRows->addWidget(gb18030_, 0, Qt::AlignLeft);
+    codePageRows->addWidget(gbk_, 0, Qt::AlignLeft);
+    auto* codePageHint = Line(u8"更改后，退出并重新启动奎维掌上工坊才会生效", Color::ink2);
+    codePageHint->setIndent(Metric::tick + Metric::tickGap);
+    codePageRows->addWidget(codePageHint);
+
     auto* repair = new CSkinGroupBox(ToQString(u8"修复组件"));
     auto* repairRows = new QVBoxLayout(repair);
     repairRows->setContentsMargins({});
@@ -108,12 +126,15 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     rows->setContentsMargins({});
     rows->setSpacing(Metric::gap3);
     rows->addWidget(start);
+    rows->addWidget(codePage);
     rows->addWidget(repair);
     rows->addStretch();
 
     connect(autoRun_, &QAbstractButton::clicked, this, &SettingsPage::OnAutoRun);
     connect(exitHide_, &QAbstractButton::clicked, this, &SettingsPage::OnExitHide);
     connect(exitQuit_, &QAbstractButton::clicked, this, &SettingsPage::OnExitQuit);
+    connect(gb18030_, &QAbstractButton::clicked, this, [this] { OnCodePage(CodePage::gb18030); });
+    connect(gbk_, &QAbstractButton::clicked, this, [this] { OnCodePage(CodePage::gbk); });
     connect(repair_, &QAbstractButton::clicked, this, &SettingsPage::OnRepair);
     OnInitDialog();
 }
@@ -141,8 +162,9 @@ void SettingsPage::SetBusy(bool busy) {
     if (busy) {
         focus_ = focusWidget();
     }
-    autoRun_->setEnabled(!busy);
-    repair_->setEnabled(!busy);
+    for (QWidget* control : std::initializer_list<QWidget*>{autoRun_, repair_, gb18030_, gbk_}) {
+        control->setEnabled(!busy);
+    }
     if (!busy && focus_ && focusWidget() != focus_ && isVisible()) {
         focus_->setFocus();
     }
@@ -151,8 +173,27 @@ void SettingsPage::SetBusy(bool busy) {
 void SettingsPage::LoadSettings() {
     const bool leaves = Host().Settings().ReadNumber(kSettingsKey, kExitMode) == kLeaveProgram;
     (leaves ? exitQuit_ : exitHide_)->setChecked(true);
-    Run([](DesktopIntegration& desktop, const LoadProgress&) { return desktop.AutoRuns(); },
-        [this](bool autoRuns) { autoRun_->SetCheck(autoRuns ? 1 : 0); });
+    struct Written {
+        bool autoRuns;
+        CodePage codePage;
+    };
+    Run(
+        [&settings = Host().Settings()](DesktopIntegration& desktop, const LoadProgress&) {
+            return Written{desktop.AutoRuns(), ChosenCodePage(settings, ActiveCodePage())};
+        },
+        [this](const Written& written) {
+            autoRun_->SetCheck(written.autoRuns ? 1 : 0);
+            (written.codePage == CodePage::gbk ? gbk_ : gb18030_)->setChecked(true);
+        });
+}
+
+void SettingsPage::OnCodePage(CodePage codePage) {
+    Run(
+        [&settings = Host().Settings(), codePage](DesktopIntegration&, const LoadProgress&) {
+            ChooseCodePage(settings, codePage);
+            return true;
+        },
+        [](bool) {});
 }
 
 void SettingsPage::OnAutoRun() {

@@ -1,9 +1,10 @@
-// The settings of the suite: the start with the desktop, and the repair of what ties the program to
-// it.
+// The settings of the suite: the start with the desktop, the code page, and the repair of what ties
+// the program to the desktop.
 #pragma once
 
 #include <memory>
 
+#include "base/Text.h"
 #include "desktop/DesktopIntegration.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
@@ -33,12 +34,14 @@ class SettingsPage : public Page {
 
   private:
     void OnInitDialog();
-    // Shows what is written: whether the desktop starts the program, and `exit_mode`.
+    // Shows what is written: whether the desktop starts the program, `exit_mode`, and the code page
+    // of the next start.
     void LoadSettings();
     void OnAutoRun();
     void OnExitHide();
     void OnExitQuit();
     void OnRepair();
+    void OnCodePage(CodePage codePage);
 
     // Runs `work(desktop)` on a worker and then `done` on the window's thread; the page's controls
     // are disabled meanwhile.
@@ -57,6 +60,8 @@ class SettingsPage : public Page {
     CSkinButton* repair_;
     CSkinProgress* progress_;
     CSkinStateLabel* repairText_;
+    SkinRadio* gb18030_;
+    SkinRadio* gbk_;
 };
 
 }  // namespace quorvi

@@ -89,7 +89,8 @@ TEST(Deployment, TheFileAsDeliveredHoldsThePlaceholders) {
     EXPECT_EQ(read.forumLink, placeholders.forumLink);
     EXPECT_EQ(read.socialLink, placeholders.socialLink);
     EXPECT_EQ(read.helpLink, placeholders.helpLink);
-    EXPECT_EQ(read.codePage, CodePage::gbk);
+    EXPECT_EQ(read.codePage, CodePage::gb18030);  // as delivered no character is lost
+    EXPECT_EQ(placeholders.codePage, CodePage::gbk);
 }
 
 TEST(Deployment, TheProgramsOwnIsReadOnce) {

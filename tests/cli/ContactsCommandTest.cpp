@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "pages/contacts/ContactForm.h"
 #include "tests/support/AgentFixture.h"
+#include "tests/support/GbkChosen.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -165,6 +166,7 @@ TEST_F(ContactsCommand, AddSendsTheVeryBytesOfTheEditor) {
 }
 
 TEST_F(ContactsCommand, CharactersThatTheCodePageLacksAreSavedWithAWarning) {
+    const GbkChosen user;
     START_OR_SKIP({.bytes = Word(1)});
     const std::string line =
         Fed("contacts add", R"({"name": "A", "phones": [{"text": "\ud83c\udf88"}]})");

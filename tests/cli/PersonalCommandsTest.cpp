@@ -6,6 +6,7 @@
 
 #include "base/Json.h"
 #include "tests/support/AgentFixture.h"
+#include "tests/support/GbkChosen.h"
 #include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {
@@ -244,7 +245,15 @@ TEST_F(PersonalCommands, AChangeThatIsNotAcknowledgedIsStatusTwo) {
     }
 }
 
+TEST_F(PersonalCommands, AsDeliveredNoCharacterIsLost) {
+    START_OR_SKIP({.bytes = Word(1)});
+    EXPECT_EQ(Err("groups add 家🎈").output, "");
+    EXPECT_EQ(Request(0), Join({Word(870121), Word(23), Word(1), Text("家🎈")}));
+    EXPECT_EQ(Err("sms send --to 1 --text 🎈").output, "");
+}
+
 TEST_F(PersonalCommands, CharactersThatTheCodePageLacksAreSentWithAWarning) {
+    const GbkChosen user;
     START_OR_SKIP({.bytes = Word(1)});
     EXPECT_EQ(Err("groups add 家🎈").output, "quorvictl: 有些字符无法保存，会变成“?”\n");
     EXPECT_EQ(Request(0), Join({Word(870121), Word(20), Word(1), Text("家?")}));

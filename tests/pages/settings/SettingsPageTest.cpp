@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 
 #include "agent/Wire.h"
+#include "base/CodePageChoice.h"
 #include "pages/settings/SettingsPage.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/TestServices.h"
@@ -121,6 +122,25 @@ TEST_F(SettingsPageTest, HiddenChoiceOfTheEndIsReadAndWritten) {
     Click(1019);
     EXPECT_EQ(host_.settings.ReadNumber(kSettingsKey, "exit_mode"), 3U);
     EXPECT_FALSE(Control<SkinRadio>(1018).isChecked());
+}
+
+TEST_F(SettingsPageTest, CodePageOfTheNextStartIsReadAndWritten) {
+    Open();
+    auto* gbk = page_->findChild<SkinRadio*>(QStringLiteral("codePageGbk"));
+    auto* gb18030 = page_->findChild<SkinRadio*>(QStringLiteral("codePageGb18030"));
+    ASSERT_TRUE(gbk != nullptr && gbk->isVisible() && gb18030 != nullptr && gb18030->isVisible());
+    EXPECT_TRUE(gbk->isChecked());  // the active one
+    EXPECT_TRUE(host_.settings.texts.empty());
+    gb18030->click();
+    EXPECT_FALSE(gbk->isEnabled());
+    Rest();
+    EXPECT_EQ(ChosenCodePage(host_.settings, CodePage::gbk), CodePage::gb18030);
+    EXPECT_EQ(ActiveCodePage(), CodePage::gbk);  // until the next start
+    Open();
+    EXPECT_TRUE(page_->findChild<SkinRadio*>(QStringLiteral("codePageGb18030"))->isChecked());
+    page_->findChild<SkinRadio*>(QStringLiteral("codePageGbk"))->click();
+    Rest();
+    EXPECT_EQ(ChosenCodePage(host_.settings, CodePage::gb18030), CodePage::gbk);
 }
 
 TEST_F(SettingsPageTest, AnyOtherStoredChoiceCountsAsHiding) {

@@ -23,6 +23,22 @@ TEST(QtText, AStartNeverEndsInsideACharacter) {
     EXPECT_EQ(shown, QStringLiteral("n") + QString(511, QChar(u'林')) + QStringLiteral("…"));
 }
 
+TEST(QtText, AStartNeverEndsInsideACharacterOfFourBytes) {
+    SetCodePage(CodePage::gb18030);
+    for (qsizetype before = 0; before < 4; ++before) {  // the cut goes through each of its bytes
+        std::string text(static_cast<std::size_t>(before), 'n');
+        for (int i = 0; i < 300; ++i) {
+            text += Ansi(u8"🎈");
+        }
+        QString whole(before, QLatin1Char('n'));
+        for (int i = 0; i < (before == 0 ? 256 : 255); ++i) {
+            whole += QStringLiteral("\U0001F388");
+        }
+        EXPECT_EQ(ToShownQString(text), whole + QStringLiteral("…")) << before;
+    }
+    SetCodePage(CodePage::gbk);
+}
+
 TEST(QtText, TextFitsTheCodePageWhenItComesBackAsItWas) {
     EXPECT_TRUE(FitsCodePage(QString()));
     EXPECT_TRUE(FitsCodePage(QStringLiteral("A? 林")));
