@@ -121,7 +121,7 @@ std::u8string_view RiskOfSaving(const ContactReply& loaded) {
         return u8"没有读全原有的资料，保存可能会覆盖它们";
     }
     if (loaded.record->charactersLost) {
-        return u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”";
+        return u8"有些字符显示成“?”，改动那一栏后手机上也是“?”";
     }
     return {};
 }

@@ -55,7 +55,8 @@ void CGroupEditDlg::BuildControls() {
     connect(ok_, &QAbstractButton::clicked, this, &CGroupEditDlg::Save);
     AddEndButton(kCancel, ToQString(u8"取消"), QDialog::Rejected);
     ok_->setDefault(true);
-    notice_ = AddState({});
+    notice_ = new CSkinStateLabel({}, this);
+    AddToFooter(notice_);
     connect(title_, &QLineEdit::textChanged, this, &CGroupEditDlg::ShowNotice);
     title_->setFocus();
     SetInnerSize({Metric::groupEditWidth, Metric::groupEditHeight});

@@ -373,7 +373,7 @@ TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
 TEST_F(ContactEditor, CharactersThatTheCodePageLacksAreWarnedOf) {
     OpenLoaded(ContactPayload(7, "A\xF0\x9F\x8E\x88"));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A?"));
-    EXPECT_EQ(Notice(), ToQString(u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”"));
+    EXPECT_EQ(Notice(), ToQString(u8"有些字符显示成“?”，改动那一栏后手机上也是“?”"));
 }
 
 TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {

@@ -262,7 +262,7 @@ TEST(ContactForm, ChangingATextWithCharactersThatTheCodePageLacksIsARisk) {
     ContactRecord record = Record();
     record.charactersLost = true;
     EXPECT_EQ(RiskOfSaving({SessionOutcome::complete, record}),
-              u8"有些字符显示成“?”，改动它们所在的栏，手机上也会变成“?”");
+              u8"有些字符显示成“?”，改动那一栏后手机上也是“?”");
 }
 
 // A text that the code page lacks a character of and that is no UTF-8, with every kind of line end.
