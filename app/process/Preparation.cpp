@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "ui/html/HtmlSite.h"
 #include "ui/kit/ApplyLook.h"
+#include "ui/kit/QtChinese.h"
 
 namespace quorvi {
 
@@ -24,6 +25,7 @@ void PrepareApplication(QApplication& application) {
     // The window may be hidden while the program stays in the tray.
     QApplication::setQuitOnLastWindowClosed(false);
     SetCodePage(ChosenCodePage(SettingsFile(), TheDeployment().codePage));
+    LoadQtChinese(application);
     ApplyLook(application);
 }
 

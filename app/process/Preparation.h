@@ -8,7 +8,8 @@ namespace quorvi {
 // Names the program and prepares the HTML views. Before the application is made.
 void PrepareQt();
 
-// Sets the code page, which is the user's choice or else the deployment's, and the look.
+// Sets the code page, which is the user's choice or else the deployment's, the language of Qt's own
+// words, and the look.
 void PrepareApplication(QApplication& application);
 
 }  // namespace quorvi
