@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QSignalSpy>
 
 #include "agent/Wire.h"
@@ -76,6 +77,16 @@ TEST_F(SettingsPageTest, BoxWritesAndDeletesTheCommand) {
     Click(1016);
     EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 0);
     EXPECT_EQ(desktop_->Asked(), (std::vector<std::string>{"auto run", "no auto run"}));
+}
+
+TEST_F(SettingsPageTest, BoxThatAnAssistiveToolFlipsWritesTheCommand) {
+    Open();
+    QAccessible::queryAccessibleInterface(&Control<CSkinCheck>(1016))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    Rest();
+    EXPECT_EQ(Control<CSkinCheck>(1016).GetCheck(), 1);
+    EXPECT_EQ(desktop_->Asked(), std::vector<std::string>{"auto run"});
 }
 
 TEST_F(SettingsPageTest, CommandThatCannotBeWrittenLeavesTheBoxUnchecked) {

@@ -71,6 +71,46 @@ TEST_F(AccessibleTest, AToggleIsCheckedWhenOnAndPressedByItsAction) {
     EXPECT_EQ(toggle.GetCheck(), 1);
 }
 
+TEST_F(AccessibleTest, ABoxThatAToolFlipsDoesWhatAClickDoes) {
+    CSkinCheck check(QStringLiteral("隐藏系统应用"));
+    CSkinToggle toggle;
+    SkinRadio radio(QStringLiteral("一"));
+    for (QAbstractButton* box : std::initializer_list<QAbstractButton*>{&check, &toggle, &radio}) {
+        int told = 0;
+        QObject::connect(box, &QAbstractButton::clicked, [&] { ++told; });
+        ASSERT_TRUE(Of(box)->actionInterface()->actionNames().contains(
+            QAccessibleActionInterface::toggleAction()));
+        Of(box)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(told, 1);
+        EXPECT_TRUE(Of(box)->state().checked);
+        // What the program sets is not the user's wish.
+        box->setChecked(!box->isChecked());
+        EXPECT_EQ(told, 1);
+        box->setEnabled(false);
+        Of(box)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(told, 1);
+    }
+    EXPECT_EQ(NameOf(&check), QStringLiteral("隐藏系统应用"));
+    EXPECT_EQ(NameOf(&radio), QStringLiteral("一"));
+}
+
+TEST_F(AccessibleTest, AComboIsCalledByItsNameAndItsEntryIsItsValue) {
+    CSkinCombo combo;
+    combo.addItems({QStringLiteral("手机"), QStringLiteral("个人")});
+    SetControlNumber(&combo, 1380, QStringLiteral("电话 1的类型"));
+    EXPECT_EQ(NameOf(&combo), QStringLiteral("电话 1的类型"));
+    EXPECT_EQ(Of(&combo)->text(QAccessible::Value), QStringLiteral("手机"));
+    ShowActive(combo);
+    EXPECT_FALSE(Of(&combo)->state().expanded);
+    Of(&combo)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(WaitFor([&] { return Of(&combo)->state().expanded; }));
+    QAccessibleInterface* list = Of(&combo)->child(0);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->childCount(), 2);
+    Of(&combo)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(WaitFor([&] { return !Of(&combo)->state().expanded; }));
+}
+
 TEST_F(AccessibleTest, AListIsATableOfCellsInWords) {
     SampleListCtrl list;
     list.resize(760, 462);
