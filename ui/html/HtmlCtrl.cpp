@@ -1,6 +1,8 @@
 #include "ui/html/HtmlCtrl.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -18,8 +20,39 @@ namespace {
 // until the page loads something else.
 constexpr int kMaxRevivals = 3;
 
+// The document may hear of its new height before this script or behind it.
+constexpr char16_t kStayAtEnd[] =
+    uR"((function(before, now) {
+  const end = () => window.scrollTo(0, document.documentElement.scrollHeight);
+  if (window.scrollY + before < document.documentElement.scrollHeight - 1) return;
+  if (window.innerHeight > now + 1) window.addEventListener('resize', end, {once: true});
+  else end();
+}))";
+
 QUrl WithoutFragment(const QUrl& url) {
     return url.adjusted(QUrl::RemoveFragment);
+}
+
+// What is in front of a widget in the Tab key's round.
+QWidget* FocusableBefore(const QWidget& widget) {
+    QWidget* before = widget.previousInFocusChain();
+    while (before != &widget && before->focusPolicy() == Qt::NoFocus) {
+        before = before->previousInFocusChain();
+    }
+    return before;
+}
+
+// Moves a widget to behind another in that round. Qt moves only what takes the focus itself.
+void MoveBehind(QWidget* before, QWidget& widget) {
+    const Qt::FocusPolicy own = widget.focusPolicy();
+    const Qt::FocusPolicy beforeOwn = before == nullptr ? Qt::NoFocus : before->focusPolicy();
+    widget.setFocusPolicy(Qt::TabFocus);
+    if (before != nullptr) {
+        before->setFocusPolicy(Qt::TabFocus);
+        QWidget::setTabOrder(before, &widget);
+        before->setFocusPolicy(beforeOwn);
+    }
+    widget.setFocusPolicy(own);
 }
 
 }  // namespace
@@ -89,7 +122,19 @@ void CHtmlCtrlBase::showEvent(QShowEvent* event) {
     }
 }
 
+// Who stands at the end of a document stays there when the view becomes lower.
+void CHtmlCtrlBase::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int before = event->oldSize().height();
+    if (ready_ && content_ == HtmlContent::local && height() < before) {
+        browser_->Run(QString::fromUtf16(kStayAtEnd)
+                          .append(QStringLiteral("(%1, %2)").arg(before).arg(height())),
+                      {});
+    }
+}
+
 void CHtmlCtrlBase::CreateBrowser(HtmlBrowserMaker& maker) {
+    before_ = FocusableBefore(*this);
     browser_ = maker.Make(content_, look::color(look::Color::page), *this, this);
     layout()->addWidget(browser_->Widget());
     setFocusProxy(browser_->Widget());
@@ -159,6 +204,12 @@ bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
             OnSpace(watched);
             return true;
         }
+        if (key->key() == Qt::Key_Escape) {
+            // The browser would keep it; in a dialog it is the way out.
+            QKeyEvent escape(QEvent::KeyPress, key->key(), key->modifiers());
+            QCoreApplication::sendEvent(parentWidget(), &escape);
+            return true;
+        }
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -181,6 +232,23 @@ void CHtmlCtrlBase::OnSpace(QObject* receiver) {
                   });
 }
 
+// `keys` is the browser's own widget to which keys go.
+void CHtmlCtrlBase::TakeKeys(QWidget& keys) {
+    keys.installEventFilter(this);
+    // When the browser came, it took this control and all in it to the end of the Tab key's round.
+    // They go back to where the control stood.
+    QWidget* browser = browser_->Widget();
+    setFocusProxy(nullptr);
+    browser->setFocusProxy(nullptr);
+    QWidget* before = before_;
+    for (QWidget* widget : {static_cast<QWidget*>(this), browser, &keys}) {
+        MoveBehind(before, *widget);
+        before = widget;
+    }
+    browser->setFocusProxy(&keys);
+    setFocusProxy(browser);
+}
+
 void CHtmlCtrlBase::OnUnreachable() {
     if (content_ == HtmlContent::web) {
         browser_->Load(TemplateUrl(kUnreachableTemplate), {});
@@ -193,7 +261,7 @@ void CHtmlCtrlBase::OnLoadFinished() {
     }
     ready_ = true;
     if (QWidget* keys = browser_->Widget()->focusProxy(); keys != nullptr) {
-        keys->installEventFilter(this);  // the browser may have made it anew
+        TakeKeys(*keys);  // the browser may have made it anew
     }
     for (const HtmlEdit& edit : edits_) {
         browser_->Run(edit.script, {});

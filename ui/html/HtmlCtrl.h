@@ -76,6 +76,7 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     virtual void OnAppCmd(const std::string& text) = 0;
 
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -94,6 +95,7 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void Begin();
     void Edit(HtmlEdit edit);
     void OnSpace(QObject* receiver);
+    void TakeKeys(QWidget& keys);
 
     HtmlContent content_;
     HtmlEngine& engine_;
@@ -104,7 +106,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     bool ready_ = false;           // the document stands and takes edits
     bool announced_ = false;
     int revivals_ = 0;
-    bool wanted_ = false;  // the engine has been asked for the browser
+    QPointer<QWidget> before_;  // in the Tab key's round
+    bool wanted_ = false;       // the engine has been asked for the browser
     std::unique_ptr<HtmlBrowser> browser_;
 };
 

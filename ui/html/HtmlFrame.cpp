@@ -69,7 +69,6 @@ HtmlFrame::HtmlFrame(QWidget& view, QWidget* parent) : QFrame(parent), cover_(ne
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(&view);
-    setFocusProxy(&view);
     RoundCorners::Attach(*this);
 }
 
