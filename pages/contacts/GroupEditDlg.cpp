@@ -37,7 +37,8 @@ CGroupEditDlg::CGroupEditDlg(PageHost& host, ContactGroup group, QWidget* parent
       group_(std::move(group)),
       agent_(agent) {
     BuildControls();
-    title_->setText(ToQString(group_->title));
+    begun_ = ToQString(group_->title);
+    title_->setText(begun_);
     title_->selectAll();
 }
 
@@ -59,6 +60,7 @@ void CGroupEditDlg::BuildControls() {
     AddToFooter(notice_);
     connect(title_, &QLineEdit::textChanged, this, &CGroupEditDlg::ShowNotice);
     title_->setFocus();
+    AskBeforeEscape([this] { return title_->text() != begun_; });
     SetInnerSize({Metric::groupEditWidth, Metric::groupEditHeight});
 }
 

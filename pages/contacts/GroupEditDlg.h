@@ -37,6 +37,7 @@ class CGroupEditDlg : public SkinDialog {
     PageHost& host_;
     std::optional<ContactGroup> group_;  // nothing: adds
     AgentAddress agent_;
+    QString begun_;  // the title as the user found it
     std::optional<QString> unsaved_;
     bool resumed_ = false;
     CSkinEdit* title_ = nullptr;

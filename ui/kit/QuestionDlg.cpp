@@ -27,6 +27,7 @@ constexpr int kAffirm = 1215;
 constexpr int kCancel = 1021;
 constexpr int kHelp = 1199;
 constexpr int kOk = 1;
+constexpr int kStay = 2;
 
 struct KindPicture {
     QuestionDlg::Kind kind;
@@ -100,6 +101,24 @@ CNothingCheckedDlg::CNothingCheckedDlg(QWidget* parent)
                   ToQString(u8"请先勾选每项最后的复选框后，再执行删除操作"), kFixedText, parent) {
     AddButton(kHelp, ToQString(u8"使用帮助"));
     SetDefault(AddEndButton(kAffirm, ToQString(u8"确定"), QDialog::Accepted, ButtonKind::primary));
+}
+
+ConsentDlg::ConsentDlg(const QString& text, const QString& affirm, const QString& stay,
+                       ButtonKind affirmKind, QWidget* parent)
+    : QuestionDlg(kMessageBox, ToQString(u8"提示 - Quorvi"), Kind::warning, text, kFixedText,
+                  parent) {
+    AddEndButton(kOk, affirm, QDialog::Accepted, affirmKind);
+    SetDefault(AddEndButton(kStay, stay, QDialog::Rejected));
+}
+
+void AskForConsent(QWidget* parent, const QString& text, const QString& affirm, const QString& stay,
+                   ButtonKind affirmKind, std::function<void()> yes) {
+    (new ConsentDlg(text, affirm, stay, affirmKind, parent))
+        ->Open([yes = std::move(yes)](int result) {
+            if (result == QDialog::Accepted) {
+                yes();
+            }
+        });
 }
 
 void ShowMessage(QWidget* parent, QuestionDlg::Kind kind, const QString& text,

@@ -36,6 +36,19 @@ class CNothingCheckedDlg : public QuestionDlg {
     explicit CNothingCheckedDlg(QWidget* parent = nullptr);
 };
 
+// A question whose answer can cost something: ends with Accepted for `affirm`, with Rejected for
+// anything else; `stay`, the way back, is the default.
+class ConsentDlg : public QuestionDlg {
+    Q_OBJECT
+  public:
+    ConsentDlg(const QString& text, const QString& affirm, const QString& stay,
+               look::ButtonKind affirmKind, QWidget* parent = nullptr);
+};
+
+// Asks that, without blocking; `yes` is called when the user has affirmed.
+void AskForConsent(QWidget* parent, const QString& text, const QString& affirm, const QString& stay,
+                   look::ButtonKind affirmKind, std::function<void()> yes);
+
 // Shows a message box with one button, without blocking; `done` is called when it has ended.
 void ShowMessage(QWidget* parent, QuestionDlg::Kind kind, const QString& text,
                  std::function<void()> done = {});

@@ -1,5 +1,6 @@
 #include "ui/kit/SkinDialog.h"
 
+#include <QCloseEvent>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -9,6 +10,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/FreeArea.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
 #include "ui/kit/WindowFrame.h"
 
 namespace quorvi {
@@ -192,6 +194,31 @@ bool SkinDialog::eventFilter(QObject* object, QEvent* event) {
             Qt::QueuedConnection);
     }
     return QDialog::eventFilter(object, event);
+}
+
+bool SkinDialog::AskToGiveUp() {
+    if (endsWithOk_ || !wouldLose_ || !wouldLose_()) {
+        return false;
+    }
+    AskForConsent(this, ToQString(u8"填写的内容还没有保存或发送，现在离开就会丢失。"),
+                  ToQString(u8"放弃内容"), ToQString(u8"继续填写"), ButtonKind::erase,
+                  [this] { reject(); });
+    return true;
+}
+
+void SkinDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel) && AskToGiveUp()) {
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void SkinDialog::closeEvent(QCloseEvent* event) {
+    if (event->spontaneous() && AskToGiveUp()) {
+        event->ignore();
+        return;
+    }
+    QDialog::closeEvent(event);
 }
 
 void SkinDialog::setVisible(bool visible) {

@@ -54,12 +54,17 @@ class SkinDialog : public QDialog {
     // From now on the dialog ends with Accepted, however it is closed: what it has sent cannot be
     // taken back, and its opener has to look at the phone again.
     void EndWithOk() { endsWithOk_ = true; }
+    // From now on Escape, and a close that the desktop asks for, ask first while `wouldLose` says
+    // that something was typed that would be lost.
+    void AskBeforeEscape(std::function<bool()> wouldLose) { wouldLose_ = std::move(wouldLose); }
 
     bool eventFilter(QObject* object, QEvent* event) override;
     void setVisible(bool visible) override;
     void done(int result) override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
@@ -67,6 +72,8 @@ class SkinDialog : public QDialog {
     [[nodiscard]] QRect Captioned() const;
     void StandOver(QWidget& behind);
     QHBoxLayout* Footer();
+    // Asks whether to give up what was typed. False when there is nothing to ask about.
+    bool AskToGiveUp();
 
     QLabel* title_;
     WindowButton* close_;
@@ -75,6 +82,7 @@ class SkinDialog : public QDialog {
     QHBoxLayout* footerLayout_ = nullptr;
     int footerLeft_ = 0;  // widgets before the stretch
     bool endsWithOk_ = false;
+    std::function<bool()> wouldLose_;
     QPointer<CSkinButton> default_;
     QPointer<Scrim> scrim_;
 };

@@ -364,5 +364,21 @@ TEST_F(GroupDialog, MayBeClosedWhileItsPhoneStalls) {
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
+TEST_F(GroupDialog, EscapeInItsEditorAsksBeforeATitleThatWasTypedIsLost) {
+    OpenLoaded();
+    PressIn(kGroups, 1154);
+    QTest::keyClick(Title(), Qt::Key_Escape);
+    ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
+    PressIn(kGroups, 1154);
+    QTest::keyClicks(Title(), QStringLiteral("t"));
+    QTest::keyClick(Title(), Qt::Key_Escape);
+    ASSERT_NE(OpenDialog(0), nullptr);
+    EXPECT_NE(OpenDialog(kEditor), nullptr);
+    PressIn(0, 1);
+    ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::addGroup).empty());
+}
+
 }  // namespace
 }  // namespace quorvi

@@ -1,6 +1,7 @@
 // The frame of dialogs, and the questions made from it.
 #include <gtest/gtest.h>
 
+#include <QCloseEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
@@ -56,6 +57,46 @@ TEST_F(DialogsTest, OpeningDoesNotBlockAndTheEndIsHeardLater) {
 TEST_F(DialogsTest, EscapeIsTheWayOut) {
     auto* dialog = Open(new CConfirmDeleteDlg(QStringLiteral("?"), &window_));
     QTest::keyClick(dialog, Qt::Key_Escape);
+    EXPECT_EQ(result_, QDialog::Rejected);
+}
+
+TEST_F(DialogsTest, EscapeAsksFirstWhereSomethingWouldBeLost) {
+    bool typed = false;
+    auto* dialog = new SkinDialog(540, QStringLiteral("修改联系人"), &window_);
+    dialog->AskBeforeEscape([&] { return typed; });
+    Open(dialog);
+    typed = true;
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    auto* question = dialog->findChild<ConsentDlg*>();
+    ASSERT_NE(question, nullptr);
+    EXPECT_TRUE(FindControl<QPushButton>(question, 2)->isDefault());
+    QTest::keyClick(question, Qt::Key_Escape);  // goes on with what was typed
+    EXPECT_EQ(result_, -1);
+    EXPECT_TRUE(dialog->isVisible());
+    typed = false;
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    EXPECT_EQ(result_, QDialog::Rejected);
+}
+
+TEST_F(DialogsTest, AsDoesACloseThatTheDesktopAsksFor) {
+    auto* dialog = new SkinDialog(540, QStringLiteral("修改联系人"), &window_);
+    dialog->AskBeforeEscape([] { return true; });
+    Open(dialog);
+    QCloseEvent close;
+    QSpontaneKeyEvent::setSpontaneous(&close);  // as if from the desktop
+    qApp->notify(dialog, &close);
+    EXPECT_TRUE(dialog->isVisible());
+    auto* question = dialog->findChild<ConsentDlg*>();
+    ASSERT_NE(question, nullptr);
+    FindControl<QAbstractButton>(question, 1)->click();
+    EXPECT_EQ(result_, QDialog::Rejected);
+}
+
+TEST_F(DialogsTest, TheCloseButtonOfTheFrameEndsItAtOnce) {
+    auto* dialog = new SkinDialog(540, QStringLiteral("修改联系人"), &window_);
+    dialog->AskBeforeEscape([] { return true; });
+    Open(dialog);
+    dialog->findChild<WindowButton*>()->click();
     EXPECT_EQ(result_, QDialog::Rejected);
 }
 
