@@ -95,7 +95,7 @@ SkinTextEdit* CContactEditDlg::TextEdit(int number, const QString& name) {
 CContactEditDlg::TypedField CContactEditDlg::Typed(int typeNumber, int textNumber,
                                                    const QString& name,
                                                    const ContactTypeTable& types) {
-    auto* type = SetControlNumber(new CSkinCombo(Body()), typeNumber, name + ToQString(u8"类型"));
+    auto* type = SetControlNumber(new CSkinCombo(Body()), typeNumber, name + ToQString(u8"的类型"));
     for (const std::u8string_view caption : types.Captions()) {
         type->addItem(ToQString(caption));
     }
@@ -161,16 +161,11 @@ void CContactEditDlg::BuildControls() {
     }
     grid->setRowStretch(grid->rowCount(), 1);
 
-    state_ = SetControlNumber(new CSkinStateLabel(ToQString(u8"就绪"), this), kState);
+    // The state takes all the room that is left, so that whatever it says, nothing else moves.
+    state_ = AddState(kState, ToQString(u8"就绪"));
     favourite_ = SetControlNumber(new CSkinCheck(ToQString(u8"设为收藏"), this), kFavourite,
                                   ToQString(u8"设为收藏"));
-    // The tick box stands under the fields.
-    state_->setMinimumWidth(Metric::formCaption);
-    AddToFooter(state_);
     AddToFooter(favourite_);
-    notice_ = new CSkinStateLabel({}, this);
-    notice_->hide();
-    AddToFooter(notice_);
     save_ = AddButton(kSave, ToQString(u8"保存"), ButtonKind::primary);
     save_->SetImage(QStringLiteral("save"));
     connect(save_, &QAbstractButton::clicked, this, &CContactEditDlg::Save);
@@ -255,7 +250,6 @@ void CContactEditDlg::Load() {
     record_ = {};
     // When the phone gave no record, a save goes to this contact all the same.
     record_.id = contactId_;
-    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
     SetBusy(true);
     RunJob(
         this, [agent = agent_, id = contactId_] { return FetchContact(AgentSession(agent), id); },
@@ -288,6 +282,7 @@ void CContactEditDlg::Follow(const QWidget* field, const QString& text) {
     } else {
         lossy_.insert(field);
     }
+    refused_ = refused_ && name_->text().isEmpty();
     ShowNotice();
 }
 
@@ -297,12 +292,18 @@ void CContactEditDlg::Notice(int state, std::u8string_view text) {
     ShowNotice();
 }
 
-// The warning about what is being typed goes before what there is to say of the contact.
+// Why nothing was saved goes before the warning about what is being typed, and that before what
+// there is to say of the contact.
 void CContactEditDlg::ShowNotice() {
-    const bool lossy = !lossy_.empty();
-    notice_->SetState(lossy ? CSkinStateLabel::kRed : noticeState_,
-                      lossy ? ToQString(kContactCharactersLost) : noticeText_);
-    notice_->setVisible(!notice_->text().isEmpty());
+    if (refused_) {
+        state_->SetState(CSkinStateLabel::kRed, ToQString(kEmptyContactName));
+    } else if (!lossy_.empty()) {
+        state_->SetState(CSkinStateLabel::kRed, ToQString(kContactCharactersLost));
+    } else if (!noticeText_.isEmpty()) {
+        state_->SetState(noticeState_, noticeText_);
+    } else {
+        state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
+    }
 }
 
 void CContactEditDlg::Resume(const ContactForm& form) {
@@ -316,14 +317,16 @@ void CContactEditDlg::Resume(const ContactForm& form) {
 }
 
 void CContactEditDlg::Save() {
-    state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"就绪"));
+    refused_ = false;
+    Notice(CSkinStateLabel::kBlue, {});
     if (!adds_) {
         Send(UpdateContactRequest(RecordToUpdate(record_, Form())));
         return;
     }
     const auto record = RecordToAdd(Form());
     if (!record) {
-        state_->SetState(CSkinStateLabel::kRed, ToQString(kEmptyContactName));
+        refused_ = true;
+        ShowNotice();
         name_->setFocus();
         return;
     }

@@ -66,6 +66,7 @@ class CContactEditDlg : public SkinDialog {
     void ShowLoaded(ContactReply&& reply);
     // A field's text has changed.
     void Follow(const QWidget* field, const QString& text);
+    // What the state says from now on; an empty text is 就绪.
     void Notice(int state, std::u8string_view text);
     void ShowNotice();
     void Save();
@@ -79,9 +80,10 @@ class CContactEditDlg : public SkinDialog {
     ContactRecord record_;  // update mode: as it was loaded
     std::optional<ContactForm> unsaved_;
     std::optional<ContactForm> resumed_;  // update mode: until the contact is loaded
-    // What notice_ says while no field has characters that cannot be saved.
+    // What the state says while no field has characters that cannot be saved.
     int noticeState_ = 0;
     QString noticeText_;
+    bool refused_ = false;                     // a save was refused for want of a name
     std::set<const QWidget*> lossy_;           // fields with characters that cannot be saved
     std::map<const QWidget*, ShownText> set_;  // what SetForm put into the fields
 
@@ -96,7 +98,6 @@ class CContactEditDlg : public SkinDialog {
     SkinTextEdit* note_ = nullptr;
     CSkinCheck* favourite_ = nullptr;
     CSkinStateLabel* state_ = nullptr;
-    CSkinStateLabel* notice_ = nullptr;  // beside the state; hidden while there is nothing to say
     CSkinButton* save_ = nullptr;
 };
 

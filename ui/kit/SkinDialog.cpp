@@ -133,6 +133,7 @@ CSkinStateLabel* SkinDialog::AddState(const QString& text) {
     Footer();
     auto* label = new CSkinStateLabel(text, footer_);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    footerLayout_->setStretch(footerLeft_, 0);  // all the room that is left is the label's
     footerLayout_->insertWidget(footerLeft_++, label, 1);
     return label;
 }

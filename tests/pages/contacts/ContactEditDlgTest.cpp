@@ -37,15 +37,6 @@ class ContactEditor : public AgentDialogTest<CContactEditDlg> {
     QComboBox* Combo(int number) { return FindControl<QComboBox>(dialog_, number); }
     QAbstractButton* Button(int number) { return FindControl<QAbstractButton>(dialog_, number); }
     QString State() { return FindControl<QLabel>(dialog_, 1109)->text(); }
-    // What the dialog says beside its state.
-    QString Notice() {
-        for (const auto* label : dialog_->findChildren<CSkinStateLabel*>()) {
-            if (label != FindControl(dialog_, 1109) && label->isVisible()) {
-                return label->text();
-            }
-        }
-        return {};
-    }
     // The number of the control that has the focus.
     QString Focused() { return dialog_->focusWidget()->objectName(); }
 };
@@ -201,7 +192,6 @@ TEST_F(ContactEditor, LoadShowsEveryField) {
     EXPECT_EQ(Edit(1243)->text(), ToQString(u8"常州市"));
     EXPECT_EQ(Edit(1244)->text(), ToQString(u8"测绘研究院"));
     EXPECT_EQ(Area(1381)->toPlainText(), ToQString(u8"十月生日"));
-    EXPECT_EQ(Notice(), QString());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
     for (const int number : {1152, 1150, 1236, 1242, 1243, 1244}) {
         EXPECT_EQ(Edit(number)->cursorPosition(), 0) << number;  // a long text shows its start
@@ -329,7 +319,6 @@ TEST_F(ContactEditor, NoDataLeavesTheFieldsEmptyWithoutAMessage) {
     EXPECT_EQ(Edit(1149)->text(), QString());
     EXPECT_TRUE(host_.statuses.isEmpty());
     EXPECT_EQ(State(), ToQString(u8"就绪"));
-    EXPECT_EQ(Notice(), QString());
     // A save then sends new rows to the contact.
     Edit(1149)->setText(QStringLiteral("A"));
     Button(1020)->click();
@@ -348,9 +337,8 @@ TEST_F(ContactEditor, ConnectFailureAtTheLoadIsToldAndLeavesTheFieldsEmpty) {
     EXPECT_EQ(host_.statuses, QStringList{kConnectError});
     EXPECT_EQ(Edit(1149)->text(), QString());
     EXPECT_TRUE(dialog_->isVisible());
-    EXPECT_EQ(State(), ToQString(u8"就绪"));
     // Whoever saves now is told what that may do.
-    EXPECT_EQ(Notice(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
+    EXPECT_EQ(State(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
 }
 
 TEST_F(ContactEditor, ALoadThatWorksTakesAnOldConnectFailureBack) {
@@ -366,14 +354,14 @@ TEST_F(ContactEditor, ContactThatIsCutIsShownAsFarAsItCameWithAWarning) {
     OpenToUpdate(agent_.Port());
     ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
-    EXPECT_FALSE(Notice().isEmpty());
+    EXPECT_EQ(State(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
 TEST_F(ContactEditor, CharactersThatTheCodePageLacksAreWarnedOf) {
     OpenLoaded(ContactPayload(7, "A\xF0\x9F\x8E\x88"));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A?"));
-    EXPECT_EQ(Notice(), ToQString(u8"有些字符显示成“?”，改动那一栏后手机上也是“?”"));
+    EXPECT_EQ(State(), ToQString(u8"有些字符显示成“?”，改动那一栏后手机上也是“?”"));
 }
 
 TEST_F(ContactEditor, ConnectFailureAtTheSaveIsToldAndEndsWithOk) {
@@ -466,7 +454,7 @@ TEST_F(ContactEditor, ChangeThatIsResumedStandsOverWhatIsLoaded) {
     EXPECT_EQ(host_.status, kReady);  // it stands before the user
     ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
-    EXPECT_EQ(Notice(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
+    EXPECT_EQ(State(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
     Button(1020)->click();
     EXPECT_TRUE(Ended(QDialog::Accepted));
     EXPECT_EQ(agent_.Requests(AgentCommand::updateContact),
@@ -480,7 +468,7 @@ TEST_F(ContactEditor, ChangeThatThePhoneHasByNowIsNotResumed) {
     dialog_->Resume(FormOf(ParseContact(ContactPayload(7, "A").Buffer()).value()));
     ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
-    EXPECT_EQ(Notice(), QString());
+    EXPECT_EQ(State(), ToQString(u8"就绪"));
 }
 
 TEST_F(ContactEditor, ChangeThatIsResumedStandsWhereTheContactCannotBeLoaded) {
@@ -490,7 +478,7 @@ TEST_F(ContactEditor, ChangeThatIsResumedStandsWhereTheContactCannotBeLoaded) {
     dialog_->Resume(changed);
     ASSERT_TRUE(WaitFor([&] { return Button(1020)->isEnabled(); }));
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
-    EXPECT_EQ(Notice(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
+    EXPECT_EQ(State(), ToQString(u8"没有读全原有的资料，保存可能会覆盖它们"));
 }
 
 TEST_F(ContactEditor, ChangeThatIsResumedOutlivesAnEndDuringTheLoad) {
@@ -518,17 +506,16 @@ TEST_F(ContactEditor, ChangeThatIsResumedOutlivesAnEndDuringTheLoad) {
 
 TEST_F(ContactEditor, CharactersThatCannotBeSavedAreWarnedOfWhileTheyStand) {
     OpenLoaded(ContactPayload(7, "A\xFF"));
-    const QString loaded = Notice();
+    const QString loaded = State();
     const QString typed = ToQString(u8"有些字符无法保存，会变成“?”");
     const QString balloon = QStringLiteral("\U0001F388");
     Edit(1243)->setText(balloon);
-    EXPECT_EQ(Notice(), typed);
+    EXPECT_EQ(State(), typed);
     Area(1381)->setPlainText(balloon);
     Edit(1243)->setText(QStringLiteral("a"));
-    EXPECT_EQ(Notice(), typed);
+    EXPECT_EQ(State(), typed);
     Area(1381)->clear();
-    EXPECT_EQ(Notice(), loaded);
-    EXPECT_EQ(State(), ToQString(u8"就绪"));
+    EXPECT_EQ(State(), loaded);
 }
 
 TEST_F(ContactEditor, FormThatIsResumedIsShownWithAWord) {
@@ -539,8 +526,34 @@ TEST_F(ContactEditor, FormThatIsResumedIsShownWithAWord) {
     dialog_->Resume(form);
     EXPECT_EQ(Edit(1149)->text(), QStringLiteral("A"));
     EXPECT_EQ(Combo(1235)->currentIndex(), 9);
-    EXPECT_EQ(State(), ToQString(u8"就绪"));
-    EXPECT_EQ(Notice(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
+    EXPECT_EQ(State(), ToQString(u8"上次填写的联系人没有得到手机的确认"));
+}
+
+TEST_F(ContactEditor, WhateverItsStateSaysStandsInOnePlaceAndMovesNothing) {
+    OpenToAdd();
+    const auto* const footer = Button(1020)->parentWidget();
+    const auto places = [&] {
+        QList<QRect> all;
+        for (const auto* widget : footer->findChildren<QWidget*>()) {
+            all.append(widget->geometry());
+        }
+        return all;
+    };
+    DrainWindow();
+    EXPECT_EQ(footer->findChildren<QLabel*>().size(), 1);
+    const QList<QRect> before = places();
+    Edit(1243)->setText(QStringLiteral("\U0001F388"));
+    DrainWindow();
+    EXPECT_EQ(State(), ToQString(u8"有些字符无法保存，会变成“?”"));
+    EXPECT_EQ(places(), before);
+    Button(1020)->click();
+    EXPECT_EQ(State(), ToQString(u8"错误: 联系人姓名不能为空"));
+    EXPECT_EQ(places(), before);
+    // The longest of all has room.
+    const QString longest = ToQString(u8"没有读全原有的资料，保存可能会覆盖它们");
+    auto* state = FindControl<QLabel>(dialog_, 1109);
+    state->setText(longest);
+    EXPECT_GE(state->width(), state->sizeHint().width());
 }
 
 TEST_F(ContactEditor, SaveOnceStartedCannotBePressedAgain) {
