@@ -174,7 +174,8 @@ void CContactEditDlg::BuildControls() {
     name_->setFocus();
 
     SetInnerSize({Metric::editorWidth, Metric::editorHeight});
-    SetForm({});
+    Begin({});
+    AskBeforeEscape([this] { return WouldLose(); });
 }
 
 template <typename Field>
@@ -240,6 +241,15 @@ void CContactEditDlg::SetForm(const ContactForm& form) {
     show(address_, form.address);
 }
 
+void CContactEditDlg::Begin(const ContactForm& form) {
+    SetForm(form);
+    begun_ = Form();
+}
+
+bool CContactEditDlg::WouldLose() const {
+    return Form() != begun_;
+}
+
 void CContactEditDlg::SetBusy(bool busy) {
     Body()->setEnabled(!busy);
     favourite_->setEnabled(!busy);
@@ -263,7 +273,7 @@ void CContactEditDlg::ShowLoaded(ContactReply&& reply) {
     ShowLoadOutcome(host_, reply.outcome);
     if (reply.record) {
         record_ = *std::move(reply.record);
-        SetForm(FormOf(record_));
+        Begin(FormOf(record_));
     }
     if (resumed_ && *resumed_ != FormOf(record_)) {
         SetForm(*resumed_);

@@ -64,11 +64,14 @@ class CContactEditDlg : public SkinDialog {
     [[nodiscard]] std::string TextOf(const QWidget* field, const QString& now) const;
     void Load();
     void ShowLoaded(ContactReply&& reply);
+    // Shows what the user begins with.
+    void Begin(const ContactForm& form);
     // A field's text has changed.
     void Follow(const QWidget* field, const QString& text);
     // What the state says from now on; an empty text is 就绪.
     void Notice(int state, std::u8string_view text);
     void ShowNotice();
+    [[nodiscard]] bool WouldLose() const;
     void Save();
     void Send(Bytes request);
     void SetBusy(bool busy);
@@ -78,6 +81,7 @@ class CContactEditDlg : public SkinDialog {
     std::uint32_t contactId_ = 0;
     AgentAddress agent_;
     ContactRecord record_;  // update mode: as it was loaded
+    ContactForm begun_;     // as the fields stood before the user changed them
     std::optional<ContactForm> unsaved_;
     std::optional<ContactForm> resumed_;  // update mode: until the contact is loaded
     // What the state says while no field has characters that cannot be saved.

@@ -8,6 +8,7 @@
 #include "pages/contacts/ContactEditDlg.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/support/AgentDialogTest.h"
+#include "tests/support/DialogDriver.h"
 #include "tests/support/LoopbackAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -554,6 +555,38 @@ TEST_F(ContactEditor, WhateverItsStateSaysStandsInOnePlaceAndMovesNothing) {
     auto* state = FindControl<QLabel>(dialog_, 1109);
     state->setText(longest);
     EXPECT_GE(state->width(), state->sizeHint().width());
+}
+
+TEST_F(ContactEditor, EscapeAsksBeforeWhatWasTypedIsLost) {
+    OpenToAdd();
+    QTest::keyClicks(Edit(1152), QStringLiteral("n"));
+    QTest::keyClick(Edit(1152), Qt::Key_Escape);
+    ASSERT_NE(OpenDialog(0), nullptr);
+    PressIn(0, 2);
+    EXPECT_EQ(Edit(1152)->text(), QStringLiteral("n"));
+    EXPECT_TRUE(dialog_->isVisible());
+    QTest::keyClick(Edit(1152), Qt::Key_Escape);
+    PressIn(0, 1);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+}
+
+TEST_F(ContactEditor, EscapeAsksNothingWhileTheContactStandsAsItWasLoaded) {
+    OpenLoaded(WholeContactPayload());
+    Edit(1152)->setText(QStringLiteral("n"));
+    Edit(1152)->setText(ToQString(u8"阿舟"));  // as it was
+    QTest::keyClick(Edit(1152), Qt::Key_Escape);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+}
+
+TEST_F(ContactEditor, EscapeAsksBeforeAFormThatWasResumedIsLost) {
+    OpenToAdd();
+    ContactForm form;
+    form.name = "A";
+    dialog_->Resume(form);
+    QTest::keyClick(Edit(1152), Qt::Key_Escape);
+    EXPECT_NE(OpenDialog(0), nullptr);
+    PressIn(0, 1);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
 }
 
 TEST_F(ContactEditor, SaveOnceStartedCannotBePressedAgain) {
