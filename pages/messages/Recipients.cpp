@@ -43,18 +43,51 @@ std::string_view Compared(std::string_view number) {
                : number;
 }
 
+// The name of the first member of this number, or null.
+const std::string* FindName(std::string_view number, const GroupMembers& members) {
+    for (const auto& [group, people] : members) {
+        for (const auto& [name, numberOfName] : people) {
+            if (Compared(numberOfName) == Compared(number)) {
+                return &name;
+            }
+        }
+    }
+    return nullptr;
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 std::string NodeText(std::string_view caption, std::string_view inBrackets) {
     std::string text(caption);
     return text.append(" [").append(inBrackets).append("]");
 }
 
-std::string NumberOfPart(std::string_view part) {
+// A name as it stands in its entry, without the quotes and blanks around it.
+std::string_view WithoutQuotes(std::string_view name) {
+    name = Trim(name);
+    if (name.starts_with('"')) {
+        name.remove_prefix(1);
+    }
+    if (name.ends_with('"')) {
+        name.remove_suffix(1);
+    }
+    return Trim(name);
+}
+
+Recipient ReadPart(std::string_view part) {
+    Recipient recipient;
     const std::size_t open = part.find('<');
     if (open == std::string_view::npos) {
-        return std::string(part);
+        recipient.number = part;
+    } else {
+        recipient.name = WithoutQuotes(part.substr(0, open));
+        const std::string_view behind = part.substr(open + 1);
+        recipient.number = behind.substr(0, behind.find('>'));
     }
-    part.remove_prefix(open + 1);
-    return std::string(part.substr(0, part.find('>')));
+    recipient.isNumber = IsPhoneNumber(recipient.number);
+    return recipient;
 }
 
 }  // namespace
@@ -64,13 +97,33 @@ std::string RecipientEntry(std::string_view name, std::string_view number) {
     return entry.append(name).append("\" <").append(number).append(">;");
 }
 
-std::vector<std::string> RecipientNumbers(std::string_view field) {
-    std::vector<std::string> numbers;
+bool IsPhoneNumber(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    const auto digits = static_cast<std::size_t>(std::ranges::count_if(text, IsDigit));
+    return digits >= kLeastDigits && digits <= kMostDigits &&
+           text.find_first_not_of("0123456789 -.()") == std::string_view::npos;
+}
+
+RecipientList ReadRecipients(std::string_view field) {
+    RecipientList list;
     for (const std::string_view part : SplitAt(field, kSeparator)) {
         if (part.empty()) {
+            list.cut = field.substr(static_cast<std::size_t>(part.data() - field.data()))
+                           .find_first_not_of("; ") != std::string_view::npos;
             break;
         }
-        numbers.push_back(NumberOfPart(part));
+        list.recipients.push_back(ReadPart(part));
+    }
+    return list;
+}
+
+std::vector<std::string> RecipientNumbers(std::string_view field) {
+    std::vector<std::string> numbers;
+    for (Recipient& recipient : ReadRecipients(field).recipients) {
+        numbers.push_back(std::move(recipient.number));
     }
     return numbers;
 }
@@ -103,14 +156,13 @@ std::optional<std::string> ResolveRecipient(std::string_view typed, const GroupM
     if (typed.empty() || typed.find(kSeparator) != std::string_view::npos) {
         return std::nullopt;
     }
-    for (const auto& [group, people] : members) {
-        for (const auto& [name, number] : people) {
-            if (Compared(number) == Compared(typed)) {
-                return RecipientEntry(name, typed);
-            }
-        }
-    }
-    return std::nullopt;
+    const std::string* name = FindName(typed, members);
+    return name == nullptr ? std::nullopt : std::optional(RecipientEntry(*name, typed));
+}
+
+std::string_view NameOfNumber(std::string_view number, const GroupMembers& members) {
+    const std::string* name = FindName(number, members);
+    return name == nullptr ? std::string_view() : *name;
 }
 
 std::vector<RecipientGroup> RecipientTree(const GroupNames& names, const GroupMembers& members) {

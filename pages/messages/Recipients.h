@@ -19,9 +19,38 @@ inline constexpr std::size_t kComparedNumberCharacters = 11;
 // One entry of the field. All texts are ANSI.
 [[nodiscard]] std::string RecipientEntry(std::string_view name, std::string_view number);
 
-// The numbers of the field in their order, up to the first empty part: of an entry what stands
-// between its first "<" and the ">" behind it (or its end, where there is none), else the whole.
+// One of those to whom a message goes. All texts are ANSI.
+struct Recipient {
+    std::string name;       // as the entry has it, without the blanks around it; empty without one
+    std::string number;     // as it is sent to
+    bool isNumber = false;  // whether a phone can call that
+};
+
+// Whether a message can be sent to the text: kLeastDigits to kMostDigits digits, with a "+" before
+// them or not, and blanks, hyphens, dots and round brackets anywhere among them.
+inline constexpr std::size_t kLeastDigits = 3;
+inline constexpr std::size_t kMostDigits = 20;  // the most that an address of GSM 03.40 holds
+[[nodiscard]] bool IsPhoneNumber(std::string_view text);
+
+// To whom the field sends.
+struct RecipientList {
+    std::vector<Recipient> recipients;
+    bool cut = false;  // an empty part ended the reading, and something stands behind it
+};
+
+// The field, split at its semicolons and read part by part in their order, up to the first empty
+// one. The number of an entry is what stands between its first "<" and the ">" behind it (or its
+// end, where there is none), that of another part the whole. So a name that holds one of these
+// marks is cut into parts of which some are no number: kept on purpose, who looks at the list of
+// recipients sees them (test ReadRecipients.ANameWithAMarkInItGivesPartsThatAreNoNumber).
+[[nodiscard]] RecipientList ReadRecipients(std::string_view field);
+
+// The same, the numbers alone.
 [[nodiscard]] std::vector<std::string> RecipientNumbers(std::string_view field);
+
+// The name of the first member, group by group in the order of the tree, who has this number; empty
+// when there is none.
+[[nodiscard]] std::string_view NameOfNumber(std::string_view number, const GroupMembers& members);
 
 // The field as a user types and pastes it, with the separators of lists elsewhere (line breaks,
 // tabs, commas, full-width marks) turned into the field's own. Where one of them stands, the blanks

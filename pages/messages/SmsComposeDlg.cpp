@@ -7,10 +7,12 @@
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
 #include "pages/messages/OutgoingMessage.h"
+#include "pages/messages/RecipientLine.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/QuestionDlg.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinTree.h"
@@ -62,10 +64,14 @@ CSmsComposeDlg::CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidg
     connect(view_, &CHtmlCtrlBase::documentLoaded, this,
             [this] { PostToWindow(this, [this] { OnMessage(Message::documentLoaded, 0); }); });
     connect(recipients_, &QLineEdit::textEdited, this, &CSmsComposeDlg::TidyTyped);
-    connect(recipients_, &QLineEdit::textChanged, this, [this] { ResolveRecipient(); });
+    connect(recipients_, &QLineEdit::textChanged, this, [this] {
+        ResolveRecipient();
+        ShowRecipients();
+    });
     connect(text_, &QPlainTextEdit::textChanged, this, &CSmsComposeDlg::ShowLength);
     connect(tree_, &CSkinTree::ticksChanged, this, &CSmsComposeDlg::TakeTicked);
     connect(send_, &QAbstractButton::clicked, this, &CSmsComposeDlg::Send);
+    AskBeforeEscape([this] { return WouldLose(); });
     ShowLength();
     view_->LoadFromResource(kConversationTemplate);
 }
@@ -110,8 +116,13 @@ void CSmsComposeDlg::BuildControls() {
     grid->setVerticalSpacing(Metric::formGap);
     grid->addWidget(tree_, 0, 0, 3, 1);
     grid->addWidget(frame_, 0, 1, 1, 2);
-    grid->addWidget(new FormCaption(recipients, Body()), 1, 1);
-    grid->addWidget(recipients_, 1, 2);
+    line_ = new RecipientLine(Body());
+    auto* toWhom = new QVBoxLayout;
+    toWhom->setSpacing(Metric::recipientGap);
+    toWhom->addWidget(recipients_);
+    toWhom->addWidget(line_);
+    grid->addWidget(new FormCaption(recipients, Body()), 1, 1, Qt::AlignTop);
+    grid->addLayout(toWhom, 1, 2);
     grid->addLayout(captions, 2, 1);
     grid->addWidget(text_, 2, 2, Qt::AlignTop);
     grid->setRowStretch(0, 1);
@@ -196,11 +207,13 @@ void CSmsComposeDlg::ShowTree(GroupTree&& tree) {
         first->setExpanded(true);
     }
     ResolveRecipient();
+    ShowRecipients();
 }
 
 // ---- recipients --------------------------------------------------------------------------------
 
 void CSmsComposeDlg::TidyTyped(const QString& text) {
+    picked_ = true;
     const std::string typed = FromQString(text);
     const std::string tidy = WithOwnSeparators(typed);
     if (tidy != typed) {
@@ -223,9 +236,18 @@ void CSmsComposeDlg::ResolveRecipient() {
     }
 }
 
+RecipientList CSmsComposeDlg::ToWhom() const {
+    return ReadRecipients(FromQString(recipients_->text()));
+}
+
+void CSmsComposeDlg::ShowRecipients() {
+    line_->Show(ToWhom(), members_);
+}
+
 // What was typed by hand is lost. Kept on purpose: the ticks are the whole list of recipients (test
 // Composer.TicksRebuildTheRecipientsFromNothing).
 void CSmsComposeDlg::TakeTicked() {
+    picked_ = true;
     std::string entries;
     for (int i = 0; i < tree_->topLevelItemCount(); ++i) {
         const QTreeWidgetItem* group = tree_->topLevelItem(i);
@@ -251,7 +273,12 @@ void CSmsComposeDlg::ShowLength() {
                      FitsCodePage(typed) ? QString() : ToQString(u8"有些字符无法发送，会变成“?”"));
 }
 
+bool CSmsComposeDlg::WouldLose() const {
+    return !text_->document()->isEmpty() || (picked_ && !recipients_->text().isEmpty());
+}
+
 void CSmsComposeDlg::Resume(const UnsentMessage& message) {
+    picked_ = true;
     recipients_->setText(message.recipients);
     text_->SetText(message.text);
     text_->moveCursor(QTextCursor::End);
@@ -260,11 +287,22 @@ void CSmsComposeDlg::Resume(const UnsentMessage& message) {
 }
 
 void CSmsComposeDlg::Send() {
-    const std::string text = FromQString(text_->toPlainText());
-    const std::vector<std::string> numbers = RecipientNumbers(FromQString(recipients_->text()));
-    if (text.empty() || numbers.empty()) {
+    const RecipientList list = ToWhom();
+    if (text_->document()->isEmpty() || list.recipients.empty()) {
         return;
     }
+    const QString question = FaultQuestion(list);
+    if (question.isEmpty()) {
+        SendNow();
+        return;
+    }
+    AskForConsent(this, question, ToQString(u8"仍然发送"), ToQString(u8"返回修改"),
+                  ButtonKind::plain, [this] { SendNow(); });
+}
+
+void CSmsComposeDlg::SendNow() {
+    const std::string text = FromQString(text_->toPlainText());
+    const std::vector<std::string> numbers = RecipientNumbers(FromQString(recipients_->text()));
     // The message cannot be called back from here on, so the dialog ends with Accepted even if the
     // user closes it now.
     EndWithOk();

@@ -18,6 +18,7 @@ class CSkinEdit;
 class SkinTextEdit;
 class CSkinTree;
 class HtmlFrame;
+class RecipientLine;
 
 // What was to be sent, as it stood in the two fields.
 struct UnsentMessage {
@@ -53,8 +54,13 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     void TidyTyped(const QString& text);
     void ResolveRecipient();
     void TakeTicked();
+    void ShowRecipients();
     void ShowLength();
+    [[nodiscard]] RecipientList ToWhom() const;
+    [[nodiscard]] bool WouldLose() const;
+    // Asks first where the message would go to what is no number.
     void Send();
+    void SendNow();
 
     PageHost& host_;
     std::uint32_t conversation_;
@@ -64,6 +70,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     HtmlFrame* frame_ = nullptr;
     CSkinTree* tree_ = nullptr;
     CSkinEdit* recipients_ = nullptr;
+    RecipientLine* line_ = nullptr;  // below them
     SkinTextEdit* text_ = nullptr;
     QLabel* length_ = nullptr;
     CSkinButton* send_ = nullptr;
@@ -71,6 +78,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     CSkinStateLabel* state_ = nullptr;
     std::optional<UnsentMessage> unsent_;
     bool resolving_ = false;
+    bool picked_ = false;  // the recipients are the user's, and not the party of the conversation
 };
 
 }  // namespace quorvi

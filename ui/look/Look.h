@@ -410,6 +410,13 @@ struct Metric {
     static constexpr int composerHeight = 540;
     static constexpr int composerTree = 216;
     static constexpr int composerText = 72;
+    static constexpr int recipientGap = 6;  // between a field and what is said of it
+    static constexpr int chipHeight = 22;
+    static constexpr int chipPadding = 8;
+    static constexpr int chipIcon = 14;
+    static constexpr int chipIconInset = 5;
+    static constexpr int chipGap = 6;
+    static constexpr int chipLineGap = 4;
     // announced feature, balloon inside the window, picture of the welcome tab
     static constexpr int placeholderWidth = 320;
     static constexpr int placeholderHeight = 220;

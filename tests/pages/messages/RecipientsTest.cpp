@@ -50,6 +50,63 @@ TEST(RecipientNumbers, AQuoteInANameIsNoDifference) {
     EXPECT_EQ(RecipientNumbers("\"Lin \"Boss\"\" <138>;"), Numbers{"138"});
 }
 
+std::vector<bool> AreNumbers(std::string_view field) {
+    std::vector<bool> are;
+    for (const Recipient& recipient : ReadRecipients(field).recipients) {
+        are.push_back(recipient.isNumber);
+    }
+    return are;
+}
+
+TEST(ReadRecipients, GivesTheNamesOfEntries) {
+    const RecipientList list = ReadRecipients("\"Lin \" <138>;10086;Gu <135>");
+    ASSERT_EQ(list.recipients.size(), 3u);
+    EXPECT_EQ(list.recipients[0].name, "Lin");
+    EXPECT_EQ(list.recipients[1].name, "");
+    EXPECT_EQ(list.recipients[2].name, "Gu");
+    EXPECT_FALSE(list.cut);
+}
+
+TEST(ReadRecipients, ANameWithAMarkInItGivesPartsThatAreNoNumber) {
+    EXPECT_EQ(AreNumbers("\"Lin; work\" <138>;"), (std::vector{false, true}));
+    EXPECT_EQ(AreNumbers("\"L<in\" <138>;"), (std::vector{false}));
+    EXPECT_EQ(AreNumbers("\"Lin\" <>;"), (std::vector{false}));
+}
+
+TEST(ReadRecipients, WhatAnEmptyPartHidesIsToldOf) {
+    EXPECT_TRUE(ReadRecipients("138;;139").cut);
+    EXPECT_TRUE(ReadRecipients(";139").cut);
+    EXPECT_FALSE(ReadRecipients("138;").cut);
+    EXPECT_FALSE(ReadRecipients("138;; ;").cut);
+    EXPECT_FALSE(ReadRecipients("").cut);
+}
+
+TEST(IsPhoneNumber, TakesNumbersAsPeopleWriteThem) {
+    for (const char* number : {"110", "13861234567", "+8613861234567", " 139", "0519-8812 3456",
+                               "(0519)88123456", "106.5512 345 678"}) {
+        EXPECT_TRUE(IsPhoneNumber(number)) << number;
+    }
+}
+
+TEST(IsPhoneNumber, TakesNothingElse) {
+    for (const char* text : {"", " ", "Lin", "12", "138a", "1+38", "+", "10086#", "--- ---",
+                             "138612345671595123045"}) {  // two numbers run together
+        EXPECT_FALSE(IsPhoneNumber(text)) << text;
+    }
+    EXPECT_FALSE(IsPhoneNumber(Ansi(u8"１３８６１２３４５６７")));
+}
+
+TEST(IsPhoneNumber, ADigitWithinACharactersBytesIsNone) {
+    SetCodePage(CodePage::gb18030);
+    EXPECT_FALSE(IsPhoneNumber(Ansi(u8"€𠀀𠀁")));  // four bytes each, two of them digits
+    SetCodePage(CodePage::gbk);
+}
+
+TEST(NameOfNumber, IsThatOfTheFirstMember) {
+    EXPECT_EQ(NameOfNumber("13861234567", kMembers), "Lin");
+    EXPECT_EQ(NameOfNumber("86", kMembers), "");
+}
+
 TEST(WithOwnSeparators, ListsFromElsewhereComeToBeSplitAtSemicolons) {
     EXPECT_EQ(WithOwnSeparators("138\n139\r\n140\t141,142"), "138;139;140;141;142");
     EXPECT_EQ(WithOwnSeparators(Ansi(u8"138；139，140、141")), "138;139;140;141");

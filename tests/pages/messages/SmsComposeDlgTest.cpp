@@ -3,8 +3,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 #include "base/Text.h"
+#include "pages/messages/RecipientLine.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/support/AgentDialogTest.h"
@@ -58,6 +60,23 @@ class Composer : public AgentDialogTest<CSmsComposeDlg> {
     QString State() { return dialog_->findChild<CSkinStateLabel*>()->text(); }
     QString Length() {
         return dialog_->findChild<QLabel*>(QStringLiteral("messageLength"))->text();
+    }
+    // Whether the view shows the end of a document that is longer than itself.
+    bool AtTheEnd() {
+        return AskHtml(View(), QStringLiteral("scrollY > 0 && scrollY + innerHeight >= "
+                                              "document.documentElement.scrollHeight - 1"))
+            .toBool();
+    }
+    RecipientLine& Line() { return *dialog_->findChild<RecipientLine*>(); }
+    // What the line below the recipients says: its sentence, and its chips.
+    QStringList Said() {
+        QStringList said;
+        for (const auto* label : Line().findChildren<QLabel*>()) {
+            if (label->isVisible() && !label->text().isEmpty()) {
+                said.append(label->text());
+            }
+        }
+        return said;
     }
     // Flips a node's tick with the mouse.
     void Tick(QTreeWidgetItem* node) {
@@ -119,9 +138,24 @@ TEST_F(Composer, AConversationIsReadFirstAndScrolledToItsEnd) {
     EXPECT_EQ(requests[0], Join({Word(870202), Word(7)}));
     ASSERT_TRUE(WaitFor(
         [&] { return InnerHtml(View(), QStringLiteral("conversation_list")).contains(u"last"); }));
-    EXPECT_TRUE(AskHtml(View(), QStringLiteral("scrollY > 0 && scrollY + innerHeight >= "
-                                               "document.documentElement.scrollHeight - 1"))
-                    .toBool());
+    EXPECT_TRUE(WaitFor([&] { return AtTheEnd(); }));
+}
+
+TEST_F(Composer, AConversationAtItsEndStaysThereWhenTheRecipientsTakeMoreRoom) {
+    std::vector<ListedMessage> messages(50);
+    agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload(messages).Get());
+    OpenLoaded(7);
+    ASSERT_TRUE(WaitFor([&] { return AtTheEnd(); }));
+    const int before = View().height();
+    QString many;
+    for (int i = 0; i < 20; ++i) {
+        many += QStringLiteral("139000000%1;").arg(i, 2, 10, QLatin1Char('0'));
+    }
+    Recipients().setText(many);
+    ASSERT_TRUE(WaitFor([&] { return View().height() < before; }));
+    ASSERT_TRUE(WaitFor(
+        [&] { return AskHtml(View(), QStringLiteral("innerHeight")).toInt() == View().height(); }));
+    EXPECT_TRUE(WaitFor([&] { return AtTheEnd(); }));
 }
 
 TEST_F(Composer, ALongConversationStandsAtItsEndAndIsThereToItsBeginning) {
@@ -341,6 +375,100 @@ TEST_F(Composer, AnEmptyTextOrNobodyToSendToDoesNothing) {
     EXPECT_TRUE(Sent().empty());
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(Composer, ShowsToWhomItGoesNumberByNumber) {
+    OpenLoaded();
+    EXPECT_FALSE(Line().isVisible());
+    Recipients().setText(ToQString(u8"\"老林\" <13861234567>;15951230456;114;"));
+    EXPECT_TRUE(Line().isVisible());
+    EXPECT_EQ(Said(), (QStringList{ToQString(u8"将发给 3 个号码"),
+                                   ToQString(u8"老林 13861234567，叶知秋 15951230456，114")}));
+    Recipients().clear();
+    EXPECT_FALSE(Line().isVisible());
+}
+
+TEST_F(Composer, ShowsWhatIsNoNumberOnItsOwn) {
+    OpenLoaded();
+    Recipients().setText(ToQString(u8"10086;周末一起去;"));
+    EXPECT_EQ(Said(), (QStringList{ToQString(u8"将发给 1 个号码，"), ToQString(u8"1 处不是号码"),
+                                   ToQString(u8"10086，周末一起去（不是号码）")}));
+    Recipients().setText(QStringLiteral("10086;;10010"));
+    EXPECT_EQ(Said(),
+              (QStringList{ToQString(u8"将发给 1 个号码，"),
+                           ToQString(u8"空着的一处后面的不会发送"), QStringLiteral("10086")}));
+}
+
+TEST_F(Composer, CountsThoseForWhomThereIsNoRoomWhatIsNoNumberFirst) {
+    OpenLoaded();
+    QString field;
+    for (int i = 0; i < 99; ++i) {
+        field += QStringLiteral("139000000%1;").arg(i, 2, 10, QLatin1Char('0'));
+    }
+    Recipients().setText(field + QStringLiteral("nobody;"));
+    ASSERT_EQ(Said().size(), 3);
+    EXPECT_TRUE(Said()[2].startsWith(ToQString(u8"nobody（不是号码），13900000000，")));
+    EXPECT_TRUE(Said()[2].endsWith(ToQString(u8"，等 100 个")));
+    const auto* chips = dialog_->findChild<RecipientChips*>();
+    EXPECT_EQ(chips->height(), 2 * look::Metric::chipHeight + look::Metric::chipLineGap);
+}
+
+TEST_F(Composer, ANameWithASemicolonIsSeenToBeCutBeforeItIsSent) {
+    agent_.AnswerPayload(AgentCommand::listGroupMembers,
+                         MembersPayload({{5, "Lin; work", "13861234567"}}).Get());
+    OpenLoaded();
+    Tick(Group(0));
+    EXPECT_EQ(Said().at(1), ToQString(u8"1 处不是号码"));
+}
+
+TEST_F(Composer, ASendToWhatIsNoNumberAsksFirst) {
+    OpenLoaded();
+    Fill(u"10086;nobody", u"text");
+    PressIn(kComposer, 1030);
+    ASSERT_NE(OpenDialog(0), nullptr);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(0), 65535)->text(),
+              ToQString(u8"收件人中的 “nobody” 不是号码，手机发不到那里。仍然要发送吗？"));
+    EXPECT_TRUE(FindControl<QPushButton>(OpenDialog(0), 2)->isDefault());
+    PressIn(0, 2);
+    Settle();
+    EXPECT_TRUE(Sent().empty());
+    EXPECT_TRUE(dialog_->isVisible());
+    PressIn(kComposer, 1030);
+    PressIn(0, 1);
+    EXPECT_TRUE(Ended(QDialog::Accepted));
+    ASSERT_EQ(Sent().size(), 1u);
+    EXPECT_EQ(Sent()[0], Join({Word(870204), Word(39), Word(2), quorvi::Text("10086"),
+                               quorvi::Text("nobody"), quorvi::Text("text")}));
+}
+
+TEST_F(Composer, EscapeAsksBeforeWhatWasTypedIsLost) {
+    OpenLoaded(7);
+    QTest::keyClicks(&Text(), QStringLiteral("t"));
+    QTest::keyClick(&Text(), Qt::Key_Escape);
+    ASSERT_NE(OpenDialog(0), nullptr);
+    PressIn(0, 2);
+    EXPECT_TRUE(dialog_->isVisible());
+    QTest::keyClick(&Text(), Qt::Key_Escape);
+    PressIn(0, 1);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+}
+
+TEST_F(Composer, EscapeAsksBeforeRecipientsThatWerePickedAreLost) {
+    OpenLoaded();
+    Tick(Group(0)->child(0));
+    QTest::keyClick(dialog_, Qt::Key_Escape);
+    ASSERT_NE(OpenDialog(0), nullptr);
+    PressIn(0, 2);
+    Tick(Group(0)->child(0));
+    QTest::keyClick(dialog_, Qt::Key_Escape);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
+}
+
+TEST_F(Composer, EscapeAsksNothingInAConversationThatWasOnlyRead) {
+    OpenLoaded(7);
+    ASSERT_FALSE(Recipients().text().isEmpty());
+    QTest::keyClick(dialog_, Qt::Key_Escape);
+    EXPECT_TRUE(Ended(QDialog::Rejected));
 }
 
 TEST_F(Composer, ASendThatFindsNoPhoneIsToldAndEndsWithOk) {
