@@ -70,6 +70,7 @@ NumberQueryDlg::NumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* pa
     connect(number_, &QLineEdit::textChanged, this, &NumberQueryDlg::CutText);
     connect(query_, &QAbstractButton::clicked, this, &NumberQueryDlg::Query);
     connect(place_, &QAbstractButton::clicked, this, &NumberQueryDlg::SearchPlace);
+    place_->setEnabled(false);  // there is nothing to click on yet
     SetDefault(query_);
 }
 
@@ -127,6 +128,7 @@ void NumberQueryDlg::Show(const NumberAnswer& answer) {
     heading_->setText(ToQString(answer.heading));
     place_->setText(ToQString(answer.place));
     place_->setAccessibleName(place_->text());
+    place_->setEnabled(!place_->text().isEmpty());
     place_->updateGeometry();
     areaCode_->setText(ToQString(answer.areaCode));
     postalCode_->setText(ToQString(answer.postalCode));
