@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "base/Text.h"
-#include "ui/html/HtmlFrame.h"
+#include "tests/support/AtWork.h"
 
 namespace quorvi {
 namespace {
@@ -17,21 +17,6 @@ constexpr std::size_t kRefresh = 0;  // the first command of every list page
 
 // What an end starts begins in one of the turns right behind it.
 constexpr int kQuietTurns = 3;
-
-template <typename View, typename State>
-bool AnyAtWork(const QWidget& top, State state) {
-    const auto views = top.findChildren<View*>();
-    return std::ranges::any_of(
-        views, [&](View* view) { return view->isVisible() && state(*view) == ListState::loading; });
-}
-
-bool AtWork(const QWidget& top) {
-    const auto* dialog = qobject_cast<const SkinDialog*>(&top);
-    return (dialog != nullptr && !dialog->Body()->isEnabled()) ||
-           AnyAtWork<CSkinListCtrl>(top, [](const auto& list) { return list.State(); }) ||
-           AnyAtWork<HtmlFrame>(top, [](const auto& frame) { return frame.State(); }) ||
-           AnyAtWork<CSkinTree>(top, [](auto& tree) { return tree.Status().Get(); });
-}
 
 std::vector<SkinDialog*> OpenDialogs() {
     std::vector<SkinDialog*> dialogs;

@@ -1,0 +1,117 @@
+#include "tests/support/SuiteDialogs.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QTest>
+
+#include "pages/contacts/ContactEditDlg.h"
+#include "pages/contacts/ContactGroupDlg.h"
+#include "pages/contacts/GroupEditDlg.h"
+#include "pages/devices/DeviceManagerDlg.h"
+#include "pages/messages/SmsComposeDlg.h"
+#include "pages/numbers/NumberQueryDlg.h"
+#include "tests/pages/contacts/ContactReplies.h"
+#include "tests/pages/messages/MessageReplies.h"
+#include "tests/support/AtWork.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QuestionDlg.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::uint32_t kContact = 7;
+constexpr std::uint32_t kConversation = 7;
+constexpr std::uint32_t kGroup = 5;
+
+constexpr const char* kAdbScript =
+    "case \"$*\" in\n"
+    "devices) printf 'List of devices attached\\none\\tdevice\\n\\n';;\n"
+    "*) printf '[ro.build.version.sdk]: [10]\\n"
+    "[ro.product.manufacturer]: [HTC]\\n[ro.product.model]: [HTC Desire]\\n';;\n"
+    "esac";
+
+}  // namespace
+
+DialogGround::DialogGround() : adb(kAdbScript) {
+    agent.AnswerPayload(AgentCommand::readContact, WholeContactPayload().Get());
+    agent.AnswerPayload(AgentCommand::readConversation,
+                        MessagesPayload({{}, {.incoming = 0, .text = "收到"}}).Get());
+    agent.AnswerPayload(AgentCommand::listGroupNames,
+                        WireBytes().U32(0).U64(kGroup).Text("朋友").Get());
+    agent.AnswerPayload(
+        AgentCommand::listGroupMembers,
+        MembersPayload({{kGroup, "林远舟", "13861234567"}, {-1, "顾晓棠", "10010"}}).Get());
+    agent.AnswerPayload(AgentCommand::listGroups,
+                        WireBytes().U32(0).U64(kGroup).Text("朋友").Text("phone").U32(1).Get());
+}
+
+void PrintTo(const SuiteDialog& dialog, std::ostream* out) {
+    *out << dialog.name;
+}
+
+std::vector<SuiteDialog> SuiteDialogs() {
+    constexpr const char* kEditor =
+        "1149 1152 1380 1150 1382 1151 1383 1240 1235 1236 1385 1242 1243 1244 1245 1381 "
+        "1224 1020 1021";
+    return {
+        {"AddContact", kEditor,
+         [](DialogGround& g) { return new CContactEditDlg(g.host, &g.window, g.agent.Port()); }},
+        {"UpdateContact", kEditor,
+         [](DialogGround& g) {
+             return new CContactEditDlg(g.host, kContact, &g.window, g.agent.Port());
+         }},
+        {"Groups", "1047 1154 1155 1049 1372 1215",
+         [](DialogGround& g) { return new CContactGroupDlg(g.host, &g.window, g.agent.Port()); }},
+        {"AddGroup", "1257 1215 1021",
+         [](DialogGround& g) { return new CGroupEditDlg(g.host, &g.window, g.agent.Port()); }},
+        {"RenameGroup", "1257 1215 1021",
+         [](DialogGround& g) {
+             return new CGroupEditDlg(g.host, kGroup, "朋友", &g.window, g.agent.Port());
+         }},
+        {"NewMessage", "1338 1359 1337 1271 1030 1021",
+         [](DialogGround& g) {
+             return new CSmsComposeDlg(g.host, kNoConversation, &g.window, g.agent.Port());
+         }},
+        {"Conversation", "1338 1359 1337 1271 1030 1021",
+         [](DialogGround& g) {
+             return new CSmsComposeDlg(g.host, kConversation, &g.window, g.agent.Port());
+         }},
+        {"DeviceManager", "1073 1047 1214 1199 1215 10200",
+         [](DialogGround& g) {
+             return new CDeviceManagerDlg(
+                 g.device, [](const QString&) {}, {}, &g.window, g.adb.Environment());
+         }},
+        {"NumberQuery", "1123 1124 1127",
+         [](DialogGround& g) {
+             auto* dialog = new NumberQueryDlg(
+                 [&g] {
+                     return CPhoneDb(g.scratch.Path(), DatabaseOf({{1391234, 145}}));
+                 },
+                 [](const QString&) {}, &g.window);
+             FindControl<QLineEdit>(dialog, 1123)->setText(QStringLiteral("1391234"));
+             FindControl<QAbstractButton>(dialog, 1124)->click();  // its place is a link
+             return dialog;
+         }},
+        {"ConfirmDelete", "1215 1021",
+         [](DialogGround& g) { return new CConfirmDeleteDlg(QStringLiteral("?"), &g.window); }},
+        {"NothingChecked", "1199 1215",
+         [](DialogGround& g) { return new CNothingCheckedDlg(&g.window); }},
+        {"Consent", "1 2",
+         [](DialogGround& g) {
+             return new ConsentDlg(QStringLiteral("?"), QStringLiteral("放弃"),
+                                   QStringLiteral("返回"), look::ButtonKind::erase, &g.window);
+         }},
+    };
+}
+
+void EachDialog::SetUp() {
+    ground_.window.resize(look::Metric::windowWidth, look::Metric::windowHeight);
+    ground_.window.show();
+    ground_.dialog = GetParam().make(ground_);
+    ground_.dialog->Open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(ground_.dialog, kPatience));
+    ASSERT_TRUE(WaitFor([&] { return !AtWork(*ground_.dialog) && RunningJobs() == 0; }));
+    DrainWindow();
+}
+
+}  // namespace quorvi
