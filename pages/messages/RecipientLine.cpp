@@ -268,9 +268,9 @@ QString FaultQuestion(const RecipientList& list) {
     }
     const QString parts = named.join(ToQString(u8"、"));
     const QString what = faults > kNamedParts
-                             ? ToQString(u8"%1 等 %2 处").arg(parts, QString::number(faults))
+                             ? ToQString(u8"%1等 %2 处").arg(parts, QString::number(faults))
                              : parts;
-    return ToQString(u8"收件人中的 %1 不是号码，手机发不到那里。仍然要发送吗？").arg(what);
+    return ToQString(u8"收件人中的%1不是号码，手机发不到那里。仍然要发送吗？").arg(what);
 }
 
 }  // namespace quorvi

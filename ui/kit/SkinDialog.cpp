@@ -76,7 +76,8 @@ SkinDialog::SkinDialog(int number, const QString& title, QWidget* parent)
     SetTitle(title);
 
     close_->setFixedSize(Metric::dialogCaption, Metric::dialogCaption);
-    close_->setFocusPolicy(Qt::NoFocus);  // on the keyboard Escape does the same
+    close_->setFocusPolicy(Qt::NoFocus);                   // on the keyboard Escape does the same
+    close_->setAccessibleName(ToQString(u8"关闭对话框"));  // a footer may have its own 关闭
     connect(close_, &QAbstractButton::clicked, this, &QDialog::reject);
 
     auto* caption = new QHBoxLayout;
@@ -144,6 +145,7 @@ CSkinStateLabel* SkinDialog::AddState(int number, const QString& text) {
 
 void SkinDialog::AddToFooter(QWidget* widget) {
     Footer()->insertWidget(footerLeft_++, widget);
+    footerLayout_->insertSpacing(footerLeft_++, Metric::gap2);
 }
 
 void SkinDialog::SetDefault(CSkinButton* button) {

@@ -427,7 +427,7 @@ TEST_F(Composer, ASendToWhatIsNoNumberAsksFirst) {
     PressIn(kComposer, 1030);
     ASSERT_NE(OpenDialog(0), nullptr);
     EXPECT_EQ(FindControl<QLabel>(OpenDialog(0), 65535)->text(),
-              ToQString(u8"收件人中的 “nobody” 不是号码，手机发不到那里。仍然要发送吗？"));
+              ToQString(u8"收件人中的“nobody”不是号码，手机发不到那里。仍然要发送吗？"));
     EXPECT_TRUE(FindControl<QPushButton>(OpenDialog(0), 2)->isDefault());
     PressIn(0, 2);
     Settle();

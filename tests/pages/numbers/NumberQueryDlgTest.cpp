@@ -46,6 +46,13 @@ TEST_F(NumberQueryDlgTest, IsDialog433AndHasAskedNothing) {
     EXPECT_TRUE(Find(1138).text().isEmpty());
 }
 
+TEST_F(NumberQueryDlgTest, TheKeyboardComesToThePlaceOnceThereIsOne) {
+    EXPECT_FALSE(Find<QWidget>(1127).isEnabled());
+    Type("1391234");
+    Query();
+    EXPECT_TRUE(Find<QWidget>(1127).isEnabled());
+}
+
 TEST_F(NumberQueryDlgTest, TextIsCutAtElevenCharactersOnEveryChange) {
     Type("1391234567890");
     EXPECT_EQ(Find<QLineEdit>(1123).text(), QStringLiteral("13912345678"));
