@@ -113,12 +113,12 @@ struct Document {
 const Document kConversationsDocument{
     kConversationsTemplate, "sms_ul", "#sms_ul > li", kConversations, [] {
         const auto reply = FetchConversations(AgentSession(agent->Port()), Attribution());
-        return ConversationsFragment(reply.conversations);
+        return ConversationsFragment(reply.conversations).Html();
     }};
 const Document kConversationDocument{
     kConversationTemplate, "conversation_list", "#conversation_list > .entry", kMessages, [] {
         const auto reply = FetchConversation(AgentSession(agent->Port()), kConversationId);
-        return ConversationFragment(reply.messages);
+        return ConversationFragment(reply.messages).Html();
     }};
 
 BlockWatch WatchBlocks(QWebEnginePage& page, const Document& document) {

@@ -19,9 +19,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const auto conversations = quorvi::ParseConversations(
         *reply, [](std::string_view number) { return std::string(number); });
-    const std::string blocks = quorvi::ConversationsFragment(conversations);
+    const std::string blocks = quorvi::ConversationsFragment(conversations).Html();
     const auto messages = quorvi::ParseConversationMessages(*reply);
-    const std::string entries = quorvi::ConversationFragment(messages);
+    const std::string entries = quorvi::ConversationFragment(messages).Html();
     if (blocks.empty() != conversations.empty() || entries.empty() != messages.empty()) {
         std::abort();
     }

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!info) {
         return 0;
     }
-    const std::string list = DashboardList(*info);
+    const std::string list = DashboardList(*info).Html();
     if (SystemInfoTable(*info).front().text != info->model ||
         list.find(info->systemVersion) == std::string::npos) {
         std::abort();

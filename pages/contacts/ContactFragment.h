@@ -1,16 +1,15 @@
 // What the detail view shows of a contact.
 #pragma once
 
-#include <string>
-
+#include "base/HtmlFragment.h"
 #include "pages/contacts/ContactRecord.h"
 
 namespace quorvi {
 
-// Inner HTML of the element "block" of the contact view. ANSI, with the phone's texts unescaped.
+// Inner HTML of the element "block" of the contact view, with the phone's texts unescaped.
 // The block of class "summary" is opened and never closed: kept on purpose, the fragment is fixed
 // byte for byte (test ContactFragment.SummaryBlockIsNeverClosed). The photo is always the
 // fixed picture.
-[[nodiscard]] std::string ContactFragment(const ContactRecord& record);
+[[nodiscard]] HtmlFragment ContactFragment(const ContactRecord& record);
 
 }  // namespace quorvi

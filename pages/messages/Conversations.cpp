@@ -67,22 +67,20 @@ ConversationListReply FetchConversations(const AgentSession& session,
                                               : std::vector<Conversation>()};
 }
 
-std::string ConversationsFragment(std::span<const Conversation> conversations) {
-    const std::string deleteCaption = Ansi(u8"删除");
-    std::string html;
-    html.reserve(kConversationsReserve);
+HtmlFragment ConversationsFragment(std::span<const Conversation> conversations) {
+    HtmlFragment html;
+    html.Reserve(kConversationsReserve);
     for (const Conversation& conversation : conversations) {
         const std::string id = SignedText(conversation.id);
-        html.append("<li><span class=tool><a href='qvh:did=").append(id).append("'>");
-        html.append(deleteCaption);
-        html.append("</a> </span> <span class=sender><a href='qvh:vid=").append(id).append("'>");
-        html.append(conversation.name);
-        html.append("</a></span><span class=location>[").append(conversation.attribution);
-        html.append("]</span><span class='time'>").append(conversation.date);
-        html.append(
-            "</span><p class=text><span><a href='javascript:void(0)'><img src='s_checked.gif'></a> "
-            "</span><a href='qvh:vid=");
-        html.append(id).append("'>").append(conversation.text).append("</a></p></li>");
+        html.Own(u8"<li><span class=tool><a href='qvh:did=").Text(id);
+        html.Own(u8"'>删除</a> </span> <span class=sender><a href='qvh:vid=").Text(id).Own(u8"'>");
+        html.Foreign(conversation.name);
+        html.Own(u8"</a></span><span class=location>[").Text(conversation.attribution);
+        html.Own(u8"]</span><span class='time'>").Text(conversation.date);
+        html.Own(
+            u8"</span><p class=text><span><a href='javascript:void(0)'><img src='s_checked.gif'>"
+            u8"</a> </span><a href='qvh:vid=");
+        html.Text(id).Own(u8"'>").Foreign(conversation.text).Own(u8"</a></p></li>");
     }
     return html;
 }
@@ -136,20 +134,24 @@ ConversationReply FetchConversation(const AgentSession& session, std::uint32_t i
                                               : std::vector<ConversationMessage>()};
 }
 
-std::string ConversationFragment(std::span<const ConversationMessage> messages) {
-    const std::string own = Ansi(u8"本机");
-    const std::string received =
-        Ansi(u8"]</span></li><li><dl class='remote'><dd><span>对您说：</span>");
-    const std::string sent = Ansi(u8"]</span></li><li><dl class='me'><dd><span>我说：</span>");
-    std::string html;
-    html.reserve(kConversationReserve);
+HtmlFragment ConversationFragment(std::span<const ConversationMessage> messages) {
+    HtmlFragment html;
+    html.Reserve(kConversationReserve);
     for (const ConversationMessage& message : messages) {
-        html.append("<div class='entry'><ul class='detail_ul'><li><strong>");
-        html.append(message.incoming ? message.address : own);
-        html.append("</strong><span>[").append(message.date);
-        html.append(message.incoming ? received : sent);
-        html.append(message.text);
-        html.append("<div></div></dd></dl></li></ul><div class='clear'></div></div>");
+        html.Own(u8"<div class='entry'><ul class='detail_ul'><li><strong>");
+        if (message.incoming) {
+            html.Foreign(message.address);
+        } else {
+            html.Own(u8"本机");
+        }
+        html.Own(u8"</strong><span>[").Text(message.date);
+        if (message.incoming) {
+            html.Own(u8"]</span></li><li><dl class='remote'><dd><span>对您说：</span>");
+        } else {
+            html.Own(u8"]</span></li><li><dl class='me'><dd><span>我说：</span>");
+        }
+        html.Foreign(message.text);
+        html.Own(u8"<div></div></dd></dl></li></ul><div class='clear'></div></div>");
     }
     return html;
 }

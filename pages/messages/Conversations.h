@@ -12,6 +12,7 @@
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
 #include "agent/Request.h"
+#include "base/HtmlFragment.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -44,9 +45,9 @@ struct ConversationListReply {
                                                        const AttributionOf& attribution,
                                                        const AgentSession::Progress& progress = {});
 
-// Inner HTML of the element "sms_ul": one block a conversation. ANSI, with the phone's texts
-// unescaped. Ids stand in the links as signed decimal numbers.
-[[nodiscard]] std::string ConversationsFragment(std::span<const Conversation> conversations);
+// Inner HTML of the element "sms_ul": one block a conversation, with the phone's texts unescaped.
+// Ids stand in the links as signed decimal numbers.
+[[nodiscard]] HtmlFragment ConversationsFragment(std::span<const Conversation> conversations);
 
 // What a link of that fragment asks for, from the text behind the private scheme.
 struct ConversationLink {
@@ -86,8 +87,8 @@ struct ConversationReply {
 // One session that reads a conversation. Any thread.
 [[nodiscard]] ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id);
 
-// Inner HTML of the element "conversation_list". ANSI, with the phone's texts unescaped.
-[[nodiscard]] std::string ConversationFragment(std::span<const ConversationMessage> messages);
+// Inner HTML of the element "conversation_list", with the phone's texts unescaped.
+[[nodiscard]] HtmlFragment ConversationFragment(std::span<const ConversationMessage> messages);
 
 // Who the conversation is held with: the address of its first message, even if that went out.
 [[nodiscard]] std::string ConversationParty(std::span<const ConversationMessage> messages);

@@ -10,21 +10,24 @@ namespace {
 
 constexpr std::size_t kListReserve = 15000;
 
-// One line of the dashboard's list: link key, picture, label, id of the span or none, text.
+// One line of the dashboard's list: link key, picture, label, id of the span or none, value.
 struct DashboardLine {
     std::string_view link;
     std::string_view image;
     std::u8string_view label;
     std::string_view spanId;
-    std::string text;
+    HtmlFragment value;
 };
 
-void Append(std::string& list, const DashboardLine& line) {
-    const std::string id = line.spanId.empty() ? "" : fmt::format(" id='{}'", line.spanId);
-    list += fmt::format(
-        "<li><div class='icon'><a href='qvh:{0}'><img src='{1}' alt='' /></a></div>"
-        "<div class='label'><a href='qvh:{0}'>{2}</a></div><span{3}>{4}</span></li>",
-        line.link, line.image, Ansi(line.label), id, line.text);
+void Append(HtmlFragment& list, const DashboardLine& line) {
+    list.Own(u8"<li><div class='icon'><a href='qvh:").Text(line.link);
+    list.Own(u8"'><img src='").Text(line.image);
+    list.Own(u8"' alt='' /></a></div><div class='label'><a href='qvh:").Text(line.link);
+    list.Own(u8"'>").Text(Ansi(line.label)).Own(u8"</a></div><span");
+    if (!line.spanId.empty()) {
+        list.Own(u8" id='").Text(line.spanId).Own(u8"'");
+    }
+    list.Own(u8">").Append(line.value).Own(u8"</span></li>");
 }
 
 std::string TimeSinceBoot(std::uint64_t milliseconds) {
@@ -39,8 +42,12 @@ std::string TableState(std::uint32_t state) {
 }
 
 // The dashboard takes anything but 0 as on. Kept on purpose, though the table differs.
-std::string DashboardState(std::uint32_t state) {
-    return Ansi(state != 0 ? u8"开启" : u8"已禁用");
+HtmlFragment DashboardState(std::uint32_t state) {
+    return state != 0 ? OwnMarkup(u8"开启") : OwnMarkup(u8"已禁用");
+}
+
+HtmlFragment FromPhone(std::string_view text) {
+    return HtmlFragment().Foreign(text);
 }
 
 std::string BatteryText(const SystemInfo& info) {
@@ -114,22 +121,23 @@ std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& inf
     return rows;
 }
 
-std::string DashboardHeader(const SystemInfo& info) {
-    return "<a href='qvh:device'>" + info.model + "</a>";
+HtmlFragment DashboardHeader(const SystemInfo& info) {
+    return HtmlFragment(u8"<a href='qvh:device'>").Foreign(info.model).Own(u8"</a>");
 }
 
-std::string DashboardList(const SystemInfo& info) {
+HtmlFragment DashboardList(const SystemInfo& info) {
     const DashboardLine lines[] = {
-        {"os", "w_os.gif", u8"操作系统", "status_os", info.systemVersion},
-        {"battery", BatteryImage(ToInt(info.batteryLevel)), u8"电池信息", "", BatteryText(info)},
-        {"space", "w_space.gif", u8"剩余空间", "status_space", info.sdCard},
+        {"os", "w_os.gif", u8"操作系统", "status_os", FromPhone(info.systemVersion)},
+        {"battery", BatteryImage(ToInt(info.batteryLevel)), u8"电池信息", "",
+         FromPhone(info.batteryLevel).Own(u8" %")},
+        {"space", "w_space.gif", u8"剩余空间", "status_space", FromPhone(info.sdCard)},
         {"gps", "w_gps.gif", u8"GPS状态", "", DashboardState(info.gps)},
         {"bluetooth", "w_bluetooth.gif", u8"蓝牙状态", "", DashboardState(info.bluetooth)},
         {"wifi", "w_wifi.gif", u8"WiFi状态", "", DashboardState(info.wifi)},
         {"gravity", "w_gravity.gif", u8"重力感应", "", DashboardState(info.gravity)},
     };
-    std::string list;
-    list.reserve(kListReserve);
+    HtmlFragment list;
+    list.Reserve(kListReserve);
     for (const DashboardLine& line : lines) {
         Append(list, line);
     }

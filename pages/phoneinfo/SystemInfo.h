@@ -12,6 +12,7 @@
 
 #include "agent/AgentSession.h"
 #include "agent/Reply.h"
+#include "base/HtmlFragment.h"
 
 namespace quorvi {
 
@@ -70,10 +71,10 @@ inline constexpr std::array<std::u8string_view, kSystemInfoRows> kSystemInfoCapt
 // a line feed, kept on purpose: both are part of the text as it has always been.
 [[nodiscard]] std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info);
 
-// Inner HTML of the dashboard's elements "manufacturer" and "info_ul", ANSI, with the phone's texts
+// Inner HTML of the dashboard's elements "manufacturer" and "info_ul", with the phone's texts
 // unescaped. A state shows as on for anything but 0.
-[[nodiscard]] std::string DashboardHeader(const SystemInfo& info);
-[[nodiscard]] std::string DashboardList(const SystemInfo& info);
+[[nodiscard]] HtmlFragment DashboardHeader(const SystemInfo& info);
+[[nodiscard]] HtmlFragment DashboardList(const SystemInfo& info);
 
 // The dashboard's picture for a battery level in percent.
 [[nodiscard]] std::string_view BatteryImage(int percent);

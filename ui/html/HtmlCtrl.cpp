@@ -57,7 +57,7 @@ void MoveBehind(QWidget* before, QWidget& widget) {
 
 }  // namespace
 
-void WatchedDocumentCookie::SetInnerHtml(std::string_view id, std::string_view html,
+void WatchedDocumentCookie::SetInnerHtml(std::string_view id, const HtmlFragment& html,
                                          HtmlScroll scroll) const {
     PostToWindow(view_, [view = view_, edit = SetInnerHtmlEdit(id, html, scroll)]() mutable {
         static_cast<CHtmlCtrlBase*>(view.data())->Edit(std::move(edit));
@@ -83,7 +83,7 @@ void CHtmlCtrlBase::LoadFromResource(int resourceId) {
     }
 }
 
-void CHtmlCtrlBase::LoadFromText(std::string_view html) {
+void CHtmlCtrlBase::LoadFromText(const HtmlFragment& html) {
     edits_.clear();
     edits_.push_back(SetInnerHtmlEdit({}, html, HtmlScroll::top));
     Load(BlankTemplateUrl());
@@ -102,7 +102,7 @@ void CHtmlCtrlBase::GoBack() {
     }
 }
 
-void CHtmlCtrlBase::SetInnerHtml(std::string_view id, std::string_view html, HtmlScroll scroll) {
+void CHtmlCtrlBase::SetInnerHtml(std::string_view id, const HtmlFragment& html, HtmlScroll scroll) {
     Edit(SetInnerHtmlEdit(id, html, scroll));
 }
 

@@ -1,5 +1,13 @@
 // The control in which a page shows HTML, and which turns every private link into a call of the
 // page that owns it.
+//
+// What a view shows is an HtmlFragment, which knows of each byte whether the program or the phone
+// has written it. The program's markup is taken as it is. A text from the phone is parsed apart
+// from it and from all other texts, and only its words and the form of its words (bold, colours,
+// lists, tables, pictures …) come into the document, in an element of the text's own. So, however a
+// text is written, none of it is a link, a control or a style, none bears an id or a class, and all
+// that it opens ends with it: a private link that the user clicks is one that the program has put
+// there.
 #pragma once
 
 #include <QPointer>
@@ -22,9 +30,9 @@ class WatchedDocumentCookie {
   public:
     WatchedDocumentCookie() = default;
 
-    // Sets the inner HTML (ANSI) of the element with this id, on the window's thread, in the order
+    // Sets the inner HTML of the element with this id, on the window's thread, in the order
     // of the calls.
-    void SetInnerHtml(std::string_view id, std::string_view html,
+    void SetInnerHtml(std::string_view id, const HtmlFragment& html,
                       HtmlScroll scroll = HtmlScroll::keep) const;
 
   private:
@@ -45,11 +53,11 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     CHtmlCtrlBase(int controlId, HtmlContent content, HtmlEngine& engine, QWidget* parent);
     ~CHtmlCtrlBase() override;
 
-    // Show a template by its resource number, or a text that the page has built (ANSI; without a
-    // limit of length), with the templates' pictures beside it. Both give up what was set before.
+    // Show a template by its resource number, or a text that the page has built (without a limit of
+    // length), with the templates' pictures beside it. Both give up what was set before.
     // An unknown number shows nothing new. Local views only.
     void LoadFromResource(int resourceId);
-    void LoadFromText(std::string_view html);
+    void LoadFromText(const HtmlFragment& html);
 
     // Go to a URL, with a POST when `postData` is not empty. Web views only. In place of a site
     // that does not answer template 663 is shown, and GoBack leads to what was shown before it.
@@ -58,9 +66,9 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void GoHome() { Navigate2(home_); }
     void GoBack();
 
-    // Sets an element's inner HTML (ANSI). Kept until the document has loaded, and set again when
+    // Sets an element's inner HTML. Kept until the document has loaded, and set again when
     // the document had to be loaded again.
-    void SetInnerHtml(std::string_view id, std::string_view html,
+    void SetInnerHtml(std::string_view id, const HtmlFragment& html,
                       HtmlScroll scroll = HtmlScroll::keep);
     [[nodiscard]] WatchedDocumentCookie Document() { return WatchedDocumentCookie(this); }
 

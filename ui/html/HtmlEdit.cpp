@@ -8,19 +8,54 @@
 namespace quorvi {
 namespace {
 
-// The text is parsed in a document that nothing loads or runs for, with the element's own kind as
-// the context, so that it gives the same tree as a plain assignment; then it moves over in one
-// step.
+// Where a text from the phone goes, in the program's own markup. One without these characters is
+// nothing but words, and stands there at once: most are, and thousands go in one parse.
+constexpr std::string_view kMarkupCharacters = "<&";
+constexpr std::string_view kPlace = "<foreign-text></foreign-text>";
+
+// The program's own markup is parsed in a document that nothing loads or runs for, with the
+// element's own kind as the context, so that it gives the same tree as a plain assignment; then it
+// moves over in one step. A text from the phone is parsed alone, and its tree is not taken over: of
+// the elements in `form` new ones are made, with these attributes and no other, all other elements
+// leave what stands in them, and those in `unseen` not even that.
 constexpr char16_t kFunction[] =
-    uR"((function(id, html, scroll) {
+    uR"((function(id, html, texts, scroll) {
   const element = id === '' ? document.documentElement : document.getElementById(id);
   if (!element) return;
-  const shell = document.implementation.createHTMLDocument('').createElement(element.localName);
+  const inert = document.implementation.createHTMLDocument('');
+  const form = new Map(('b big blockquote br center code del div em font h1 h2 h3 h4 h5 h6 hr i ' +
+      'img ins kbd li mark ol p pre s samp small span strike strong sub sup table tbody td tfoot ' +
+      'th thead tr tt u ul var wbr').split(' ').map(name => [name, []]));
+  form.set('font', ['color', 'size', 'face']);
+  form.set('img', ['src', 'alt', 'width', 'height']);
+  const unseen = new Set(('script style template title iframe object noembed noframes audio video ' +
+      'canvas datalist').split(' '));
+  const copy = (from, to) => {
+    for (const node of from.childNodes) {
+      if (node.nodeType === Node.TEXT_NODE) {
+        to.append(node.data);
+      } else if (node.nodeType === Node.ELEMENT_NODE && !unseen.has(node.localName)) {
+        const attributes = form.get(node.localName);
+        let into = to;
+        if (attributes) {
+          into = inert.createElement(node.localName);
+          for (const name of attributes) {
+            if (node.hasAttribute(name)) into.setAttribute(name, node.getAttribute(name));
+          }
+          to.append(into);
+        }
+        copy(node, into);
+      }
+    }
+  };
+  const fill = (place, text) => {
+    const parsed = inert.createElement('div');
+    parsed.innerHTML = text;
+    copy(parsed, place);
+  };
+  const shell = inert.createElement(element.localName);
   shell.innerHTML = html;
-  for (const acting of shell.querySelectorAll(
-      'meta, link, base, script, iframe, frame, object, embed, portal')) {
-    acting.remove();
-  }
+  shell.querySelectorAll('foreign-text').forEach((place, i) => fill(place, texts[i]));
   const content = document.createDocumentFragment();
   while (shell.firstChild) content.append(shell.firstChild);
   element.replaceChildren(content);
@@ -42,11 +77,37 @@ QJsonValue ScrollTarget(HtmlScroll scroll) {
     return QJsonValue::Null;
 }
 
+struct Script {
+    std::string html;  // the program's own and all words, with a place for each text of markup
+    QJsonArray texts;
+};
+
+Script ScriptOf(const HtmlFragment& fragment) {
+    const std::string_view all = fragment.Html();
+    Script script;
+    script.html.reserve(all.size());
+    std::size_t own = 0;
+    for (const HtmlFragment::Range& part : fragment.ForeignParts()) {
+        script.html.append(all.substr(own, part.begin - own));
+        const std::string_view text = all.substr(part.begin, part.end - part.begin);
+        if (text.find_first_of(kMarkupCharacters) == std::string_view::npos) {
+            script.html.append(text);
+        } else {
+            script.html.append(kPlace);
+            script.texts.append(ToQString(text));
+        }
+        own = part.end;
+    }
+    script.html.append(all.substr(own));
+    return script;
+}
+
 }  // namespace
 
-HtmlEdit SetInnerHtmlEdit(std::string_view id, std::string_view html, HtmlScroll scroll) {
+HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html, HtmlScroll scroll) {
     const QString element = ToQString(id);
-    const QJsonArray arguments{element, ToQString(html), ScrollTarget(scroll)};
+    const Script parts = ScriptOf(html);
+    const QJsonArray arguments{element, ToQString(parts.html), parts.texts, ScrollTarget(scroll)};
     const QByteArray json = QJsonDocument(arguments).toJson(QJsonDocument::Compact);
     QString script = QString::fromUtf16(kFunction);
     script += QStringLiteral("(...") + QString::fromUtf8(json) + QStringLiteral(")");

@@ -4,6 +4,8 @@
 #include <QString>
 #include <string_view>
 
+#include "base/HtmlFragment.h"
+
 namespace quorvi {
 
 // Where the document is scrolled to after its change.
@@ -16,11 +18,11 @@ struct HtmlEdit {
     QString script;
 };
 
-// The element with the id `id` receives `html` (ANSI) as its inner HTML; an empty id is the whole
-// document. Nothing happens where there is no such element. Markup is kept as it is, with the
-// exception of elements that act by themselves and that a content policy does not hold (`meta`,
-// `link`, `base`) and of those that the policy blocks anyway.
-[[nodiscard]] HtmlEdit SetInnerHtmlEdit(std::string_view id, std::string_view html,
+// The element with the id `id` receives `html` as its inner HTML; an empty id is the whole
+// document. Nothing happens where there is no such element. The program's own markup is taken as it
+// is. A text from the phone that holds markup stands in an element `foreign-text` of its own, made
+// anew of what is words and form in it: see HtmlCtrl.h.
+[[nodiscard]] HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html,
                                         HtmlScroll scroll);
 
 }  // namespace quorvi

@@ -62,7 +62,7 @@ TEST(ContactFragment, WholeContactIsExactToTheByte) {
     record.organisations = {Item(1, u8"江南测绘研究院")};
     record.groups = {Item(0, u8"朋友"), Item(0, u8"徒步小队")};
     EXPECT_EQ(
-        ContactFragment(record),
+        ContactFragment(record).Html(),
         Ansi(u8"<div class='line'><div class='l'><div class='photo'><img src='avatar_photo.png' "
              u8"width='50' height='50'/></div></div><div class='name'><b>林远舟</b></div>"
              u8"<div class='nickname'>阿舟</div><div class='clear'></div></div>"
@@ -104,31 +104,31 @@ TEST(ContactFragment, WholeContactIsExactToTheByte) {
 }
 
 TEST(ContactFragment, ContactWithNothingStillHasItsSummary) {
-    EXPECT_EQ(ContactFragment(Stranger()), Ansi(kHeadAndSummary));
+    EXPECT_EQ(ContactFragment(Stranger()).Html(), Ansi(kHeadAndSummary));
 }
 
 TEST(ContactFragment, SummaryBlockIsNeverClosed) {
-    const std::string fragment = ContactFragment(Stranger());
+    const std::string fragment = ContactFragment(Stranger()).Html();
     EXPECT_EQ(CountOf(fragment, "<div"), CountOf(fragment, "</div>") + 1);
 }
 
 TEST(ContactFragment, EachSectionStandsAlone) {
     ContactRecord record = Stranger();
     record.ims = {Item(4, u8"1")};
-    EXPECT_TRUE(Holds(ContactFragment(record), u8"<div id='pims'>"));
-    EXPECT_FALSE(Holds(ContactFragment(record), u8"<div id='others'>"));
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(), u8"<div id='pims'>"));
+    EXPECT_FALSE(Holds(ContactFragment(record).Html(), u8"<div id='others'>"));
     record = Stranger();
     record.websites = {Item(0, u8"w")};
-    EXPECT_TRUE(Holds(ContactFragment(record), u8"<div id='others'>"));
-    EXPECT_FALSE(Holds(ContactFragment(record), u8"<div id='pims'>"));
-    EXPECT_FALSE(Holds(ContactFragment(record), u8"<div id='groups'>"));
-    EXPECT_FALSE(Holds(ContactFragment(record), u8"<div id='notes'>"));
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(), u8"<div id='others'>"));
+    EXPECT_FALSE(Holds(ContactFragment(record).Html(), u8"<div id='pims'>"));
+    EXPECT_FALSE(Holds(ContactFragment(record).Html(), u8"<div id='groups'>"));
+    EXPECT_FALSE(Holds(ContactFragment(record).Html(), u8"<div id='notes'>"));
 }
 
 TEST(ContactFragment, GroupWithAnEmptyNameStillGetsItsLine) {
     ContactRecord record = Stranger();
     record.groups = {Item(0, u8"")};
-    EXPECT_TRUE(Holds(ContactFragment(record),
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(),
                       u8"<p class='l w80 right c6'>所属分组：</p><p class='entry'>"
                       u8"<img src='pim_group.gif'/>&nbsp;</p><p class='l'></p>"));
 }
@@ -136,17 +136,17 @@ TEST(ContactFragment, GroupWithAnEmptyNameStillGetsItsLine) {
 TEST(ContactFragment, UnknownMailAndUnknownImShareOneLabel) {
     ContactRecord record = Stranger();
     record.emails = {Item(99, u8"m")};
-    EXPECT_TRUE(Holds(ContactFragment(record), u8">未知邮箱：</p><p class='entry'>&nbsp;"));
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(), u8">未知邮箱：</p><p class='entry'>&nbsp;"));
     record = Stranger();
     record.ims = {Item(99, u8"i")};
-    EXPECT_TRUE(Holds(ContactFragment(record),
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(),
                       u8">未知邮箱：</p><p class='entry'><img src='pim_web.gif'/>&nbsp;"));
 }
 
 TEST(ContactFragment, EmptyNoteThatIsPresentHasItsSection) {
     ContactRecord record = Stranger();
     record.note = Field(u8"");
-    EXPECT_EQ(ContactFragment(record),
+    EXPECT_EQ(ContactFragment(record).Html(),
               Ansi(kHeadAndSummary) + Ansi(u8"<div id='notes'><p class='category'><b>备注</b>"
                                            u8"</p><p class='l w280  section  c6'></p></div>"));
 }
@@ -154,13 +154,14 @@ TEST(ContactFragment, EmptyNoteThatIsPresentHasItsSection) {
 TEST(ContactFragment, TextIsNotEscaped) {
     ContactRecord record = Stranger();
     record.name = Field(u8"<i>&{}</i>");
-    EXPECT_TRUE(Holds(ContactFragment(record), u8"<div class='name'><b><i>&{}</i></b></div>"));
+    EXPECT_TRUE(
+        Holds(ContactFragment(record).Html(), u8"<div class='name'><b><i>&{}</i></b></div>"));
 }
 
 TEST(ContactFragment, TimesAboveTwoBillionShowAsTheSignedNumberTheyAre) {
     ContactRecord record = Stranger();
     record.timesContacted = 0xFFFFFFFF;
-    EXPECT_TRUE(Holds(ContactFragment(record), u8"<p class='l'>-1 次</p>"));
+    EXPECT_TRUE(Holds(ContactFragment(record).Html(), u8"<p class='l'>-1 次</p>"));
 }
 
 }  // namespace

@@ -429,14 +429,14 @@ TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
     agent_.AnswerPayload(
         AgentCommand::readContact,
         ContactOf("<script>document.documentElement.setAttribute('ran',1)</script><img src=x "
-                  "onerror=\"document.documentElement.setAttribute('ran',1)\"><i class=t>x</i>")
+                  "onerror=\"document.documentElement.setAttribute('ran',1)\"><i>x</i>")
             .Get());
     OpenLoaded();
     const auto ask = [&](const char* script) {
         return AskHtml(View(), QString::fromLatin1(script));
     };
     ASSERT_TRUE(WaitFor(
-        [&] { return ask("document.querySelectorAll('#block i.t').length").toInt() == 3 + 7; }));
+        [&] { return ask("document.querySelectorAll('#block foreign-text i').length").toInt() == 3 + 7; }));
     // The picture has failed, and has told its handler if it has one.
     ASSERT_TRUE(WaitFor([&] {
         return ask("[...document.querySelectorAll('#block img')].every(i => i.complete)").toBool();
@@ -446,10 +446,10 @@ TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
 
 TEST_F(ContactPage, BytesThatAreNoTextShowInTheDetailAsQuestionMarks) {
     agent_.AnswerPayload(AgentCommand::readContact,
-                         ContactOf("<i class=t>\x01\x1b[31m\xff\xfe</i>").Get());
+                         ContactOf("<i>\x01\x1b[31m\xff\xfe</i>").Get());
     OpenLoaded();
     EXPECT_TRUE(WaitFor([&] {
-        return AskHtml(View(), QStringLiteral("document.querySelector('.t')?.textContent"))
+        return AskHtml(View(), QStringLiteral("document.querySelector('#block i')?.textContent"))
                    .toString() == QStringLiteral("\x01\x1b[31m??");
     }));
 }

@@ -87,7 +87,7 @@ TEST_F(Conversations, ALengthThatPointsOutsideEndsTheRun) {
 TEST_F(Conversations, ABlockIsTheFragmentToTheLetter) {
     WireBytes bytes = Start();
     AddConversation(bytes, 5, "Lin", "see <b>you</b>");
-    EXPECT_EQ(ConversationsFragment(Parse(bytes)),
+    EXPECT_EQ(ConversationsFragment(Parse(bytes)).Html(),
               "<li><span class=tool><a href='"
               "qvh:did=5"
               "'>" +
@@ -114,7 +114,7 @@ TEST_F(Conversations, ABlockIsTheFragmentToTheLetter) {
 TEST_F(Conversations, AnIdOfMoreThan31BitsPrintsNegativeAndReadsBackAsTheSame) {
     WireBytes bytes = Start();
     AddConversation(bytes, 0xFFFFFFFE, "A", "x");
-    const std::string html = ConversationsFragment(Parse(bytes));
+    const std::string html = ConversationsFragment(Parse(bytes)).Html();
     EXPECT_NE(html.find("qvh:vid=-2'"), std::string::npos);
     const auto link = ReadConversationLink("vid=-2");
     ASSERT_TRUE(link);
@@ -216,7 +216,7 @@ TEST_F(Conversations, MessagesOfBothDirectionsAreTheFragmentToTheLetter) {
     AddMessage(bytes, 1, "Lin", "hello");
     AddMessage(bytes, 0, "Lin", "<i>hi</i>");
     const auto read = ParseConversationMessages(bytes.Buffer());
-    EXPECT_EQ(ConversationFragment(read),
+    EXPECT_EQ(ConversationFragment(read).Html(),
               "<div class='entry'><ul class='detail_ul'><li><strong>"
               "Lin"
               "</strong><span>["

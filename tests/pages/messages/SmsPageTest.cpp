@@ -1,6 +1,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+#include "base/Text.h"
 #include "pages/messages/SmsPage.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/support/AgentPageTest.h"
@@ -84,6 +85,15 @@ TEST_F(SmsPage, TheAttributionIsTheOneThatItWasHanded) {
     EXPECT_TRUE(WaitFor([&] {
         return InnerHtml(View(), QStringLiteral("sms_ul")).contains(QStringLiteral("[elsewhere]"));
     }));
+}
+
+TEST_F(SmsPage, AnAttributionInAngleBracketsIsNoMarkup) {
+    services_.attribution = [](std::string_view) { return Ansi(u8"<SP号码>"); };
+    OpenLoaded();
+    EXPECT_EQ(
+        AskHtml(View(), QStringLiteral("document.querySelector('#sms_ul .location').innerText"))
+            .toString(),
+        ToQString(u8"[<SP号码>]"));
 }
 
 TEST_F(SmsPage, SaysThatItIsAtWorkWhileItLoadsAndDropsASecondRefresh) {

@@ -8,7 +8,7 @@ namespace quorvi {
 namespace {
 
 std::string DashboardOf(const WireBytes& reply) {
-    return DashboardList(ParseSystemInfo(reply.Buffer()).value());
+    return DashboardList(ParseSystemInfo(reply.Buffer()).value()).Html();
 }
 
 std::string RowOf(const WireBytes& reply, std::size_t row) {
@@ -47,7 +47,7 @@ TEST(SystemInfo, EachFieldStandsInItsRowOfTheTable) {
 
 TEST(SystemInfo, DashboardHeaderLinksTheModelToTheDeviceManager) {
     const SystemInfo info = ParseSystemInfo(WholeSystemInfo().Buffer()).value();
-    EXPECT_EQ(DashboardHeader(info), "<a href='qvh:device'>Aurora S2</a>");
+    EXPECT_EQ(DashboardHeader(info).Html(), "<a href='qvh:device'>Aurora S2</a>");
 }
 
 TEST(SystemInfo, DashboardListIsExactToTheByte) {
@@ -104,7 +104,7 @@ TEST(SystemInfo, EmptyModelIsPresentAndShown) {
     const auto info =
         ParseSystemInfo(reply.U32(0).U32(0).U32(0).U32(0).Absent().Absent().U32(0).Buffer());
     ASSERT_TRUE(info);
-    EXPECT_EQ(DashboardHeader(*info), "<a href='qvh:device'></a>");
+    EXPECT_EQ(DashboardHeader(*info).Html(), "<a href='qvh:device'></a>");
     EXPECT_EQ(SystemInfoTable(*info)[6].text, " %");  // an absent level is an empty text
     EXPECT_EQ(SystemInfoTable(*info)[15].text, "");
 }
@@ -136,7 +136,7 @@ TEST(SystemInfo, HoursAndMinutesSinceBootAreOfTheDay) {
 TEST(SystemInfo, MarkupFromThePhoneIsNotEscaped) {
     SystemInfo info;
     info.model = "<b>S2</b>";
-    EXPECT_EQ(DashboardHeader(info), "<a href='qvh:device'><b>S2</b></a>");
+    EXPECT_EQ(DashboardHeader(info).Html(), "<a href='qvh:device'><b>S2</b></a>");
 }
 
 TEST(SystemInfo, LengthThatPointsOutsideGivesNothing) {

@@ -17,7 +17,7 @@ TEST(FirstView, WindowStaysOnTheScreenAsItsFirstViewComes) {
     window.resize(640, 480);
     Owner owner;
     CHtmlCtrlFix view(1360, HtmlContent::local, owner, &window);
-    view.LoadFromText("<p>text</p>");
+    view.LoadFromText(HtmlFragment(u8"<p>text</p>"));
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     const WId onScreen = window.winId();

@@ -28,7 +28,7 @@ class HtmlEngineHeld : public testing::Test {
 
 TEST_F(HtmlEngineHeld, ShownViewGetsItsBrowserAtTheRelease) {
     SilentView view(TheHtmlEngine());
-    view.LoadFromText("<p>text</p>");
+    view.LoadFromText(HtmlFragment(u8"<p>text</p>"));
     view.show();
     EXPECT_EQ(view.Browser(), nullptr);
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
@@ -39,11 +39,11 @@ TEST_F(HtmlEngineHeld, ShownViewGetsItsBrowserAtTheRelease) {
 
 TEST_F(HtmlEngineHeld, WhatWasSetBeforeTheReleaseIsAppliedInItsOrder) {
     SilentView view(TheHtmlEngine());
-    view.LoadFromText(Ansi(u8"<body><div id=outer>first</div></body>"));
+    view.LoadFromText(HtmlFragment(u8"<body><div id=outer>first</div></body>"));
     view.show();
     // The second change only finds its element when the first has been made.
-    view.Document().SetInnerHtml("outer", "<i id=inner></i>");
-    view.Document().SetInnerHtml("inner", "second");
+    view.Document().SetInnerHtml("outer", HtmlFragment(u8"<i id=inner></i>"));
+    view.Document().SetInnerHtml("inner", HtmlFragment(u8"second"));
     QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
     TheHtmlEngine().Release();
     ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
@@ -73,12 +73,12 @@ TEST_F(HtmlEngineHeld, FocusThatAViewHadMovesIntoItsBrowser) {
 TEST(HtmlEngine, ViewStaysEmptyWhereThereIsNoModule) {
     HtmlEngine engine("/no/such/module.so");
     SilentView view(engine);
-    view.LoadFromText("<p>text</p>");
+    view.LoadFromText(HtmlFragment(u8"<p>text</p>"));
     testing::internal::CaptureStderr();
     view.show();
     EXPECT_NE(testing::internal::GetCapturedStderr().find("/no/such/module.so"), std::string::npos);
     EXPECT_EQ(view.Browser(), nullptr);
-    view.SetInnerHtml("block", "nothing happens");
+    view.SetInnerHtml("block", HtmlFragment(u8"nothing happens"));
     view.GoBack();
     EXPECT_EQ(view.Browser(), nullptr);
 }
