@@ -66,7 +66,8 @@ std::vector<SuiteDialog> SuiteDialogs() {
          [](DialogGround& g) { return new CGroupEditDlg(g.host, &g.window, g.agent.Port()); }},
         {"RenameGroup", "1257 1215 1021",
          [](DialogGround& g) {
-             return new CGroupEditDlg(g.host, kGroup, "朋友", &g.window, g.agent.Port());
+             return new CGroupEditDlg(g.host, {kGroup, "朋友", "phone", true}, &g.window,
+                                      g.agent.Port());
          }},
         {"NewMessage", "1338 1359 1337 1271 1030 1021",
          [](DialogGround& g) {
