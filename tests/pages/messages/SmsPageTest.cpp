@@ -48,6 +48,22 @@ class SmsPage : public AgentPageTest<CSmsPage, AgentCommand::listConversations> 
     HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }
     QString List() { return InnerHtml(View(), QStringLiteral("sms_ul")); }
     std::vector<Bytes> Deletes() { return agent_.Requests(AgentCommand::deleteConversation); }
+    // Waits until the first element that the selector finds is in sight, and where it was before:
+    // what has come near is laid out by then.
+    bool LiesStill(const QString& selector) {
+        const QString where = QStringLiteral(
+                                  "(e => { const r = e.getBoundingClientRect();"
+                                  "const hit = document.elementFromPoint(r.x + r.width / 2,"
+                                  " r.y + r.height / 2);"
+                                  "return e.contains(hit) ? r.x + ',' + r.y : ''; })"
+                                  "(document.querySelector(\"%1\"))")
+                                  .arg(selector);
+        QString last;
+        return WaitFor([&] {
+            const QString now = AskHtml(View(), where).toString();
+            return !now.isEmpty() && std::exchange(last, now) == now;
+        });
+    }
     // As a click on a private link tells the page.
     void Follow(const char* link) {
         ClickHtml(View(), QStringLiteral("a[href='qvh:%1']").arg(QLatin1String(link)));
@@ -178,7 +194,7 @@ TEST_F(SmsPage, ALinkFarDownAListThatWasNeverInSightOpensItsConversation) {
     static_cast<void>(
         AskHtml(View(), QStringLiteral("document.querySelector(\"a[href='qvh:vid=390']\")"
                                        ".scrollIntoView({block: 'center'})")));
-    QTest::qWait(200);  // some frames: what has come near is laid out by now
+    ASSERT_TRUE(LiesStill(QStringLiteral("a[href='qvh:vid=390']")));
     Follow("vid=390");
     ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
     EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(390)}));
@@ -234,9 +250,13 @@ TEST_F(SmsPage, OtherLinksAndMessagesDoNothing) {
     ClickHtml(View(), QStringLiteral("#sms_ul .text img"));  // its link is no command
     page.OnMessage(Message::conversation, 2, 7);
     page.OnMessage(Message::dashboardLink, 1, 7);
-    QTest::qWait(100);
-    EXPECT_TRUE(Deletes().empty());
     EXPECT_EQ(OpenDialog(kComposer), nullptr);
+    // A link that acts: it is seen to after all that came before it.
+    Follow("vid=7");
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation).size(), 1u);
+    EXPECT_TRUE(Deletes().empty());
+    PressIn(kComposer, 1021);
     EXPECT_EQ(Loads(), 1u);
 }
 
