@@ -1,6 +1,5 @@
 #include "phone/Channel.h"
 
-#include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -14,7 +13,6 @@ namespace quorvi::phone {
 namespace {
 
 constexpr std::size_t kReceiveChunk = 64 * 1024;
-constexpr int kBacklog = 64;
 
 [[nodiscard]] bool WouldBlock() {
     return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
@@ -105,23 +103,12 @@ void Channel::Send() {
 
 bool Listener::Open(std::uint16_t port, std::function<void(TcpSocket)> accepted) {
     Close();
-    TcpSocket socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    const int on = 1;
-    setsockopt(socket.Descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    if (bind(socket.Descriptor(), reinterpret_cast<sockaddr*>(&address), size) != 0 ||
-        listen(socket.Descriptor(), kBacklog) != 0 ||
-        getsockname(socket.Descriptor(), reinterpret_cast<sockaddr*>(&address), &size) != 0) {
+    port_ = TcpListener::On(port);
+    if (!port_.IsOpen()) {
         return false;
     }
-    socket_ = std::move(socket);
-    port_ = ntohs(address.sin_port);
-    loop_.Watch(socket_.Descriptor(), POLLIN, [this, accepted = std::move(accepted)](short) {
-        TcpSocket connection(accept4(socket_.Descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
+    loop_.Watch(port_.Descriptor(), POLLIN, [this, accepted = std::move(accepted)](short) {
+        TcpSocket connection = port_.Accept();
         if (connection.IsOpen()) {
             accepted(std::move(connection));
         }
@@ -130,11 +117,10 @@ bool Listener::Open(std::uint16_t port, std::function<void(TcpSocket)> accepted)
 }
 
 void Listener::Close() {
-    if (socket_.IsOpen()) {
-        loop_.Unwatch(socket_.Descriptor());
-        socket_.Close();
+    if (port_.IsOpen()) {
+        loop_.Unwatch(port_.Descriptor());
+        port_ = TcpListener();
     }
-    port_ = 0;
 }
 
 }  // namespace quorvi::phone

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "agent/Request.h"
+#include "base/os/TcpListener.h"
 #include "base/os/TcpSocket.h"
 #include "phone/EventLoop.h"
 
@@ -74,12 +75,11 @@ class Listener {
     [[nodiscard]] bool Open(std::uint16_t port, std::function<void(TcpSocket)> accepted);
     void Close();
     // Zero while closed.
-    [[nodiscard]] std::uint16_t Port() const { return port_; }
+    [[nodiscard]] std::uint16_t Port() const { return port_.Port(); }
 
   private:
     EventLoop& loop_;
-    TcpSocket socket_;
-    std::uint16_t port_ = 0;
+    TcpListener port_;
 };
 
 }  // namespace quorvi::phone
