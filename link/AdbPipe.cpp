@@ -1,19 +1,18 @@
 #include "link/AdbPipe.h"
 
 #include <poll.h>
-#include <sys/eventfd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <condition_variable>
-#include <cstdint>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "base/os/ChildProcess.h"
+#include "base/os/Wakeup.h"
 
 namespace quorvi {
 
@@ -29,15 +28,14 @@ struct CAdbPipe::Run {
     std::atomic<std::thread::id> reader{};
 
     std::mutex mutex;
-    FileDescriptor stopEvent;  // closed by the reader when it is through
+    Wakeup stop;  // closed by the reader when it is through
     std::condition_variable ended;
     bool done = false;
 
     void SignalStop() {
         stopping = true;
         const std::lock_guard lock(mutex);
-        const std::uint64_t one = 1;
-        static_cast<void>(!write(stopEvent.Get(), &one, sizeof one));
+        stop.Raise();
     }
 
     void Tell(std::string_view text, AdbOutputKind kind) {
@@ -88,7 +86,7 @@ void CAdbPipe::Run::ReadAll() {
             return;
         }
         std::array<pollfd, 2> waits{
-            {{child.OutputDescriptor(), POLLIN, 0}, {stopEvent.Get(), POLLIN, 0}}};
+            {{child.OutputDescriptor(), POLLIN, 0}, {stop.Descriptor(), POLLIN, 0}}};
         const int ready = poll(waits.data(), waits.size(), static_cast<int>(pollInterval.count()));
         if (ready > 0 && waits[0].revents != 0 && !stopping &&
             DrainPiece(kAdbPieceBytes) == Drained::end) {
@@ -107,8 +105,7 @@ CAdbPipe::~CAdbPipe() {
 bool CAdbPipe::Start(AdbCommand command) {
     Stop();
     auto run = std::make_shared<Run>(listener_, pollInterval_);
-    run->stopEvent = FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
-    if (!run->stopEvent.IsOpen() ||
+    if (!run->stop.IsOpen() ||
         run->child.Start(std::move(command), ChildProcess::Input::pipe,
                          ChildProcess::Output::pipe) != RunOutcome::started) {
         return false;
@@ -135,7 +132,7 @@ void CAdbPipe::Read(const std::shared_ptr<Run>& run) {
     run->child.Release();
     {
         const std::lock_guard lock(run->mutex);
-        run->stopEvent.Close();
+        run->stop.Close();
         run->done = true;
     }
     run->ended.notify_all();

@@ -2,17 +2,15 @@
 
 #include <libudev.h>
 #include <poll.h>
-#include <sys/eventfd.h>
 
 #include <array>
-#include <cstdint>
 #include <set>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "base/Text.h"
-#include "base/os/FileDescriptor.h"
+#include "base/os/Wakeup.h"
 
 namespace quorvi {
 namespace {
@@ -121,7 +119,7 @@ class UsbWatch::Thread {
     Listener listener_;
     Udev<udev> context_;
     Udev<udev_monitor> monitor_;
-    FileDescriptor stopEvent_;
+    Wakeup stop_;
     std::set<std::string> phones_;  // what was seen at the arrivals, by path
     std::thread thread_;
 };
@@ -132,8 +130,7 @@ bool UsbWatch::Thread::Start() {
         return false;
     }
     monitor_.reset(udev_monitor_new_from_netlink(context_.get(), "udev"));
-    stopEvent_ = FileDescriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
-    if (!monitor_ || !stopEvent_.IsOpen() ||
+    if (!monitor_ || !stop_.IsOpen() ||
         udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), kSubsystem, nullptr) < 0 ||
         udev_monitor_enable_receiving(monitor_.get()) < 0) {
         return false;
@@ -150,8 +147,7 @@ bool UsbWatch::Thread::Start() {
 
 UsbWatch::Thread::~Thread() {
     if (thread_.joinable()) {
-        const std::uint64_t one = 1;
-        static_cast<void>(!write(stopEvent_.Get(), &one, sizeof one));
+        stop_.Raise();
         thread_.join();
     }
 }
@@ -159,7 +155,7 @@ UsbWatch::Thread::~Thread() {
 void UsbWatch::Thread::Run() {
     for (;;) {
         std::array<pollfd, 2> waits{
-            {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stopEvent_.Get(), POLLIN, 0}}};
+            {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stop_.Descriptor(), POLLIN, 0}}};
         const int ready = poll(waits.data(), waits.size(), -1);
         if (ready > 0 && waits[1].revents != 0) {
             return;

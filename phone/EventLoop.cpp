@@ -1,8 +1,5 @@
 #include "phone/EventLoop.h"
 
-#include <sys/eventfd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -13,17 +10,11 @@ namespace {
 // loop tells the two apart by the sum.
 constexpr std::uint64_t kStopCount = std::uint64_t{1} << 40;
 
-void Add(int counter, std::uint64_t value) {
-    // Fails only when the counter is full. The loop wakes up then anyway.
-    [[maybe_unused]] const auto written = write(counter, &value, sizeof value);
-}
-
 }  // namespace
 
-EventLoop::EventLoop() : wakeup_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
-    Watch(wakeup_.Get(), POLLIN, [this](short) {
-        std::uint64_t count = 0;
-        if (read(wakeup_.Get(), &count, sizeof count) == sizeof count && count >= kStopCount) {
+EventLoop::EventLoop() {
+    Watch(wakeup_.Descriptor(), POLLIN, [this](short) {
+        if (wakeup_.Take() >= kStopCount) {
             stopping_ = true;
         }
     });
@@ -58,11 +49,11 @@ void EventLoop::Post(Task task) {
         const std::lock_guard lock(mutex_);
         posted_.push_back(std::move(task));
     }
-    Add(wakeup_.Get(), 1);
+    wakeup_.Raise();
 }
 
 void EventLoop::Stop() {
-    Add(wakeup_.Get(), kStopCount);
+    wakeup_.Raise(kStopCount);
 }
 
 void EventLoop::Run() {

@@ -12,7 +12,7 @@
 #include <mutex>
 #include <vector>
 
-#include "base/os/FileDescriptor.h"
+#include "base/os/Wakeup.h"
 
 namespace quorvi::phone {
 
@@ -67,7 +67,7 @@ class EventLoop {
     TimerId lastTimer_ = 0;
     std::mutex mutex_;
     std::vector<Task> posted_;
-    FileDescriptor wakeup_;
+    Wakeup wakeup_;
     bool stopping_ = false;
 };
 

@@ -1,37 +1,39 @@
 #include "app/process/EndSignals.h"
 
-#include <fcntl.h>
 #include <signal.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <array>
+#include <utility>
+
+#include "base/os/Wakeup.h"
 
 namespace quorvi {
 namespace {
 
 constexpr std::array kSignals = {SIGINT, SIGTERM, SIGHUP};
 
-// A signal handler may not call into the window. It writes a byte into this pipe, which wakes the
-// window's thread.
-std::array<int, 2> thePipe = {-1, -1};
+// A signal handler may not call into the window. It raises this, which wakes the window's thread.
+// Never deleted: a signal may come at any time.
+const Wakeup* theWakeup = nullptr;
 
 void OnSignal(int /*signal*/) {
-    const char byte = 0;
-    // Where the pipe is full, earlier bytes wake the window's thread.
-    [[maybe_unused]] const ssize_t written = ::write(thePipe[1], &byte, sizeof byte);
+    theWakeup->Raise();
 }
 
 }  // namespace
 
 void ListenForEndSignals(std::function<void()> end) {
-    if (::pipe2(thePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    theWakeup = new Wakeup;
+    if (!theWakeup->IsOpen()) {
         return;
     }
-    auto* notifier = new QSocketNotifier(thePipe[0], QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier,
-                     [end = std::move(end)] { end(); });
+    auto* notifier = new QSocketNotifier(theWakeup->Descriptor(), QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [end = std::move(end)] {
+        theWakeup->Take();
+        end();
+    });
     struct sigaction action = {};
     action.sa_handler = &OnSignal;
     action.sa_flags = SA_RESTART;
