@@ -222,10 +222,17 @@ CalendarGrid::CalendarGrid(std::function<CalendarDate()> today, QWidget* parent)
     viewport()->setAttribute(Qt::WA_Hover);
 }
 
+QSize CalendarGrid::minimumSizeHint() const {
+    constexpr int week = Metric::calendarNumberLine + Metric::calendarNoteLine;
+    return {QTableView::minimumSizeHint().width(),
+            Metric::header + model_->rowCount() * week + 2 * frameWidth()};
+}
+
 void CalendarGrid::SetMonthDate(int year, int month, int day) {
     showing_ = true;
     shown_ = {year, month, day};
     model_->SetMonth(CalendarMonth(year, month));
+    updateGeometry();  // months differ in their weeks
     const QModelIndex index = model_->IndexOf(day);
     if (index.isValid()) {
         setCurrentIndex(index);

@@ -46,6 +46,9 @@ class CalendarGrid : public QTableView {
     // Shows the month and marks the day, or no day if the month does not have it.
     void SetMonthDate(int year, int month, int day);
 
+    // All weeks of the month, each as high as the two lines of its days.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
   Q_SIGNALS:
     // The user chose another day. Nothing is marked before SetMonthDate is called.
     void dayChosen(int year, int month, int day);

@@ -194,7 +194,7 @@ TEST_F(SmallWindow, APageThatNeedsMoreHeightScrolls) {
 }
 
 TEST_F(SmallWindow, APageIsNeverNarrowerThanAList) {
-    EXPECT_EQ(window_->ShownPage()->width(), 754);
+    EXPECT_EQ(window_->ShownPage()->width(), 742);
     EXPECT_GT(View().horizontalScrollBar()->maximum(), 0);
 }
 

@@ -310,5 +310,16 @@ TEST_F(CalendarPageTest, EveryMonthOfThePageCanBeShown) {
     }
 }
 
+TEST_F(CalendarPageTest, EachWeekHasRoomForItsLinesHoweverLowThePage) {
+    today_ = {2026, 8, 1};  // a Saturday
+    Click(1107);
+    ASSERT_EQ(Grid().model()->rowCount(), 6);
+    page_->resize(look::Metric::pageWidth, 1);
+    QCoreApplication::processEvents();
+    for (int week = 0; week < 6; ++week) {
+        EXPECT_GE(Grid().rowHeight(week), 42) << week;
+    }
+}
+
 }  // namespace
 }  // namespace quorvi
