@@ -2,6 +2,7 @@
 // stop into FOLDER. Ends with 0 when all are written, 1 when one is not, 2 for wrong usage.
 #include <QApplication>
 #include <cstdio>
+#include <filesystem>
 
 #include "app/process/DesktopMachine.h"
 #include "app/process/EndSignals.h"
@@ -20,7 +21,9 @@ int main(int argc, char** argv) {
     // Made once and never torn down, as in the suite's own program.
     auto& application = *new QApplication(argc, argv);
     PrepareApplication(application);
-    auto& machine = *new DesktopMachine(*new LocalSocketInstance);
+    // Without the user's settings: the pictures show the window in its usual size.
+    const std::filesystem::path folder = argv[1];
+    auto& machine = *new DesktopMachine(*new LocalSocketInstance, folder / "settings");
     auto& suite = *new Suite(machine.Parts());
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     suite.Start(false);

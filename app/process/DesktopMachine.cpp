@@ -1,6 +1,7 @@
 #include "app/process/DesktopMachine.h"
 
 #include <QFile>
+#include <utility>
 
 #include "agent/Wire.h"
 #include "app/process/ProcessEnd.h"
@@ -22,7 +23,8 @@ std::shared_ptr<DesktopIntegration> UserDesktop() {
 
 }  // namespace
 
-DesktopMachine::DesktopMachine(RunningInstance& instance) : instance_(instance) {}
+DesktopMachine::DesktopMachine(RunningInstance& instance, std::filesystem::path settings)
+    : instance_(instance), settings_(std::move(settings)) {}
 
 MachineParts DesktopMachine::Parts() {
     return {
