@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <optional>
 
 #include "app/process/ProcessEnd.h"
+#include "tests/support/EnvironmentVariable.h"
 #include "tests/support/WidgetTest.h"
 
 namespace quorvi {
@@ -145,6 +147,23 @@ TEST_F(Program, ASecondStartEndsWithZeroAndTheFirstGoesOn) {
     EXPECT_EQ(ProcessesWith(Mark()).size(), 1U);
     first->terminate();
     EXPECT_TRUE(first->waitForFinished());
+}
+
+TEST_F(Program, ASecondStartFindsTheFirstByAnyNameOfItsDisplays) {
+    std::optional<EnvironmentVariable> wayland(std::in_place, "WAYLAND_DISPLAY", "quorvi-none");
+    std::optional<EnvironmentVariable> x(std::in_place, "DISPLAY", ":987");
+    const auto first = Start({});
+    WaitUntilUp();
+    wayland.emplace("WAYLAND_DISPLAY", "");
+    x.emplace("DISPLAY", ":987.0");
+    const auto second = Start({});
+    EXPECT_TRUE(second->waitForFinished(kStartLimitMs));
+    EXPECT_EQ(second->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(first->state(), QProcess::Running);
+    for (const auto& program : {first.get(), second.get()}) {
+        program->terminate();
+        program->waitForFinished();
+    }
 }
 
 TEST_F(Program, AProgramThatWasKilledDoesNotKeepTheNextFromStarting) {
