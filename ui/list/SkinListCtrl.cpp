@@ -22,6 +22,25 @@ namespace quorvi {
 using look::Color;
 using look::Metric;
 
+namespace {
+
+bool HoldsText(CellKind kind) {
+    switch (kind) {
+        case CellKind::text:
+        case CellKind::twoLines:
+        case CellKind::twoSmallLines:
+        case CellKind::captioned:
+        case CellKind::twoLinesLink:
+        case CellKind::link:
+        case CellKind::iconText:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
 // Has the list paint each cell, since only the list knows the records.
 class ListDelegate : public QStyledItemDelegate {
   public:
@@ -203,12 +222,12 @@ void CSkinListCtrl::SetRedraw(bool on) {
 // ---- geometry ----------------------------------------------------------------------------------
 
 int CSkinListCtrl::NameColumn() const {
-    const auto name = std::ranges::find(columns_, true, &ListColumn::name);
-    const auto found = name != columns_.end()
-                           ? name
-                           : std::ranges::find_if(columns_, [](const ListColumn& column) {
-                                 return column.width != 0;
-                             });
+    auto found = std::ranges::find(columns_, true, &ListColumn::name);
+    if (found == columns_.end()) {
+        found = std::ranges::find_if(columns_, [](const ListColumn& column) {
+            return column.width != 0 && HoldsText(column.kind);
+        });
+    }
     return found == columns_.end() ? 0 : static_cast<int>(found - columns_.begin());
 }
 

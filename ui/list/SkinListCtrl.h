@@ -80,7 +80,7 @@ class CSkinListCtrl : public QTableView {
         return columns_[static_cast<std::size_t>(column)];
     }
     [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
-    // The column of names; without one, the first that is shown.
+    // The column of names; without one, the first that is shown and holds text.
     [[nodiscard]] int NameColumn() const;
 
   Q_SIGNALS:

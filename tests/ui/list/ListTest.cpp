@@ -95,21 +95,37 @@ TEST_F(ListTest, NoColumnIsNarrowerThanItsWidth) {
     EXPECT_EQ(list_->columnWidth(sampleName), list_->Column(sampleName).width);
 }
 
-TEST_F(ListTest, WithoutAColumnOfNamesTheLastTakesWhatIsLeft) {
-    static constexpr std::array<ListColumn, 3> kColumns{{{u8"一", 60}, {u8"二", 60}, {u8"", 0}}};
-    class PlainList : public RecordListCtrl<int> {
-      public:
-        explicit PlainList(QWidget* parent)
-            : RecordListCtrl(kColumns, look::Metric::rowCompact, parent) {}
+// A list that has no column of names.
+class PlainList : public RecordListCtrl<int> {
+  public:
+    explicit PlainList(QWidget* parent)
+        : RecordListCtrl(kColumns, look::Metric::rowCompact, parent) {}
 
-      protected:
-        [[nodiscard]] Cell CellOf(const int&, int) const override { return {}; }
-    };
+  protected:
+    [[nodiscard]] Cell CellOf(const int&, int column) const override {
+        return {.text = column == 1 ? QStringLiteral("text") : QString()};
+    }
+
+  private:
+    static constexpr std::array<ListColumn, 4> kColumns{
+        {{u8"一", 60, CellKind::picture}, {u8"二", 60}, {u8"三", 60}, {u8"", 0}}};
+};
+
+TEST_F(ListTest, WithoutAColumnOfNamesTheLastTakesWhatIsLeft) {
     PlainList plain(&window_);
     plain.resize(400, 300);
     plain.show();
     EXPECT_EQ(plain.columnWidth(0), 60);
+    EXPECT_EQ(plain.columnWidth(1), 60);
     EXPECT_EQ(WidthOfColumns(plain) + look::Metric::scrollGutter, plain.viewport()->width());
+}
+
+TEST_F(ListTest, WithoutAColumnOfNamesTheFirstWithTextStandsForIt) {
+    PlainList plain(&window_);
+    plain.SetRecords({1});
+    plain.SelectRow(0);
+    QTest::keyClick(&plain, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("text"));
 }
 
 TEST_F(ListTest, AClickOutsideTheLinkChangesOnlyTheSelection) {
