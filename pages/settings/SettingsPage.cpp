@@ -160,13 +160,13 @@ void SettingsPage::Run(Work work, Done done) {
 
 void SettingsPage::SetBusy(bool busy) {
     if (busy) {
-        focus_ = focusWidget();
+        focus_.emplace(*this);
     }
     for (QWidget* control : std::initializer_list<QWidget*>{autoRun_, repair_, gb18030_, gbk_}) {
         control->setEnabled(!busy);
     }
-    if (!busy && focus_ && focusWidget() != focus_ && isVisible()) {
-        focus_->setFocus();
+    if (!busy) {
+        focus_->GiveBack();
     }
 }
 

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "base/Text.h"
 #include "desktop/DesktopIntegration.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
+#include "ui/page/FocusKeeper.h"
 #include "ui/page/Page.h"
 #include "ui/page/PageLoad.h"
 
@@ -51,7 +53,7 @@ class SettingsPage : public Page {
 
     std::shared_ptr<DesktopIntegration> desktop_;
     PageLoad job_{*this};
-    QPointer<QWidget> focus_;  // what had the focus before the controls were disabled
+    std::optional<FocusKeeper> focus_;  // of the work that goes on, or went on last
 
     CSkinCheck* autoRun_;
     CSkinCheck* autoRunOnUsb_;

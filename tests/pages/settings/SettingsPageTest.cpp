@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QLineEdit>
 #include <QSignalSpy>
 
 #include "agent/Wire.h"
@@ -120,6 +121,42 @@ TEST_F(SettingsPageTest, ControlsRestWhileWorkGoesOnAndTheFocusComesBack) {
     EXPECT_FALSE(Control<CSkinCheck>(1016).isEnabled());
     Rest();
     EXPECT_EQ(page_->focusWidget(), &Control<CSkinButton>(1355));
+}
+
+// The page in a window that has a field of its own, as the main window has its search box.
+class SettingsBesideAField : public SettingsPageTest {
+  protected:
+    void SetUp() override {
+        Open();
+        page_->setParent(&window_);
+        page_->show();
+        window_.show();
+        window_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    }
+    void TearDown() override { page_.reset(); }
+
+    QWidget window_;
+    QLineEdit field_{&window_};
+};
+
+TEST_F(SettingsBesideAField, WorkHandsTheFocusToNoOtherControl) {
+    auto& repair = Control<CSkinButton>(1355);
+    repair.setFocus();
+    QTest::keyClick(&repair, Qt::Key_Space);
+    ASSERT_FALSE(repair.isEnabled());
+    EXPECT_FALSE(field_.hasFocus());
+    Rest();
+    EXPECT_TRUE(repair.hasFocus());
+}
+
+TEST_F(SettingsBesideAField, WorkThatEndsLeavesTheFocusWhereTheUserHasPutIt) {
+    auto& repair = Control<CSkinButton>(1355);
+    repair.setFocus();
+    QTest::keyClick(&repair, Qt::Key_Space);
+    field_.setFocus();
+    Rest();
+    EXPECT_TRUE(field_.hasFocus());
 }
 
 TEST_F(SettingsPageTest, HiddenChoiceOfTheEndIsReadAndWritten) {
