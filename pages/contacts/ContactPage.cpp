@@ -163,17 +163,23 @@ void CContactPage::OpenMenu(const QPoint& at) {
 }
 
 CContactPage::Unsaved& CContactPage::UnsavedHere() {
-    return unsaved_[device_.Serial()];
+    const std::string serial = device_.Serial();
+    if (!unsaved_.contains(serial)) {
+        if (auto before = unsaved_.extract(std::string())) {
+            before.key() = serial;
+            unsaved_.insert(std::move(before));
+        }
+    }
+    return unsaved_[serial];
 }
 
 void CContactPage::AddContact() {
     auto* editor = new CContactEditDlg(Host(), this, agent_);
-    Unsaved& here = UnsavedHere();
-    if (here.added) {
-        editor->Resume(*here.added);
+    if (unsavedNew_) {
+        editor->Resume(*unsavedNew_);
     }
-    editor->Open([this, editor, &here](int result) {
-        here.added = editor->Unsaved();
+    editor->Open([this, editor](int result) {
+        unsavedNew_ = editor->Unsaved();
         EndEditor(result);
     });
 }
@@ -182,12 +188,12 @@ void CContactPage::EditSelected() {
     if (const ContactListRow* contact = list_->CurrentRecord()) {
         auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agent_);
         Unsaved& here = UnsavedHere();
-        if (const auto form = here.changed.extract(contact->contactId)) {
+        if (const auto form = here.contacts.extract(contact->contactId)) {
             editor->Resume(form.mapped());
         }
         editor->Open([this, editor, id = contact->contactId, &here](int result) {
             if (editor->Unsaved()) {
-                here.changed[id] = *editor->Unsaved();
+                here.contacts[id] = *editor->Unsaved();
             }
             EndEditor(result);
         });
