@@ -45,13 +45,14 @@ template <typename Row, typename Take>
     do {
         Row row;
         const RecordEnd end = take(cursor, row);
+        if (end == RecordEnd::whole) {
+            list.rows.push_back(std::move(row));
+            continue;
+        }
         if (end == RecordEnd::mark) {
             list.marked = std::move(row);
         }
-        if (end != RecordEnd::whole) {
-            return list;
-        }
-        list.rows.push_back(std::move(row));
+        return list;
     } while (!cursor.AtEnd());
     return list;
 }
