@@ -11,7 +11,8 @@ namespace {
 constexpr std::size_t kReceiveChunk = 4 * 1024 * 1024;
 
 struct FirstWord {
-    bool came = false;
+    bool came = false;   // some of it
+    bool whole = false;  // all of it
     std::uint32_t value = 0;
 };
 
@@ -19,7 +20,7 @@ struct FirstWord {
 FirstWord ReceiveWord(const TcpSocket& socket) {
     std::array<std::byte, 4> word{};
     const std::ptrdiff_t count = socket.ReceiveAll(word);
-    return {count > 0, ReadUInt32(word.data())};
+    return {count > 0, count == std::ssize(word), ReadUInt32(word.data())};
 }
 
 // Everything behind the length word, into the buffer.
@@ -83,7 +84,7 @@ AcknowledgedReply AgentSession::ReadAcknowledgement() {
     }
     const FirstWord word = ReceiveWord(socket_);
     Close();
-    return {word.came ? SessionOutcome::complete : SessionOutcome::noReply, word.value};
+    return {word.whole ? SessionOutcome::complete : SessionOutcome::noReply, word.value};
 }
 
 PayloadReply AgentSession::ReadPayload(const Progress& progress) {

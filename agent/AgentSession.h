@@ -28,7 +28,7 @@ enum class SessionOutcome {
     cut,       // closed before the whole payload had come: parsed all the same, see ReplyBuffer
     noData,    // NoDataMark, or a payload of no bytes: an empty result and no error
     noReply,   // closed, or broken, in place of the first word: the forward stands and the
-               // agent is gone; nothing is shown for it
+               // agent is gone; the window shows nothing for it, but for what was to be saved
     connectFailed,  // no forward or no adb server; the one failure that the user sees in words
     receiveFailed,  // the connection broke inside the payload: what had come is dropped
 };
@@ -47,10 +47,9 @@ struct PayloadReply {
 };
 
 struct AcknowledgedReply {
-    // `complete`, `noReply` or `connectFailed`. Whoever changed something on the phone looks at
-    // Connected() alone, and not at whether the word came.
+    // `complete`, `noReply` (also when but a part of the word came) or `connectFailed`.
     SessionOutcome outcome = SessionOutcome::connectFailed;
-    // Zero when there was no reply.
+    // What did not come of it is zero.
     AcknowledgeWord word = 0;
 
     [[nodiscard]] bool Connected() const { return outcome != SessionOutcome::connectFailed; }

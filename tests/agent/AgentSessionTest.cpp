@@ -257,7 +257,9 @@ TEST(AgentSession, OfAnAcknowledgementCutShortTheMissingBytesAreZero) {
         .bytes = Bytes{std::byte{0x01}, std::byte{0x02}},
         .end = Answer::End::close,
     });
-    EXPECT_EQ(AgentSession(agent.Port()).RunAcknowledged(kRequest).word, 0x01020000u);
+    const AcknowledgedReply reply = AgentSession(agent.Port()).RunAcknowledged(kRequest);
+    EXPECT_EQ(reply.word, 0x01020000u);
+    EXPECT_EQ(reply.outcome, SessionOutcome::noReply);  // nothing was acknowledged
 }
 
 TEST(AgentSession, ProgressGrowsToTheLength) {

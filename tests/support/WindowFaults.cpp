@@ -93,8 +93,8 @@ QString WindowFaults::StatusBehind(const FaultMode& mode, AgentCommand code) {
     if (mode.left == Left::refused) {
         return ConnectError();
     }
-    const bool answered =
-        mode.means != Means::agentGone && mode.words != "close" && mode.words != "reset";
+    const bool answered = mode.means != Means::agentGone && mode.words != "close" &&
+                          mode.words != "reset" && mode.words != kCutInLength;
     return !answered && std::ranges::find(kFilledIn, code) != kFilledIn.end() ? Unacknowledged()
                                                                               : Ready();
 }
