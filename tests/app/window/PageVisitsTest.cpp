@@ -44,6 +44,12 @@ TEST_F(PageVisits, APhoneThatIsGoneLeavesTheOldListsStanding) {
     ASSERT_TRUE(WaitIdle());
     EXPECT_EQ(Calls(), 0);
     EXPECT_EQ(Status(), ToQString(u8"【X】连接错误"));
+    // A phone that is back is seen by the first load that works.
+    Restore();
+    Command(0);
+    ASSERT_TRUE(WaitIdle());
+    EXPECT_EQ(Calls(), 33);
+    EXPECT_EQ(Status(), ToQString(u8"就绪"));
 }
 
 // A suite of its own: its window is gone then.
