@@ -184,6 +184,10 @@ void SettingsPage::LoadSettings() {
         [this](const Written& written) {
             autoRun_->SetCheck(written.autoRuns ? 1 : 0);
             (written.codePage == CodePage::gbk ? gbk_ : gb18030_)->setChecked(true);
+            // The Tab key comes to what is chosen.
+            for (SkinRadio* radio : {gb18030_, gbk_}) {
+                radio->setFocusPolicy(radio->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+            }
         });
 }
 

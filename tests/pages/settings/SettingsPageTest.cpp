@@ -191,6 +191,19 @@ TEST_F(SettingsPageTest, CodePageOfTheNextStartIsReadAndWritten) {
     EXPECT_EQ(ChosenCodePage(host_.settings, CodePage::gb18030), CodePage::gbk);
 }
 
+TEST_F(SettingsPageTest, TabGoesFromTheTopToTheBottom) {
+    Open();
+    ShowActive(*page_);
+    Control<CSkinCheck>(1016).setFocus();
+    QStringList order;
+    for (int i = 0; i < 3; ++i) {
+        order.append(page_->focusWidget()->objectName());
+        QTest::keyClick(page_->focusWidget(), Qt::Key_Tab);
+    }
+    // Of a choice, what is chosen; the arrow keys choose.
+    EXPECT_EQ(order.join(QLatin1Char(' ')), QStringLiteral("1016 codePageGbk 1355"));
+}
+
 TEST_F(SettingsPageTest, AnyOtherStoredChoiceCountsAsHiding) {
     host_.settings.WriteNumber(kSettingsKey, "exit_mode", 7);
     Open();
