@@ -163,7 +163,8 @@ int CalendarModel::columnCount(const QModelIndex& parent) const {
 QVariant CalendarModel::data(const QModelIndex& index, int role) const {
     const auto date = DateAt(index);
     if (!date) {
-        return {};
+        // A cell before the month's first day or behind its last one.
+        return role == Qt::AccessibleTextRole ? QVariant(ToQString(u8"空")) : QVariant();
     }
     switch (role) {
         case Qt::DisplayRole:

@@ -295,6 +295,8 @@ TEST_F(CalendarPageTest, AScreenReaderHearsTheWholeDay) {
     ASSERT_NE(grid->tableInterface(), nullptr);
     EXPECT_EQ(grid->tableInterface()->cellAt(3, 0)->text(QAccessible::Name),
               CellOf(19).data(Qt::AccessibleTextRole).toString());
+    EXPECT_EQ(grid->tableInterface()->cellAt(0, 0)->text(QAccessible::Name),
+              ToQString(u8"空"));  // June began on a Wednesday
     for (const int number : {1102, 1103, 1104, 1105, 1107, 1111, 1112}) {
         EXPECT_FALSE(Find(number).accessibleName().isEmpty()) << number;
     }
