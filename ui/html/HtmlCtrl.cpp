@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QResizeEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -20,14 +19,18 @@ namespace {
 // until the page loads something else.
 constexpr int kMaxRevivals = 3;
 
-// The document may hear of its new height before this script or behind it.
+// A view that becomes lower leaves the document where it was scrolled to.
 constexpr char16_t kStayAtEnd[] =
-    uR"((function(before, now) {
-  const end = () => window.scrollTo(0, document.documentElement.scrollHeight);
-  if (window.scrollY + before < document.documentElement.scrollHeight - 1) return;
-  if (window.innerHeight > now + 1) window.addEventListener('resize', end, {once: true});
-  else end();
-}))";
+    uR"((() => {
+  let before = window.innerHeight;
+  window.addEventListener('resize', () => {
+    const whole = document.documentElement.scrollHeight;
+    if (window.innerHeight < before && window.scrollY + before >= whole - 1) {
+      window.scrollTo(0, whole);
+    }
+    before = window.innerHeight;
+  });
+})())";
 
 QUrl WithoutFragment(const QUrl& url) {
     return url.adjusted(QUrl::RemoveFragment);
@@ -119,17 +122,6 @@ void CHtmlCtrlBase::showEvent(QShowEvent* event) {
     if (!wanted_) {
         wanted_ = true;
         engine_.Use(this, [this](HtmlBrowserMaker& maker) { CreateBrowser(maker); });
-    }
-}
-
-// Who stands at the end of a document stays there when the view becomes lower.
-void CHtmlCtrlBase::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    const int before = event->oldSize().height();
-    if (ready_ && content_ == HtmlContent::local && height() < before) {
-        browser_->Run(QString::fromUtf16(kStayAtEnd)
-                          .append(QStringLiteral("(%1, %2)").arg(before).arg(height())),
-                      {});
     }
 }
 
@@ -265,6 +257,9 @@ void CHtmlCtrlBase::OnLoadFinished() {
     }
     for (const HtmlEdit& edit : edits_) {
         browser_->Run(edit.script, {});
+    }
+    if (staysAtEnd_) {
+        browser_->Run(QString::fromUtf16(kStayAtEnd), {});
     }
     if (!announced_) {
         announced_ = true;

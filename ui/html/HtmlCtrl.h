@@ -70,6 +70,9 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     // the document had to be loaded again.
     void SetInnerHtml(std::string_view id, const HtmlFragment& html,
                       HtmlScroll scroll = HtmlScroll::keep);
+    // From the next document on, one that shows its end goes on showing it when the view becomes
+    // lower.
+    void StayAtEnd() { staysAtEnd_ = true; }
     [[nodiscard]] WatchedDocumentCookie Document() { return WatchedDocumentCookie(this); }
 
     // The browser, or nothing before it is made; for tests and pictures.
@@ -84,7 +87,6 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     virtual void OnAppCmd(const std::string& text) = 0;
 
     void showEvent(QShowEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -113,6 +115,7 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     std::vector<HtmlEdit> edits_;  // one an element, in the order in which they were set last
     bool ready_ = false;           // the document stands and takes edits
     bool announced_ = false;
+    bool staysAtEnd_ = false;
     int revivals_ = 0;
     QPointer<QWidget> before_;  // in the Tab key's round
     bool wanted_ = false;       // the engine has been asked for the browser
