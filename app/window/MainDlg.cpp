@@ -23,6 +23,7 @@
 #include "app/window/StatusStrip.h"
 #include "app/window/TabStrip.h"
 #include "app/window/WindowPlace.h"
+#include "ui/html/HtmlCtrl.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/ResizeEdges.h"
@@ -332,8 +333,9 @@ void CMainDlg::closeEvent(QCloseEvent* event) {
 }
 
 // Swallows Escape everywhere in the window and Enter outside the search box, so that neither closes
-// it. A key that changed the page and is still held does nothing in the page, to which the focus
-// has gone. A dialog over the window is a window of its own and gets its keys.
+// it. An HTML view lets Enter no further than to its links. A key that changed the page and is
+// still held does nothing in the page, to which the focus has gone. A dialog over the window is a
+// window of its own and gets its keys.
 bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(object);
@@ -346,7 +348,8 @@ bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
             }
             const int key = press->key();
             const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-            if (key == Qt::Key_Escape || (enter && widget != &caption_->Search())) {
+            if (key == Qt::Key_Escape ||
+                (enter && widget != &caption_->Search() && !CHtmlCtrlBase::Holds(*widget))) {
                 return true;
             }
         }

@@ -32,6 +32,11 @@ constexpr char16_t kStayAtEnd[] =
   });
 })())";
 
+// Pressed alone.
+bool IsPlain(const QKeyEvent& key) {
+    return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
 QUrl WithoutFragment(const QUrl& url) {
     return url.adjusted(QUrl::RemoveFragment);
 }
@@ -117,12 +122,26 @@ void CHtmlCtrlBase::Edit(HtmlEdit edit) {
     edits_.push_back(std::move(edit));
 }
 
+bool CHtmlCtrlBase::Holds(const QWidget& widget) {
+    const QWidget* part = &widget;
+    while (part != nullptr && qobject_cast<const CHtmlCtrlBase*>(part) == nullptr) {
+        part = part->parentWidget();
+    }
+    return part != nullptr;
+}
+
 void CHtmlCtrlBase::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!wanted_) {
         wanted_ = true;
         engine_.Use(this, [this](HtmlBrowserMaker& maker) { CreateBrowser(maker); });
     }
+}
+
+// Keys that the browser has no use for come here, and from here they would go to the window.
+void CHtmlCtrlBase::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    event->setAccepted(enter && content_ == HtmlContent::local);
 }
 
 void CHtmlCtrlBase::CreateBrowser(HtmlBrowserMaker& maker) {
@@ -191,14 +210,16 @@ void CHtmlCtrlBase::OnUrlChanged(const QUrl& url) {
 
 bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && content_ == HtmlContent::local) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Space && key->modifiers() == Qt::NoModifier) {
-            OnSpace(watched);
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.key() == Qt::Key_Delete && IsPlain(key)) {
+            if (!key.isAutoRepeat()) {
+                TellOfDelete();
+            }
             return true;
         }
-        if (key->key() == Qt::Key_Escape) {
+        if (key.key() == Qt::Key_Escape) {
             // The browser would keep it; in a dialog it is the way out.
-            QKeyEvent escape(QEvent::KeyPress, key->key(), key->modifiers());
+            QKeyEvent escape(QEvent::KeyPress, key.key(), key.modifiers());
             QCoreApplication::sendEvent(parentWidget(), &escape);
             return true;
         }
@@ -206,21 +227,13 @@ bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void CHtmlCtrlBase::OnSpace(QObject* receiver) {
-    browser_->Run(QStringLiteral("document.activeElement?.matches('a[href]')"),
-                  [receiver = QPointer<QObject>(receiver)](const QVariant& onLink) {
-                      if (!receiver) {
-                          return;
+void CHtmlCtrlBase::TellOfDelete() {
+    browser_->Run(QStringLiteral("document.activeElement?.href ?? ''"),
+                  [self = QPointer(this)](const QVariant& url) {
+                      const auto text = PrivateLinkText(url.toString().toStdString());
+                      if (self && text) {
+                          self->OnDelete(*text);
                       }
-                      // Straight to the receiver: on the common way the window takes Enter for
-                      // itself.
-                      const int key = onLink.toBool() ? Qt::Key_Return : Qt::Key_Space;
-                      const QString text =
-                          onLink.toBool() ? QStringLiteral("\r") : QStringLiteral(" ");
-                      QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-                      QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
-                      receiver->event(&press);
-                      receiver->event(&release);
                   });
 }
 

@@ -42,10 +42,11 @@ class WatchedDocumentCookie {
     QPointer<QObject> view_;  // looked at on the window's thread only
 };
 
-// The window's thread, WatchedDocumentCookie excepted. In a local view Space opens the link that
-// has the focus, as Enter does where the window lets it through. The browser itself is made when
-// the control has been shown and the engine is there; what is asked of it before is kept until
-// then. Where the engine can't be loaded the control stays empty.
+// The window's thread, WatchedDocumentCookie excepted. In a local view Enter opens the link that
+// has the focus and goes no further, Delete is told of with it (OnDelete), and Space scrolls. No
+// view changes its size of letters by the wheel. The browser itself is made when the control has
+// been shown and the engine is there; what is asked of it before is kept until then. Where the
+// engine can't be loaded the control stays empty.
 class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     Q_OBJECT
   public:
@@ -75,6 +76,9 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void StayAtEnd() { staysAtEnd_ = true; }
     [[nodiscard]] WatchedDocumentCookie Document() { return WatchedDocumentCookie(this); }
 
+    // Whether a widget is part of a view.
+    [[nodiscard]] static bool Holds(const QWidget& widget);
+
     // The browser, or nothing before it is made; for tests and pictures.
     [[nodiscard]] QWebEngineView* Browser() const { return browser_ ? browser_->View() : nullptr; }
 
@@ -85,8 +89,11 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
   protected:
     // A click on a private link; `text` is what follows the scheme's colon, ANSI.
     virtual void OnAppCmd(const std::string& text) = 0;
+    // Delete was pressed while a private link of this text had the focus.
+    virtual void OnDelete(const std::string& /*text*/) {}
 
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -104,8 +111,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void Load(const QUrl& document);
     void Begin();
     void Edit(HtmlEdit edit);
-    void OnSpace(QObject* receiver);
     void TakeKeys(QWidget& keys);
+    void TellOfDelete();
 
     HtmlContent content_;
     HtmlEngine& engine_;
@@ -127,6 +134,7 @@ class HtmlListener {
   public:
     virtual ~HtmlListener() = default;
     virtual void OnAppCmd(const std::string& text) = 0;
+    virtual void OnDelete(const std::string& /*text*/) {}
 };
 
 // The view as the pages use it.
@@ -141,6 +149,7 @@ class CHtmlCtrlFix : public CHtmlCtrlBase {
 
   protected:
     void OnAppCmd(const std::string& text) override { listener_.OnAppCmd(text); }
+    void OnDelete(const std::string& text) override { listener_.OnDelete(text); }
 
   private:
     HtmlListener& listener_;

@@ -18,6 +18,10 @@ constexpr std::string_view kPlace = "<foreign-text></foreign-text>";
 // moves over in one step. A text from the phone is parsed alone, and its tree is not taken over: of
 // the elements in `form` new ones are made, with these attributes and no other, all other elements
 // leave what stands in them, and those in `unseen` not even that.
+//
+// The Tab key stops at each link, but where the element names its stops by a selector
+// (`data-stops`): then at these alone, and one without a word is called by the words of its list
+// item. A picture's link that is no stop is not read out.
 constexpr char16_t kFunction[] =
     uR"((function(id, html, texts, scroll) {
   const element = id === '' ? document.documentElement : document.getElementById(id);
@@ -56,6 +60,16 @@ constexpr char16_t kFunction[] =
   const shell = inert.createElement(element.localName);
   shell.innerHTML = html;
   shell.querySelectorAll('foreign-text').forEach((place, i) => fill(place, texts[i]));
+  const stops = element.dataset.stops;
+  for (const link of stops ? shell.querySelectorAll('a') : []) {
+    const silent = link.textContent.trim() === '';
+    if (link.matches(stops)) {
+      if (silent) link.setAttribute('aria-label', link.closest('li').textContent.trim());
+    } else {
+      link.tabIndex = -1;
+      if (silent) link.setAttribute('aria-hidden', 'true');
+    }
+  }
   const content = document.createDocumentFragment();
   while (shell.firstChild) content.append(shell.firstChild);
   element.replaceChildren(content);

@@ -51,7 +51,9 @@ class WebServer : public QTcpServer {
 class Owner : public HtmlListener {
   public:
     void OnAppCmd(const std::string& text) override { commands.push_back(text); }
+    void OnDelete(const std::string& text) override { deletes.push_back(text); }
     std::vector<std::string> commands;
+    std::vector<std::string> deletes;
 };
 
 class HtmlCtrl : public testing::Test {

@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QProcessEnvironment>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 #include <QWebEngineView>
 #include <algorithm>
 #include <csignal>
@@ -21,6 +23,25 @@ QStringList VariableNames() {
     return QProcessEnvironment::systemEnvironment().keys();
 }
 QStringList namesBeforeAnyView;
+
+// Counts the events of a kind that reach a widget, and notes the last key.
+class EventsOf : public QObject {
+  public:
+    EventsOf(QWidget& widget, QEvent::Type type) : type_(type) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == type_) {
+            ++seen;
+            key = type_ == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+        }
+        return false;
+    }
+
+    int seen = 0;
+    int key = 0;
+
+  private:
+    QEvent::Type type_;
+};
 
 TEST_F(HtmlCtrl, BrowserIsMadeAtTheFirstShow) {
     CHtmlCtrlFix& view = Show();
@@ -188,33 +209,91 @@ INSTANTIATE_TEST_SUITE_P(Forms, PrivateLink,
                                          LinkForm{"qvh:a b/../c?d=1&e", u8"a b/../c?d=1&e"},
                                          LinkForm{"qvh:100%", u8"100%"}, LinkForm{"qvh:", u8""}));
 
-TEST_F(HtmlCtrl, SpaceOpensTheLinkThatTheTabKeyHasReached) {
-    CHtmlCtrlFix& view = ShowBlock();
-    view.SetInnerHtml("block", HtmlFragment(u8"<a href='qvh:1'>one</a> <a href='qvh:2'>two</a>"));
-    view.activateWindow();
-    view.setFocus();
-    ASSERT_TRUE(WaitFor([&] { return Ask(QStringLiteral("document.hasFocus()")).toBool(); }));
-    QWidget* keys = view.Browser()->focusProxy();
-    for (const char* id : {"1", "2"}) {
-        QTest::keyClick(keys, Qt::Key_Tab);
+class HtmlKeys : public HtmlCtrl {
+  protected:
+    // A shown view of two links over a tall ground.
+    void ShowLinks() {
+        CHtmlCtrlFix& view = ShowBlock();
+        view.SetInnerHtml("block", HtmlFragment(u8"<a href='qvh:1'>one</a> <a href='qvh:2'>two</a>"
+                                                u8"<div style='height:5000px'></div>"));
+        view.activateWindow();
+        view.setFocus();
+        ASSERT_TRUE(WaitFor([&] { return Ask(QStringLiteral("document.hasFocus()")).toBool(); }));
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(view_->Browser()->focusProxy(), key, modifiers);
+    }
+    void TabTo(const char* link) {
+        Press(Qt::Key_Tab);
         ASSERT_TRUE(WaitFor([&] {
             return Ask(QStringLiteral("document.activeElement?.href")).toString() ==
-                   QStringLiteral("qvh:") + QLatin1String(id);
+                   QStringLiteral("qvh:") + QLatin1String(link);
         }));
     }
-    QTest::keyClick(keys, Qt::Key_Space);
-    ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
-    EXPECT_EQ(owner_.commands, std::vector<std::string>{"2"});
+};
+
+TEST_F(HtmlKeys, EnterOpensTheLinkThatTheTabKeyHasReached) {
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        owner_.commands.clear();
+        ShowLinks();
+        TabTo("1");
+        TabTo("2");
+        Press(enter);
+        ASSERT_TRUE(WaitFor([&] { return !owner_.commands.empty(); }));
+        EXPECT_EQ(owner_.commands, std::vector<std::string>{"2"});
+    }
 }
 
-TEST_F(HtmlCtrl, SpaceScrollsWhereNoLinkHasTheFocus) {
-    CHtmlCtrlFix& view = ShowBlock();
-    view.SetInnerHtml("block", HtmlFragment(u8"<div style='height:5000px'>x</div>"));
-    view.activateWindow();
-    view.setFocus();
-    Ask(QStringLiteral("0"));
-    QTest::keyClick(view.Browser()->focusProxy(), Qt::Key_Space);
+TEST_F(HtmlKeys, EnterGoesNoFurtherThanTheView) {
+    ShowLinks();
+    QWidget window;
+    view_->setParent(&window);
+    window.show();
+    view_->show();
+    const EventsOf keys(window, QEvent::KeyPress);
+    Press(Qt::Key_Return);
+    Press(Qt::Key_F8);  // which nobody takes
+    ASSERT_TRUE(WaitFor([&] { return keys.seen > 0; }));
+    EXPECT_EQ(keys.seen, 1);
+    EXPECT_EQ(keys.key, Qt::Key_F8);
+    view_->setParent(nullptr);
+}
+
+TEST_F(HtmlKeys, SpaceScrollsAndOpensNoLink) {
+    ShowLinks();
+    TabTo("1");
+    Press(Qt::Key_Space);
     EXPECT_TRUE(WaitFor([&] { return Ask(QStringLiteral("window.scrollY")).toInt() > 100; }));
+    EXPECT_TRUE(owner_.commands.empty());
+}
+
+TEST_F(HtmlKeys, DeleteTellsOfTheLinkThatHasTheFocus) {
+    ShowLinks();
+    Press(Qt::Key_Delete);  // none has it
+    Ask(QStringLiteral("0"));
+    TabTo("1");
+    TabTo("2");
+    Press(Qt::Key_Delete, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    ASSERT_TRUE(WaitFor([&] { return !owner_.deletes.empty(); }));
+    EXPECT_EQ(owner_.deletes, std::vector<std::string>{"2"});
+    EXPECT_TRUE(owner_.commands.empty());
+}
+
+// Where the template names its stops.
+TEST_F(HtmlCtrl, TheTabKeyStopsAtTheLinksThatTheTemplateNames) {
+    CHtmlCtrlFix& view = Show();
+    QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
+    view.LoadFromResource(kConversationsTemplate);
+    view.SetInnerHtml("sms_ul", HtmlFragment(u8"<li><a href='qvh:1'><img src='w_os.gif'></a>"
+                                             u8"<span class=sender><a href='qvh:2'></a></span>"
+                                             u8"<a href='qvh:3'>words</a></li>"));
+    view.show();
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+    EXPECT_EQ(Ask(QStringLiteral("[...document.querySelectorAll('a')].map(a => [a.tabIndex,"
+                                 "a.ariaHidden, a.ariaLabel].join()).join('|')"))
+                  .toString(),
+              QStringLiteral("-1,true,|0,,words|-1,,"));
 }
 
 TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
