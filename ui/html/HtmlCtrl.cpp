@@ -224,6 +224,10 @@ bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
+    if (event->type() == QEvent::Wheel &&
+        static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier)) {
+        return true;  // the browser would change its size of letters
+    }
     return QWidget::eventFilter(watched, event);
 }
 

@@ -296,6 +296,36 @@ TEST_F(HtmlCtrl, TheTabKeyStopsAtTheLinksThatTheTemplateNames) {
               QStringLiteral("-1,true,|0,,words|-1,,"));
 }
 
+TEST_F(HtmlCtrl, TheWheelWithCtrlDoesNotReachTheBrowser) {
+    for (const HtmlContent content : {HtmlContent::local, HtmlContent::web}) {
+        CHtmlCtrlFix& view = Show(content);
+        const auto load = [&] {
+            QSignalSpy loaded(&view, &CHtmlCtrlBase::documentLoaded);
+            if (content == HtmlContent::web) {
+                view.Navigate2(QUrl(server_.Url()));
+            } else {
+                view.LoadFromResource(kContactTemplate);
+            }
+            view.show();
+            ASSERT_TRUE(WaitFor([&] { return loaded.count() == 1; }));
+        };
+        load();
+        // Sees what the view lets through: with each document the view takes the first look.
+        const EventsOf wheels(*view.Browser()->focusProxy(), QEvent::Wheel);
+        load();
+        const auto turn = [&](Qt::KeyboardModifiers modifiers) {
+            const QPointF at(view.rect().center());
+            QWheelEvent wheel(at, view.mapToGlobal(at), {}, {0, -120}, Qt::NoButton, modifiers,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(view.Browser()->focusProxy(), &wheel);
+        };
+        turn(Qt::ControlModifier);
+        EXPECT_EQ(wheels.seen, 0);
+        turn(Qt::NoModifier);
+        EXPECT_EQ(wheels.seen, 1);
+    }
+}
+
 TEST_F(HtmlCtrl, LinkWhoseSchemeOnlyBeginsWithTheLettersDoesNothing) {
     CHtmlCtrlFix& view = ShowBlock();
     view.SetInnerHtml(
