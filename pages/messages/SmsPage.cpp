@@ -91,6 +91,12 @@ void CSmsPage::OnAppCmd(const std::string& text) {
     }
 }
 
+void CSmsPage::OnDelete(const std::string& text) {
+    if (const auto link = ReadConversationLink(text)) {
+        OnMessage(Message::conversation, conversationDelete, static_cast<int>(link->id));
+    }
+}
+
 void CSmsPage::OnMessage(Message message, int first, int second) {
     if (message != Message::conversation || !isEnabled()) {
         return;
@@ -118,7 +124,8 @@ void CSmsPage::Compose(std::uint32_t conversation) {
     });
 }
 
-// Kept on purpose: it asks nothing before, unlike the deletes of the lists.
+// Kept on purpose: it asks nothing before, unlike the deletes of the lists (test
+// SmsPage.ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain).
 void CSmsPage::Delete(std::uint32_t conversation) {
     if (conversation == kNoConversation) {
         RefreshSms();

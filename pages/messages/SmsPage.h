@@ -17,9 +17,9 @@ namespace quorvi {
 class HtmlFrame;
 
 // Page 11, dialog 397, key 2 in PageLoadState. The fragment in the view is its only state: what is
-// done with a conversation is a link in it, which carries the conversation's id. One worker at
-// most; a refresh while it runs is dropped. A load that brings nothing to show leaves the view as
-// it is.
+// done with a conversation is a link in it, which carries the conversation's id; Delete on a block
+// does what its link for that does. One worker at most; a refresh while it runs is dropped. A load
+// that brings nothing to show leaves the view as it is.
 class CSmsPage : public Page, private HtmlListener {
     Q_OBJECT
   public:
@@ -43,6 +43,7 @@ class CSmsPage : public Page, private HtmlListener {
     struct Loaded;
 
     void OnAppCmd(const std::string& text) override;
+    void OnDelete(const std::string& text) override;
     void ShowLoaded(const Loaded& loaded);
     void Delete(std::uint32_t conversation);
 

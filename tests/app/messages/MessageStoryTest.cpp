@@ -143,6 +143,30 @@ TEST_F(MessageStory, AConversationIsAnswered) {
     EXPECT_EQ(Shown(".text").value(0), ToQString(u8"好"));
 }
 
+TEST_F(MessageStory, AConversationIsReadAndDeletedByKeys) {
+    const QString first = Senders().value(0);
+    const auto goToFirst = [&] {
+        View().setFocus();
+        ASSERT_TRUE(WaitFor(
+            [] { return AskHtml(View(), QStringLiteral("document.hasFocus()")).toBool(); }));
+        QTest::keyClick(View().Browser()->focusProxy(), Qt::Key_Tab);
+        ASSERT_TRUE(WaitFor([&] {
+            return AskHtml(View(), QStringLiteral("document.activeElement?.innerText"))
+                       .toString() == first;
+        }));
+    };
+    goToFirst();
+    QTest::keyClick(View().Browser()->focusProxy(), Qt::Key_Return);
+    ASSERT_TRUE(WaitForDialog(kComposer));
+    Press(kComposer, kCancel);
+    ASSERT_TRUE(WaitForNoDialog(kComposer));
+    goToFirst();
+    QTest::keyClick(View().Browser()->focusProxy(), Qt::Key_Delete);
+    ASSERT_TRUE(WaitFor([] { return Requests(870206).size() == 1; }));
+    ASSERT_TRUE(WaitIdle());
+    EXPECT_FALSE(Senders().contains(first));
+}
+
 // Its id is past 31 bits, and stands as a negative number in its links.
 TEST_F(MessageStory, AConversationOfANegativeIdIsReadAndDeleted) {
     const auto block = Senders().indexOf(ToQString(u8"工行客服"));

@@ -219,6 +219,69 @@ TEST_F(SmsPage, ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain) {
     EXPECT_EQ(OpenDialog(548), nullptr);
 }
 
+// Where the Tab key stops in the list.
+class SmsPageKeys : public SmsPage {
+  protected:
+    void OpenFocused() {
+        CSmsPage& page = OpenLoaded();
+        page.activateWindow();
+        View().setFocus();
+        ASSERT_TRUE(WaitFor(
+            [&] { return AskHtml(View(), QStringLiteral("document.hasFocus()")).toBool(); }));
+    }
+    void Press(Qt::Key key) { QTest::keyClick(View().Browser()->focusProxy(), key); }
+    // What has the focus: its words.
+    QString Focused() {
+        return AskHtml(View(), QStringLiteral("document.activeElement?.href ? "
+                                              "document.activeElement.innerText : ''"))
+            .toString();
+    }
+    void TabTo(std::u8string_view sender) {
+        Press(Qt::Key_Tab);
+        ASSERT_TRUE(WaitFor([&] { return Focused() == ToQString(sender); }));
+    }
+};
+
+TEST_F(SmsPageKeys, EachConversationIsOneStopThatBearsItsSendersName) {
+    OpenFocused();
+    TabTo(u8"林远舟");
+    TabTo(u8"10086");
+}
+
+TEST_F(SmsPageKeys, DeleteOnABlockDoesWhatItsDeleteLinkDoes) {
+    OpenFocused();
+    TabTo(u8"林远舟");
+    Press(Qt::Key_Delete);
+    WaitForLoads(2);
+    ASSERT_EQ(Deletes().size(), 1u);
+    EXPECT_EQ(Deletes()[0], Join({Word(870206), Word(16), Word(1), Word(7)}));
+}
+
+TEST_F(SmsPageKeys, SpaceOnABlockOpensAndDeletesNothing) {
+    OpenFocused();
+    TabTo(u8"林远舟");
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Return);  // what comes of this is the first that comes
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_TRUE(Deletes().empty());
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation).size(), 1u);
+    PressIn(kComposer, 1021);
+}
+
+TEST_F(SmsPage, AllOfABlockIsTheLinkToItsConversation) {
+    OpenLoaded();
+    // Right of the text, where nothing stands.
+    const QVariantList at = AskHtml(View(), QStringLiteral("(r => [r.right - 20, r.bottom - 6])("
+                                                           "document.querySelector('#sms_ul > li')"
+                                                           ".getBoundingClientRect())"))
+                                .toList();
+    QTest::mouseClick(View().Browser()->focusProxy(), Qt::LeftButton, {},
+                      QPoint(at[0].toInt(), at[1].toInt()));
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(7)}));
+    PressIn(kComposer, 1021);
+}
+
 TEST_F(SmsPage, AnIdOfMinusOneIsNotSent) {
     CSmsPage& page = OpenLoaded();
     page.OnMessage(Message::conversation, 1, -1);
