@@ -92,8 +92,17 @@ SystemInfoReply FetchSystemInfo(const AgentSession& session) {
     return {reply.outcome, reply.HasPayload() ? ParseSystemInfo(reply.buffer) : std::nullopt};
 }
 
+std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTableAtFirst() {
+    std::array<SystemInfoRow, kSystemInfoRows> rows;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        rows[i].caption = Ansi(kSystemInfoCaptions[i]);
+    }
+    rows.back().text = Ansi(u8"无");  // no phone tells of such hardware
+    return rows;
+}
+
 std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info) {
-    const std::array<std::string, kSystemInfoRows> texts{
+    const std::array<std::string, kSystemInfoRows - 1> texts{
         info.model,
         TimeSinceBoot(info.millisecondsSinceBoot),
         info.systemVersion,
@@ -112,11 +121,10 @@ std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& inf
         info.mobileNetwork,
         info.wifiNetwork,
         fmt::format("{} / 255", static_cast<std::int32_t>(info.brightness)),
-        Ansi(u8"无"),
     };
-    std::array<SystemInfoRow, kSystemInfoRows> rows;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i] = {Ansi(kSystemInfoCaptions[i]), texts[i]};
+    auto rows = SystemInfoTableAtFirst();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        rows[i].text = texts[i];
     }
     return rows;
 }

@@ -67,6 +67,9 @@ inline constexpr std::array<std::u8string_view, kSystemInfoRows> kSystemInfoCapt
     u8"移动网络", u8"WiFi网络", u8"屏幕亮度", u8"扩展硬件",
 };
 
+// The table's rows before the phone has told anything, ANSI: captions, and the one text that is
+// always the same.
+[[nodiscard]] std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTableAtFirst();
 // The table's rows, ANSI. A state shows as on for exactly 1. The text of row 1 ends in a blank and
 // a line feed, kept on purpose: both are part of the text as it has always been.
 [[nodiscard]] std::array<SystemInfoRow, kSystemInfoRows> SystemInfoTable(const SystemInfo& info);

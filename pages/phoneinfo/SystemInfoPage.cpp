@@ -3,7 +3,6 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "base/Text.h"
 #include "pages/kit/PageSession.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -67,8 +66,9 @@ CSystemInfoPage::CSystemInfoPage(PageHost& host, const Services& services, QWidg
     layout->setContentsMargins({});
     layout->addWidget(list_);
     std::vector<InfoRow> rows;
-    for (std::size_t i = 0; i < kSystemInfoRows; ++i) {
-        rows.push_back({{Ansi(kSystemInfoCaptions[i]), {}}, kIcons[i]});
+    const auto first = SystemInfoTableAtFirst();
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        rows.push_back({first[i], kIcons[i]});
     }
     list_->SetRecords(std::move(rows));
 }
