@@ -40,12 +40,12 @@ class Walk {
         }
         const bool widget = at->object() != nullptr && at->object()->isWidgetType();
         const bool control = kControls.contains(at->role());
-        if (control || (widget && at->state().focusable)) {
-            Look(*at, control);
-        }
-        // The browser has no name for its document: what a tool reads is that of the view around.
         if (widget && at->object()->inherits("quorvi::CHtmlCtrlBase")) {
+            // The browser has no name for its document, which takes the keys: what a tool reads is
+            // that of the view around it.
             LookAtName(*at);
+        } else if (control || (widget && at->state().focusable)) {
+            Look(*at, control);
         }
         if (at->tableInterface() != nullptr && at->role() != QAccessible::Tree) {
             LookAtCells(*at);
