@@ -10,8 +10,9 @@ namespace quorvi {
 [[nodiscard]] QString ToQString(std::string_view ansi);
 // A text of the program's own.
 [[nodiscard]] QString ToQString(std::u8string_view text);
-// The beginning of a text from a peer, as much as the cell of a list can show, and “…” where there
-// is more: so a name of a megabyte is not converted at each painting.
+// A text from a peer as a cell of a list shows it, in one line: a line break in it is a blank, and
+// NUL is nothing. As much of it as a cell can show, and “…” where there is more: so a name of a
+// megabyte is not converted at each painting.
 [[nodiscard]] QString ToShownQString(std::string_view ansi);
 [[nodiscard]] std::string FromQString(const QString& text);
 

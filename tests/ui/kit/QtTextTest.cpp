@@ -14,6 +14,14 @@ TEST(QtText, OfALongTextItsStartIsShown) {
               QString(1024, QLatin1Char('n')) + QStringLiteral("…"));
 }
 
+TEST(QtText, ATextIsShownInOneLine) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(ToShownQString("Lin\nYuan\r\nzhou\rx"), QStringLiteral("Lin Yuan zhou x"));
+    EXPECT_EQ(ToShownQString("Lin\0 Yuan\0"sv), QStringLiteral("Lin Yuan"));
+    EXPECT_EQ(ToShownQString("\n" + std::string(2000, 'n')),
+              QStringLiteral(" ") + QString(1023, QLatin1Char('n')) + QStringLiteral("…"));
+}
+
 TEST(QtText, AStartNeverEndsInsideACharacter) {
     std::string text = "n";  // the cut goes through a character of two bytes
     for (int i = 0; i < 1000; ++i) {
