@@ -435,8 +435,9 @@ TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
     const auto ask = [&](const char* script) {
         return AskHtml(View(), QString::fromLatin1(script));
     };
-    ASSERT_TRUE(WaitFor(
-        [&] { return ask("document.querySelectorAll('#block foreign-text i').length").toInt() == 3 + 7; }));
+    ASSERT_TRUE(WaitFor([&] {
+        return ask("document.querySelectorAll('#block foreign-text i').length").toInt() == 3 + 7;
+    }));
     // The picture has failed, and has told its handler if it has one.
     ASSERT_TRUE(WaitFor([&] {
         return ask("[...document.querySelectorAll('#block img')].every(i => i.complete)").toBool();
@@ -444,9 +445,22 @@ TEST_F(ContactPage, MarkupInAnyTextIsShownAndRunsNothing) {
     EXPECT_FALSE(ask("document.documentElement.hasAttribute('ran')").toBool());
 }
 
+TEST_F(ContactPage, TheDetailKeepsTheLinesOfANoteAndAnAddress) {
+    agent_.AnswerPayload(AgentCommand::readContact, ContactOf("one\ntwo\r\nthree").Get());
+    OpenLoaded();
+    const auto shown = [&](const char* part) {
+        return AskHtml(View(), QStringLiteral("document.querySelector('%1')?.innerText")
+                                   .arg(QLatin1String(part)))
+            .toString();
+    };
+    const QString lines = QStringLiteral("one\ntwo\nthree");
+    EXPECT_TRUE(WaitFor([&] { return shown("#notes .section") == lines; }));
+    EXPECT_EQ(shown("#others .l:not(.w80)"), lines);
+    EXPECT_EQ(shown(".name"), QStringLiteral("one two three"));
+}
+
 TEST_F(ContactPage, BytesThatAreNoTextShowInTheDetailAsQuestionMarks) {
-    agent_.AnswerPayload(AgentCommand::readContact,
-                         ContactOf("<i>\x01\x1b[31m\xff\xfe</i>").Get());
+    agent_.AnswerPayload(AgentCommand::readContact, ContactOf("<i>\x01\x1b[31m\xff\xfe</i>").Get());
     OpenLoaded();
     EXPECT_TRUE(WaitFor([&] {
         return AskHtml(View(), QStringLiteral("document.querySelector('#block i')?.textContent"))

@@ -158,6 +158,18 @@ TEST_F(Composer, AConversationAtItsEndStaysThereWhenTheRecipientsTakeMoreRoom) {
     EXPECT_TRUE(WaitFor([&] { return AtTheEnd(); }));
 }
 
+TEST_F(Composer, AMessageKeepsItsLines) {
+    agent_.AnswerPayload(
+        AgentCommand::readConversation,
+        MessagesPayload({{.text = "one\r\ntwo"}, {.incoming = 0, .text = "<b>a</b>\nb"}}).Get());
+    OpenLoaded(7);
+    EXPECT_TRUE(WaitFor([&] {
+        return AskHtml(View(), QStringLiteral("[...document.querySelectorAll('dd')].map(d =>"
+                                              "d.innerText.trim()).join('|')"))
+                   .toString() == ToQString(u8"对您说：\none\ntwo|我说：\na\nb");
+    }));
+}
+
 TEST_F(Composer, ALongConversationStandsAtItsEndAndIsThereToItsBeginning) {
     std::vector<ListedMessage> messages(400);
     for (std::size_t i = 0; i < messages.size(); ++i) {

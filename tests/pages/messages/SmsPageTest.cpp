@@ -112,6 +112,21 @@ TEST_F(SmsPage, AnAttributionInAngleBracketsIsNoMarkup) {
         ToQString(u8"[<SP号码>]"));
 }
 
+TEST_F(SmsPage, AMessageKeepsItsLinesAndANameStandsInOne) {
+    using namespace std::string_literals;
+    agent_.AnswerPayload(
+        AgentCommand::listConversations,
+        ConversationsPayload({{.name = "Lin\nYuan\0zhou"s, .text = "one\ntwo\0\r\nthree"s}}).Get());
+    OpenLoaded();
+    const auto shown = [&](const char* part) {
+        return AskHtml(View(), QStringLiteral("document.querySelector('#sms_ul %1').innerText")
+                                   .arg(QLatin1String(part)))
+            .toString();
+    };
+    EXPECT_EQ(shown(".text > a"), QStringLiteral("one\ntwo\nthree"));
+    EXPECT_EQ(shown(".sender"), QStringLiteral("Lin Yuanzhou"));
+}
+
 TEST_F(SmsPage, SaysThatItIsAtWorkWhileItLoadsAndDropsASecondRefresh) {
     agent_.Hold(AgentCommand::listConversations);
     CSmsPage& page = Open();
