@@ -78,6 +78,18 @@ TEST_F(HomePage, TilesKeepTheirHeightInALargerWindow) {
     EXPECT_EQ(heights(), before);
 }
 
+TEST_F(HomePage, InALowWindowThePhonesNameIsWhole) {
+    CHomePage& page = Open(UnusedPort());
+    const auto height = [&](const char* what) {
+        return AskHtml(View(), QString::fromLatin1(what)).toInt();
+    };
+    page.resize(760, 360);
+    ASSERT_TRUE(WaitFor([&] { return height("innerHeight") == 360; }));
+    EXPECT_EQ(height("document.querySelector('#manufacturer').clientHeight"), 28);
+    EXPECT_LE(height("document.querySelector('.hero').scrollHeight"),
+              height("document.querySelector('.hero').clientHeight"));
+}
+
 TEST_F(HomePage, ConnectFailureIsToldAndTheViewStays) {
     CHomePage& page = Open(UnusedPort());
     page.Refresh();
