@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -38,12 +39,12 @@ int CPhoneSuiteApp::RunWindow() {
 
     // Made once and never torn down: the process ends under workers that still use them.
     auto& application = *new QApplication(argc_, argv_);
-    auto& instance = *new LocalSocketInstance;
-    if (instance.ShowOther()) {
+    auto instance = std::make_unique<LocalSocketInstance>();
+    if (instance->ShowOther()) {
         return 0;
     }
     PrepareApplication(application);
-    auto& machine = *new DesktopMachine(instance);
+    auto& machine = *new DesktopMachine(*instance.release());
     auto& suite = *new Suite(machine.Parts());
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     // The browser engine takes longer to load than all else; the window does not wait for it.
