@@ -80,7 +80,7 @@ std::string PutFirst(std::string_view desktopId, std::string_view list) {
 }  // namespace
 
 std::string ExecPath(std::string_view program) {
-    if (program.find_first_of(kReserved) == std::string_view::npos) {
+    if (!program.empty() && program.find_first_of(kReserved) == std::string_view::npos) {
         return std::string(program);
     }
     std::string quoted = "\"";

@@ -12,6 +12,7 @@ TEST(DesktopEntry, PathStandsInDoubleQuotesOnlyWhereItNeedsThem) {
     for (const char reserved : std::string_view("\t'><~|&;*?#()")) {
         EXPECT_EQ(ExecPath(std::string("/a") + reserved + "b").front(), '"') << reserved;
     }
+    EXPECT_EQ(ExecPath(""), R"("")");  // without quotes there would be no program at all
 }
 
 TEST(DesktopEntry, ReservedCharactersOfAPathStandForThemselves) {
