@@ -61,11 +61,15 @@ Places PlacesOf(std::filesystem::path program, const Environment& environment) {
     return places;
 }
 
-Places ThePlaces() {
-    return PlacesOf(ProgramPath(), [](const char* name) {
+Environment TheEnvironment() {
+    return [](const char* name) {
         const char* const value = std::getenv(name);
         return value == nullptr ? std::nullopt : std::optional<std::string>(value);
-    });
+    };
+}
+
+Places ThePlaces() {
+    return PlacesOf(ProgramPath(), TheEnvironment());
 }
 
 }  // namespace quorvi

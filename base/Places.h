@@ -11,6 +11,9 @@ namespace quorvi {
 // The value of an environment variable; nothing when there is none.
 using Environment = std::function<std::optional<std::string>(const char* name)>;
 
+// That of this process.
+[[nodiscard]] Environment TheEnvironment();
+
 // A plain value: a test makes one of its own, with folders of its own.
 struct Places {
     std::filesystem::path program;    // the program's own file

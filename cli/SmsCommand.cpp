@@ -111,7 +111,7 @@ Status RunSmsSend(const Arguments& arguments, const Context& context, Output& ou
         return Status::wrongUsage;
     }
     if (!FitsCodePage(typed)) {
-        output.Complain(Ansi(u8"有些字符无法发送，会变成“?”"));
+        output.Complain(Ansi(kMessageCharactersLost));
     }
     Json::Value sent(Json::arrayValue);
     for (const std::string& number : numbers) {

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QLocalSocket>
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -68,9 +67,7 @@ QStringList SocketsOfDisplays(const Environment& environment) {
 }
 
 LocalSocketInstance::LocalSocketInstance()
-    : LocalSocketInstance(SocketsOfDisplays([](const char* name) -> std::optional<std::string> {
-          return qEnvironmentVariable(name).toStdString();
-      })) {}
+    : LocalSocketInstance(SocketsOfDisplays(TheEnvironment())) {}
 
 LocalSocketInstance::LocalSocketInstance(QStringList sockets) : sockets_(std::move(sockets)) {}
 

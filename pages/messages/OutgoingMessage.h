@@ -14,6 +14,9 @@ namespace quorvi {
 // to UTF-8.
 [[nodiscard]] Bytes SendMessageRequest(std::span<const std::string> numbers, std::string_view text);
 
+// Says that a text has characters that the code page lacks.
+inline constexpr std::u8string_view kMessageCharactersLost = u8"有些字符无法发送，会变成“?”";
+
 // How long a text is, as a network counts.
 struct MessageLength {
     std::size_t characters = 0;  // as its alphabet counts them

@@ -271,7 +271,7 @@ void CSmsComposeDlg::ShowLength() {
     length_->setText(ToQString(u8"%1 字\n%2 条短信").arg(length.characters).arg(length.messages));
     length_->setToolTip(ToQString(u8"还可以写 %1 字，再多就要增加一条短信").arg(length.left));
     state_->SetState(CSkinStateLabel::kRed,
-                     FitsCodePage(typed) ? QString() : ToQString(u8"有些字符无法发送，会变成“?”"));
+                     FitsCodePage(typed) ? QString() : ToQString(kMessageCharactersLost));
 }
 
 bool CSmsComposeDlg::WouldLose() const {

@@ -1,11 +1,8 @@
 // Messages written to do harm, in the list of conversations and in a conversation.
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-
 #include <array>
 
 #include "base/Text.h"
+#include "base/os/TcpListener.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
 #include "tests/pages/messages/MessageReplies.h"
@@ -83,30 +80,15 @@ constexpr Hostile kHostile[] = {
 // A web server's address: whoever connects is seen.
 class Bait {
   public:
-    Bait() : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* raw = reinterpret_cast<sockaddr*>(&address);
-        listening_ = bind(listener_.Descriptor(), raw, size) == 0 &&
-                     listen(listener_.Descriptor(), 16) == 0 &&
-                     getsockname(listener_.Descriptor(), raw, &size) == 0;
-        port_ = ntohs(address.sin_port);
-    }
-    [[nodiscard]] bool Listening() const { return listening_; }
+    [[nodiscard]] bool Listening() const { return listener_.IsOpen(); }
     [[nodiscard]] std::string Url() const {
-        return "http://127.0.0.1:" + std::to_string(port_) + "/";
+        return "http://127.0.0.1:" + std::to_string(listener_.Port()) + "/";
     }
     // Whether anybody has connected.
-    [[nodiscard]] bool Taken() const {
-        return TcpSocket(accept(listener_.Descriptor(), nullptr, nullptr)).IsOpen();
-    }
+    [[nodiscard]] bool Taken() const { return listener_.Accept().IsOpen(); }
 
   private:
-    TcpSocket listener_;
-    bool listening_ = false;
-    std::uint16_t port_ = 0;
+    TcpListener listener_ = TcpListener::On(0);
 };
 
 class HostileMessage : public PageTest, public testing::WithParamInterface<Hostile> {
