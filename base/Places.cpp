@@ -34,7 +34,7 @@ std::filesystem::path Places::Delivered(const std::filesystem::path& name) const
         return beside;
     }
     for (const char* folder : kInstalledFolders) {
-        const std::filesystem::path installed = (Beside(folder) / name).lexically_normal();
+        std::filesystem::path installed = (Beside(folder) / name).lexically_normal();
         if (std::filesystem::exists(installed, unknown)) {
             return installed;
         }
