@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 27> kOptions{{
+constexpr std::array<Option, 28> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -150,6 +150,9 @@ constexpr std::array<Option, 27> kOptions{{
     {"--calls", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "calls", value); },
      "N made-up calls instead of a person's"},
+    {"--alarms", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "alarms", value); },
+     "N made-up alarms instead of a person's"},
     {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
      "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",
@@ -227,8 +230,8 @@ std::string HelpText() {
         "  quorvi-phone [OPTIONS] [--phone OPTIONS]...\n"
         "\n"
         "Each phone is an adb daemon on a port of its own, with an agent behind it that holds a\n"
-        "person's contacts, messages and calls. `adb devices` lists it as an emulator by itself\n"
-        "when its port is odd and from 5555 to 5585; with another port, `adb connect\n"
+        "person's contacts, messages, calls and alarms. `adb devices` lists it as an emulator by\n"
+        "itself when its port is odd and from 5555 to 5585; with another port, `adb connect\n"
         "127.0.0.1:PORT` does. The program runs until it is interrupted.\n"
         "\n"
         "Options for a phone stand behind its --phone; without one they are for the only phone:\n"

@@ -34,9 +34,11 @@ void AgentData::Fill(const DataAmounts& amounts) {
     messages = amounts.conversations ? LargeMessageStore(*amounts.conversations, amounts.messages)
                                      : DeliveredMessages();
     calls = amounts.calls ? LargeCallRecords(*amounts.calls) : DeliveredCalls(book);
+    clock = amounts.alarms ? LargeAlarmClock(*amounts.alarms) : DeliveredAlarms();
     if (amounts.hostile) {
         AddHostileContacts(book);
         AddHostileMessages(messages);
+        AddHostileAlarms(clock);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include "phone/Profile.h"
 #include "phone/agent/AddressBook.h"
+#include "phone/agent/AlarmClock.h"
 #include "phone/agent/CallRecords.h"
 #include "phone/agent/MessageStore.h"
 
@@ -40,6 +41,7 @@ struct DataAmounts {
     // Of the newest made-up conversation.
     std::uint32_t messages = 1;
     std::optional<std::uint32_t> calls{};
+    std::optional<std::uint32_t> alarms{};
     bool hostile = false;
 };
 
@@ -57,6 +59,7 @@ class AgentData {
     AddressBook book;
     MessageStore messages;
     CallRecords calls;
+    AlarmClock clock;
 
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 

@@ -13,10 +13,6 @@ namespace {
 
 // Commands that the agent knows of and does not answer yet.
 constexpr std::array kSilentCommands{
-    AgentCommandRow{AgentCommand::listAlarms, "listAlarms", RequestForm::bare},
-    AgentCommandRow{AgentCommand::addAlarm, "addAlarm", RequestForm::framed},
-    AgentCommandRow{AgentCommand::updateAlarm, "updateAlarm", RequestForm::framed},
-    AgentCommandRow{AgentCommand::deleteAlarms, "deleteAlarms", RequestForm::framed},
     AgentCommandRow{AgentCommand::listFileRoots, "listFileRoots", RequestForm::bare},
     AgentCommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
     AgentCommandRow{AgentCommand::listBookmarks, "listBookmarks", RequestForm::bare},
@@ -40,7 +36,7 @@ const std::vector<AgentCommandRow>& AllCommands() {
         std::vector<AgentCommandRow> all;
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
-              CallCommands(), std::span<const AgentCommandRow>(kSilentCommands)}) {
+              CallCommands(), AlarmCommands(), std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

@@ -38,6 +38,7 @@ struct AgentCommandRow {
 [[nodiscard]] std::span<const AgentCommandRow> GroupCommands();
 [[nodiscard]] std::span<const AgentCommandRow> MessageCommands();
 [[nodiscard]] std::span<const AgentCommandRow> CallCommands();
+[[nodiscard]] std::span<const AgentCommandRow> AlarmCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);
