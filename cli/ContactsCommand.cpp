@@ -1,13 +1,11 @@
 #include <fmt/format.h>
 
-#include <iostream>
-#include <iterator>
-
 #include "agent/AgentSession.h"
 #include "base/Json.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/ContactFormInput.h"
+#include "cli/FormInput.h"
 #include "cli/Output.h"
 #include "cli/PhoneChange.h"
 #include "pages/contacts/ContactForm.h"
@@ -121,18 +119,8 @@ std::optional<ContactRecord> ReadContact(const Context& context, std::uint32_t i
 }
 
 // The form on standard input.
-std::optional<ContactForm> FormOfInput(Output& output) {
-    const std::string input(std::istreambuf_iterator<char>(std::cin), {});
-    auto read = ReadContactForm(input);
-    if (const auto* complaint = std::get_if<FormComplaint>(&read)) {
-        output.Complain(complaint->text);
-        return std::nullopt;
-    }
-    auto& [form, charactersLost] = std::get<ContactFormInput>(read);
-    if (charactersLost) {
-        output.Complain(Ansi(kContactCharactersLost));
-    }
-    return std::move(form);
+std::optional<ContactForm> ContactOfInput(Output& output) {
+    return FormOfInput(ReadContactForm(StandardInput()), output);
 }
 
 }  // namespace
@@ -168,7 +156,7 @@ Status RunContactsDelete(const Arguments& arguments, const Context& context, Out
 }
 
 Status RunContactsAdd(const Arguments&, const Context& context, Output& output) {
-    const auto form = FormOfInput(output);
+    const auto form = ContactOfInput(output);
     if (!form) {
         return Status::wrongUsage;
     }
@@ -182,7 +170,7 @@ Status RunContactsAdd(const Arguments&, const Context& context, Output& output) 
 
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output) {
     const auto ids = ReadIds(arguments.operands, kNoContactId, output);
-    const auto form = ids ? FormOfInput(output) : std::nullopt;
+    const auto form = ids ? ContactOfInput(output) : std::nullopt;
     if (!form) {
         return Status::wrongUsage;
     }

@@ -2,8 +2,8 @@
 #include "base/Json.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/FormInput.h"
 #include "cli/PhoneChange.h"
-#include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactGroups.h"
 
 namespace quorvi::cli {
@@ -17,7 +17,7 @@ std::string TitleOf(const std::string& operand, Output& output) {
     if (operand.empty()) {
         output.Complain(Ansi(u8"分组的标题不能为空"));
     } else if (!FitsCodePage(operand)) {
-        output.Complain(Ansi(kContactCharactersLost));
+        WarnOfLostCharacters(output);
     }
     return ToAnsi(operand);
 }

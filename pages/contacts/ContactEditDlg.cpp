@@ -6,6 +6,7 @@
 
 #include "agent/AgentSession.h"
 #include "pages/kit/PageSession.h"
+#include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinChecks.h"
@@ -308,7 +309,7 @@ void CContactEditDlg::ShowNotice() {
     if (refused_) {
         state_->SetState(CSkinStateLabel::kRed, ToQString(kEmptyContactName));
     } else if (!lossy_.empty()) {
-        state_->SetState(CSkinStateLabel::kRed, ToQString(kContactCharactersLost));
+        state_->SetState(CSkinStateLabel::kRed, ToQString(kCharactersLost));
     } else if (!noticeText_.isEmpty()) {
         state_->SetState(noticeState_, noticeText_);
     } else {

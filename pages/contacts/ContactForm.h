@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "pages/contacts/ContactRecord.h"
+#include "pages/kit/SavedText.h"  // for editors and the command line: what they say of the form
 
 namespace quorvi {
 
@@ -26,8 +27,6 @@ inline constexpr std::size_t kContactFormPhones = 3;
 
 // Why a new contact is not saved.
 inline constexpr std::u8string_view kEmptyContactName = u8"错误: 联系人姓名不能为空";
-// What is said of a form whose texts have characters that the code page lacks.
-inline constexpr std::u8string_view kContactCharactersLost = u8"有些字符无法保存，会变成“?”";
 
 // The fields, ANSI, as the editor opens with them: texts empty, types at their defaults.
 struct ContactForm {

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "pages/contacts/ContactForm.h"
 #include "pages/kit/PageSession.h"
+#include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinFields.h"
@@ -75,7 +75,7 @@ void CGroupEditDlg::Resume(const QString& title) {
 // The warning about what is being typed goes before what there is to say of the title.
 void CGroupEditDlg::ShowNotice() {
     if (!FitsCodePage(title_->text())) {
-        notice_->SetState(CSkinStateLabel::kRed, ToQString(kContactCharactersLost));
+        notice_->SetState(CSkinStateLabel::kRed, ToQString(kCharactersLost));
     } else {
         notice_->SetState(CSkinStateLabel::kBlue,
                           resumed_ ? ToQString(u8"上次的标题没有得到手机的确认") : QString());

@@ -1,15 +1,13 @@
 // quorvictl contacts against an agent on the suite's own port.
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "base/Json.h"
 #include "base/Text.h"
 #include "pages/contacts/ContactForm.h"
 #include "tests/support/AgentFixture.h"
+#include "tests/support/Fed.h"
 #include "tests/support/GbkChosen.h"
 #include "tests/support/RunProgram.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi::cli {
 namespace {
@@ -48,14 +46,6 @@ Bytes Contact() {
 }
 
 class ContactsCommand : public AgentFixture {};
-
-// A command with its standard input.
-std::string Fed(std::string_view arguments, std::string_view input) {
-    static const TemporaryFolder folder;
-    const std::string path = (folder.Path() / "form").string();
-    std::ofstream(path, std::ios::binary) << input;
-    return std::string(arguments) + " <'" + path + "'";
-}
 
 constexpr std::string_view kForm = R"({"favourite": true, "name": "林", "phones":
     [{"type": 1, "text": "111"}, {}, {"type": 99, "text": "333"}],
