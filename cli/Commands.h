@@ -5,6 +5,10 @@
 
 namespace quorvi::cli {
 
+Status RunAlarmsAdd(const Arguments& arguments, const Context& context, Output& output);
+Status RunAlarmsDelete(const Arguments& arguments, const Context& context, Output& output);
+Status RunAlarmsList(const Arguments& arguments, const Context& context, Output& output);
+Status RunAlarmsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsList(const Arguments& arguments, const Context& context, Output& output);

@@ -113,6 +113,7 @@ TEST_P(FaultMatrix, WaitsForAStalledReplyAndWorksRightAfter) {
 }
 
 constexpr const char* kForm = R"({"name": "林远舟", "phones": [{"type": 2, "text": "110"}]})";
+constexpr const char* kAlarm = R"({"label": "起床", "hour": 6, "minute": 40})";
 
 INSTANTIATE_TEST_SUITE_P(
     Each, FaultMatrix,
@@ -133,7 +134,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Asked{"SmsDelete", {"sms", "delete", "12"}, "870206"},
                     Asked{"CallsList", {"calls", "list"}, "870301"},
                     Asked{"CallsDelete", {"calls", "delete", "1"}, "870303"},
-                    Asked{"CallsClear", {"calls", "clear"}, "870304"}),
+                    Asked{"CallsClear", {"calls", "clear"}, "870304"},
+                    Asked{"AlarmsList", {"alarms", "list"}, "870401"},
+                    Asked{"AlarmsAdd", {"alarms", "add"}, "870402", kAlarm},
+                    Asked{"AlarmsUpdate", {"alarms", "update", "1"}, "870403", kAlarm},
+                    Asked{"AlarmsDelete", {"alarms", "delete", "1", "2"}, "870405"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace

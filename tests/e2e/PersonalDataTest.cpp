@@ -1,5 +1,5 @@
-// A user's stories with contacts, groups, messages and calls, from the command line through the
-// real adb to the phone and back.
+// A user's stories with contacts, groups, messages, calls and alarms, from the command line through
+// the real adb to the phone and back.
 #include <gmock/gmock.h>
 #include <json/json.h>
 
@@ -136,6 +136,35 @@ TEST_F(PersonalData, CallsAreDeletedOneByOneAndAll) {
     EXPECT_EQ(Ask({"calls", "list"}).size(), calls.size() - 2);
     Ask({"calls", "clear"});
     EXPECT_EQ(Ask({"calls", "list"}).size(), 0u);
+}
+
+TEST_F(PersonalData, AnAlarmIsAddedChangedReadBackAndDeleted) {
+    Ask({"alarms", "add"}, R"({"label": "赶飞机", "hour": 4, "minute": 20, "enabled": true})");
+    const Json::Value added = Pick(Ask({"alarms", "list"}), "label", "赶飞机");
+    ASSERT_FALSE(added.isNull());
+    EXPECT_EQ(added["time"].asString(), "04:20");
+    EXPECT_EQ(added["repeat"].asString(), "无重复");
+    EXPECT_EQ(added["tone"].asString(), "默认铃声 (晨光)");
+    EXPECT_TRUE(added["enabled"].asBool());
+    const std::string id = added["id"].asString();
+
+    Ask({"alarms", "update", id}, R"({"label": "晨跑", "hour": 5, "days": 127, "vibrate": true})");
+    const Json::Value list = Ask({"alarms", "list"});
+    const Json::Value changed = Pick(list, "label", "晨跑");
+    EXPECT_EQ(changed["id"].asString(), id);
+    EXPECT_EQ(changed["time"].asString(), "05:00");
+    EXPECT_EQ(changed["repeat"].asString(), "每天");
+    EXPECT_TRUE(changed["vibrate"].asBool());
+
+    Ask({"alarms", "delete", id, "1"});
+    EXPECT_EQ(Ask({"alarms", "list"}).size(), list.size() - 2);
+}
+
+TEST_F(PersonalData, HostileAlarmsAreListed) {
+    const Json::ArrayIndex delivered = Ask({"alarms", "list"}).size();
+    rig_.Control(0, "data hostile 1");
+    EXPECT_EQ(Ask({"alarms", "list"}).size(), delivered + 10);
+    EXPECT_EQ(rig_.Suite({"alarms", "list"}).status, 0);
 }
 
 }  // namespace
