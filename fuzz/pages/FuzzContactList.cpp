@@ -5,6 +5,7 @@
 
 #include "fuzz/agent/FuzzReplyOf.h"
 #include "pages/contacts/ContactList.h"
+#include "pages/kit/ReplyPicture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto reply = quorvi::fuzz::ReplyOf({data, size});
@@ -17,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     volatile unsigned sum = 0;
     for (const quorvi::ContactListRow& row : list.rows) {
         const auto photo = row.photo.Bytes();
-        if (photo.size() > quorvi::kContactPhotoCapacity || row.number != row.attribution) {
+        if (photo.size() > quorvi::kPictureCapacity || row.number != row.attribution) {
             std::abort();
         }
         for (const std::byte byte : photo) {

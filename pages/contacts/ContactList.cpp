@@ -3,23 +3,9 @@
 #include <utility>
 
 #include "pages/contacts/ContactRecord.h"
+#include "pages/kit/ReplyPicture.h"
 
 namespace quorvi {
-namespace {
-
-// Nothing for a photo that is too long or not all there; the cursor moves past it all the same.
-ReplyBytes TakePhoto(ReplyCursor& cursor, const SharedReply& reply) {
-    // Of the length, too, only the low 32 bits count.
-    const auto length = static_cast<std::uint32_t>(cursor.TakeUInt64());
-    const std::size_t offset = cursor.Offset();
-    cursor.SkipBytes(length);
-    if (cursor.IsCut() || length > kContactPhotoCapacity) {
-        return {};
-    }
-    return {reply, {reply->Data() + offset, length}};
-}
-
-}  // namespace
 
 ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attribution) {
     return ReadRun<ContactListRow>(*reply, [&](ReplyCursor& cursor, ContactListRow& row) {
@@ -38,7 +24,7 @@ ContactList ParseContactList(const SharedReply& reply, const AttributionOf& attr
         row.lastContact = ContactTimeText(cursor.TakeUInt64());
         cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
         if (cursor.TakeFlag()) {
-            row.photo = TakePhoto(cursor, reply);
+            row.photo = TakePicture(cursor, reply);
         }
         if (cursor.Overran()) {
             return RecordEnd::cut;

@@ -2,7 +2,6 @@
 // contacts page; and the deletion of contacts.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -16,9 +15,6 @@
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
-
-// A longer photo is dropped. Bytes.
-inline constexpr std::size_t kContactPhotoCapacity = 262'244;
 
 // One row; texts are ANSI.
 struct ContactListRow {
