@@ -114,13 +114,14 @@ struct Amount {
     void (*set)(DataAmounts&, std::uint32_t);
 };
 
-constexpr std::array<Amount, 7> kAmounts{{
+constexpr std::array<Amount, 8> kAmounts{{
     {"contacts", [](DataAmounts& amounts, std::uint32_t n) { amounts.contacts = n; }},
     {"photo-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.photoBytes = n; }},
     {"conversations", [](DataAmounts& amounts, std::uint32_t n) { amounts.conversations = n; }},
     {"messages", [](DataAmounts& amounts, std::uint32_t n) { amounts.messages = n; }},
     {"calls", [](DataAmounts& amounts, std::uint32_t n) { amounts.calls = n; }},
     {"alarms", [](DataAmounts& amounts, std::uint32_t n) { amounts.alarms = n; }},
+    {"bookmarks", [](DataAmounts& amounts, std::uint32_t n) { amounts.bookmarks = n; }},
     {"hostile", [](DataAmounts& amounts, std::uint32_t n) { amounts.hostile = n != 0; }},
 }};
 
@@ -205,7 +206,8 @@ constexpr std::array<ControlCommand, 11> kCommands{{
     {"agent", RunAgent, "agent missing|version N|start|stop|crashes|works"},
     {"data", RunData,
      "data [NAME NUMBER]...    fill the phone anew: as delivered, or with so many contacts,\n"
-     "                           photo-bytes, conversations, messages, calls, alarms; hostile 1"},
+     "                           photo-bytes, conversations, messages, calls, alarms,\n"
+     "                           bookmarks; hostile 1"},
     {"install", RunInstall,
      "install CODE|real        what pm install answers: a failure's code, or what is true"},
     {"unplug", RunUnplug, "unplug                   pull the cable"},

@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 28> kOptions{{
+constexpr std::array<Option, 29> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -140,7 +140,7 @@ constexpr std::array<Option, 28> kOptions{{
      "N made-up contacts instead of a person's"},
     {"--photo-bytes", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "photo-bytes", value); },
-     "a photo of N bytes with each of them"},
+     "a photo of N bytes with each of them, and with each made-up bookmark"},
     {"--conversations", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "conversations", value); },
      "N made-up conversations instead of a person's"},
@@ -153,6 +153,9 @@ constexpr std::array<Option, 28> kOptions{{
     {"--alarms", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "alarms", value); },
      "N made-up alarms instead of a person's"},
+    {"--bookmarks", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "bookmarks", value); },
+     "N made-up bookmarks instead of a person's"},
     {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
      "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",
@@ -230,9 +233,9 @@ std::string HelpText() {
         "  quorvi-phone [OPTIONS] [--phone OPTIONS]...\n"
         "\n"
         "Each phone is an adb daemon on a port of its own, with an agent behind it that holds a\n"
-        "person's contacts, messages, calls and alarms. `adb devices` lists it as an emulator by\n"
-        "itself when its port is odd and from 5555 to 5585; with another port, `adb connect\n"
-        "127.0.0.1:PORT` does. The program runs until it is interrupted.\n"
+        "person's contacts, messages, calls, alarms and bookmarks. `adb devices` lists it as an\n"
+        "emulator by itself when its port is odd and from 5555 to 5585; with another port, `adb\n"
+        "connect 127.0.0.1:PORT` does. The program runs until it is interrupted.\n"
         "\n"
         "Options for a phone stand behind its --phone; without one they are for the only phone:\n"
         "\n";

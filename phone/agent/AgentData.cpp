@@ -35,10 +35,13 @@ void AgentData::Fill(const DataAmounts& amounts) {
                                      : DeliveredMessages();
     calls = amounts.calls ? LargeCallRecords(*amounts.calls) : DeliveredCalls(book);
     clock = amounts.alarms ? LargeAlarmClock(*amounts.alarms) : DeliveredAlarms();
+    bookmarks = amounts.bookmarks ? LargeBookmarkStore(*amounts.bookmarks, amounts.photoBytes)
+                                  : DeliveredBookmarks();
     if (amounts.hostile) {
         AddHostileContacts(book);
         AddHostileMessages(messages);
         AddHostileAlarms(clock);
+        AddHostileBookmarks(bookmarks);
     }
 }
 

@@ -10,6 +10,7 @@
 #include "phone/Profile.h"
 #include "phone/agent/AddressBook.h"
 #include "phone/agent/AlarmClock.h"
+#include "phone/agent/BookmarkStore.h"
 #include "phone/agent/CallRecords.h"
 #include "phone/agent/MessageStore.h"
 
@@ -35,13 +36,14 @@ struct PhoneFacts {
 // How much the phone holds: what is delivered, or made up in the number asked for.
 struct DataAmounts {
     std::optional<std::uint32_t> contacts{};
-    // Of made-up contacts: bytes of each photo, 0 for none.
+    // Of made-up contacts and bookmarks: bytes of each photo or thumbnail, 0 for none.
     std::uint32_t photoBytes = 0;
     std::optional<std::uint32_t> conversations{};
     // Of the newest made-up conversation.
     std::uint32_t messages = 1;
     std::optional<std::uint32_t> calls{};
     std::optional<std::uint32_t> alarms{};
+    std::optional<std::uint32_t> bookmarks{};
     bool hostile = false;
 };
 
@@ -60,6 +62,7 @@ class AgentData {
     MessageStore messages;
     CallRecords calls;
     AlarmClock clock;
+    BookmarkStore bookmarks;
 
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 

@@ -15,10 +15,6 @@ namespace {
 constexpr std::array kSilentCommands{
     AgentCommandRow{AgentCommand::listFileRoots, "listFileRoots", RequestForm::bare},
     AgentCommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
-    AgentCommandRow{AgentCommand::listBookmarks, "listBookmarks", RequestForm::bare},
-    AgentCommandRow{AgentCommand::addBookmark, "addBookmark", RequestForm::framed},
-    AgentCommandRow{AgentCommand::updateBookmark, "updateBookmark", RequestForm::framed},
-    AgentCommandRow{AgentCommand::deleteBookmarks, "deleteBookmarks", RequestForm::framed},
     AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
     AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
     AgentCommandRow{AgentCommand::readSettings, "readSettings", RequestForm::bare},
@@ -36,7 +32,8 @@ const std::vector<AgentCommandRow>& AllCommands() {
         std::vector<AgentCommandRow> all;
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
-              CallCommands(), AlarmCommands(), std::span<const AgentCommandRow>(kSilentCommands)}) {
+              CallCommands(), AlarmCommands(), BookmarkCommands(),
+              std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;

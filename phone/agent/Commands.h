@@ -39,6 +39,7 @@ struct AgentCommandRow {
 [[nodiscard]] std::span<const AgentCommandRow> MessageCommands();
 [[nodiscard]] std::span<const AgentCommandRow> CallCommands();
 [[nodiscard]] std::span<const AgentCommandRow> AlarmCommands();
+[[nodiscard]] std::span<const AgentCommandRow> BookmarkCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);
