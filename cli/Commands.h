@@ -9,6 +9,10 @@ Status RunAlarmsAdd(const Arguments& arguments, const Context& context, Output& 
 Status RunAlarmsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunAlarmsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunAlarmsUpdate(const Arguments& arguments, const Context& context, Output& output);
+Status RunBookmarksAdd(const Arguments& arguments, const Context& context, Output& output);
+Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output);
+Status RunBookmarksList(const Arguments& arguments, const Context& context, Output& output);
+Status RunBookmarksUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsList(const Arguments& arguments, const Context& context, Output& output);

@@ -225,7 +225,7 @@ TEST_F(CallsCommand, TheTableHasTheTextsOfThePage) {
 TEST_F(PersonalCommands, AListThatTheAgentDoesNotAnswerIsStatusTwo) {
     START_OR_SKIP({.end = Answer::End::close});
     for (const char* call : {"contacts list", "contacts show 1", "groups list", "sms list",
-                             "sms show 1", "calls list", "alarms list"}) {
+                             "sms show 1", "calls list", "alarms list", "bookmarks list"}) {
         const Ended out = Out(std::string(call) + " --json");
         EXPECT_EQ(out.status, 2) << call;
         EXPECT_EQ(out.output, "") << call;
@@ -235,9 +235,10 @@ TEST_F(PersonalCommands, AListThatTheAgentDoesNotAnswerIsStatusTwo) {
 
 TEST_F(PersonalCommands, AChangeThatIsNotAcknowledgedIsStatusTwo) {
     START_OR_SKIP({.end = Answer::End::close});
-    for (const char* call : {"contacts delete 1", "groups add A", "groups rename 1 A",
-                             "groups delete 1", "sms delete 1", "sms send --to 1 --text x",
-                             "calls delete 1", "calls clear", "alarms delete 1"}) {
+    for (const char* call :
+         {"contacts delete 1", "groups add A", "groups rename 1 A", "groups delete 1",
+          "sms delete 1", "sms send --to 1 --text x", "calls delete 1", "calls clear",
+          "alarms delete 1", "bookmarks delete 1"}) {
         const Ended out = Out(std::string(call) + " --json");
         EXPECT_EQ(out.status, 2) << call;
         EXPECT_EQ(out.output, "") << call;
@@ -266,10 +267,10 @@ TEST_F(PersonalCommands, CharactersThatTheCodePageLacksAreSentWithAWarning) {
 TEST_F(PersonalCommands, WithoutALinkTheStatusSaysSo) {
     START_OR_SKIP({.bytes = Word(1)});
     Stop();
-    for (const char* call :
-         {"groups list", "groups add A", "groups rename 1 A", "groups delete 1", "sms list",
-          "sms show 1", "sms delete 1", "sms send --to 1 --text x", "calls list", "calls delete 1",
-          "calls clear", "alarms list", "alarms delete 1"}) {
+    for (const char* call : {"groups list", "groups add A", "groups rename 1 A", "groups delete 1",
+                             "sms list", "sms show 1", "sms delete 1", "sms send --to 1 --text x",
+                             "calls list", "calls delete 1", "calls clear", "alarms list",
+                             "alarms delete 1", "bookmarks list", "bookmarks delete 1"}) {
         const Ended ended = Err(call);
         EXPECT_EQ(ended.status, 2) << call;
         EXPECT_NE(ended.output.find("【X】连接错误"), std::string::npos) << call;

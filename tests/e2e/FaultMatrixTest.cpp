@@ -114,6 +114,7 @@ TEST_P(FaultMatrix, WaitsForAStalledReplyAndWorksRightAfter) {
 
 constexpr const char* kForm = R"({"name": "林远舟", "phones": [{"type": 2, "text": "110"}]})";
 constexpr const char* kAlarm = R"({"label": "起床", "hour": 6, "minute": 40})";
+constexpr const char* kBookmark = R"({"title": "天气", "url": "http://x/"})";
 
 INSTANTIATE_TEST_SUITE_P(
     Each, FaultMatrix,
@@ -138,7 +139,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Asked{"AlarmsList", {"alarms", "list"}, "870401"},
                     Asked{"AlarmsAdd", {"alarms", "add"}, "870402", kAlarm},
                     Asked{"AlarmsUpdate", {"alarms", "update", "1"}, "870403", kAlarm},
-                    Asked{"AlarmsDelete", {"alarms", "delete", "1", "2"}, "870405"}),
+                    Asked{"AlarmsDelete", {"alarms", "delete", "1", "2"}, "870405"},
+                    Asked{"BookmarksList", {"bookmarks", "list"}, "870701"},
+                    Asked{"BookmarksAdd", {"bookmarks", "add"}, "870702", kBookmark},
+                    Asked{"BookmarksUpdate", {"bookmarks", "update", "1"}, "870703", kBookmark},
+                    Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace

@@ -1,5 +1,5 @@
-// A user's stories with contacts, groups, messages, calls and alarms, from the command line through
-// the real adb to the phone and back.
+// A user's stories with contacts, groups, messages, calls, alarms and bookmarks, from the command
+// line through the real adb to the phone and back.
 #include <gmock/gmock.h>
 #include <json/json.h>
 
@@ -165,6 +165,43 @@ TEST_F(PersonalData, HostileAlarmsAreListed) {
     rig_.Control(0, "data hostile 1");
     EXPECT_EQ(Ask({"alarms", "list"}).size(), delivered + 10);
     EXPECT_EQ(rig_.Suite({"alarms", "list"}).status, 0);
+}
+
+TEST_F(PersonalData, ABookmarkIsAddedChangedReadBackAndDeleted) {
+    Ask({"bookmarks", "add"}, R"({"title": "菜谱", "url": "http://cook.example/", "visits": 2})");
+    const Json::Value added = Pick(Ask({"bookmarks", "list"}), "title", "菜谱");
+    ASSERT_FALSE(added.isNull());
+    EXPECT_EQ(added["url"].asString(), "http://cook.example/");
+    EXPECT_EQ(added["visits"].asInt(), 2);
+    EXPECT_EQ(added["last_visit"].asString(), "从未");
+    EXPECT_EQ(added["thumbnail_bytes"].asInt(), 0);
+    const std::string id = added["id"].asString();
+
+    Ask({"bookmarks", "update", id}, R"({"title": "家常菜", "url": "http://home.example/"})");
+    const Json::Value list = Ask({"bookmarks", "list"});
+    const Json::Value changed = Pick(list, "title", "家常菜");
+    EXPECT_EQ(changed["id"].asString(), id);
+    EXPECT_EQ(changed["url"].asString(), "http://home.example/");
+    EXPECT_EQ(changed["visits"].asInt(), 0);
+
+    Ask({"bookmarks", "delete", id, "1"});
+    EXPECT_EQ(Ask({"bookmarks", "list"}).size(), list.size() - 2);
+}
+
+TEST_F(PersonalData, HostileBookmarksAreListed) {
+    const Json::ArrayIndex delivered = Ask({"bookmarks", "list"}).size();
+    rig_.Control(0, "data hostile 1");
+    const Json::Value list = Ask({"bookmarks", "list"});
+    EXPECT_EQ(list.size(), delivered + 21);
+    EXPECT_EQ(Pick(list, "title", "picture too long")["thumbnail_bytes"].asInt(), 0);
+    EXPECT_EQ(rig_.Suite({"bookmarks", "list"}).status, 0);
+}
+
+TEST_F(PersonalData, AThousandBookmarksWithThumbnailsAreListed) {
+    rig_.Control(0, "data bookmarks 1000 photo-bytes 20000");
+    const Json::Value list = Ask({"bookmarks", "list"});
+    ASSERT_EQ(list.size(), 1000u);
+    EXPECT_EQ(list[999]["thumbnail_bytes"].asInt(), 20'000);
 }
 
 }  // namespace
