@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "phone/adb/Packet.h"
+#include "phone/agent/Applications.h"
 
 namespace quorvi::phone {
 namespace {
@@ -18,32 +19,6 @@ constexpr std::string_view kZipStart = "PK\x03\x04";
 
 // Longest version number that a stand-in states, in digits.
 constexpr std::size_t kMaxVersionDigits = 9;
-
-// What a phone of that time has before its owner adds anything.
-constexpr std::array<std::string_view, 14> kSystemPackages{
-    "android",
-    "com.android.alarmclock",
-    "com.android.browser",
-    "com.android.calculator2",
-    "com.android.camera",
-    "com.android.contacts",
-    "com.android.email",
-    "com.android.gallery",
-    "com.android.launcher",
-    "com.android.mms",
-    "com.android.music",
-    "com.android.phone",
-    "com.android.providers.contacts",
-    "com.android.settings",
-};
-
-// What the owner of this one has added.
-constexpr std::array<std::string_view, 4> kUserPackages{
-    "com.example.dictionary",
-    "com.example.notes",
-    "com.example.weather",
-    "com.example.audiobooks",
-};
 
 std::string UserPackagePath(std::string_view package) {
     return fmt::format("/data/app/{}-1.apk", package);
@@ -67,11 +42,9 @@ std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file) {
 }
 
 Handset::Handset(Profile profile) : profile_(std::move(profile)) {
-    for (const auto package : kSystemPackages) {
-        packages_.emplace(package, fmt::format("/system/app/{}.apk", package));
-    }
-    for (const auto package : kUserPackages) {
-        packages_.emplace(package, UserPackagePath(package));
+    for (const Application& one : DeliveredApplications()) {
+        packages_.emplace(one.package, one.system ? fmt::format("/system/app/{}.apk", one.package)
+                                                  : UserPackagePath(one.package));
     }
     SetAgent(kDeliveredAgentVersion);
 }

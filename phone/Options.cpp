@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 29> kOptions{{
+constexpr std::array<Option, 32> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -156,6 +156,15 @@ constexpr std::array<Option, 29> kOptions{{
     {"--bookmarks", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "bookmarks", value); },
      "N made-up bookmarks instead of a person's"},
+    {"--auto-starts", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "auto-starts", value); },
+     "N made-up applications that start on events instead of a person's"},
+    {"--processes", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "processes", value); },
+     "N made-up processes instead of a person's"},
+    {"--icon-bytes", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "icon-bytes", value); },
+     "an icon of N bytes with each of them"},
     {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
      "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",

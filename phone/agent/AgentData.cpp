@@ -13,13 +13,31 @@ PhoneFacts DeliveredFacts() {
         .imei = "355402041234567",
         .imsi = "460002512345678",
         .cpu = "ARMv7 Processor rev 2 (v7l) 1.0 GHz",
-        .ram = "148 MB / 341 MB",
+        .ram = "341 MB",
         .rom = "612 MB / 1.07 GB",
         .sdCard = "5.62 GB / 7.39 GB",
         .mobileNetwork = Utf8(u8"中国移动 (EDGE)"),
         .wifiNetwork = Utf8(u8"三号楼的家 (72 Mbps)"),
     };
 }
+
+constexpr std::array<std::uint32_t, kPhoneSettings> kDeliveredSettings{
+    1,       // WiFi
+    0,       // Bluetooth
+    0,       // aeroplane mode
+    0,       // GPS
+    1,       // gravity sensor
+    1,       // vibration
+    30'000,  // backlight, milliseconds
+    5,       // ring volume
+    9,       // music volume
+    1,       // 24 hours
+    0,       // date format
+};
+
+// Values that no user can choose.
+constexpr std::array<std::uint32_t, kPhoneSettings> kHostileSettings{
+    2, 0xFFFFFFFF, 0, 0, 1, 1, 45'000, 9, 16, 2, 3};
 
 }  // namespace
 
@@ -37,11 +55,17 @@ void AgentData::Fill(const DataAmounts& amounts) {
     clock = amounts.alarms ? LargeAlarmClock(*amounts.alarms) : DeliveredAlarms();
     bookmarks = amounts.bookmarks ? LargeBookmarkStore(*amounts.bookmarks, amounts.photoBytes)
                                   : DeliveredBookmarks();
+    autoStarts = amounts.autoStarts ? LargeAutoStarts(*amounts.autoStarts) : DeliveredAutoStarts();
+    processes = amounts.processes ? LargeProcesses(*amounts.processes, amounts.iconBytes)
+                                  : DeliveredProcesses();
+    settings_ = amounts.hostile ? kHostileSettings : kDeliveredSettings;
     if (amounts.hostile) {
         AddHostileContacts(book);
         AddHostileMessages(messages);
         AddHostileAlarms(clock);
         AddHostileBookmarks(bookmarks);
+        AddHostileAutoStarts(autoStarts);
+        AddHostileProcesses(processes);
     }
 }
 

@@ -1,18 +1,22 @@
 // All that the agent reads from and changes on its phone. Text is UTF-8.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "agent/PhoneSettings.h"
 #include "phone/Profile.h"
 #include "phone/agent/AddressBook.h"
 #include "phone/agent/AlarmClock.h"
+#include "phone/agent/AutoStartRecords.h"
 #include "phone/agent/BookmarkStore.h"
 #include "phone/agent/CallRecords.h"
 #include "phone/agent/MessageStore.h"
+#include "phone/agent/ProcessRecords.h"
 
 namespace quorvi::phone {
 
@@ -21,15 +25,11 @@ struct PhoneFacts {
     std::string imei;
     std::string imsi;
     std::string cpu;
-    std::string ram;
+    std::string ram;  // the whole of it
     std::string rom;
     std::string sdCard;
     std::string mobileNetwork;
     std::string wifiNetwork;
-    std::uint32_t gps = 0;
-    std::uint32_t bluetooth = 0;
-    std::uint32_t wifi = 1;
-    std::uint32_t gravity = 1;
     std::uint32_t brightness = 112;  // 0 to 255
 };
 
@@ -44,6 +44,10 @@ struct DataAmounts {
     std::optional<std::uint32_t> calls{};
     std::optional<std::uint32_t> alarms{};
     std::optional<std::uint32_t> bookmarks{};
+    std::optional<std::uint32_t> autoStarts{};
+    std::optional<std::uint32_t> processes{};
+    // Of made-up processes: bytes of each icon, 0 for none.
+    std::uint32_t iconBytes = 0;
     bool hostile = false;
 };
 
@@ -63,11 +67,18 @@ class AgentData {
     CallRecords calls;
     AlarmClock clock;
     BookmarkStore bookmarks;
+    AutoStartRecords autoStarts;
+    ProcessRecords processes;
+
+    [[nodiscard]] std::uint32_t& Setting(PhoneSetting setting) {
+        return settings_[static_cast<std::size_t>(setting)];
+    }
 
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 
   private:
     DataAmounts amounts_;
+    std::array<std::uint32_t, kPhoneSettings> settings_{};  // in the order of the keys
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 

@@ -17,14 +17,8 @@ constexpr std::array kSilentCommands{
     AgentCommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
     AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
     AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
-    AgentCommandRow{AgentCommand::readSettings, "readSettings", RequestForm::bare},
-    AgentCommandRow{AgentCommand::writeSetting, "writeSetting", RequestForm::framed},
     AgentCommandRow{AgentCommand::scanForCleaning, "scanForCleaning", RequestForm::bare},
     AgentCommandRow{AgentCommand::clean, "clean", RequestForm::clean},
-    AgentCommandRow{AgentCommand::listAutoStart, "listAutoStart", RequestForm::bare},
-    AgentCommandRow{AgentCommand::listProcesses, "listProcesses", RequestForm::bare},
-    AgentCommandRow{AgentCommand::endProcesses, "endProcesses", RequestForm::framed},
-    AgentCommandRow{AgentCommand::freeMemory, "freeMemory", RequestForm::bare},
 };
 
 const std::vector<AgentCommandRow>& AllCommands() {
@@ -32,7 +26,8 @@ const std::vector<AgentCommandRow>& AllCommands() {
         std::vector<AgentCommandRow> all;
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
-              CallCommands(), AlarmCommands(), BookmarkCommands(),
+              CallCommands(), AlarmCommands(), BookmarkCommands(), SettingCommands(),
+              AutoStartCommands(), ProcessCommands(),
               std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }

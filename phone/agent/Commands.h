@@ -40,6 +40,9 @@ struct AgentCommandRow {
 [[nodiscard]] std::span<const AgentCommandRow> CallCommands();
 [[nodiscard]] std::span<const AgentCommandRow> AlarmCommands();
 [[nodiscard]] std::span<const AgentCommandRow> BookmarkCommands();
+[[nodiscard]] std::span<const AgentCommandRow> SettingCommands();
+[[nodiscard]] std::span<const AgentCommandRow> ProcessCommands();
+[[nodiscard]] std::span<const AgentCommandRow> AutoStartCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);

@@ -13,7 +13,7 @@ namespace quorvi::phone {
     constexpr std::size_t kMegabyte = 1'000'000;
     return {
         "<script>document.title='owned'</script><b>bold",
-        "</li></ul><img src=x onerror=alert(1)>",
+        "</li></ul><img src=x onerror=alert(1)><a href='qvh:did=12'>qvh</a>",
         "%s%n%d %1$s",
         std::string("zero \0 inside", 13),
         "\x01\x02\x1b[31m\t\r\n\x7f",

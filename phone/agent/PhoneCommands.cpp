@@ -13,6 +13,8 @@ namespace {
 // What the agent answers as the kind of client it serves.
 constexpr std::uint32_t kClientCode = 1;
 
+constexpr std::uint32_t kMegabyte = 1024 * 1024;
+
 void DeviceSummary(Exchange& exchange) {
     exchange.reply.UInt32(kClientCode)
         .UInt32(static_cast<std::uint32_t>(exchange.data.profile.apiLevel))
@@ -34,13 +36,13 @@ void SystemInformation(Exchange& exchange) {
         .Text(fmt::format("{} x {}", profile.screenWidth, profile.screenHeight))
         .Text(std::to_string(profile.battery))
         .Text(facts.cpu)
-        .Text(facts.ram)
+        .Text(fmt::format("{} MB / {}", exchange.data.processes.freeMemory / kMegabyte, facts.ram))
         .Text(facts.rom)
         .Text(facts.sdCard)
-        .UInt32(facts.gps)
-        .UInt32(facts.bluetooth)
-        .UInt32(facts.wifi)
-        .UInt32(facts.gravity)
+        .UInt32(exchange.data.Setting(PhoneSetting::gps))
+        .UInt32(exchange.data.Setting(PhoneSetting::bluetooth))
+        .UInt32(exchange.data.Setting(PhoneSetting::wifi))
+        .UInt32(exchange.data.Setting(PhoneSetting::gravity))
         .Text(facts.mobileNetwork)
         .Text(facts.wifiNetwork)
         .UInt32(facts.brightness);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "agent/Wire.h"
+#include "phone/agent/Png.h"
 
 namespace quorvi::phone {
 namespace {
@@ -47,29 +48,7 @@ Bytes PaddedPhoto(std::size_t bytes, std::uint32_t number) {
 }
 
 Bytes HeaderOnlyPng(std::uint32_t width, std::uint32_t height) {
-    constexpr unsigned char kStart[] = {
-        0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n',  // signature
-        0,    0,   0,   13,  'I',  'H',  'D',  'R',   // first chunk: header, 13 bytes
-        0,    0,   0,   0,   0,    0,    0,    0,     // width, height
-        8,    6,   0,   0,   0,                       // 8 bits, with alpha
-        0,    0,   0,   0,                            // checksum, worked out below
-    };
-    constexpr std::size_t kSizeOffset = 16;
-    constexpr std::size_t kChecksummedOffset = 12;
-    Bytes file(sizeof kStart);
-    std::transform(std::begin(kStart), std::end(kStart), file.begin(),
-                   [](unsigned char b) { return std::byte{b}; });
-    PackUInt32(width, file.data() + kSizeOffset);
-    PackUInt32(height, file.data() + kSizeOffset + 4);
-    std::uint32_t crc = ~std::uint32_t{0};
-    for (std::size_t i = kChecksummedOffset; i + 4 < file.size(); ++i) {
-        crc ^= std::to_integer<std::uint32_t>(file[i]);
-        for (int bit = 0; bit < 8; ++bit) {
-            crc = (crc & 1) ? (crc >> 1) ^ 0xEDB88320u : crc >> 1;
-        }
-    }
-    PackUInt32(~crc, file.data() + file.size() - 4);
-    return file;
+    return PngStart(width, height);
 }
 
 }  // namespace quorvi::phone

@@ -31,6 +31,11 @@ TEST_F(ControlTest, SaysWhatIsWrong) {
     EXPECT_EQ(Say("agent"), "error: agent missing|version N|start|stop|crashes|works\n");
 }
 
+TEST_F(ControlTest, TakesEachAmountByItsName) {
+    EXPECT_EQ(Say("data processes 5 icon-bytes 9 auto-starts 2"), "ok\n");
+    EXPECT_EQ(Say("data thoughts 5"), "error: data [NAME NUMBER]...\n");
+}
+
 TEST_F(ControlTest, TakesAnEmptyLine) {
     EXPECT_EQ(Say(""), "ok\n");
 }

@@ -45,6 +45,13 @@ TEST(ParseCommandLine, SaysWhatIsWrong) {
     EXPECT_EQ(ParseCommandLine({"--control", "70000"}).error, "--control cannot be 70000");
 }
 
+TEST(ParseCommandLine, AllAmountsAreOneCommand) {
+    const CommandLine line =
+        ParseCommandLine({"--processes", "5", "--icon-bytes", "9", "--auto-starts", "2"});
+    EXPECT_EQ(line.server.phones[0].commands,
+              std::vector<std::string>{"data processes 5 icon-bytes 9 auto-starts 2"});
+}
+
 TEST(HelpText, NamesEveryFaultAndCommand) {
     const std::string help = HelpText();
     for (const char* word : {"--agent-port", "trickle [N", "length L", "deviations", "unplug"}) {
