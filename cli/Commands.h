@@ -13,6 +13,7 @@ Status RunBookmarksAdd(const Arguments& arguments, const Context& context, Outpu
 Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksList(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksUpdate(const Arguments& arguments, const Context& context, Output& output);
+Status RunAutoStartList(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsList(const Arguments& arguments, const Context& context, Output& output);
@@ -30,6 +31,11 @@ Status RunInfo(const Arguments& arguments, const Context& context, Output& outpu
 Status RunLink(const Arguments& arguments, const Context& context, Output& output);
 Status RunLunar(const Arguments& arguments, const Context& context, Output& output);
 Status RunNumber(const Arguments& arguments, const Context& context, Output& output);
+Status RunProcessesEnd(const Arguments& arguments, const Context& context, Output& output);
+Status RunProcessesList(const Arguments& arguments, const Context& context, Output& output);
+Status RunProcessesMemory(const Arguments& arguments, const Context& context, Output& output);
+Status RunSettingsRead(const Arguments& arguments, const Context& context, Output& output);
+Status RunSettingsWrite(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsSend(const Arguments& arguments, const Context& context, Output& output);

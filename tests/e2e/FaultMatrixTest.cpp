@@ -143,7 +143,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Asked{"BookmarksList", {"bookmarks", "list"}, "870701"},
                     Asked{"BookmarksAdd", {"bookmarks", "add"}, "870702", kBookmark},
                     Asked{"BookmarksUpdate", {"bookmarks", "update", "1"}, "870703", kBookmark},
-                    Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"}),
+                    Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"},
+                    Asked{"ProcessesList", {"processes", "list"}, "871801"},
+                    Asked{"ProcessesEnd", {"processes", "end", "com.example.chat"}, "871804"},
+                    Asked{"ProcessesMemory", {"processes", "memory"}, "871806"},
+                    Asked{"AutoStartList", {"autostart", "list"}, "871701"},
+                    Asked{"SettingsRead", {"settings", "read"}, "871501"},
+                    Asked{"SettingsWrite", {"settings", "write", "wifi", "0"}, "871502"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
