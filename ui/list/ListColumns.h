@@ -21,6 +21,8 @@ enum class CellKind : std::uint8_t {
     picture,        // the row's picture, 48 by 48
     icon,           // a named icon alone
     iconText,       // a named icon with a line beside it
+    plate,          // a named icon on a rounded square of its own
+    state,          // a dot before a line
     star,           // a star, filled when the cell's value is not 0
     rating,         // five stars, filled by the cell's value 0 to 5; any other value counts as 0
     progress,       // a progress bar when the cell's value is 0 to 100, else the text
@@ -40,6 +42,8 @@ struct ListColumn {
     // The column of names, of which a list has one at most: it takes the width that the others
     // leave, and is the one in which typed letters are looked for and from which a row is copied.
     bool name = false;
+    // What a row's picture is said to be, read out as 有照片 or 没有照片.
+    std::u8string_view holds = u8"照片";
 };
 
 // The contents of a cell.
@@ -49,16 +53,20 @@ struct Cell {
     look::Color ink = look::Color::ink;
     look::Color secondInk = look::Color::ink2;
     QString icon = {};  // a name of look::icon, or in a picture column of look::picture
-    look::Color iconInk = look::Color::plum6;
-    int iconSide = look::Metric::rowIcon;  // of an icon with a line beside it
-    int value = -1;                        // star, rating, progress
+    look::Color iconInk = look::Color::plum6;  // of a state, its dot
+    int iconSide = look::Metric::rowIcon;      // of an icon with a line beside it
+    int value = -1;                            // star, rating, progress
+    // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot.
+    bool off = false;
 };
 
 // The picture of a row.
 struct RowPicture {
     std::uint64_t id = 0;         // the record's own, the same for as long as the picture is
     std::string_view bytes = {};  // an image file; empty for none
-    std::u16string_view fallback = u"default-head";  // drawn in place of none or a broken one
+    // The icon on the plate, or without one the picture, drawn in place of none or a broken one.
+    std::u16string_view plate = {};
+    std::u16string_view fallback = u"default-head";
     bool rounded = true;  // a photo, cropped to a rounded square; an icon is fitted in
 };
 

@@ -65,7 +65,8 @@ QString ListModel::Words(int row, int column) const {
             break;
         case CellKind::picture:
             if (cell.text.isEmpty() && cell.icon.isEmpty()) {
-                return ToQString(list_.PictureAt(row).bytes.empty() ? u8"没有照片" : u8"有照片");
+                return ToQString(list_.PictureAt(row).bytes.empty() ? u8"没有%1" : u8"有%1")
+                    .arg(ToQString(list_.Column(column).holds));
             }
             break;
         default:

@@ -25,6 +25,7 @@ struct CellPaint {
     const ListColumn& column;
     bool linkHot = false;  // the cursor is over the cell's link
     bool enabled = true;
+    bool marked = false;  // the row is selected or under the cursor
 };
 
 Qt::Alignment AlignmentOf(CellAlign align) {
@@ -36,6 +37,10 @@ QRect Padded(const QRect& area, const ListColumn& column) {
     return column.cells == CellAlign::left
                ? area.adjusted(Metric::cellPadding, 0, -Metric::gap1, 0)
                : area.adjusted(Metric::hairline, 0, -Metric::hairline, 0);
+}
+
+QRect Centred(const QRect& area, int width, int height) {
+    return {area.center().x() + 1 - width / 2, area.center().y() + 1 - height / 2, width, height};
 }
 
 // One line, for a row: what comes after a line feed is not shown.
@@ -126,6 +131,48 @@ void PaintIconText(const CellPaint& paint) {
              paint.cell.ink);
 }
 
+// The plate's colours are those of the rows: on a row that is marked it is white.
+void DrawPlate(const CellPaint& paint, const QRectF& square, QStringView icon, bool off) {
+    const Color ground = paint.marked ? Color::surface : off ? Color::fieldOff : Color::rowHover;
+    look::plate(paint.painter, square, Metric::radiusPanel, look::color(ground), Qt::transparent);
+    look::drawIcon(paint.painter, square, icon, Metric::iconNav,
+                   look::color(!paint.enabled ? Color::inkOff
+                               : off          ? Color::ink3
+                                              : Color::plum6));
+}
+
+void PaintPlate(const CellPaint& paint) {
+    if (paint.cell.icon.isEmpty()) {
+        return;
+    }
+    const int side = Metric::rowPlate;
+    DrawPlate(paint, Centred(paint.area, side, side), paint.cell.icon, paint.cell.off);
+}
+
+void PaintState(const CellPaint& paint) {
+    const QRect area = Padded(paint.area, paint.column);
+    const QFont font = look::font(Size::s12);
+    if (paint.cell.text.isEmpty()) {
+        return;
+    }
+    const int mark = Metric::dot + Metric::dotGap;
+    const int words = std::min(QFontMetrics(font).horizontalAdvance(OneLine(paint.cell.text)) + 1,
+                               area.width() - mark);
+    const int left = paint.column.cells == CellAlign::left
+                         ? area.left()
+                         : area.left() + (area.width() - mark - words) / 2;
+    const QColor none = Qt::transparent;
+    const QColor ink = look::color(!paint.enabled   ? Color::inkOff
+                                   : paint.cell.off ? Color::ink3
+                                                    : paint.cell.iconInk);
+    const QRectF dot(left, area.top() + (area.height() - Metric::dot) / 2.0, Metric::dot,
+                     Metric::dot);
+    look::plate(paint.painter, dot, Metric::dot / 2.0, paint.cell.off ? none : ink,
+                paint.cell.off ? ink : none);
+    DrawLine(paint, QRect(left + mark, area.top(), words, area.height()), paint.cell.text, font,
+             paint.cell.ink);
+}
+
 void PaintStar(const CellPaint& paint) {
     const bool on = paint.cell.value > 0;
     look::drawIcon(paint.painter, paint.area, on ? u"star-on" : u"star-off", Metric::starCell,
@@ -161,7 +208,7 @@ struct CellPainter {
 };
 
 // Row i paints kind i. CSkinListCtrl paints pictures and ticks itself.
-constexpr std::array<CellPainter, 14> kPainters{{
+constexpr std::array<CellPainter, 16> kPainters{{
     {CellKind::text, PaintText},
     {CellKind::twoLines, PaintTwoLines<Size::s13>},
     {CellKind::twoSmallLines, PaintTwoLines<Size::s12>},
@@ -172,6 +219,8 @@ constexpr std::array<CellPainter, 14> kPainters{{
     {CellKind::picture, PaintNothing},
     {CellKind::icon, PaintIcon},
     {CellKind::iconText, PaintIconText},
+    {CellKind::plate, PaintPlate},
+    {CellKind::state, PaintState},
     {CellKind::star, PaintStar},
     {CellKind::rating, PaintRating},
     {CellKind::progress, PaintProgressCell},
@@ -196,10 +245,6 @@ struct BlockWidths {
 };
 constexpr std::array<BlockWidths, Metric::loadRows> kBlocks{
     {{44, 75}, {54, 71}, {40, 78}, {47, 68}}};
-
-QRect Centred(const QRect& area, int width, int height) {
-    return {area.center().x() + 1 - width / 2, area.center().y() + 1 - height / 2, width, height};
-}
 
 }  // namespace
 
@@ -230,6 +275,10 @@ void CSkinListCtrl::PaintRows(QPainter& painter, const QRect& dirty) const {
     }
 }
 
+bool CSkinListCtrl::IsMarked(int row) const {
+    return row == CurrentRow() || row == hoverRow_;
+}
+
 void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int column) {
     if (row >= RowCount()) {
         return;
@@ -246,7 +295,8 @@ void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int
     } else {
         const Cell cell = CellAt(row, column);
         kPainters[static_cast<std::size_t>(kind.kind)].paint(
-            {painter, rect, cell, kind, row == hoverRow_ && column == hoverColumn_, isEnabled()});
+            {painter, rect, cell, kind, row == hoverRow_ && column == hoverColumn_, isEnabled(),
+             IsMarked(row)});
     }
     painter.restore();
 }
@@ -259,8 +309,18 @@ void CSkinListCtrl::PaintPicture(QPainter& painter, const QRect& rect, int row, 
     if (!picture.bytes.empty()) {
         shown = pictures_.Get(picture.id, picture.bytes, side, picture.rounded, scale);
     }
+    QRect area = rect;
+    if (column == 0) {
+        area = QRect(rect.left() + Metric::rowPictureInset, rect.top(),
+                     rect.width() - 2 * Metric::rowPictureInset, rect.height());
+    }
     if (shown.isNull()) {
         const Cell cell = CellAt(row, column);
+        if (!picture.plate.empty() && side == Metric::rowPicture) {
+            DrawPlate({painter, rect, cell, Column(column), false, isEnabled(), IsMarked(row)},
+                      Centred(area, side, side), QStringView(picture.plate), cell.off);
+            return;
+        }
         if (!cell.icon.isEmpty()) {
             shown = look::picture(cell.icon, {side, side}, scale);
         } else if (!picture.fallback.empty()) {
@@ -268,11 +328,6 @@ void CSkinListCtrl::PaintPicture(QPainter& painter, const QRect& rect, int row, 
         }
     }
     if (!shown.isNull()) {
-        QRect area = rect;
-        if (column == 0) {
-            area = QRect(rect.left() + Metric::rowPictureInset, rect.top(),
-                         rect.width() - 2 * Metric::rowPictureInset, rect.height());
-        }
         look::drawCentred(painter, area, shown);
     }
 }
@@ -328,6 +383,10 @@ void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
                     ViewStatus::PaintBlock(painter, Centred(cell, side, side));
                     break;
                 }
+                case CellKind::plate:
+                    ViewStatus::PaintBlock(painter,
+                                           Centred(cell, Metric::rowPlate, Metric::rowPlate));
+                    break;
                 case CellKind::check:
                     ViewStatus::PaintBlock(painter,
                                            Centred(cell, Metric::tickInRow, Metric::tickInRow));

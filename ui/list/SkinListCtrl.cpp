@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
@@ -141,7 +142,9 @@ void CSkinListCtrl::ResetRows(int count) {
     pictures_.Clear();
     hoverRow_ = hoverColumn_ = -1;
     ticks_.assign(static_cast<std::size_t>(count), 0);
+    ticked_ = 0;
     model_->Reset(count);
+    AnnounceCount();
     if (before >= 0) {
         Q_EMIT rowSelected(-1);
     }
@@ -151,13 +154,16 @@ void CSkinListCtrl::ResetRows(int count) {
 void CSkinListCtrl::AppendRows(int count) {
     ticks_.resize(ticks_.size() + static_cast<std::size_t>(count), 0);
     model_->Append(count);
+    AnnounceCount();
     viewport()->update();
 }
 
 void CSkinListCtrl::RemoveRow(int row) {
+    ticked_ -= IsTicked(row) ? 1 : 0;
     ticks_.erase(ticks_.begin() + row);
     hoverRow_ = hoverColumn_ = -1;
     model_->Remove(row);
+    AnnounceCount();
     FollowSelection();  // rows below moved up without a change of the selection
     viewport()->update();
 }
@@ -181,6 +187,8 @@ bool CSkinListCtrl::IsTicked(int row) const {
 void CSkinListCtrl::SetTicked(int row, bool on) {
     if (row >= 0 && row < RowCount() && IsTicked(row) != on) {
         ticks_[static_cast<std::size_t>(row)] = on ? 1 : 0;
+        ticked_ += on ? 1 : -1;
+        AnnounceCount();
         RowChanged(row);
     }
 }
@@ -206,6 +214,33 @@ void CSkinListCtrl::FlipTick(int row) {
     Q_EMIT tickFlipped(row, IsTicked(row));
 }
 
+// ---- the count ---------------------------------------------------------------------------------
+
+QString CSkinListCtrl::CountText() const {
+    if (RowCount() == 0 || !redraw_ || State() != ListState::idle) {
+        return {};
+    }
+    const QLocale locale(QLocale::Chinese);
+    const QString all = ToQString(u8"共 %1 项").arg(locale.toString(RowCount()));
+    return TickColumn() < 0
+               ? all
+               : all + ToQString(u8" · 已选 %1 项").arg(locale.toString(TickedCount()));
+}
+
+// Later, since ticks and rows change by the thousand in one turn.
+void CSkinListCtrl::AnnounceCount() {
+    if (std::exchange(countIsToBeTold_, true)) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            countIsToBeTold_ = false;
+            Q_EMIT countChanged();
+        },
+        Qt::QueuedConnection);
+}
+
 // ---- what is shown -----------------------------------------------------------------------------
 
 void CSkinListCtrl::SetRedraw(bool on) {
@@ -216,7 +251,13 @@ void CSkinListCtrl::SetRedraw(bool on) {
     // have been filled in the meantime.
     frozen_ = !on && RowCount() > 0 ? viewport()->grab() : QPixmap();
     redraw_ = on;
+    AnnounceCount();
     viewport()->update();
+}
+
+void CSkinListCtrl::SetState(ListState state) {
+    status_->Set(state);
+    AnnounceCount();
 }
 
 // ---- geometry ----------------------------------------------------------------------------------

@@ -343,6 +343,7 @@ struct Metric {
     static constexpr int cellLine = 20;
     static constexpr int rowPicture = 48;
     static constexpr int rowPictureInset = 6;
+    static constexpr int rowPlate = 40;
     static constexpr int rowIcon = 18;
     static constexpr int rowIconLarge = 32;
     static constexpr int rowIconGap = 8;
