@@ -30,6 +30,8 @@ struct TourStop {
 [[nodiscard]] std::vector<TourStop> TheTourStops();
 // Those at the pages of the user's own records, beyond the pages themselves.
 [[nodiscard]] std::vector<TourStop> PersonalStops();
+// Those at the tools of the phone.
+[[nodiscard]] std::vector<TourStop> ToolsStops();
 
 // How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
 // time, and what hangs does not keep the tour for ever.

@@ -1,13 +1,14 @@
 #include <fmt/format.h>
 
-#include <array>
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "app/platform/TrayMenu.h"
 #include "app/window/MainDlg.h"
 #include "app/window/ProductName.h"
 #include "pages/numbers/NumberQueryDlg.h"
-#include "tour/Tour.h"
+#include "tour/PageStops.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/look/Look.h"
@@ -32,21 +33,6 @@ TourStop BannerStop(std::string name, std::u8string_view text, BannerState state
             }};
 }
 
-// What a command button opens, on a page that was visited before.
-struct CommandStop {
-    std::string_view name;
-    PageNumbers page;
-    int command;
-};
-
-constexpr std::array<CommandStop, 5> kCommandStops = {{
-    {"dialog-contact-editor", kContactsPage, 1},
-    {"dialog-contact-groups", kContactsPage, 2},
-    {"dialog-nothing-checked", kContactsPage, 3},
-    {"dialog-sms-composer", kMessagesPage, 1},
-    {"dialog-confirm-delete", kCallsPage, 2},
-}};
-
 }  // namespace
 
 std::vector<TourStop> TheTourStops() {
@@ -56,14 +42,13 @@ std::vector<TourStop> TheTourStops() {
                              window.Post(Message::goToPage, TabOf(row), row.page);
                          }});
     }
-    for (const CommandStop& stop : kCommandStops) {
-        stops.push_back({std::string(stop.name), [stop](CMainDlg& window) {
-                             window.Post(Message::goToPage, TabOf(stop.page), stop.page.page);
-                             window.Post(Message::commandButton, 0, stop.command);
-                         }});
-    }
-    for (TourStop& stop : PersonalStops()) {
-        stops.push_back(std::move(stop));
+    stops.push_back(CommandStop("dialog-contact-editor", kContactsPage, 1));
+    stops.push_back(CommandStop("dialog-contact-groups", kContactsPage, 2));
+    stops.push_back(CommandStop("dialog-nothing-checked", kContactsPage, 3));
+    stops.push_back(CommandStop("dialog-sms-composer", kMessagesPage, 1));
+    stops.push_back(CommandStop("dialog-confirm-delete", kCallsPage, 2));
+    for (auto* more : {&PersonalStops, &ToolsStops}) {
+        std::ranges::move(more(), std::back_inserter(stops));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
     stops.push_back(
