@@ -11,6 +11,8 @@ class QLabel;
 namespace quorvi {
 
 class CSkinStripButton;
+class Page;
+class RemarkLabel;
 
 // Four buttons in fixed places; a place whose button has no caption stays empty. A page without any
 // button, and one that is not built yet, shows its heading instead.
@@ -22,7 +24,11 @@ class CommandRow : public QWidget {
 
     explicit CommandRow(QWidget* parent);
 
-    void Show(const PageRow& row, bool built);
+    // `page` is the row's page, whose count line is shown at the right end from now on.
+    void Show(const PageRow& row, bool built, const Page& page);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   Q_SIGNALS:
     // A button was pressed; the checked state of the other three is cleared by then.
@@ -31,6 +37,8 @@ class CommandRow : public QWidget {
   private:
     std::array<CSkinStripButton*, kCommandCount> buttons_;
     QLabel* heading_;
+    RemarkLabel* count_;
+    QMetaObject::Connection counted_;  // to the page whose count is shown
 };
 
 }  // namespace quorvi

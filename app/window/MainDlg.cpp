@@ -251,7 +251,7 @@ void CMainDlg::ShowPage(const PageRow* row) {
     }
     pages_.Show(*row);
     dropRepeats_ = true;
-    commands_->Show(*row, pages_.IsBuilt(*row));
+    commands_->Show(*row, pages_.IsBuilt(*row), pages_.PageOf(*row));
     bar_->Show(TabOf(*row), ItemOf(*row));
     pages_.LoadAtFirstShow(*row, loadState_);
 }

@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "pages/kit/CountLine.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -26,6 +27,7 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
                                                  const AgentSession::Progress& progress) {
                 return FetchCallLog(session, attribution, progress);
             }) {
+    ShowCount(*this, *list_);
     SayWhenEmpty(*list_, u8"手机上没有通话记录，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新通话记录");
     auto* layout = new QVBoxLayout(this);

@@ -7,6 +7,7 @@
 #include "link/DeviceContext.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactFragment.h"
+#include "pages/kit/CountLine.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
@@ -46,6 +47,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
           [this] { SelectFirst(); }),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
+    ShowCount(*this, *list_);
     SayWhenEmpty(*list_, u8"手机上没有联系人，或者还没有获取");
     SayWhenFailed(*list_, u8"重新获取");
     view_->setAccessibleName(ToQString(u8"联系人详细信息"));

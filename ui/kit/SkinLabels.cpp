@@ -88,14 +88,26 @@ ConnectionBannerLabel::ConnectionBannerLabel(QWidget* parent) : CSkinStateLabel(
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
+namespace {
+
+void SetPlainText(QLabel& label, Size size, Color ink) {
+    label.setFont(look::font(size));
+    label.setTextFormat(Qt::PlainText);
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, look::color(ink));
+    label.setPalette(palette);
+}
+
+}  // namespace
+
 FormCaption::FormCaption(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    setFont(look::font(Size::s13));
-    setTextFormat(Qt::PlainText);
+    SetPlainText(*this, Size::s13, Color::ink2);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setFixedSize(Metric::formCaption, Metric::fieldHeight);
-    QPalette ink = palette();
-    ink.setColor(QPalette::WindowText, look::color(Color::ink2));
-    setPalette(ink);
+}
+
+RemarkLabel::RemarkLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    SetPlainText(*this, Size::s12, Color::ink2);
 }
 
 CSkinProgress::CSkinProgress(QWidget* parent) : QProgressBar(parent) {

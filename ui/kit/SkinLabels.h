@@ -50,6 +50,13 @@ class FormCaption : public QLabel {
     explicit FormCaption(const QString& text, QWidget* parent = nullptr);
 };
 
+// A remark beside or under something else: 12 in the second ink, plain text.
+class RemarkLabel : public QLabel {
+    Q_OBJECT
+  public:
+    explicit RemarkLabel(const QString& text = {}, QWidget* parent = nullptr);
+};
+
 // A progress bar that draws "38 %".
 class CSkinProgress : public QProgressBar {
     Q_OBJECT

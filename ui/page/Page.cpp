@@ -21,6 +21,13 @@ Page::Page(PageHost& host, int dialog, QWidget* parent) : QWidget(parent), host_
     SetDialogNumber(*this, dialog);
 }
 
+void Page::SetCountLine(const QString& text) {
+    if (text != countLine_) {
+        countLine_ = text;
+        Q_EMIT countLineChanged(countLine_);
+    }
+}
+
 void Page::FocusFilled(QWidget& control) const {
     if (isVisible() && !IsWrittenIn(window()->focusWidget())) {
         control.setFocus();

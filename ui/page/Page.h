@@ -48,6 +48,13 @@ class Page : public QWidget {
     // The text of the main window's search box, for the app store page.
     virtual void OnSearch(const QString& /*text*/) {}
 
+    // What stands at the right end of the command row while this page is shown.
+    [[nodiscard]] const QString& CountLine() const { return countLine_; }
+    void SetCountLine(const QString& text);
+
+  Q_SIGNALS:
+    void countLineChanged(const QString& text);
+
   protected:
     [[nodiscard]] PageHost& Host() const { return host_; }
     // Gives a control of this page that has been filled the focus, unless the page is hidden or the
@@ -56,6 +63,7 @@ class Page : public QWidget {
 
   private:
     PageHost& host_;
+    QString countLine_;
 };
 
 }  // namespace quorvi
