@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "agent/AgentSession.h"
-#include "link/DeviceContext.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactFragment.h"
 #include "pages/kit/CountLine.h"
@@ -31,7 +30,7 @@ enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
 CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
-      device_(services.device),
+      unsaved_(services.device),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
       road_(
           {.host = host,
@@ -164,17 +163,6 @@ void CContactPage::OpenMenu(const QPoint& at) {
     menu->popup(at);
 }
 
-CContactPage::Unsaved& CContactPage::UnsavedHere() {
-    const std::string serial = device_.Serial();
-    if (!unsaved_.contains(serial)) {
-        if (auto before = unsaved_.extract(std::string())) {
-            before.key() = serial;
-            unsaved_.insert(std::move(before));
-        }
-    }
-    return unsaved_[serial];
-}
-
 void CContactPage::AddContact() {
     auto* editor = new CContactEditDlg(Host(), this, agent_);
     if (unsavedNew_) {
@@ -189,7 +177,7 @@ void CContactPage::AddContact() {
 void CContactPage::EditSelected() {
     if (const ContactListRow* contact = list_->CurrentRecord()) {
         auto* editor = new CContactEditDlg(Host(), contact->contactId, this, agent_);
-        Unsaved& here = UnsavedHere();
+        Unsaved& here = unsaved_.Here();
         if (const auto form = here.contacts.extract(contact->contactId)) {
             editor->Resume(form.mapped());
         }
@@ -204,7 +192,7 @@ void CContactPage::EditSelected() {
 
 void CContactPage::OpenGroups() {
     auto* groups = new CContactGroupDlg(Host(), this, agent_);
-    Unsaved& here = UnsavedHere();
+    Unsaved& here = unsaved_.Here();
     groups->Resume(here.groups);
     groups->Open([groups, &here](int) { here.groups = groups->Unsaved(); });
 }

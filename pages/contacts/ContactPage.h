@@ -12,6 +12,7 @@
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactListCtrl.h"
 #include "pages/kit/ListRoad.h"
+#include "pages/kit/OfEachPhone.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/html/HtmlCtrl.h"
@@ -63,21 +64,16 @@ class CContactPage : public Page, private HtmlListener {
 
     AgentAddress agent_;
     PageLoad detailLoad_{*this};
-    // What did not get to one phone, whose ids mean nothing to another: it stands in the next
-    // editor of that contact or group.
+    // What did not get to one phone: it stands in the next editor of that contact or group.
     struct Unsaved {
         std::map<std::uint32_t, ContactForm> contacts;  // by id
         UnsavedGroups groups;
     };
-    // Of the phone that is selected. What was kept before one was selected is the first one's.
-    [[nodiscard]] Unsaved& UnsavedHere();
-
-    const DeviceContext& device_;
-    std::map<std::string, Unsaved> unsaved_;  // by the phone's serial
-    bool fillMissed_ = false;                 // a fill's detail was dropped, since one was running
-    std::optional<ContactForm> unsavedNew_;   // a new contact that did not get to any phone
-    bool selecting_ = false;                  // the page itself moves the selection
-    QTimer detailTimer_;                      // timer 0: the detail after a fill
+    OfEachPhone<Unsaved> unsaved_;
+    bool fillMissed_ = false;                // a fill's detail was dropped, since one was running
+    std::optional<ContactForm> unsavedNew_;  // a new contact that did not get to any phone
+    bool selecting_ = false;                 // the page itself moves the selection
+    QTimer detailTimer_;                     // timer 0: the detail after a fill
     CContactListCtrl* list_;
     ListRoad road_;
     CHtmlCtrlFix* view_;
