@@ -1,7 +1,6 @@
 #include "pages/contacts/ContactEditDlg.h"
 
 #include <QGridLayout>
-#include <concepts>
 #include <utility>
 
 #include "agent/AgentSession.h"
@@ -179,25 +178,8 @@ void CContactEditDlg::BuildControls() {
     AskBeforeEscape([this] { return WouldLose(); });
 }
 
-template <typename Field>
-void CContactEditDlg::SetText(Field* field, const std::string& ansi) {
-    const QString text = ToQString(ansi);
-    if constexpr (std::same_as<Field, CSkinEdit>) {
-        field->setText(text);
-        set_[field] = {text, field->text()};
-    } else {
-        field->SetText(text);
-        set_[field] = {text, field->toPlainText()};
-    }
-}
-
-std::string CContactEditDlg::TextOf(const QWidget* field, const QString& now) const {
-    const auto set = set_.find(field);
-    return FromQString(set == set_.end() ? now : EditedText(set->second, now));
-}
-
 ContactForm CContactEditDlg::Form() const {
-    const auto text = [this](const CSkinEdit* field) { return TextOf(field, field->text()); };
+    const auto text = [this](const CSkinEdit* field) { return texts_.Text(*field); };
     const auto typed = [&](const TypedField& field, const ContactTypeTable& types) {
         return ContactTypedField{types.Code(field.type->currentIndex()), text(field.text)};
     };
@@ -205,13 +187,13 @@ ContactForm CContactEditDlg::Form() const {
     form.favourite = favourite_->GetCheck() == 1;
     form.name = text(name_);
     form.nickname = text(nickname_);
-    form.note = TextOf(note_, note_->toPlainText());
+    form.note = texts_.Text(*note_);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         form.phones[i] = typed(phones_[i], kPhoneTypes);
     }
     form.im = typed(im_, kImTypes);
     form.email = typed(email_, kEmailTypes);
-    form.website = TextOf(website_, website_->toPlainText());
+    form.website = texts_.Text(*website_);
     form.organisation = text(organisation_);
     form.address = text(address_);
     return form;
@@ -220,7 +202,7 @@ ContactForm CContactEditDlg::Form() const {
 void CContactEditDlg::SetForm(const ContactForm& form) {
     // A long text shows its start.
     const auto show = [this](CSkinEdit* field, const std::string& text) {
-        SetText(field, text);
+        texts_.Set(*field, text);
         field->home(false);
     };
     const auto typed = [&show](const TypedField& field, const ContactTypedField& value,
@@ -229,15 +211,15 @@ void CContactEditDlg::SetForm(const ContactForm& form) {
         show(field.text, value.text);
     };
     favourite_->SetCheck(form.favourite ? 1 : 0);
-    SetText(name_, form.name);
+    texts_.Set(*name_, form.name);
     show(nickname_, form.nickname);
-    SetText(note_, form.note);
+    texts_.Set(*note_, form.note);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         typed(phones_[i], form.phones[i], kPhoneTypes);
     }
     typed(im_, form.im, kImTypes);
     typed(email_, form.email, kEmailTypes);
-    SetText(website_, form.website);
+    texts_.Set(*website_, form.website);
     show(organisation_, form.organisation);
     show(address_, form.address);
 }

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -11,7 +10,7 @@
 #include "agent/AgentAddress.h"
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactTypes.h"
-#include "ui/kit/EditedText.h"
+#include "ui/kit/FieldTexts.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/page/Page.h"
 
@@ -57,11 +56,6 @@ class CContactEditDlg : public SkinDialog {
     SkinTextEdit* TextEdit(int number, const QString& name);
     TypedField Typed(int typeNumber, int textNumber, const QString& name,
                      const ContactTypeTable& types);
-    // Puts a text into a field, and remembers what the field shows of it.
-    template <typename Field>
-    void SetText(Field* field, const std::string& ansi);
-    // The text that a field stands for.
-    [[nodiscard]] std::string TextOf(const QWidget* field, const QString& now) const;
     void Load();
     void ShowLoaded(ContactReply&& reply);
     // Shows what the user begins with.
@@ -87,9 +81,9 @@ class CContactEditDlg : public SkinDialog {
     // What the state says while no field has characters that cannot be saved.
     int noticeState_ = 0;
     QString noticeText_;
-    bool refused_ = false;                     // a save was refused for want of a name
-    std::set<const QWidget*> lossy_;           // fields with characters that cannot be saved
-    std::map<const QWidget*, ShownText> set_;  // what SetForm put into the fields
+    bool refused_ = false;            // a save was refused for want of a name
+    std::set<const QWidget*> lossy_;  // fields with characters that cannot be saved
+    FieldTexts texts_;
 
     CSkinEdit* name_ = nullptr;
     CSkinEdit* nickname_ = nullptr;
