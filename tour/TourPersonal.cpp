@@ -1,5 +1,8 @@
 // The tour's stops at the pages of the user's own records: their dialogs, their menu, and what
 // each of them shows while it loads, when there is nothing, and when there is no link.
+#include "base/Text.h"
+#include "pages/alarms/AlarmEditDlg.h"
+#include "pages/alarms/AlarmPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"
@@ -18,6 +21,7 @@ constexpr int kContactList = 1067;
 // Of the simulated phone.
 constexpr std::uint32_t kContact = 1;
 constexpr std::uint32_t kConversation = 12;
+constexpr std::uint32_t kAlarm = 1;
 
 // A stop that goes to the contacts page and does something there.
 template <typename Open>
@@ -47,6 +51,17 @@ SkinDialog* MakeContactEditor(CMainDlg& window, AgentAddress agent) {
     return new CContactEditDlg(window, kContact, &window, agent);
 }
 
+SkinDialog* MakeAlarmEditor(CMainDlg& window, AgentAddress agent) {
+    AlarmForm form;
+    form.hourEntry = 5;
+    form.minuteEntry = 20;
+    form.days = 0x15;
+    form.enabled = true;
+    form.vibrate = true;
+    form.label = Ansi(u8"晨跑");
+    return new CAlarmEditDlg(window, kAlarm, form, &window, agent);
+}
+
 void OpenContactMenu(CContactPage& page) {
     auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
     Q_EMIT list.menuAsked(list.CurrentRow(),
@@ -65,11 +80,14 @@ std::vector<TourStop> PersonalStops() {
                        return new CGroupEditDlg(window, &window, agent);
                    }),
         DialogStop("dialog-composer", kMessagesPage, kOfThePhone, &MakeComposer),
+        CommandStop("dialog-alarm-add", kAlarmsPage, CAlarmPage::commandAdd),
+        DialogStop("dialog-alarm-update", kAlarmsPage, kOfThePhone, &MakeAlarmEditor),
     };
     for (const ViewState& state : ViewStates()) {
         stops.push_back(PageStop<CContactPage>("contacts", state));
         stops.push_back(PageStop<CSmsPage>("sms", state));
         stops.push_back(PageStop<CCallLogPage>("calls", state));
+        stops.push_back(PageStop<CAlarmPage>("alarms", state));
         stops.push_back(
             DialogStop("dialog-contact-update", kContactsPage, state, &MakeContactEditor));
         stops.push_back(DialogStop("dialog-groups", kContactsPage, state, &MakeGroups));

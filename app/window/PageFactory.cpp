@@ -3,6 +3,7 @@
 #include <type_traits>
 
 #include "app/window/PlaceholderPage.h"
+#include "pages/alarms/AlarmPage.h"
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactPage.h"
@@ -33,9 +34,9 @@ PageMakers::value_type MakerOf() {
 
 PageMakers ThePageMakers() {
     return {
-        MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
-        MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CalendarPage>(),
-        MakerOf<CSystemInfoPage>(),
+        MakerOf<CHomePage>(),    MakerOf<SettingsPage>(),    MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),     MakerOf<CCallLogPage>(),    MakerOf<CAlarmPage>(),
+        MakerOf<CalendarPage>(), MakerOf<CSystemInfoPage>(),
     };
 }
 

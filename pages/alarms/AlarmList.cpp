@@ -42,7 +42,7 @@ std::string AlarmTimeText(std::uint32_t hour, std::uint32_t minute) {
 }
 
 std::string AlarmStateText(bool enabled) {
-    return Ansi(enabled ? u8"已开启" : u8"已关闭");
+    return Ansi(enabled ? u8"已启用" : u8"已禁用");
 }
 
 std::string AlarmVibrateText(bool vibrate) {

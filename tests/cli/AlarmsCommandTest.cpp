@@ -61,7 +61,7 @@ TEST_F(AlarmsCommand, ListGivesEachFieldOfEachAlarm) {
 TEST_F(AlarmsCommand, TheTableHasTheTextsOfThePage) {
     START_OR_SKIP({.bytes = OneAlarm()});
     const std::string table = Out("alarms list").output;
-    for (const char* text : {"起床", "06:05", "一 日", "晨光", "振动关闭", "已开启"}) {
+    for (const char* text : {"起床", "06:05", "一 日", "晨光", "振动关闭", "已启用"}) {
         EXPECT_NE(table.find(text), std::string::npos) << text;
     }
     EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 2);  // the headings and the alarm

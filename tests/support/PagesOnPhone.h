@@ -31,6 +31,7 @@ class PagesOnPhone : public testing::Test {
     static constexpr int kContacts = 10;
     static constexpr int kMessages = 11;
     static constexpr int kCalls = 12;
+    static constexpr int kAlarms = 13;
 
     // The phone as it was delivered and linked, its log empty, no dialog open, the status label as
     // at the start.

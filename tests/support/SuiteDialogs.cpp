@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "pages/alarms/AlarmEditDlg.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/GroupEditDlg.h"
@@ -22,6 +23,7 @@ namespace {
 constexpr std::uint32_t kContact = 7;
 constexpr std::uint32_t kConversation = 7;
 constexpr std::uint32_t kGroup = 5;
+constexpr std::uint32_t kAlarm = 7;
 
 constexpr const char* kAdbScript =
     "case \"$*\" in\n"
@@ -53,6 +55,8 @@ std::vector<SuiteDialog> SuiteDialogs() {
     constexpr const char* kEditor =
         "1149 1152 1380 1150 1382 1151 1383 1240 1235 1236 1385 1242 1243 1244 1245 1381 "
         "1224 1020 1021";
+    constexpr const char* kAlarmEditor =
+        "1257 1231 1229 1268 1248 1249 1250 1251 1252 1253 1254 1368 1256 1255 1215 1021";
     return {
         {"AddContact", kEditor,
          [](DialogGround& g) { return new CContactEditDlg(g.host, &g.window, g.agent.Port()); }},
@@ -76,6 +80,13 @@ std::vector<SuiteDialog> SuiteDialogs() {
         {"Conversation", "1338 1359 1337 1271 1030 1021",
          [](DialogGround& g) {
              return new CSmsComposeDlg(g.host, kConversation, &g.window, g.agent.Port());
+         }},
+        {"AddAlarm", kAlarmEditor,
+         [](DialogGround& g) { return new CAlarmEditDlg(g.host, &g.window, g.agent.Port()); }},
+        {"UpdateAlarm", kAlarmEditor,
+         [](DialogGround& g) {
+             return new CAlarmEditDlg(g.host, kAlarm, {.days = 1, .label = "晨跑"}, &g.window,
+                                      g.agent.Port());
          }},
         {"DeviceManager", "1073 1047 1214 1199 1215 10200",
          [](DialogGround& g) {

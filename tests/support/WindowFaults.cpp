@@ -14,7 +14,8 @@ constexpr int kBeats = 20;
 
 // What the user has filled in is not to be lost when one of these gets no answer.
 constexpr std::array kFilledIn{AgentCommand::addContact, AgentCommand::updateContact,
-                               AgentCommand::addGroup, AgentCommand::renameGroup,
+                               AgentCommand::addGroup,   AgentCommand::renameGroup,
+                               AgentCommand::addAlarm,   AgentCommand::updateAlarm,
                                AgentCommand::sendMessage};
 
 }  // namespace

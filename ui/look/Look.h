@@ -407,6 +407,9 @@ struct Metric {
     static constexpr int groupsHeight = 420;
     static constexpr int groupEditWidth = 400;
     static constexpr int groupEditHeight = 158;
+    static constexpr int alarmEditWidth = 560;
+    static constexpr int alarmEditHeight = 326;
+    static constexpr int alarmCombo = 80;
     static constexpr int composerWidth = 760;
     static constexpr int composerHeight = 540;
     static constexpr int composerTree = 216;

@@ -112,8 +112,8 @@ TEST(AlarmText, ATimeThatIsNoneShowsAsItsNumbers) {
 }
 
 TEST(AlarmText, TheSwitchesHaveTheirWords) {
-    EXPECT_EQ(AlarmStateText(true), Ansi(u8"已开启"));
-    EXPECT_EQ(AlarmStateText(false), Ansi(u8"已关闭"));
+    EXPECT_EQ(AlarmStateText(true), Ansi(u8"已启用"));
+    EXPECT_EQ(AlarmStateText(false), Ansi(u8"已禁用"));
     EXPECT_EQ(AlarmVibrateText(true), Ansi(u8"振动提醒"));
     EXPECT_EQ(AlarmVibrateText(false), Ansi(u8"振动关闭"));
 }

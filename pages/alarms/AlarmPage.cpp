@@ -1,0 +1,117 @@
+#include "pages/alarms/AlarmPage.h"
+
+#include <QVBoxLayout>
+#include <utility>
+
+#include "pages/alarms/AlarmEditDlg.h"
+#include "pages/kit/CountLine.h"
+#include "pages/kit/ViewSentences.h"
+#include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kList = 1090;
+
+}  // namespace
+
+CAlarmPage::CAlarmPage(PageHost& host, const Services& services, QWidget* parent)
+    : Page(host, kNumbers.dialog, parent),
+      agent_(services.agent),
+      list_(SetControlNumber(new CAlarmListCtrl(this), kList, ToQString(u8"闹铃"))),
+      road_({.host = host,
+             .window = *this,
+             .controls = *this,
+             .agent = services.agent,
+             .loadKey = kNumbers.loadKey},
+            list_, &FetchAlarmList),
+      unsaved_(services.device) {
+    SayWhenEmpty(*list_, u8"手机上没有闹铃，或者还没有获取");
+    SayWhenFailed(*list_, u8"刷新闹铃项");
+    ShowCount(*this, *list_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(list_);
+
+    connect(list_, &CSkinListCtrl::rowClicked, this, &CAlarmPage::Select);
+    // The selection by key leads to the same as a click.
+    connect(list_, &CSkinListCtrl::rowSelected, this, &CAlarmPage::Select);
+    connect(list_, &CSkinListCtrl::rowOpened, this, [this](int row) {
+        if (list_->RecordAt(row) != nullptr) {
+            Select(row);
+            EditSelected();
+        }
+    });
+}
+
+void CAlarmPage::Select(int row) {
+    if (const AlarmRow* alarm = list_->RecordAt(row)) {
+        Host().Selection().Set(PageSelection::kAlarm, alarm->id);
+        selected_ = *alarm;
+    }
+}
+
+void CAlarmPage::OnCommand(int index) {
+    if (!isEnabled()) {
+        return;  // a delete is on its way
+    }
+    switch (index) {
+        case commandRefresh:
+            RefreshAlarms();
+            break;
+        case commandAdd:
+            AddAlarm();
+            break;
+        case commandEdit:
+            EditSelected();
+            break;
+        case commandDelete:
+            DeleteTicked();
+            break;
+        default:
+            break;
+    }
+}
+
+void CAlarmPage::AddAlarm() {
+    auto* editor = new CAlarmEditDlg(Host(), this, agent_);
+    if (const auto form = std::exchange(unsavedNew_, std::nullopt)) {
+        editor->Resume(*form);
+    }
+    Open(editor, [this](const AlarmForm& form) { unsavedNew_ = form; });
+}
+
+void CAlarmPage::EditSelected() {
+    const auto id = Host().Selection().Id(PageSelection::kAlarm);
+    if (!id) {
+        return;
+    }
+    const AlarmForm begun = FormOf(selected_);
+    auto* editor = new CAlarmEditDlg(Host(), *id, begun, this, agent_);
+    auto& here = unsaved_.Here();
+    // One that the phone has by now, as its row shows, is given up.
+    if (const auto form = here.extract(*id);
+        form && SettingsOf(form.mapped()) != SettingsOf(begun)) {
+        editor->Resume(form.mapped());
+    }
+    Open(editor, [&here, id = *id](const AlarmForm& form) { here[id] = form; });
+}
+
+void CAlarmPage::Open(CAlarmEditDlg* editor, std::function<void(const AlarmForm& form)> keep) {
+    editor->Open([this, editor, keep = std::move(keep)](int result) {
+        if (editor->Unsaved()) {
+            keep(*editor->Unsaved());
+        }
+        if (result == QDialog::Accepted) {
+            RefreshAlarms();
+        }
+    });
+}
+
+void CAlarmPage::DeleteTicked() {
+    road_.Delete(list_->OfTickedRows(&AlarmRow::id, MarkedRow::leftOut),
+                 u8"您真的要删除选择的【 %1 】条闹铃提醒吗？", &DeleteAlarmsRequest);
+}
+
+}  // namespace quorvi
