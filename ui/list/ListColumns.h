@@ -54,7 +54,7 @@ struct Cell {
     look::Color secondInk = look::Color::ink2;
     QString icon = {};  // a name of look::icon, or in a picture column of look::picture
     look::Color iconInk = look::Color::plum6;  // of a state, its dot
-    int iconSide = look::Metric::rowIcon;      // of an icon with a line beside it
+    int iconSide = look::Metric::rowIcon;      // of an icon that stands on no plate
     int value = -1;                            // star, rating, progress
     // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot.
     bool off = false;

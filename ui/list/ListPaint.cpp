@@ -107,7 +107,7 @@ void PaintLink(const CellPaint& paint) {
 }
 
 void PaintIcon(const CellPaint& paint) {
-    look::drawIcon(paint.painter, paint.area, paint.cell.icon, Metric::rowIcon,
+    look::drawIcon(paint.painter, paint.area, paint.cell.icon, paint.cell.iconSide,
                    look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
 }
 
