@@ -2,11 +2,13 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/SkinFields.h"
 
 namespace quorvi {
 
@@ -28,6 +30,7 @@ constexpr int kCancel = 1021;
 constexpr int kHelp = 1199;
 constexpr int kOk = 1;
 constexpr int kStay = 2;
+constexpr int kQuote = 3;
 
 struct KindPicture {
     QuestionDlg::Kind kind;
@@ -74,7 +77,10 @@ QuestionDlg::QuestionDlg(int number, const QString& title, Kind kind, const QStr
                                Metric::questionPadding, Metric::dialogPadding);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(new KindMark(kind, Body()));
-    row->addWidget(sentence, 1);
+    column_ = new QVBoxLayout;
+    column_->setSpacing(Metric::gap3);
+    column_->addWidget(sentence);
+    row->addLayout(column_, 1);
 
     const int width =
         Metric::questionWidth - 2 * Metric::questionPadding - Metric::iconMessage - Metric::gap4;
@@ -82,6 +88,17 @@ QuestionDlg::QuestionDlg(int number, const QString& title, Kind kind, const QStr
                       2 * Metric::dialogPadding;
     const int extra = std::max(0, sentence->heightForWidth(width) - space);
     SetInnerSize({Metric::questionWidth, Metric::questionHeight + extra});
+}
+
+void QuestionDlg::Quote(const QString& text, const QString& name) {
+    auto* quote = SetControlNumber(new SkinTextEdit({}, Body()), kQuote, name);
+    quote->setReadOnly(true);
+    // A text that is read from right to left must not turn round the rest of it.
+    quote->setLayoutDirection(Qt::LeftToRight);
+    quote->SetText(text);
+    quote->setFixedHeight(Metric::questionQuote);
+    column_->addWidget(quote);
+    SetInnerSize({Metric::questionWidth, height() + Metric::questionQuote + Metric::gap3});
 }
 
 void QuestionDlg::showEvent(QShowEvent* event) {

@@ -5,6 +5,8 @@
 
 #include "ui/kit/SkinDialog.h"
 
+class QVBoxLayout;
+
 namespace quorvi {
 
 // The form of a message or question, 400 by 196. More text makes it higher.
@@ -17,8 +19,15 @@ class QuestionDlg : public SkinDialog {
     QuestionDlg(int number, const QString& title, Kind kind, const QString& text, int textNumber,
                 QWidget* parent = nullptr);
 
+    // Shows a text from elsewhere below the sentence, in full and as it is: a long one scrolls.
+    // `name` is what a screen reader calls it.
+    void Quote(const QString& text, const QString& name);
+
   protected:
     void showEvent(QShowEvent* event) override;
+
+  private:
+    QVBoxLayout* column_;  // the sentence, and what is quoted
 };
 
 // Dialog 548: asks before a delete. Ends with Accepted for 删除, with Rejected for anything else;

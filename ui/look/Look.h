@@ -403,6 +403,7 @@ struct Metric {
     static constexpr int questionHeight = 196;
     static constexpr int questionPadding = 24;
     static constexpr int questionLine = 22;
+    static constexpr int questionQuote = 76;
     static constexpr int groupsWidth = 632;
     static constexpr int groupsHeight = 420;
     static constexpr int groupEditWidth = 400;
