@@ -1,6 +1,5 @@
 #include "pages/numbers/NumberQueryDlg.h"
 
-#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -10,6 +9,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
+#include "ui/page/OpenOnDesktop.h"
 
 namespace quorvi {
 
@@ -43,7 +43,7 @@ QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink)
 
 NumberQueryDlg::NumberQueryDlg(QWidget* parent)
     : NumberQueryDlg([] { return CPhoneDb(); },
-                     [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); },
+                     [](const QString& address) { OpenOnDesktop(address); },
                      parent) {}
 
 NumberQueryDlg::NumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent)
