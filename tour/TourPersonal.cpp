@@ -3,6 +3,9 @@
 #include "base/Text.h"
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/alarms/AlarmPage.h"
+#include "pages/bookmarks/BookmarkEditDlg.h"
+#include "pages/bookmarks/BookmarkPage.h"
+#include "pages/bookmarks/BookmarkSyncDlg.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"
@@ -18,10 +21,12 @@ namespace quorvi {
 namespace {
 
 constexpr int kContactList = 1067;
+constexpr int kBookmarkList = 1074;
 // Of the simulated phone.
 constexpr std::uint32_t kContact = 1;
 constexpr std::uint32_t kConversation = 12;
 constexpr std::uint32_t kAlarm = 1;
+constexpr std::uint32_t kBookmark = 1;
 
 // A stop that goes to the contacts page and does something there.
 template <typename Open>
@@ -62,6 +67,31 @@ SkinDialog* MakeAlarmEditor(CMainDlg& window, AgentAddress agent) {
     return new CAlarmEditDlg(window, kAlarm, form, &window, agent);
 }
 
+SkinDialog* MakeBookmarkEditor(CMainDlg& window, AgentAddress agent) {
+    return new CBookmarkEditDlg(
+        window, kBookmark,
+        {Ansi(u8"天气预报 - 无锡"), "http://m.weather.example/101190201.html", "214"}, &window,
+        agent);
+}
+
+SkinDialog* MakeSync(CMainDlg& window, AgentAddress /*agent*/) {
+    return new CBookmarkSyncDlg(&window);
+}
+
+SkinDialog* MakeQuestion(CMainDlg& window, AgentAddress /*agent*/) {
+    return CBookmarkPage::NewQuestion("ftp://files.example/pub/", &window);
+}
+
+void OpenBookmarkMenu(CMainDlg& window) {
+    GoTo(window, kBookmarksPage);
+    PostToWindow(&window, [&window] {
+        auto& list =
+            *FindControl<CSkinListCtrl>(window.PageOfDialog(kBookmarksPage.dialog), kBookmarkList);
+        list.SelectRow(1);
+        Q_EMIT list.menuAsked(1, list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
+    });
+}
+
 void OpenContactMenu(CContactPage& page) {
     auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
     Q_EMIT list.menuAsked(list.CurrentRow(),
@@ -82,12 +112,18 @@ std::vector<TourStop> PersonalStops() {
         DialogStop("dialog-composer", kMessagesPage, kOfThePhone, &MakeComposer),
         CommandStop("dialog-alarm-add", kAlarmsPage, CAlarmPage::commandAdd),
         DialogStop("dialog-alarm-update", kAlarmsPage, kOfThePhone, &MakeAlarmEditor),
+        CommandStop("dialog-bookmark-add", kBookmarksPage, CBookmarkPage::commandAdd),
+        DialogStop("dialog-bookmark-update", kBookmarksPage, kOfThePhone, &MakeBookmarkEditor),
+        DialogStop("dialog-bookmark-sync", kBookmarksPage, kOfThePhone, &MakeSync),
+        DialogStop("dialog-bookmark-visit", kBookmarksPage, kOfThePhone, &MakeQuestion),
+        {.name = "menu-bookmarks", .open = &OpenBookmarkMenu},
     };
     for (const ViewState& state : ViewStates()) {
         stops.push_back(PageStop<CContactPage>("contacts", state));
         stops.push_back(PageStop<CSmsPage>("sms", state));
         stops.push_back(PageStop<CCallLogPage>("calls", state));
         stops.push_back(PageStop<CAlarmPage>("alarms", state));
+        stops.push_back(PageStop<CBookmarkPage>("bookmarks", state));
         stops.push_back(
             DialogStop("dialog-contact-update", kContactsPage, state, &MakeContactEditor));
         stops.push_back(DialogStop("dialog-groups", kContactsPage, state, &MakeGroups));

@@ -4,6 +4,7 @@
 
 #include "app/window/PlaceholderPage.h"
 #include "pages/alarms/AlarmPage.h"
+#include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactPage.h"
@@ -34,9 +35,9 @@ PageMakers::value_type MakerOf() {
 
 PageMakers ThePageMakers() {
     return {
-        MakerOf<CHomePage>(),    MakerOf<SettingsPage>(),    MakerOf<CContactPage>(),
-        MakerOf<CSmsPage>(),     MakerOf<CCallLogPage>(),    MakerOf<CAlarmPage>(),
-        MakerOf<CalendarPage>(), MakerOf<CSystemInfoPage>(),
+        MakerOf<CHomePage>(),    MakerOf<SettingsPage>(),  MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),     MakerOf<CCallLogPage>(),  MakerOf<CAlarmPage>(),
+        MakerOf<CalendarPage>(), MakerOf<CBookmarkPage>(), MakerOf<CSystemInfoPage>(),
     };
 }
 

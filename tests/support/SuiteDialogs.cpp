@@ -5,6 +5,8 @@
 #include <QTest>
 
 #include "pages/alarms/AlarmEditDlg.h"
+#include "pages/bookmarks/BookmarkEditDlg.h"
+#include "pages/bookmarks/BookmarkSyncDlg.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/GroupEditDlg.h"
@@ -24,6 +26,7 @@ constexpr std::uint32_t kContact = 7;
 constexpr std::uint32_t kConversation = 7;
 constexpr std::uint32_t kGroup = 5;
 constexpr std::uint32_t kAlarm = 7;
+constexpr std::uint32_t kBookmark = 7;
 
 constexpr const char* kAdbScript =
     "case \"$*\" in\n"
@@ -57,6 +60,7 @@ std::vector<SuiteDialog> SuiteDialogs() {
         "1224 1020 1021";
     constexpr const char* kAlarmEditor =
         "1257 1231 1229 1268 1248 1249 1250 1251 1252 1253 1254 1368 1256 1255 1215 1021";
+    constexpr const char* kBookmarkEditor = "1257 1261 1260 1262 1215 1021";
     return {
         {"AddContact", kEditor,
          [](DialogGround& g) { return new CContactEditDlg(g.host, &g.window, g.agent.Port()); }},
@@ -88,6 +92,15 @@ std::vector<SuiteDialog> SuiteDialogs() {
              return new CAlarmEditDlg(g.host, kAlarm, {.days = 1, .label = "晨跑"}, &g.window,
                                       g.agent.Port());
          }},
+        {"AddBookmark", kBookmarkEditor,
+         [](DialogGround& g) { return new CBookmarkEditDlg(g.host, &g.window, g.agent.Port()); }},
+        {"UpdateBookmark", kBookmarkEditor,
+         [](DialogGround& g) {
+             return new CBookmarkEditDlg(g.host, kBookmark, {"天气", "http://x.example/", "3"},
+                                         &g.window, g.agent.Port());
+         }},
+        {"BookmarkSync", "1287 1021",
+         [](DialogGround& g) { return new CBookmarkSyncDlg(&g.window); }},
         {"DeviceManager", "1073 1047 1214 1199 1215 10200",
          [](DialogGround& g) {
              return new CDeviceManagerDlg(
@@ -112,6 +125,14 @@ std::vector<SuiteDialog> SuiteDialogs() {
          [](DialogGround& g) {
              return new ConsentDlg(QStringLiteral("?"), QStringLiteral("放弃"),
                                    QStringLiteral("返回"), look::ButtonKind::erase, &g.window);
+         }},
+        {"QuotedConsent", "3 1 2",
+         [](DialogGround& g) {
+             auto* dialog =
+                 new ConsentDlg(QStringLiteral("?"), QStringLiteral("打开"),
+                                QStringLiteral("不打开"), look::ButtonKind::plain, &g.window);
+             dialog->Quote(QStringLiteral("file:///a"), QStringLiteral("网址"));
+             return dialog;
          }},
     };
 }

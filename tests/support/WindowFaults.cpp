@@ -13,10 +13,10 @@ namespace {
 constexpr int kBeats = 20;
 
 // What the user has filled in is not to be lost when one of these gets no answer.
-constexpr std::array kFilledIn{AgentCommand::addContact, AgentCommand::updateContact,
-                               AgentCommand::addGroup,   AgentCommand::renameGroup,
-                               AgentCommand::addAlarm,   AgentCommand::updateAlarm,
-                               AgentCommand::sendMessage};
+constexpr std::array kFilledIn{
+    AgentCommand::addContact,  AgentCommand::updateContact,  AgentCommand::addGroup,
+    AgentCommand::renameGroup, AgentCommand::addAlarm,       AgentCommand::updateAlarm,
+    AgentCommand::addBookmark, AgentCommand::updateBookmark, AgentCommand::sendMessage};
 
 }  // namespace
 

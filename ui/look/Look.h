@@ -411,6 +411,9 @@ struct Metric {
     static constexpr int alarmEditWidth = 560;
     static constexpr int alarmEditHeight = 326;
     static constexpr int alarmCombo = 80;
+    static constexpr int bookmarkEditWidth = 480;
+    static constexpr int bookmarkEditHeight = 392;
+    static constexpr int bookmarkStore = 180;
     static constexpr int composerWidth = 760;
     static constexpr int composerHeight = 540;
     static constexpr int composerTree = 216;
