@@ -114,7 +114,7 @@ struct Amount {
     void (*set)(DataAmounts&, std::uint32_t);
 };
 
-constexpr std::array<Amount, 11> kAmounts{{
+constexpr std::array<Amount, 12> kAmounts{{
     {"contacts", [](DataAmounts& amounts, std::uint32_t n) { amounts.contacts = n; }},
     {"photo-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.photoBytes = n; }},
     {"conversations", [](DataAmounts& amounts, std::uint32_t n) { amounts.conversations = n; }},
@@ -123,6 +123,7 @@ constexpr std::array<Amount, 11> kAmounts{{
     {"alarms", [](DataAmounts& amounts, std::uint32_t n) { amounts.alarms = n; }},
     {"bookmarks", [](DataAmounts& amounts, std::uint32_t n) { amounts.bookmarks = n; }},
     {"auto-starts", [](DataAmounts& amounts, std::uint32_t n) { amounts.autoStarts = n; }},
+    {"files", [](DataAmounts& amounts, std::uint32_t n) { amounts.files = n; }},
     {"processes", [](DataAmounts& amounts, std::uint32_t n) { amounts.processes = n; }},
     {"icon-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.iconBytes = n; }},
     {"hostile", [](DataAmounts& amounts, std::uint32_t n) { amounts.hostile = n != 0; }},
@@ -210,7 +211,7 @@ constexpr std::array<ControlCommand, 11> kCommands{{
     {"data", RunData,
      "data [NAME NUMBER]...    fill the phone anew: as delivered, or with so many contacts,\n"
      "                           photo-bytes, conversations, messages, calls, alarms,\n"
-     "                           bookmarks, auto-starts, processes, icon-bytes; hostile 1"},
+     "                           bookmarks, auto-starts, processes, icon-bytes, files; hostile 1"},
     {"install", RunInstall,
      "install CODE|real        what pm install answers: a failure's code, or what is true"},
     {"unplug", RunUnplug, "unplug                   pull the cable"},

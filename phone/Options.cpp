@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 32> kOptions{{
+constexpr std::array<Option, 33> kOptions{{
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -159,6 +159,9 @@ constexpr std::array<Option, 32> kOptions{{
     {"--auto-starts", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "auto-starts", value); },
      "N made-up applications that start on events instead of a person's"},
+    {"--files", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "files", value); },
+     "N made-up files in the root instead of a person's"},
     {"--processes", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "processes", value); },
      "N made-up processes instead of a person's"},

@@ -56,6 +56,7 @@ void AgentData::Fill(const DataAmounts& amounts) {
     bookmarks = amounts.bookmarks ? LargeBookmarkStore(*amounts.bookmarks, amounts.photoBytes)
                                   : DeliveredBookmarks();
     autoStarts = amounts.autoStarts ? LargeAutoStarts(*amounts.autoStarts) : DeliveredAutoStarts();
+    files = amounts.files ? LargeFileSystem(*amounts.files) : DeliveredFiles();
     processes = amounts.processes ? LargeProcesses(*amounts.processes, amounts.iconBytes)
                                   : DeliveredProcesses();
     settings_ = amounts.hostile ? kHostileSettings : kDeliveredSettings;
@@ -66,6 +67,7 @@ void AgentData::Fill(const DataAmounts& amounts) {
         AddHostileBookmarks(bookmarks);
         AddHostileAutoStarts(autoStarts);
         AddHostileProcesses(processes);
+        AddHostileFiles(files);
     }
 }
 

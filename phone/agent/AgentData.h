@@ -15,6 +15,7 @@
 #include "phone/agent/AutoStartRecords.h"
 #include "phone/agent/BookmarkStore.h"
 #include "phone/agent/CallRecords.h"
+#include "phone/agent/FileSystem.h"
 #include "phone/agent/MessageStore.h"
 #include "phone/agent/ProcessRecords.h"
 
@@ -45,6 +46,7 @@ struct DataAmounts {
     std::optional<std::uint32_t> alarms{};
     std::optional<std::uint32_t> bookmarks{};
     std::optional<std::uint32_t> autoStarts{};
+    std::optional<std::uint32_t> files{};
     std::optional<std::uint32_t> processes{};
     // Of made-up processes: bytes of each icon, 0 for none.
     std::uint32_t iconBytes = 0;
@@ -68,6 +70,7 @@ class AgentData {
     AlarmClock clock;
     BookmarkStore bookmarks;
     AutoStartRecords autoStarts;
+    FileSystem files;
     ProcessRecords processes;
 
     [[nodiscard]] std::uint32_t& Setting(PhoneSetting setting) {

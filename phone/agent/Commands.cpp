@@ -13,8 +13,6 @@ namespace {
 
 // Commands that the agent knows of and does not answer yet.
 constexpr std::array kSilentCommands{
-    AgentCommandRow{AgentCommand::listFileRoots, "listFileRoots", RequestForm::bare},
-    AgentCommandRow{AgentCommand::listDirectory, "listDirectory", RequestForm::framed},
     AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
     AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
     AgentCommandRow{AgentCommand::scanForCleaning, "scanForCleaning", RequestForm::bare},
@@ -27,7 +25,7 @@ const std::vector<AgentCommandRow>& AllCommands() {
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
               CallCommands(), AlarmCommands(), BookmarkCommands(), SettingCommands(),
-              AutoStartCommands(), ProcessCommands(),
+              AutoStartCommands(), ProcessCommands(), FileCommands(),
               std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }

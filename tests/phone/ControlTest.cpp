@@ -32,7 +32,7 @@ TEST_F(ControlTest, SaysWhatIsWrong) {
 }
 
 TEST_F(ControlTest, TakesEachAmountByItsName) {
-    EXPECT_EQ(Say("data processes 5 icon-bytes 9 auto-starts 2"), "ok\n");
+    EXPECT_EQ(Say("data processes 5 icon-bytes 9 auto-starts 2 files 3"), "ok\n");
     EXPECT_EQ(Say("data thoughts 5"), "error: data [NAME NUMBER]...\n");
 }
 
