@@ -23,6 +23,7 @@ Status RunContactsList(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsShow(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
+Status RunFilesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsList(const Arguments& arguments, const Context& context, Output& output);

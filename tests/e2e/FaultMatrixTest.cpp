@@ -144,6 +144,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Asked{"BookmarksAdd", {"bookmarks", "add"}, "870702", kBookmark},
                     Asked{"BookmarksUpdate", {"bookmarks", "update", "1"}, "870703", kBookmark},
                     Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"},
+                    Asked{"FilesListRoot", {"files", "list"}, "870601"},
+                    Asked{"FilesList", {"files", "list", "/sdcard"}, "870602"},
                     Asked{"ProcessesList", {"processes", "list"}, "871801"},
                     Asked{"ProcessesEnd", {"processes", "end", "com.example.chat"}, "871804"},
                     Asked{"ProcessesMemory", {"processes", "memory"}, "871806"},
