@@ -1,6 +1,7 @@
 // What a list of the kit is told: its columns, the contents of a cell, and whom to tell of a link.
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <cstdint>
 #include <string_view>
@@ -58,6 +59,7 @@ struct Cell {
     int value = -1;                            // star, rating, progress
     // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot.
     bool off = false;
+    QIcon themeIcon = {};  // with a line beside it, drawn in the place of `icon`; null for none
 };
 
 // The picture of a row.

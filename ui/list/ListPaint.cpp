@@ -114,7 +114,8 @@ void PaintIcon(const CellPaint& paint) {
 void PaintIconText(const CellPaint& paint) {
     const QFont font = look::font(Size::s12);
     const QRect area = Padded(paint.area, paint.column);
-    if (paint.cell.icon.isEmpty()) {
+    const QIcon& theme = paint.cell.themeIcon;
+    if (paint.cell.icon.isEmpty() && theme.isNull()) {
         DrawLine(paint, area, paint.cell.text, font, paint.cell.ink);
         return;
     }
@@ -125,8 +126,14 @@ void PaintIconText(const CellPaint& paint) {
     const int left = paint.column.cells == CellAlign::left
                          ? area.left()
                          : area.left() + (area.width() - mark - words) / 2;
-    look::drawIcon(paint.painter, QRectF(left, area.top(), side, area.height()), paint.cell.icon,
-                   side, look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
+    const QRect place(left, area.top(), side, area.height());
+    if (theme.isNull()) {
+        look::drawIcon(paint.painter, QRectF(place), paint.cell.icon, side,
+                       look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
+    } else {
+        theme.paint(&paint.painter, Centred(place, side, side), Qt::AlignCenter,
+                    paint.enabled ? QIcon::Normal : QIcon::Disabled);
+    }
     DrawLine(paint, QRect(left + mark, area.top(), words, area.height()), paint.cell.text, font,
              paint.cell.ink);
 }

@@ -1,4 +1,4 @@
-// The kinds of cells that the sample list does not have: plates and states.
+// The kinds of cells that the sample list does not have: plates, states, and icons of a theme.
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -15,11 +15,12 @@ namespace {
 using look::Color;
 using look::Metric;
 
-enum Column { columnPicture, columnPlate, columnState };
-constexpr std::array<ListColumn, 3> kColumns{{
+enum Column { columnPicture, columnPlate, columnState, columnThemed };
+constexpr std::array<ListColumn, 4> kColumns{{
     {.caption = u8"缩略图", .width = 60, .kind = CellKind::picture, .holds = u8"缩略图"},
     {u8"图例", 60, CellKind::plate},
     {u8"状态", 200, CellKind::state},
+    {u8"文件", 100, CellKind::iconText},
 }};
 
 constexpr int kNear = 90;  // of 765
@@ -41,6 +42,12 @@ class KindsList : public RecordListCtrl<Item> {
                 return {.text = ToQString(item.off ? u8"已禁用" : u8"已启用"),
                         .iconInk = Color::greenMark,
                         .off = item.off};
+            case columnThemed: {
+                QPixmap red(Metric::rowIcon, Metric::rowIcon);
+                red.fill(Qt::red);
+                return {.icon = QStringLiteral("file"),
+                        .themeIcon = item.off ? QIcon() : QIcon(red)};
+            }
             default:
                 return {};
         }
@@ -106,6 +113,13 @@ TEST_F(CellKinds, AStateHasItsDotAndOneThatIsOffAnEmptyRing) {
     EXPECT_GT(CountOf(0, columnState, Color::greenMark), 20);
     EXPECT_EQ(CountOf(1, columnState, Color::greenMark), 0);
     EXPECT_GT(CountOf(1, columnState, Color::ink3), 0);
+}
+
+TEST_F(CellKinds, AnIconOfTheThemeStandsInThePlaceOfTheSuitesOwn) {
+    EXPECT_EQ(CountOf(2, columnThemed, Color::redMark), Metric::rowIcon * Metric::rowIcon);
+    EXPECT_EQ(CountOf(2, columnThemed, Color::plum6), 0);
+    EXPECT_EQ(CountOf(1, columnThemed, Color::redMark), 0);
+    EXPECT_GT(CountOf(1, columnThemed, Color::plum6), 0);
 }
 
 TEST_F(CellKinds, WhatAPictureHoldsIsReadOut) {
