@@ -11,6 +11,7 @@
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactPage.h"
 #include "pages/contacts/GroupEditDlg.h"
+#include "pages/files/FilePage.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
@@ -124,6 +125,7 @@ std::vector<TourStop> PersonalStops() {
         stops.push_back(PageStop<CCallLogPage>("calls", state));
         stops.push_back(PageStop<CAlarmPage>("alarms", state));
         stops.push_back(PageStop<CBookmarkPage>("bookmarks", state));
+        stops.push_back(PageStop<CFilePage>("files", state));
         stops.push_back(
             DialogStop("dialog-contact-update", kContactsPage, state, &MakeContactEditor));
         stops.push_back(DialogStop("dialog-groups", kContactsPage, state, &MakeGroups));

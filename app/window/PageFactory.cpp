@@ -8,6 +8,7 @@
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/contacts/ContactPage.h"
+#include "pages/files/FilePage.h"
 #include "pages/messages/SmsPage.h"
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
@@ -35,9 +36,10 @@ PageMakers::value_type MakerOf() {
 
 PageMakers ThePageMakers() {
     return {
-        MakerOf<CHomePage>(),    MakerOf<SettingsPage>(),  MakerOf<CContactPage>(),
-        MakerOf<CSmsPage>(),     MakerOf<CCallLogPage>(),  MakerOf<CAlarmPage>(),
-        MakerOf<CalendarPage>(), MakerOf<CBookmarkPage>(), MakerOf<CSystemInfoPage>(),
+        MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
+        MakerOf<CalendarPage>(),    MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
+        MakerOf<CSystemInfoPage>(),
     };
 }
 

@@ -21,6 +21,10 @@ struct AskedList {
     int list;
     int rows;             // of the phone as it is delivered
     bool isLong = false;  // 64 KiB or more: half of its length's word is not zero
+    int names = 1;        // its column of names
+    // Its first record is a header without a row, whose text may be absent; and where nothing is
+    // left of a reply the load key stays at 0.
+    bool headed = false;
 };
 
 inline void PrintTo(const AskedList& asked, std::ostream* out) {
@@ -42,10 +46,11 @@ class ListFaults : public WindowFaults,
     void ExpectRows(int rows, bool redraw, ListState state = ListState::idle) const;
     void ExpectNoSelection() const;
     void ExpectLeft(Left left) const;
+    [[nodiscard]] static Left LeftOf(const AskedList& asked, const FaultMode& mode);
 
     AskedList asked_ = std::get<0>(GetParam());
     FaultMode mode_ = std::get<1>(GetParam());
-    Left left_ = mode_.words == kCutInLength && asked_.isLong ? Left::over : mode_.left;
+    Left left_ = LeftOf(asked_, mode_);
 };
 
 }  // namespace quorvi

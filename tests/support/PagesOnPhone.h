@@ -33,6 +33,7 @@ class PagesOnPhone : public testing::Test {
     static constexpr int kCalls = 12;
     static constexpr int kAlarms = 13;
     static constexpr int kBookmarks = 16;
+    static constexpr int kFiles = 15;
 
     // The phone as it was delivered and linked, its log empty, no dialog open, the status label as
     // at the start.
