@@ -5,16 +5,15 @@
 #include <array>
 #include <memory>
 
-#include "agent/AgentCommand.h"
 #include "agent/Request.h"
 #include "agent/Wire.h"
 #include "base/os/TcpSocket.h"
 
 namespace quorvi {
 
-std::size_t BareReceive(std::uint16_t port) {
+std::size_t BareReceive(std::uint16_t port, AgentCommand list) {
     const TcpSocket socket = TcpSocket::Connect(port);
-    socket.Send(BareRequest(AgentCommand::listContacts));
+    socket.Send(BareRequest(list));
     std::array<std::byte, 4> word{};
     static_cast<void>(socket.ReceiveAll(word));
     const std::size_t length = ReadUInt32(word.data());

@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "agent/AgentCommand.h"
+
 namespace quorvi {
 
-// Asks the agent for the contacts and receives the payload into one buffer of its size; the bytes
-// that came.
-std::size_t BareReceive(std::uint16_t port);
+// Asks the agent for a list and receives the payload into one buffer of its size; the bytes that
+// came.
+std::size_t BareReceive(std::uint16_t port, AgentCommand list = AgentCommand::listContacts);
 
 }  // namespace quorvi
