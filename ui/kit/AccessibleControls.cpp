@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 
+#include "ui/kit/SkinButtons.h"
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinFields.h"
 
@@ -101,6 +102,16 @@ class AccessibleCombo : public QAccessibleWidget {
     CSkinCombo& combo_;
 };
 
+// A button that leads nowhere: nothing is said to be pressed.
+class AccessibleInertButton : public QAccessibleWidget {
+  public:
+    explicit AccessibleInertButton(CSkinButton& button)
+        : QAccessibleWidget(&button, QAccessible::StaticText, button.text()) {}
+
+    [[nodiscard]] QStringList actionNames() const override { return {}; }
+    void doAction(const QString&) override {}
+};
+
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
     if (auto* combo = qobject_cast<CSkinCombo*>(object)) {
         return new AccessibleCombo(*combo);
@@ -112,6 +123,9 @@ QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
         qobject_cast<CSkinCheck*>(check) != nullptr ||
         qobject_cast<CSkinToggle*>(check) != nullptr) {
         return new AccessibleCheck(*check, QAccessible::CheckBox);
+    }
+    if (auto* button = qobject_cast<CSkinButton*>(object); button != nullptr && button->IsInert()) {
+        return new AccessibleInertButton(*button);
     }
     return nullptr;
 }

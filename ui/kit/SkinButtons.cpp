@@ -1,5 +1,6 @@
 #include "ui/kit/SkinButtons.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <algorithm>
 
@@ -27,6 +28,14 @@ void CSkinButton::SetImage(const QString& icon) {
 void CSkinButton::SetKind(ButtonKind kind) {
     kind_ = kind;
     update();
+}
+
+void CSkinButton::SetInert() {
+    setFocusPolicy(Qt::NoFocus);
+    // A screen reader that runs has been told of a button already.
+    QAccessibleInterface* before = QAccessible::queryAccessibleInterface(this);
+    inert_ = true;
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(before));
 }
 
 void CSkinButton::SetSmall(bool small) {

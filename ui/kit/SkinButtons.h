@@ -20,6 +20,10 @@ class CSkinButton : public Pressable<QPushButton> {
     [[nodiscard]] const QString& Image() const { return image_; }
     void SetKind(look::ButtonKind kind);
     [[nodiscard]] look::ButtonKind Kind() const { return kind_; }
+    // Leads nowhere: it looks as ever and can be clicked, but takes no keys, and a screen reader is
+    // told that it is a text.
+    void SetInert();
+    [[nodiscard]] bool IsInert() const { return inert_; }
     // 28 high with text of 12, for a button inside a form.
     void SetSmall(bool small);
 
@@ -37,6 +41,7 @@ class CSkinButton : public Pressable<QPushButton> {
     look::ButtonKind kind_;
     QString image_;
     bool small_ = false;
+    bool inert_ = false;
 };
 
 // A command button of the main window: 124 by 32, its image changed with each page.

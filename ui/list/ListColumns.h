@@ -45,6 +45,9 @@ struct ListColumn {
     bool name = false;
     // What a row's picture is said to be, read out as 有照片 or 没有照片.
     std::u8string_view holds = u8"照片";
+    // Its links lead nowhere: the cursor shows a hand over them, and a screen reader is told that
+    // the cells are empty.
+    bool dead = false;
 };
 
 // The contents of a cell.

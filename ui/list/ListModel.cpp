@@ -6,6 +6,12 @@
 #include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
+namespace {
+
+// What is read out for a cell that holds nothing.
+constexpr std::u8string_view kEmpty = u8"空";
+
+}  // namespace
 
 ListModel::ListModel(CSkinListCtrl& list) : QAbstractTableModel(&list), list_(list) {}
 
@@ -50,6 +56,9 @@ QString ListModel::Lines(int row, int column) const {
 
 // What is read out for a cell: its lines, or what its picture shows.
 QString ListModel::Words(int row, int column) const {
+    if (list_.Column(column).dead) {
+        return ToQString(kEmpty);
+    }
     const Cell cell = list_.CellAt(row, column);
     switch (list_.Column(column).kind) {
         case CellKind::star:
@@ -75,7 +84,7 @@ QString ListModel::Words(int row, int column) const {
     if (const QString lines = Lines(row, column); !lines.trimmed().isEmpty()) {
         return lines;
     }
-    return ToQString(cell.icon.isEmpty() ? u8"空" : list_.Column(column).caption);
+    return ToQString(cell.icon.isEmpty() ? kEmpty : list_.Column(column).caption);
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {

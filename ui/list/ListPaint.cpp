@@ -253,6 +253,15 @@ struct BlockWidths {
 constexpr std::array<BlockWidths, Metric::loadRows> kBlocks{
     {{44, 75}, {54, 71}, {40, 78}, {47, 68}}};
 
+// Where the tick of a cell stands.
+QRect TickBox(const QRect& area, const ListColumn& column) {
+    QRect box = Centred(area, Metric::tickInRow, Metric::tickInRow);
+    if (column.cells == CellAlign::left) {
+        box.moveLeft(Padded(area, column).left());
+    }
+    return box;
+}
+
 }  // namespace
 
 // ---- rows and cells ----------------------------------------------------------------------------
@@ -294,8 +303,7 @@ void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int
     painter.save();
     painter.setClipRect(rect);
     if (kind.kind == CellKind::check) {
-        const int side = Metric::tickInRow;
-        look::paintTick(painter, Centred(rect, side, side),
+        look::paintTick(painter, TickBox(rect, kind),
                         IsTicked(row) ? look::Tick::on : look::Tick::off, {.enabled = isEnabled()});
     } else if (kind.kind == CellKind::picture) {
         PaintPicture(painter, rect, row, column);
@@ -395,8 +403,7 @@ void CSkinListCtrl::PaintSkeleton(QPainter& painter) const {
                                            Centred(cell, Metric::rowPlate, Metric::rowPlate));
                     break;
                 case CellKind::check:
-                    ViewStatus::PaintBlock(painter,
-                                           Centred(cell, Metric::tickInRow, Metric::tickInRow));
+                    ViewStatus::PaintBlock(painter, TickBox(cell, kind));
                     break;
                 case CellKind::star:
                 case CellKind::icon:

@@ -50,6 +50,15 @@ TEST_F(AccessibleTest, EachControlHasTheRoleOfItsStockBase) {
     EXPECT_EQ(Of(&tree)->role(), QAccessible::Tree);
 }
 
+TEST_F(AccessibleTest, AButtonThatLeadsNowhereIsATextWithNothingToPress) {
+    CSkinButton button(QStringLiteral("使用帮助"));
+    button.SetInert();
+    EXPECT_EQ(Of(&button)->role(), QAccessible::StaticText);
+    EXPECT_EQ(NameOf(&button), QStringLiteral("使用帮助"));
+    EXPECT_EQ(Of(&button)->actionInterface()->actionNames(), QStringList());
+    EXPECT_EQ(button.focusPolicy(), Qt::NoFocus);
+}
+
 TEST_F(AccessibleTest, NamesAreReadOut) {
     CSkinButton button(QStringLiteral("刷新"));
     CSkinStateLabel label(QStringLiteral("就绪"));
