@@ -13,6 +13,7 @@
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/settings/SettingsPage.h"
+#include "pages/tasks/TaskPage.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {
@@ -39,7 +40,7 @@ PageMakers ThePageMakers() {
         MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
         MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
         MakerOf<CalendarPage>(),    MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
-        MakerOf<CSystemInfoPage>(),
+        MakerOf<CSystemInfoPage>(), MakerOf<CTaskPage>(),
     };
 }
 
