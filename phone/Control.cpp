@@ -114,7 +114,7 @@ struct Amount {
     void (*set)(DataAmounts&, std::uint32_t);
 };
 
-constexpr std::array<Amount, 12> kAmounts{{
+constexpr auto kAmounts = std::to_array<Amount>({
     {"contacts", [](DataAmounts& amounts, std::uint32_t n) { amounts.contacts = n; }},
     {"photo-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.photoBytes = n; }},
     {"conversations", [](DataAmounts& amounts, std::uint32_t n) { amounts.conversations = n; }},
@@ -125,9 +125,10 @@ constexpr std::array<Amount, 12> kAmounts{{
     {"auto-starts", [](DataAmounts& amounts, std::uint32_t n) { amounts.autoStarts = n; }},
     {"files", [](DataAmounts& amounts, std::uint32_t n) { amounts.files = n; }},
     {"processes", [](DataAmounts& amounts, std::uint32_t n) { amounts.processes = n; }},
+    {"caches", [](DataAmounts& amounts, std::uint32_t n) { amounts.caches = n; }},
     {"icon-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.iconBytes = n; }},
     {"hostile", [](DataAmounts& amounts, std::uint32_t n) { amounts.hostile = n != 0; }},
-}};
+});
 
 // "data contacts 10000 photo-bytes 20000"; "data" alone: as delivered.
 Answer RunData(Phone& phone, const Words& words) {

@@ -78,7 +78,7 @@ bool AddAmount(Parsing& parsing, std::string_view name, const std::string& value
     return AddCommand(parsing, "data" + amount);
 }
 
-constexpr std::array<Option, 33> kOptions{{
+constexpr auto kOptions = std::to_array<Option>({
     {"--phone", "", nullptr, "one more phone; what follows is about it"},
     {"--phones", "N", nullptr, "N phones in all"},
     {"--control", "PORT",
@@ -165,9 +165,12 @@ constexpr std::array<Option, 33> kOptions{{
     {"--processes", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "processes", value); },
      "N made-up processes instead of a person's"},
+    {"--caches", "N",
+     [](Parsing& p, const std::string& value) { return AddAmount(p, "caches", value); },
+     "N made-up caches of applications instead of a person's"},
     {"--icon-bytes", "N",
      [](Parsing& p, const std::string& value) { return AddAmount(p, "icon-bytes", value); },
-     "an icon of N bytes with each of them"},
+     "an icon of N bytes with each made-up process and cache"},
     {"--hostile", "", [](Parsing& p, const std::string&) { return AddAmount(p, "hostile", "1"); },
      "add what nobody would enter: markup, megabytes, broken pictures"},
     {"--log", "FILE",
@@ -176,7 +179,7 @@ constexpr std::array<Option, 33> kOptions{{
          return true;
      },
      "append every request that the agent takes to FILE"},
-}};
+});
 
 PhoneOptions& AddPhone(CommandLine& line) {
     PhoneOptions phone;

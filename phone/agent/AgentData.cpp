@@ -59,6 +59,8 @@ void AgentData::Fill(const DataAmounts& amounts) {
     files = amounts.files ? LargeFileSystem(*amounts.files) : DeliveredFiles();
     processes = amounts.processes ? LargeProcesses(*amounts.processes, amounts.iconBytes)
                                   : DeliveredProcesses();
+    cleaning = amounts.caches ? LargeCleanRecords(*amounts.caches, amounts.iconBytes)
+                              : DeliveredCleanRecords();
     settings_ = amounts.hostile ? kHostileSettings : kDeliveredSettings;
     if (amounts.hostile) {
         AddHostileContacts(book);
@@ -68,6 +70,7 @@ void AgentData::Fill(const DataAmounts& amounts) {
         AddHostileAutoStarts(autoStarts);
         AddHostileProcesses(processes);
         AddHostileFiles(files);
+        AddHostileCaches(cleaning);
     }
 }
 

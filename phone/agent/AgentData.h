@@ -16,6 +16,7 @@
 #include "phone/agent/BookmarkStore.h"
 #include "phone/agent/CallRecords.h"
 #include "phone/agent/FileSystem.h"
+#include "phone/agent/CleanRecords.h"
 #include "phone/agent/MessageStore.h"
 #include "phone/agent/ProcessRecords.h"
 
@@ -48,7 +49,8 @@ struct DataAmounts {
     std::optional<std::uint32_t> autoStarts{};
     std::optional<std::uint32_t> files{};
     std::optional<std::uint32_t> processes{};
-    // Of made-up processes: bytes of each icon, 0 for none.
+    std::optional<std::uint32_t> caches{};
+    // Of made-up processes and caches: bytes of each icon, 0 for none.
     std::uint32_t iconBytes = 0;
     bool hostile = false;
 };
@@ -72,6 +74,7 @@ class AgentData {
     AutoStartRecords autoStarts;
     FileSystem files;
     ProcessRecords processes;
+    CleanRecords cleaning;
 
     [[nodiscard]] std::uint32_t& Setting(PhoneSetting setting) {
         return settings_[static_cast<std::size_t>(setting)];

@@ -15,8 +15,6 @@ namespace {
 constexpr std::array kSilentCommands{
     AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
     AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
-    AgentCommandRow{AgentCommand::scanForCleaning, "scanForCleaning", RequestForm::bare},
-    AgentCommandRow{AgentCommand::clean, "clean", RequestForm::clean},
 };
 
 const std::vector<AgentCommandRow>& AllCommands() {
@@ -25,7 +23,7 @@ const std::vector<AgentCommandRow>& AllCommands() {
         for (const auto group :
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
               CallCommands(), AlarmCommands(), BookmarkCommands(), SettingCommands(),
-              AutoStartCommands(), ProcessCommands(), FileCommands(),
+              AutoStartCommands(), ProcessCommands(), FileCommands(), CleanCommands(),
               std::span<const AgentCommandRow>(kSilentCommands)}) {
             all.insert(all.end(), group.begin(), group.end());
         }

@@ -44,6 +44,7 @@ struct AgentCommandRow {
 [[nodiscard]] std::span<const AgentCommandRow> ProcessCommands();
 [[nodiscard]] std::span<const AgentCommandRow> AutoStartCommands();
 [[nodiscard]] std::span<const AgentCommandRow> FileCommands();
+[[nodiscard]] std::span<const AgentCommandRow> CleanCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);

@@ -47,9 +47,9 @@ TEST(ParseCommandLine, SaysWhatIsWrong) {
 
 TEST(ParseCommandLine, AllAmountsAreOneCommand) {
     const CommandLine line =
-        ParseCommandLine({"--processes", "5", "--icon-bytes", "9", "--auto-starts", "2"});
+        ParseCommandLine({"--processes", "5", "--icon-bytes", "9", "--caches", "2"});
     EXPECT_EQ(line.server.phones[0].commands,
-              std::vector<std::string>{"data processes 5 icon-bytes 9 auto-starts 2"});
+              std::vector<std::string>{"data processes 5 icon-bytes 9 caches 2"});
 }
 
 TEST(HelpText, NamesEveryFaultAndCommand) {
