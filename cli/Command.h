@@ -28,12 +28,14 @@ enum class Status : int {
 // What follows the command's words on the command line, in UTF-8 as it was typed.
 struct Arguments {
     std::vector<std::string> operands;
-    std::map<std::string, std::string, std::less<>> options;  // "--serial" to its value
+    // "--serial" to its value; of one that takes none, to nothing.
+    std::map<std::string, std::string, std::less<>> options;
 
     [[nodiscard]] std::optional<std::string> Option(std::string_view name) const {
         const auto found = options.find(name);
         return found == options.end() ? std::nullopt : std::optional(found->second);
     }
+    [[nodiscard]] bool Has(std::string_view option) const { return options.contains(option); }
 };
 
 // No upper limit of operands.
@@ -53,6 +55,7 @@ struct Command {
     std::size_t fewest = 0;                     // operands
     std::size_t most = 0;                       // operands
     std::array<std::string_view, 4> options{};  // those that take a value; --json goes with all
+    std::array<std::string_view, 4> flags{};    // those that take none
     Status (*run)(const Arguments& arguments, const Context& context, Output& output) = nullptr;
 };
 

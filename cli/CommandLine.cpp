@@ -35,9 +35,8 @@ bool IsOption(std::string_view word) {
     return word.size() > 1 && word[0] == '-' && !(word[1] >= '0' && word[1] <= '9');
 }
 
-bool Takes(const Command& command, std::string_view option) {
-    return !option.empty() && std::find(command.options.begin(), command.options.end(), option) !=
-                                  command.options.end();
+bool IsOneOf(std::span<const std::string_view> options, std::string_view option) {
+    return !option.empty() && std::find(options.begin(), options.end(), option) != options.end();
 }
 
 std::variant<Call, HelpWanted, VersionWanted, UsageError> ReadArguments(
@@ -57,10 +56,17 @@ std::variant<Call, HelpWanted, VersionWanted, UsageError> ReadArguments(
         } else {
             const std::size_t equals = word.find('=');
             const std::string name = word.substr(0, equals);
-            if (!Takes(command, name)) {
+            const bool inside = equals != std::string::npos;
+            if (IsOneOf(command.flags, name)) {
+                if (inside) {
+                    return Refuse(command, u8"选项不带值: ", name);
+                }
+                call.arguments.options[name] = {};
+                continue;
+            }
+            if (!IsOneOf(command.options, name)) {
                 return Refuse(command, u8"未知选项 ", name);
             }
-            const bool inside = equals != std::string::npos;
             if (!inside && i + 1 == words.size()) {
                 return Refuse(command, u8"选项缺少值: ", name);
             }

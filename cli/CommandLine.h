@@ -25,7 +25,8 @@ struct UsageError {
 };
 
 // `words` without the program's name. Options may stand anywhere behind the command's words, as
-// "--name value" or "--name=value"; "--" ends them, and "-" is an operand.
+// "--name value" or "--name=value", one that takes no value as "--name"; "--" ends them, and "-" is
+// an operand.
 [[nodiscard]] std::variant<Call, HelpWanted, VersionWanted, UsageError> ReadCommandLine(
     std::span<const std::string> words, std::span<const Command> commands);
 

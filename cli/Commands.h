@@ -17,6 +17,8 @@ Status RunAutoStartList(const Arguments& arguments, const Context& context, Outp
 Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsList(const Arguments& arguments, const Context& context, Output& output);
+Status RunCleanerClean(const Arguments& arguments, const Context& context, Output& output);
+Status RunCleanerScan(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsList(const Arguments& arguments, const Context& context, Output& output);

@@ -20,6 +20,19 @@ std::optional<std::vector<std::uint32_t>> ReadIds(std::span<const std::string> o
     return ids;
 }
 
+std::optional<std::vector<std::string>> ReadPackages(std::span<const std::string> operands,
+                                                     Output& output) {
+    std::vector<std::string> packages;
+    for (const std::string& operand : operands) {
+        if (operand.empty() || !FitsCodePage(operand)) {
+            output.Complain(ToAnsi(operand) + Ansi(u8": 不是应用的包名"));
+            return std::nullopt;
+        }
+        packages.push_back(ToAnsi(operand));
+    }
+    return packages;
+}
+
 Status Send(const Context& context, const Bytes& request, Output& output) {
     const SessionOutcome outcome = AgentSession(context.agent).RunAcknowledged(request).outcome;
     if (outcome == SessionOutcome::noReply) {

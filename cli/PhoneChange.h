@@ -21,6 +21,11 @@ namespace quorvi::cli {
 [[nodiscard]] std::optional<std::vector<std::uint32_t>> ReadIds(
     std::span<const std::string> operands, std::u8string_view isNot, Output& output);
 
+// The packages that operands name, in ANSI; nothing, and a complaint, when one is no package's
+// name.
+[[nodiscard]] std::optional<std::vector<std::string>> ReadPackages(
+    std::span<const std::string> operands, Output& output);
+
 // Sends a request, of whose acknowledgement only this is looked at, that it comes: complains, and
 // gives noLink, when there is no link or no acknowledgement.
 [[nodiscard]] Status Send(const Context& context, const Bytes& request, Output& output);

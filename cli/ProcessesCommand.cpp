@@ -43,17 +43,15 @@ Status RunProcessesList(const Arguments&, const Context& context, Output& output
 }
 
 Status RunProcessesEnd(const Arguments& arguments, const Context& context, Output& output) {
-    std::vector<std::string> packages;
+    const auto packages = ReadPackages(arguments.operands, output);
+    if (!packages) {
+        return Status::wrongUsage;
+    }
     Json::Value ended(Json::arrayValue);
     for (const std::string& operand : arguments.operands) {
-        if (operand.empty() || !FitsCodePage(operand)) {
-            output.Complain(ToAnsi(operand) + Ansi(u8": 不是应用的包名"));
-            return Status::wrongUsage;
-        }
-        packages.push_back(ToAnsi(operand));
         ended.append(operand);
     }
-    return SendAndTell(context, EndProcessesRequest(packages), "ended", ended, output);
+    return SendAndTell(context, EndProcessesRequest(*packages), "ended", ended, output);
 }
 
 Status RunProcessesMemory(const Arguments&, const Context& context, Output& output) {

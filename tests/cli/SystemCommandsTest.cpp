@@ -1,4 +1,4 @@
-// quorvictl settings, autostart and processes against an agent on the suite's own port.
+// quorvictl settings, autostart, processes and cleaner against an agent on the suite's own port.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -213,10 +213,78 @@ TEST_F(ProcessesCommand, MemoryGivesTheFreeBytes) {
     EXPECT_EQ(Out("processes memory").output, "148 MB\n");
 }
 
+class CleanerCommand : public SystemCommands {
+  protected:
+    static Answer Caches() {
+        return {.bytes = Framed(Join({
+                    Word(0),                    // leading word
+                    LongWord(13'317'000),       // bytes of the cache
+                    Text("音乐"),               // name
+                    Text("com.android.music"),  // package
+                    LongWord(4), Word(7),       // icon
+                }))};
+    }
+    static constexpr const char* kFixed =
+        R"({"name": "浏览器搜索", "description": "删除系统自带浏览器的搜索记录", "period": "随时",
+            "risk": "无", "size": "N/A"},
+           {"name": "浏览器历史", "description": "删除系统自带浏览器的历史记录", "period": "随时",
+            "risk": "无", "size": "N/A"},
+           {"name": "Market搜索", "description": "删除Android Market搜索记录", "period": "每月",
+            "risk": "无", "size": "N/A"})";
+};
+
+TEST_F(CleanerCommand, ScanGivesTheFixedItemsFirst) {
+    START_OR_SKIP(Caches());
+    ExpectDocument("cleaner scan", std::string("[") + kFixed + R"(, {"name": "音乐",
+        "description": "com.android.music", "period": "随时", "risk": "无", "size": "12.7 MB"}])");
+    EXPECT_EQ(Request(0), Word(871601));
+    const std::string table = Out("cleaner scan").output;
+    for (const char* text : {"清理项目", "浏览器历史", "每月", "com.android.music", "12.7 MB"}) {
+        EXPECT_NE(table.find(text), std::string::npos) << text << "\n" << table;
+    }
+}
+
+TEST_F(CleanerCommand, ScanOfAPhoneWithoutCachesGivesTheFixedItems) {
+    START_OR_SKIP({.bytes = Word(NoDataMark)});
+    ExpectDocument("cleaner scan", std::string("[") + kFixed + "]");
+}
+
+TEST_F(CleanerCommand, CleanSendsAFlagForEachFixedItemAndThePackages) {
+    START_OR_SKIP({.bytes = Word(1)});
+    ExpectDocument("cleaner clean --market-searches com.b --browser-searches a",
+                   R"({"cleaned": ["browser-searches", "market-searches", "com.b", "a"]})");
+    EXPECT_EQ(Request(0), Join({
+                              Word(871602),                                // code
+                              Word(29),                                    // total
+                              Word(2),                                     // count of names
+                              {std::byte{1}, std::byte{0}, std::byte{1}},  // flags
+                              Text("com.b"),                               //
+                              Text("a"),                                   //
+                          }));
+    EXPECT_EQ(Out("cleaner clean --browser-history").status, 0);
+    EXPECT_EQ(Request(1),
+              Join({Word(871602), Word(15), Word(0), {std::byte{0}, std::byte{1}, std::byte{0}}}));
+}
+
+TEST_F(CleanerCommand, NothingToCleanIsSentAllTheSame) {
+    START_OR_SKIP({.bytes = Word(1)});
+    ExpectDocument("cleaner clean", R"({"cleaned": []})");
+    EXPECT_EQ(Request(0), Join({Word(871602), Word(15), Word(0), Bytes(3)}));
+}
+
+TEST_F(CleanerCommand, WhatCannotBeCleanedIsRefusedAndNothingSent) {
+    ExpectRefused("cleaner clean a ''", ": 不是应用的包名");
+    const std::string usage =
+        "\n用法: quorvictl cleaner clean [--browser-searches] [--browser-history] "
+        "[--market-searches] [PACKAGE...] [--json]";
+    ExpectRefused("cleaner clean --history", "未知选项 --history" + usage);
+    ExpectRefused("cleaner clean --browser-history=1", "选项不带值: --browser-history" + usage);
+}
+
 TEST_F(SystemCommands, ACommandThatTheAgentDoesNotAnswerIsStatusTwo) {
     START_OR_SKIP({.end = Answer::End::close});
-    for (const char* call :
-         {"settings read", "autostart list", "processes list", "processes memory"}) {
+    for (const char* call : {"settings read", "autostart list", "processes list",
+                             "processes memory", "cleaner scan"}) {
         const Ended out = Out(std::string(call) + " --json");
         EXPECT_EQ(out.status, 2) << call;
         EXPECT_EQ(out.output, "") << call;
@@ -226,7 +294,7 @@ TEST_F(SystemCommands, ACommandThatTheAgentDoesNotAnswerIsStatusTwo) {
 
 TEST_F(SystemCommands, AChangeThatIsNotAcknowledgedIsStatusTwo) {
     START_OR_SKIP({.end = Answer::End::close});
-    for (const char* call : {"settings write wifi 1", "processes end a"}) {
+    for (const char* call : {"settings write wifi 1", "processes end a", "cleaner clean a"}) {
         const Ended out = Out(std::string(call) + " --json");
         EXPECT_EQ(out.status, 2) << call;
         EXPECT_EQ(out.output, "") << call;
@@ -238,7 +306,8 @@ TEST_F(SystemCommands, WithoutALinkTheStatusSaysSo) {
     START_OR_SKIP({.bytes = Word(1)});
     Stop();
     for (const char* call : {"settings read", "settings write wifi 1", "autostart list",
-                             "processes list", "processes end a", "processes memory"}) {
+                             "processes list", "processes end a", "processes memory",
+                             "cleaner scan", "cleaner clean --browser-history"}) {
         const Ended ended = Err(call);
         EXPECT_EQ(ended.status, 2) << call;
         EXPECT_NE(ended.output.find("【X】连接错误"), std::string::npos) << call;
