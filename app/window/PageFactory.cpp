@@ -7,6 +7,7 @@
 #include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
+#include "pages/cleaner/CleanerPage.h"
 #include "pages/contacts/ContactPage.h"
 #include "pages/files/FilePage.h"
 #include "pages/messages/SmsPage.h"
@@ -40,7 +41,7 @@ PageMakers ThePageMakers() {
         MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
         MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
         MakerOf<CalendarPage>(),    MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
-        MakerOf<CSystemInfoPage>(), MakerOf<CTaskPage>(),
+        MakerOf<CSystemInfoPage>(), MakerOf<CTaskPage>(),    MakerOf<CCleanerPage>(),
     };
 }
 
