@@ -1,10 +1,18 @@
-// The tour's stops at the tools of the phone.
+// The tour's stops at the tools of the phone: what each of their pages shows while it loads, when
+// there is nothing, and when there is no link.
+#include "pages/cleaner/CleanerPage.h"
+#include "pages/tasks/TaskPage.h"
 #include "tour/PageStops.h"
 
 namespace quorvi {
 
 std::vector<TourStop> ToolsStops() {
-    return {};
+    std::vector<TourStop> stops;
+    for (const ViewState& state : ViewStates()) {
+        stops.push_back(PageStop<CCleanerPage>("cleaner", state));
+        stops.push_back(PageStop<CTaskPage>("tasks", state));
+    }
+    return stops;
 }
 
 }  // namespace quorvi
