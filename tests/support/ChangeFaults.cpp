@@ -16,8 +16,10 @@ constexpr int kRefreshGroups = 1047;
 }  // namespace
 
 CSkinListCtrl& ChangeFaults::ListAt(const ChangePlace& place) {
-    return place.dialog == 0 ? OnPage<CSkinListCtrl>(place.control)
-                             : In<CSkinListCtrl>(place.dialog, place.control);
+    if (place.dialog != 0) {
+        return In<CSkinListCtrl>(place.dialog, place.control);
+    }
+    return place.control == 0 ? TheList() : OnPage<CSkinListCtrl>(place.control);
 }
 
 std::function<void()> ChangeFaults::Pressing(int dialog, int control) {

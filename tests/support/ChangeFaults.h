@@ -20,7 +20,7 @@ struct ChangePlace {
     int page;
     int dialog;                    // over the page; 0: the page itself
     AgentCommand list;             // what is fetched behind a change
-    int control;                   // the list, or the HTML view
+    int control;                   // the list, or the HTML view; 0: the page's only list
     int names;                     // the column that tells a list's rows apart
     const char* blocks = nullptr;  // selects what does so in a view; none: the control is a list
 };

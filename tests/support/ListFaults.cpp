@@ -17,7 +17,7 @@ Left ListFaults::LeftOf(const AskedList& asked, const FaultMode& mode) {
     if (asked.headed && mode.left == Left::absent) {
         return Left::whole;
     }
-    return asked.headed && mode.left == Left::blank ? Left::over : mode.left;
+    return asked.neverBlank && mode.left == Left::blank ? Left::over : mode.left;
 }
 
 void ListFaults::SetUp() {
@@ -38,8 +38,10 @@ void ListFaults::TearDown() {
 }
 
 CSkinListCtrl& ListFaults::List() const {
-    return asked_.dialog == 0 ? OnPage<CSkinListCtrl>(asked_.list)
-                              : In<CSkinListCtrl>(asked_.dialog, asked_.list);
+    if (asked_.dialog != 0) {
+        return In<CSkinListCtrl>(asked_.dialog, asked_.list);
+    }
+    return asked_.list == 0 ? TheList() : OnPage<CSkinListCtrl>(asked_.list);
 }
 
 void ListFaults::Refresh() const {
@@ -75,25 +77,25 @@ void ListFaults::ExpectLeft(Left left) const {
             break;
         case Left::nothing:
             // Kept on purpose: the redraw stays off until a later load gets further.
-            ExpectRows(0, false);
+            ExpectRows(asked_.fixedRows, false);
             ExpectNoSelection();
             break;
         case Left::absent:
-            ExpectRows(1, false);  // the empty row that had begun
+            ExpectRows(asked_.fixedRows + 1, false);  // the empty row that had begun
             ExpectNoSelection();
             break;
         case Left::blank:
-            ExpectRows(1, true);
+            ExpectRows(asked_.fixedRows + 1, true);
             break;
         case Left::over:
-            ExpectRows(0, true);
+            ExpectRows(asked_.fixedRows, true);
             break;
         case Left::some:
             EXPECT_LT(List().RowCount(), asked_.rows);
             ExpectRows(List().RowCount(), true);
             break;
         case Left::refused:
-            ExpectRows(0, true, ListState::failed);
+            ExpectRows(asked_.fixedRows, true, ListState::failed);
             break;
         case Left::cable:
             break;
@@ -103,7 +105,7 @@ void ListFaults::ExpectLeft(Left left) const {
 void ListFaults::ExpectWhatIsLeftAndAllOfItLater() {
     const QStringList names = NamesIn(List(), asked_.names);
     SetLook([this] {
-        ExpectRows(0, false, ListState::loading);
+        ExpectRows(asked_.fixedRows, false, ListState::loading);
         ExpectKey(PageLoadState::kRunning);
         Refresh();  // is dropped, not queued
     });

@@ -16,12 +16,14 @@ struct AskedList {
     const char* name;
     AgentCommand code;
     int page;
-    int dialog;   // over the page; 0: the page itself
-    int loadKey;  // PageRow::kNoKey: none
-    int list;
-    int rows;             // of the phone as it is delivered
-    bool isLong = false;  // 64 KiB or more: half of its length's word is not zero
-    int names = 1;        // its column of names
+    int dialog;               // over the page; 0: the page itself
+    int loadKey;              // PageRow::kNoKey: none
+    int list;                 // 0: the page's only one
+    int rows;                 // of the phone as it is delivered
+    bool isLong = false;      // 64 KiB or more: half of its length's word is not zero
+    int names = 1;            // its column of names
+    bool neverBlank = false;  // what comes of its first record in 33 bytes is not shown
+    int fixedRows = 0;        // of `rows`, those that stand however it ends
     // Its first record is a header without a row, whose text may be absent; and where nothing is
     // left of a reply the load key stays at 0.
     bool headed = false;

@@ -74,6 +74,10 @@ class PagesOnPhone : public testing::Test {
     [[nodiscard]] static Control& In(int dialog, int control) {
         return *FindControl<Control>(OpenDialog(dialog), control);
     }
+    // The list of the page that is shown, of one that has no other.
+    [[nodiscard]] static CSkinListCtrl& TheList() {
+        return *Window().ShownPage()->findChild<CSkinListCtrl*>();
+    }
     // Answers a question about a deletion; its text.
     static QString ConfirmDelete();
 

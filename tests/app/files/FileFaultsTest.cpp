@@ -15,8 +15,16 @@ TEST_P(FileRootFaults, ShowsWhatIsLeftAndAllOfItLater) {
     ExpectWhatIsLeftAndAllOfItLater();
 }
 
-constexpr AskedList kRoot{
-    "ListRoot", AgentCommand::listFileRoots, 15, 0, 6, kList, kRootRows, false, 0, true};
+constexpr AskedList kRoot{.name = "ListRoot",
+                          .code = AgentCommand::listFileRoots,
+                          .page = 15,
+                          .dialog = 0,
+                          .loadKey = 6,
+                          .list = kList,
+                          .rows = kRootRows,
+                          .names = 0,
+                          .neverBlank = true,
+                          .headed = true};
 
 INSTANTIATE_TEST_SUITE_P(Each, FileRootFaults,
                          testing::Combine(testing::Values(kRoot), testing::ValuesIn(kFaultModes)),
