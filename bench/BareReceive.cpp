@@ -11,9 +11,9 @@
 
 namespace quorvi {
 
-std::size_t BareReceive(std::uint16_t port, AgentCommand list) {
+std::size_t BareReceive(std::uint16_t port, AgentCommand command) {
     const TcpSocket socket = TcpSocket::Connect(port);
-    socket.Send(BareRequest(list));
+    socket.Send(BareRequest(command));
     std::array<std::byte, 4> word{};
     static_cast<void>(socket.ReceiveAll(word));
     const std::size_t length = ReadUInt32(word.data());

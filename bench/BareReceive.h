@@ -10,6 +10,6 @@ namespace quorvi {
 
 // Asks the agent for a list and receives the payload into one buffer of its size; the bytes that
 // came.
-std::size_t BareReceive(std::uint16_t port, AgentCommand list = AgentCommand::listContacts);
+std::size_t BareReceive(std::uint16_t port, AgentCommand command = AgentCommand::listContacts);
 
 }  // namespace quorvi
