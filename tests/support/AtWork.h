@@ -25,7 +25,8 @@ bool AnyAtWork(const QWidget& top, State state) {
     return (dialog != nullptr && !dialog->Body()->isEnabled()) ||
            detail::AnyAtWork<CSkinListCtrl>(top, [](const auto& list) { return list.State(); }) ||
            detail::AnyAtWork<HtmlFrame>(top, [](const auto& frame) { return frame.State(); }) ||
-           detail::AnyAtWork<CSkinTree>(top, [](auto& tree) { return tree.Status().Get(); });
+           detail::AnyAtWork<CSkinTree>(top, [](auto& tree) { return tree.Status().Get(); }) ||
+           detail::AnyAtWork<SkinTreeView>(top, [](auto& tree) { return tree.Status().Get(); });
 }
 
 }  // namespace quorvi

@@ -43,6 +43,11 @@ QRect ThumbRect(const QStyleOptionSlider& bar) {
                    : QRect(bar.rect.x() + from, bar.rect.y(), thumb, bar.rect.height());
 }
 
+bool IsTree(const QWidget* widget) {
+    return qobject_cast<const CSkinTree*>(widget) != nullptr ||
+           qobject_cast<const SkinTreeView*>(widget) != nullptr;
+}
+
 void PaintLineEdit(QPainter& painter, const QStyleOptionFrame& panel, const QWidget* widget) {
     using Stage = look::ButtonState::Stage;
     const auto* edit = qobject_cast<const CSkinEdit*>(widget);
@@ -159,7 +164,7 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
 QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
                                 const QWidget* widget) const {
     const QRect rect = QProxyStyle::subElementRect(element, option, widget);
-    if (element == SE_ShapedFrameContents && qobject_cast<const CSkinTree*>(widget) != nullptr) {
+    if (element == SE_ShapedFrameContents && IsTree(widget)) {
         constexpr int padding = Metric::treePadding;
         return rect.adjusted(padding, padding, -padding, -padding);
     }

@@ -1,11 +1,9 @@
-// The tree of the kit.
+// The trees of the kit.
 #pragma once
 
-#include <QPixmap>
-#include <QTreeWidget>
 #include <vector>
 
-#include "ui/kit/ViewStatus.h"
+#include "ui/kit/SkinnedTree.h"
 
 namespace quorvi {
 
@@ -16,10 +14,10 @@ struct TreeNode {
     std::vector<TreeNode> children = {};
 };
 
-// A tree of rows of 28. With ticks each node has a box: a node that has children ticks and unticks
-// them all, and is half ticked while only some of them are. Keys: arrows move, open and close;
-// Space flips the tick; Enter opens or closes. The window's thread.
-class CSkinTree : public QTreeWidget {
+// A tree that holds its nodes. With ticks each node has a box: a node that has children ticks and
+// unticks them all, and is half ticked while only some of them are; Space flips the tick. The
+// window's thread.
+class CSkinTree : public SkinnedTree<QTreeWidget> {
     Q_OBJECT
   public:
     enum class Ticks { none, each };
@@ -36,11 +34,6 @@ class CSkinTree : public QTreeWidget {
     // Ticks a node as a click would, without telling.
     void SetTicked(QTreeWidgetItem* item, bool on);
 
-    // Redraw off keeps the tree as it is on the screen. On shows its nodes.
-    void SetRedraw(bool on);
-    [[nodiscard]] bool Redraw() const { return redraw_; }
-    [[nodiscard]] ViewStatus& Status() { return *status_; }
-
     // Where the tick of a node is hit, in the viewport's coordinates; empty without ticks.
     [[nodiscard]] QRect TickRect(const QTreeWidgetItem* item) const;
 
@@ -51,31 +44,34 @@ class CSkinTree : public QTreeWidget {
     void nodeClicked(QTreeWidgetItem* item);
 
   protected:
-    void paintEvent(QPaintEvent* event) override;
-    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
-                 const QModelIndex& index) const override;
-    void drawBranches(QPainter* painter, const QRect& rect,
-                      const QModelIndex& index) const override;
+    [[nodiscard]] QRect ContentRect(const QModelIndex& index) const override;
+    [[nodiscard]] int MarkWidth() const override;
+    void PaintMark(QPainter& painter, const QRect& area, const QModelIndex& index) const override;
+    void Mark(const QModelIndex& index) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
 
   private:
-    friend class TreeDelegate;
-
     void Add(QTreeWidgetItem* parent, const TreeNode& node);
     void Flip(QTreeWidgetItem* item);
-    void PaintNode(QPainter& painter, const QModelIndex& index) const;
-    [[nodiscard]] QRect ContentRect(const QModelIndex& index) const;
-    void PaintSkeleton(QPainter& painter) const;
 
     Ticks ticks_;
-    ViewStatus* status_;
-    QPersistentModelIndex hover_;
-    bool redraw_ = true;
-    QPixmap frozen_;
+};
+
+// A tree over a model, which may be large: a node costs nothing until it is painted. The window's
+// thread.
+class SkinTreeView : public SkinnedTree<QTreeView> {
+    Q_OBJECT
+  public:
+    using SkinnedTree::SkinnedTree;
+
+    // Opens or closes the nodes of the top level, and none below. A node that was current and is
+    // hidden then leaves that to the one that hides it.
+    void ExpandTop() { SetTopExpanded(true); }
+    void CollapseTop() { SetTopExpanded(false); }
+
+  private:
+    void SetTopExpanded(bool open);
 };
 
 }  // namespace quorvi

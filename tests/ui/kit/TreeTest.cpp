@@ -3,6 +3,7 @@
 
 #include <QHelpEvent>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QTest>
 #include <QToolTip>
 
@@ -162,6 +163,77 @@ TEST_F(TreeTest, ATextOfAMegabyteIsShownAsFarAsItGoes) {
     QApplication::sendEvent(tree->viewport(), &help);
     EXPECT_EQ(QToolTip::text().count(QChar(u'名')), 1024);
     QToolTip::hideText();
+}
+
+class TreeViewTest : public TreeTest {
+  protected:
+    // Two nodes with two below each, and one below each of these.
+    void SetUp() override {
+        TreeTest::SetUp();
+        for (int i = 0; i < 2; ++i) {
+            auto* top = new QStandardItem(QStringLiteral("top"));
+            for (int k = 0; k < 2; ++k) {
+                auto* middle = new QStandardItem(QStringLiteral("middle"));
+                middle->appendRow(new QStandardItem(QStringLiteral("leaf")));
+                top->appendRow(middle);
+            }
+            model_.appendRow(top);
+        }
+        view_.setGeometry(0, 0, 300, 300);
+        view_.setModel(&model_);
+        view_.show();
+    }
+    [[nodiscard]] QModelIndex Top(int row) const { return model_.index(row, 0); }
+    [[nodiscard]] QModelIndex Middle(int top, int row) const {
+        return model_.index(row, 0, Top(top));
+    }
+    QStandardItemModel model_;
+    SkinTreeView view_{&window_};
+};
+
+TEST_F(TreeViewTest, ExpandTopOpensTheTopLevelAlone) {
+    view_.ExpandTop();
+    EXPECT_TRUE(view_.isExpanded(Top(0)));
+    EXPECT_TRUE(view_.isExpanded(Top(1)));
+    EXPECT_FALSE(view_.isExpanded(Middle(0, 0)));
+    EXPECT_EQ(view_.visualRect(Top(1)).top() - view_.visualRect(Top(0)).top(), 3 * 28);
+}
+
+TEST_F(TreeViewTest, CollapseTopKeepsWhatIsOpenBelow) {
+    view_.ExpandTop();
+    view_.expand(Middle(0, 1));
+    view_.CollapseTop();
+    EXPECT_FALSE(view_.isExpanded(Top(0)));
+    EXPECT_TRUE(view_.isExpanded(Middle(0, 1)));
+    EXPECT_EQ(view_.visualRect(Top(1)).top() - view_.visualRect(Top(0)).top(), 28);
+}
+
+TEST_F(TreeViewTest, CollapseTopBringsAHiddenCurrentNodeToTheTop) {
+    view_.ExpandTop();
+    view_.setCurrentIndex(Middle(1, 0));
+    view_.CollapseTop();
+    EXPECT_EQ(view_.currentIndex(), Top(1));
+    EXPECT_FALSE(view_.isExpanded(Top(1)));
+}
+
+TEST_F(TreeViewTest, WithoutAModelOrNodesThereIsNothingToOpen) {
+    SkinTreeView bare(&window_);
+    bare.ExpandTop();
+    bare.CollapseTop();
+    bare.show();
+    EXPECT_FALSE(bare.grab().isNull());  // says that it is empty
+    model_.clear();
+    view_.CollapseTop();
+    EXPECT_FALSE(view_.currentIndex().isValid());
+}
+
+TEST_F(TreeViewTest, ANodeIsDrawnInTheInkThatItNames) {
+    const QImage before = view_.viewport()->grab().toImage();
+    model_.item(0)->setData(static_cast<int>(look::Color::red), treeRoleTextInk);
+    const QImage inked = view_.viewport()->grab().toImage();
+    EXPECT_NE(inked, before);
+    model_.item(0)->setData(QStringLiteral("autostart"), treeRoleIcon);
+    EXPECT_NE(view_.viewport()->grab().toImage(), inked);
 }
 
 TEST_F(TreeTest, CollapsingAnEmptyTreeDoesNothing) {
