@@ -2,6 +2,8 @@
 // there is nothing, and when there is no link.
 #include "pages/cleaner/CleanerPage.h"
 #include "pages/tasks/TaskPage.h"
+// The tour's stops at the tools of the phone.
+#include "pages/phonesettings/PhoneSettingsPage.h"
 #include "tour/PageStops.h"
 
 namespace quorvi {
@@ -11,6 +13,7 @@ std::vector<TourStop> ToolsStops() {
     for (const ViewState& state : ViewStates()) {
         stops.push_back(PageStop<CCleanerPage>("cleaner", state));
         stops.push_back(PageStop<CTaskPage>("tasks", state));
+        stops.push_back(PageStop<CPhoneSettingsPage>("phone-settings", state));
     }
     return stops;
 }

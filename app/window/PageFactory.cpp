@@ -13,6 +13,7 @@
 #include "pages/messages/SmsPage.h"
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
+#include "pages/phonesettings/PhoneSettingsPage.h"
 #include "pages/settings/SettingsPage.h"
 #include "pages/tasks/TaskPage.h"
 #include "ui/kit/QtText.h"
@@ -38,10 +39,11 @@ PageMakers::value_type MakerOf() {
 
 PageMakers ThePageMakers() {
     return {
-        MakerOf<CHomePage>(),       MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
-        MakerOf<CSmsPage>(),        MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
-        MakerOf<CalendarPage>(),    MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
-        MakerOf<CSystemInfoPage>(), MakerOf<CTaskPage>(),    MakerOf<CCleanerPage>(),
+        MakerOf<CHomePage>(),          MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),           MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
+        MakerOf<CalendarPage>(),       MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
+        MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),    MakerOf<CCleanerPage>(),
+        MakerOf<CPhoneSettingsPage>(),
     };
 }
 

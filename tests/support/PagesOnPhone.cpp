@@ -103,7 +103,7 @@ void PagesOnPhone::Command(std::size_t index) {
 
 bool PagesOnPhone::Idle() {
     const auto windows = QApplication::topLevelWidgets();
-    return Window().ShownPage()->isEnabled() &&
+    return !Window().ShownPage()->IsAtWork() &&
            std::ranges::none_of(windows, [](const QWidget* top) { return AtWork(*top); });
 }
 

@@ -444,6 +444,15 @@ struct Metric {
     static constexpr int calendarTodayInset = 6;
     static constexpr int calendarPanel = 64;
     static constexpr int calendarPanelRule = 28;
+    // phone settings
+    static constexpr int settingsGroup = 190;
+    static constexpr int settingsRow = 44;
+    static constexpr int settingsRows = 3;  // of a group
+    static constexpr int settingsColumnGap = 56;
+    static constexpr int settingsSound = 412;  // beside each other, and what is left in that ratio
+    static constexpr int settingsDate = 336;
+    static constexpr int settingsList = 180;
+    static constexpr int settingsDateList = 164;
     // shadows and veils
     static constexpr int shadowMenuBlur = 16;
     static constexpr int shadowMenuDrop = 4;

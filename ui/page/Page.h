@@ -41,6 +41,9 @@ class Page : public QWidget {
     virtual void Load() {}
     // A press of command button 0 to 3 while this page is shown.
     virtual void OnCommand(int /*index*/) {}
+    // Whether something that the user has asked for is on its way to the phone, and nothing else of
+    // this page comes in front of it.
+    [[nodiscard]] virtual bool IsAtWork() const { return !isEnabled(); }
     // A message that the main window forwards to this page.
     virtual void OnMessage(Message /*message*/, int /*first*/, int /*second*/) {}
     // Message::dropFiles: full paths of the files dropped on the main window.
