@@ -4,6 +4,7 @@
 
 #include "app/window/PlaceholderPage.h"
 #include "pages/alarms/AlarmPage.h"
+#include "pages/autostart/AutoStartPage.h"
 #include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calendar/CalendarPage.h"
 #include "pages/calls/CallLogPage.h"
@@ -39,11 +40,11 @@ PageMakers::value_type MakerOf() {
 
 PageMakers ThePageMakers() {
     return {
-        MakerOf<CHomePage>(),          MakerOf<SettingsPage>(), MakerOf<CContactPage>(),
-        MakerOf<CSmsPage>(),           MakerOf<CCallLogPage>(), MakerOf<CAlarmPage>(),
-        MakerOf<CalendarPage>(),       MakerOf<CFilePage>(),    MakerOf<CBookmarkPage>(),
-        MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),    MakerOf<CCleanerPage>(),
-        MakerOf<CPhoneSettingsPage>(),
+        MakerOf<CHomePage>(),          MakerOf<SettingsPage>(),   MakerOf<CContactPage>(),
+        MakerOf<CSmsPage>(),           MakerOf<CCallLogPage>(),   MakerOf<CAlarmPage>(),
+        MakerOf<CalendarPage>(),       MakerOf<CFilePage>(),      MakerOf<CBookmarkPage>(),
+        MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
+        MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(),
     };
 }
 
