@@ -77,7 +77,15 @@ void CPhoneSettingsPage::Show(const PhoneSettingsReply& reply) {
     ShowLoadOutcome(Host(), reply.outcome);
     if (reply.values) {
         form_->Show(*reply.values);
+    }
+    if (reply.values && reply.outcome == SessionOutcome::complete) {
         Say(CSkinStateLabel::kBlue, {});
+    } else if (reply.values) {
+        // Kept on purpose: what did not come reads as zero, as in every reply that was cut (test
+        // PhoneSettingsPage.AReplyThatIsCutShowsWhatCameAndZeroForTheRest).
+        Say(CSkinStateLabel::kRed,
+            ToQString(u8"手机的设置没有发完，上面显示的不一定是手机现在的设置。请点“%1”再读一次")
+                .arg(ToQString(kRefresh)));
     } else if (reply.outcome == SessionOutcome::connectFailed) {
         Say(CSkinStateLabel::kRed, ToQString(u8"没有连上手机，上面显示的不一定是手机现在的设置。%1")
                                        .arg(CheckTheCable(kRefresh)));

@@ -315,6 +315,17 @@ TEST_F(PhoneSettingsPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
     EXPECT_EQ(host_.status, kReady);
 }
 
+TEST_F(PhoneSettingsPage, AReplyThatIsCutShowsWhatCameAndZeroForTheRest) {
+    OpenLoaded();
+    Bytes cut = Join({Word(48), SettingsPayload({.wifi = 1, .bluetooth = 1, .airplane = 1}).Get()});
+    cut.resize(4 + 4 + 3 * 4);  // the length, the leading word, three settings
+    agent_.Answer(AgentCommand::readSettings, {cut});
+    LoadAgain();
+    EXPECT_EQ(Shown(), (std::vector<int>{1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_TRUE(Said().contains(ToQString(u8"没有发完")));
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
 // Replies that hold no settings.
 class PhoneSettingsPageEarlyEnd : public PhoneSettingsPage,
                                   public testing::WithParamInterface<ScriptedAgent::Reply> {};
