@@ -65,9 +65,10 @@ void CAutoStartPage::Show(AutoStartReply&& reply) {
     TellOfUnknown(reply.list);
     const bool connected = reply.outcome != SessionOutcome::connectFailed;
     tree_->Status().Set(connected ? ListState::idle : ListState::failed);
-    const bool whole = HasPayload(reply.outcome) && !reply.list.endedByMark;
+    const bool broke = reply.outcome == SessionOutcome::noReply ||
+                       reply.outcome == SessionOutcome::receiveFailed || reply.list.endedByMark;
     model_->Set(std::move(reply.list.groups));
-    if (whole || !connected) {
+    if (!broke) {
         tree_->SetRedraw(true);
     }
 }

@@ -22,9 +22,9 @@ class CAutoStartPage : public Page {
 
     CAutoStartPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
 
-    // Empties the tree, without redraw and marked as loading, and reads it anew. A reply that is
-    // not whole although the agent was reached leaves the tree empty and without redraw until a
-    // later load gets further: kept on purpose, as on the pages that are lists (test
+    // Empties the tree, without redraw and marked as loading, and reads it anew. A reply that broke
+    // off, or in which a name is absent, leaves the tree empty and without redraw until a later
+    // load gets further: kept on purpose, so that nothing calls it an empty list (test
     // AutoStartPageEarlyEnd.LeavesRedrawOffUntilALaterLoadGetsFurther).
     void Refresh();
     // Open and close the events alone, so that the names of the packages stay folded: kept on

@@ -25,6 +25,11 @@ class AutoStartFaults : public WindowFaults, public testing::WithParamInterface<
         return mode_.left == Left::blank || mode_.words.ends_with(" 10");
     }
 
+    // Of the replies that leave nothing: whether they say so. Half of a length is a length of none.
+    [[nodiscard]] bool SaysThatThereIsNothing() const {
+        return mode_.words == "nodata" || mode_.words == "word 0" || mode_.words == kCutInLength;
+    }
+
     static SkinTreeView& Tree() { return OnPage<SkinTreeView>(kTree); }
     static void Refresh() { Command(kRefresh); }
     // Of all nodes.
@@ -49,6 +54,8 @@ class AutoStartFaults : public WindowFaults, public testing::WithParamInterface<
                 ExpectTree(whole_, true, ListState::idle);
                 break;
             case Left::nothing:
+                ExpectTree({}, SaysThatThereIsNothing(), ListState::idle);
+                break;
             case Left::absent:
                 // Kept on purpose: the redraw stays off until a later load gets further.
                 ExpectTree({}, false, ListState::idle);

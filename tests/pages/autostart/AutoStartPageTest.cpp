@@ -260,6 +260,17 @@ TEST_F(AutoStartPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
     EXPECT_EQ(host_.status, kReady);
 }
 
+TEST_F(AutoStartPage, APhoneThatStartsNothingShowsAnEmptyTree) {
+    OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::listAutoStart);
+    FailBefore();
+    LoadAgain();
+    EXPECT_EQ(Children({}), 0);
+    EXPECT_TRUE(Tree().Redraw());
+    EXPECT_EQ(Tree().Status().Get(), ListState::idle);
+    EXPECT_EQ(host_.status, kReady);
+}
+
 // Replies that end the worker early.
 class AutoStartPageEarlyEnd : public AutoStartPage,
                               public testing::WithParamInterface<ScriptedAgent::Reply> {};
@@ -278,10 +289,10 @@ TEST_P(AutoStartPageEarlyEnd, LeavesRedrawOffUntilALaterLoadGetsFurther) {
     EXPECT_EQ(Children({}), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    NoData_Closed_Broken, AutoStartPageEarlyEnd,
-    testing::Values(ScriptedAgent::Reply{Word(NoDataMark)}, ScriptedAgent::Reply{Bytes{}},
-                    ScriptedAgent::Reply{Join({Word(100), Word(0)}), ScriptedAgent::End::reset}));
+INSTANTIATE_TEST_SUITE_P(Closed_Broken, AutoStartPageEarlyEnd,
+                         testing::Values(ScriptedAgent::Reply{Bytes{}},
+                                         ScriptedAgent::Reply{Join({Word(100), Word(0)}),
+                                                              ScriptedAgent::End::reset}));
 
 TEST_F(AutoStartPage, AnAbsentNameBuildsNoTreeAndLeavesRedrawOff) {
     WireBytes bytes = AutoStartPayload({{.event = 1}});
