@@ -53,7 +53,7 @@ constexpr Row kSoundAndScreenRows[] = {
 };
 
 // After this time a form that is locked is drawn so.
-constexpr std::chrono::milliseconds kLasting{200};
+constexpr std::chrono::milliseconds kLasting{100};
 
 class SettingIcon : public QWidget {
   public:
