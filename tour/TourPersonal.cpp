@@ -41,6 +41,17 @@ TourStop AtContacts(std::string name, Open open) {
             }};
 }
 
+// A stop at a folder of the simulated phone, on a file page that was visited before.
+TourStop AtFolder(std::string name, std::u8string_view path) {
+    return {.name = std::move(name), .open = [path](CMainDlg& window) {
+                GoTo(window, kFilesPage);
+                auto* page = qobject_cast<CFilePage*>(window.PageOfDialog(kFilesPage.dialog));
+                if (page != nullptr) {
+                    PostToWindow(page, [page, path] { page->ShowDirectory(Ansi(path)); });
+                }
+            }};
+}
+
 SkinDialog* MakeGroups(CMainDlg& window, AgentAddress agent) {
     return new CContactGroupDlg(window, &window, agent);
 }
@@ -106,6 +117,8 @@ std::vector<TourStop> PersonalStops() {
         AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
         AtContacts("menu-contacts", &OpenContactMenu),
+        AtFolder("files-card", u8"/sdcard"),
+        AtFolder("files-empty-folder", u8"/sdcard/空文件夹"),
         DialogStop("dialog-group-add", kContactsPage, kOfThePhone,
                    [](CMainDlg& window, AgentAddress agent) {
                        return new CGroupEditDlg(window, &window, agent);
