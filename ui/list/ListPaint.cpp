@@ -111,11 +111,15 @@ void PaintIcon(const CellPaint& paint) {
                    look::color(paint.enabled ? paint.cell.iconInk : Color::inkOff));
 }
 
+bool HasIcon(const Cell& cell) {
+    return !cell.icon.isEmpty() || !cell.themeIcon.isNull();
+}
+
 void PaintIconText(const CellPaint& paint) {
     const QFont font = look::font(Size::s12);
     const QRect area = Padded(paint.area, paint.column);
     const QIcon& theme = paint.cell.themeIcon;
-    if (paint.cell.icon.isEmpty() && theme.isNull()) {
+    if (!HasIcon(paint.cell)) {
         DrawLine(paint, area, paint.cell.text, font, paint.cell.ink);
         return;
     }
@@ -464,7 +468,10 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     }
     const ListColumn& column = Column(index.column());
     const Cell cell = CellAt(index.row(), index.column());
-    const int space = Padded(CellRect(index.row(), index.column()), column).width();
+    const int mark = column.kind == CellKind::iconText && HasIcon(cell)
+                         ? cell.iconSide + Metric::rowIconGap
+                         : 0;  // stands before the text
+    const int space = Padded(CellRect(index.row(), index.column()), column).width() - mark;
     const auto cut = [&](const QString& text, Size size, int before = 0) {
         return before + QFontMetrics(look::font(size)).horizontalAdvance(OneLine(text)) > space;
     };

@@ -1,6 +1,8 @@
 #include <QAbstractButton>
+#include <QHelpEvent>
 #include <QPushButton>
 #include <QTest>
+#include <QToolTip>
 #include <cstdlib>
 #include <ctime>
 
@@ -162,6 +164,30 @@ TEST_F(FilePage, InAWideWindowTheNamesTakeWhatIsLeft) {
     page_->resize(page_->width() + 400, page_->height());
     EXPECT_EQ(List().columnWidth(0), before + 400);
     EXPECT_EQ(List().columnWidth(3), 160);
+}
+
+TEST_F(FilePage, ANameThatIsCutBesideItsIconShowsWholeInATip) {
+    Open();
+    const QFontMetrics metrics(look::font(look::Size::s12));
+    QString name;
+    // It would just have room in the column without the icon.
+    const int mark = look::Metric::rowIcon + look::Metric::rowIconGap;
+    while (metrics.horizontalAdvance(name) < List().columnWidth(0) - mark) {
+        name += QLatin1Char('i');
+    }
+    agent_.AnswerPayload(AgentCommand::listFileRoots,
+                         FilesPayload("/", {{"/" + name.toStdString()}, {"/short"}}).Get());
+    page_->Load();
+    WaitForLoads(1);
+    const auto ask = [&](int row) {
+        const QPoint at = PlaceOf(List(), row, 0);
+        QHelpEvent help(QEvent::ToolTip, at, List().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(List().viewport(), &help);
+        return QToolTip::text().remove(QLatin1Char('\n'));
+    };
+    EXPECT_TRUE(ask(0).contains(name));
+    QToolTip::hideText();
+    EXPECT_FALSE(ask(1).contains(QStringLiteral("short")));
 }
 
 TEST_F(FilePage, TheCountLineTellsHowManyEntriesThereAre) {
