@@ -30,7 +30,9 @@ constexpr int kCancel = 1021;
 class GroupForm {
   public:
     explicit GroupForm(CSkinGroupBox* group) : group_(group), grid_(new QGridLayout(group)) {
-        grid_->setContentsMargins(Metric::gap2, 0, 0, 0);
+        group_->setContentsMargins(Metric::gap2, Metric::groupCaption + Metric::groupFoot,
+                                   Metric::groupPadding, Metric::groupFoot);
+        grid_->setContentsMargins(0, 0, 0, 0);
         grid_->setHorizontalSpacing(Metric::formGap);
         grid_->setVerticalSpacing(Metric::formGap);
         grid_->setColumnStretch(1, 1);

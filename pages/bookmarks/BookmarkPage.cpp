@@ -135,8 +135,8 @@ void CBookmarkPage::Visit(const BookmarkRow& bookmark) {
 
 SkinDialog* CBookmarkPage::NewQuestion(std::string_view url, QWidget* parent) {
     auto* question =
-        new ConsentDlg(ToQString(u8"这个书签不是普通网页，真的要在电脑上打开吗？"),
-                       ToQString(u8"打开"), ToQString(u8"不打开"), look::ButtonKind::plain, parent);
+        new ConsentDlg(ToQString(u8"这个书签不是网页，真的要在电脑上打开吗？"), ToQString(u8"打开"),
+                       ToQString(u8"不打开"), look::ButtonKind::plain, parent);
     question->Quote(WrittenOut(ToQString(url)), ToQString(u8"网址"));
     return question;
 }

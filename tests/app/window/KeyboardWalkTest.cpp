@@ -5,6 +5,8 @@
 #include "agent/AgentCommand.h"
 #include "app/window/CaptionBar.h"
 #include "app/window/PageFactory.h"
+#include "tests/pages/alarms/AlarmReplies.h"
+#include "tests/pages/bookmarks/BookmarkReplies.h"
 #include "tests/pages/calls/CallReplies.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/pages/messages/MessageReplies.h"
@@ -54,6 +56,8 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         agent_.AnswerPayload(AgentCommand::listConversations,
                              ConversationsPayload({{.id = 6}, {.id = 7}}).Get());
         agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{}, {.id = 8}}).Get());
+        agent_.AnswerPayload(AgentCommand::listAlarms, AlarmsPayload({{}, {.id = 8}}).Get());
+        agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload({{}, {.id = 8}}).Get());
         agent_.AnswerPayload(AgentCommand::systemInformation, WholeSystemInfo().Get());
         services_.agent = AgentAddress(agent_.Port());
         MakeWindowOf(ThePageMakers());

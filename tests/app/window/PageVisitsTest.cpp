@@ -9,7 +9,8 @@ struct Visited {
     int list;  // the command that fills it
 };
 
-constexpr Visited kVisited[] = {{10, 870101}, {11, 870201}, {15, 870601}, {12, 870301}};
+constexpr Visited kVisited[] = {{10, 870101}, {11, 870201}, {13, 870401},
+                                {15, 870601}, {16, 870701}, {12, 870301}};
 
 class PageVisits : public PagesOnPhone {
   protected:
