@@ -15,25 +15,25 @@
 
 namespace quorvi {
 
-// Dialogs that the page opens, and their buttons.
-inline constexpr int kEditor = 553;
-inline constexpr int kConfirm = 548;
-inline constexpr int kNothingChecked = 682;
-inline constexpr int kOk = 1215;
-inline constexpr int kCancel = 1021;
-
-inline const std::vector<ListedBookmark> kThree{
-    {.id = 0x500000007},
-    {.id = 8, .title = "词典", .url = "http://dict.example/", .visits = 0, .lastVisit = 0},
-    {.id = 9, .title = "", .url = "https://untitled.example/"},
-};
-
 class BookmarkPage : public AgentPageTest<CBookmarkPage, AgentCommand::listBookmarks> {
   protected:
+    // Dialogs that the page opens, and their buttons.
+    static constexpr int kEditor = 553;
+    static constexpr int kConfirm = 548;
+    static constexpr int kNothingChecked = 682;
+    static constexpr int kOk = 1215;
+    static constexpr int kCancel = 1021;
+
     static constexpr int kOpenColumn = 5;
 
+    const std::vector<ListedBookmark> three_{
+        {.id = 0x500000007},
+        {.id = 8, .title = "词典", .url = "http://dict.example/", .visits = 0, .lastVisit = 0},
+        {.id = 9, .title = "", .url = "https://untitled.example/"},
+    };
+
     void SetUp() override {
-        agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(kThree).Get());
+        agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(three_).Get());
         agent_.AnswerAcknowledged(AgentCommand::addBookmark);
         agent_.AnswerAcknowledged(AgentCommand::updateBookmark);
         agent_.AnswerAcknowledged(AgentCommand::deleteBookmarks);

@@ -181,7 +181,7 @@ TEST_P(BookmarkPageEarlyEnd, LeavesRedrawOffUntilALaterLoadGetsFurther) {
     EXPECT_EQ(List().RowCount(), 0);
     EXPECT_EQ(Key(), PageLoadState::kEnded);
     EXPECT_TRUE(host_.statuses.isEmpty());
-    agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(kThree).Get());
+    agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(three_).Get());
     LoadAgain();
     EXPECT_TRUE(List().Redraw());
     EXPECT_EQ(List().RowCount(), 3);
@@ -246,7 +246,7 @@ TEST_F(BookmarkPage, AnythingButTheDeleteButtonDeletesNothing) {
 
 TEST_F(BookmarkPage, ADeleteThatFindsNoPhoneIsToldAndTheListIsLoadedAgain) {
     auto phone = std::make_unique<ScriptedAgent>();
-    phone->AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(kThree).Get());
+    phone->AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(three_).Get());
     CBookmarkPage& page = OpenAt(phone->Port());
     page.Load();
     ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
