@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "pages/alarms/AlarmList.h"
-#include "pages/kit/PageSession.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -214,17 +214,8 @@ void CAlarmEditDlg::Save() {
         return;
     }
     ok_->setEnabled(false);
-    EndWithOk();
-    unsaved_ = form;
-    SendChange(host_, *Body(), agent_,
-               id_ ? UpdateAlarmRequest(*id_, settings) : AddAlarmRequest(settings),
-               [this](const AcknowledgedReply& reply) {
-                   if (reply.outcome == SessionOutcome::complete) {
-                       unsaved_.reset();
-                   }
-                   ShowAcknowledgement(host_, reply.outcome);
-                   accept();
-               });
+    SendForm(*this, host_, agent_,
+             id_ ? UpdateAlarmRequest(*id_, settings) : AddAlarmRequest(settings), form, unsaved_);
 }
 
 }  // namespace quorvi

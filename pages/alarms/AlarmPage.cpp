@@ -5,6 +5,7 @@
 
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/kit/CountLine.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -79,7 +80,8 @@ void CAlarmPage::AddAlarm() {
     if (const auto form = std::exchange(unsavedNew_, std::nullopt)) {
         editor->Resume(*form);
     }
-    Open(editor, [this](const AlarmForm& form) { unsavedNew_ = form; });
+    OpenEditor(
+        editor, [this](const AlarmForm& form) { unsavedNew_ = form; }, [this] { RefreshAlarms(); });
 }
 
 void CAlarmPage::EditSelected() {
@@ -95,18 +97,9 @@ void CAlarmPage::EditSelected() {
         form && SettingsOf(form.mapped()) != SettingsOf(begun)) {
         editor->Resume(form.mapped());
     }
-    Open(editor, [&here, id = *id](const AlarmForm& form) { here[id] = form; });
-}
-
-void CAlarmPage::Open(CAlarmEditDlg* editor, std::function<void(const AlarmForm& form)> keep) {
-    editor->Open([this, editor, keep = std::move(keep)](int result) {
-        if (editor->Unsaved()) {
-            keep(*editor->Unsaved());
-        }
-        if (result == QDialog::Accepted) {
-            RefreshAlarms();
-        }
-    });
+    OpenEditor(
+        editor, [&here, id = *id](const AlarmForm& form) { here[id] = form; },
+        [this] { RefreshAlarms(); });
 }
 
 void CAlarmPage::DeleteTicked() {

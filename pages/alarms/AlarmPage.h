@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 
@@ -15,8 +14,6 @@
 #include "ui/page/Page.h"
 
 namespace quorvi {
-
-class CAlarmEditDlg;
 
 // Page 13, dialog 403, key 4 in PageLoadState. The list stands in the order that the agent gives
 // it. One worker at most; a refresh while it runs is dropped.
@@ -42,8 +39,6 @@ class CAlarmPage : public Page {
 
   private:
     void Select(int row);
-    // Opens the editor; `keep` takes what is unsaved at its end.
-    void Open(CAlarmEditDlg* editor, std::function<void(const AlarmForm& form)> keep);
 
     AgentAddress agent_;
     CAlarmListCtrl* list_;

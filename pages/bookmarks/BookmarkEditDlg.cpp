@@ -3,7 +3,7 @@
 #include <QGridLayout>
 #include <QRegularExpressionValidator>
 
-#include "pages/kit/PageSession.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -147,18 +147,11 @@ void CBookmarkEditDlg::ShowNotice() {
 
 void CBookmarkEditDlg::Save() {
     ok_->setEnabled(false);
-    EndWithOk();
-    unsaved_ = Form();
-    const BookmarkSettings settings = SettingsOf(*unsaved_);
-    SendChange(host_, *Body(), agent_,
-               id_ ? UpdateBookmarkRequest(*id_, settings) : AddBookmarkRequest(settings),
-               [this](const AcknowledgedReply& reply) {
-                   if (reply.outcome == SessionOutcome::complete) {
-                       unsaved_.reset();
-                   }
-                   ShowAcknowledgement(host_, reply.outcome);
-                   accept();
-               });
+    const BookmarkForm form = Form();
+    const BookmarkSettings settings = SettingsOf(form);
+    SendForm(*this, host_, agent_,
+             id_ ? UpdateBookmarkRequest(*id_, settings) : AddBookmarkRequest(settings), form,
+             unsaved_);
 }
 
 }  // namespace quorvi

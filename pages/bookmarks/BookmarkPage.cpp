@@ -9,6 +9,7 @@
 #include "pages/bookmarks/BookmarkEditDlg.h"
 #include "pages/bookmarks/BookmarkSyncDlg.h"
 #include "pages/kit/CountLine.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -199,7 +200,9 @@ void CBookmarkPage::AddBookmark() {
     if (const auto form = std::exchange(unsavedNew_, std::nullopt)) {
         editor->Resume(*form);
     }
-    Open(editor, [this](const BookmarkForm& form) { unsavedNew_ = form; });
+    OpenEditor(
+        editor, [this](const BookmarkForm& form) { unsavedNew_ = form; },
+        [this] { RefreshBookmarks(); });
 }
 
 void CBookmarkPage::EditSelected() {
@@ -214,19 +217,9 @@ void CBookmarkPage::EditSelected() {
         form && SettingsOf(form.mapped()) != SettingsOf(selected_)) {
         editor->Resume(form.mapped());
     }
-    Open(editor, [&here, id = *id](const BookmarkForm& form) { here[id] = form; });
-}
-
-void CBookmarkPage::Open(CBookmarkEditDlg* editor,
-                         std::function<void(const BookmarkForm& form)> keep) {
-    editor->Open([this, editor, keep = std::move(keep)](int result) {
-        if (editor->Unsaved()) {
-            keep(*editor->Unsaved());
-        }
-        if (result == QDialog::Accepted) {
-            RefreshBookmarks();
-        }
-    });
+    OpenEditor(
+        editor, [&here, id = *id](const BookmarkForm& form) { here[id] = form; },
+        [this] { RefreshBookmarks(); });
 }
 
 void CBookmarkPage::DeleteTicked() {

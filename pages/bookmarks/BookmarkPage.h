@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -18,7 +17,6 @@
 
 namespace quorvi {
 
-class CBookmarkEditDlg;
 class SkinDialog;
 
 // Page 16, dialog 376, key 7 in PageLoadState. The list stands in the order that the agent gives
@@ -55,8 +53,6 @@ class CBookmarkPage : public Page, private ListObserver {
     void Visit(const BookmarkRow& bookmark);
     void OpenAddress(const QString& address);
     void OpenMenu(int row, const QPoint& at);
-    // Opens the editor; `keep` takes what is unsaved at its end.
-    void Open(CBookmarkEditDlg* editor, std::function<void(const BookmarkForm& form)> keep);
 
     AgentAddress agent_;
     CBookmarkListCtrl* list_;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "agent/AgentSession.h"
-#include "pages/kit/PageSession.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -328,15 +328,7 @@ void CContactEditDlg::Save() {
 
 void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
-    EndWithOk();
-    unsaved_ = Form();
-    SendChange(host_, *Body(), agent_, std::move(request), [this](const AcknowledgedReply& reply) {
-        if (reply.outcome == SessionOutcome::complete) {
-            unsaved_.reset();
-        }
-        ShowAcknowledgement(host_, reply.outcome);
-        accept();
-    });
+    SendForm(*this, host_, agent_, std::move(request), Form(), unsaved_);
 }
 
 }  // namespace quorvi

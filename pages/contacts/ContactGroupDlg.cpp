@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pages/contacts/GroupEditDlg.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/PhoneListCtrl.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
@@ -126,14 +127,7 @@ void CContactGroupDlg::Rename() {
 
 void CContactGroupDlg::RunEditor(CGroupEditDlg* editor,
                                  std::function<void(const QString& title)> keep) {
-    editor->Open([this, editor, keep = std::move(keep)](int result) {
-        if (editor->Unsaved()) {
-            keep(*editor->Unsaved());
-        }
-        if (result == QDialog::Accepted) {
-            Refresh();
-        }
-    });
+    OpenEditor(editor, std::move(keep), [this] { Refresh(); });
 }
 
 void CContactGroupDlg::DeleteTicked() {

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "pages/kit/PageSession.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -89,17 +89,9 @@ void CGroupEditDlg::Save() {
         return;
     }
     ok_->setEnabled(false);
-    EndWithOk();
-    unsaved_ = title_->text();
-    SendChange(host_, *Body(), agent_,
-               group_ ? RenameGroupRequest(*group_, title) : AddGroupRequest(title),
-               [this](const AcknowledgedReply& reply) {
-                   if (reply.outcome == SessionOutcome::complete) {
-                       unsaved_.reset();
-                   }
-                   ShowAcknowledgement(host_, reply.outcome);
-                   accept();
-               });
+    SendForm(*this, host_, agent_,
+             group_ ? RenameGroupRequest(*group_, title) : AddGroupRequest(title), title_->text(),
+             unsaved_);
 }
 
 }  // namespace quorvi
