@@ -82,11 +82,15 @@ QuestionDlg::QuestionDlg(int number, const QString& title, Kind kind, const QStr
     column_->addWidget(sentence);
     row->addLayout(column_, 1);
 
+    FitHeight();
+}
+
+void QuestionDlg::FitHeight() {
     const int width =
         Metric::questionWidth - 2 * Metric::questionPadding - Metric::iconMessage - Metric::gap4;
     const int space = Metric::questionHeight - Metric::dialogCaption - Metric::dialogFooter -
                       2 * Metric::dialogPadding;
-    const int extra = std::max(0, sentence->heightForWidth(width) - space);
+    const int extra = std::max(0, column_->totalHeightForWidth(width) - space);
     SetInnerSize({Metric::questionWidth, Metric::questionHeight + extra});
 }
 
@@ -98,7 +102,7 @@ void QuestionDlg::Quote(const QString& text, const QString& name) {
     quote->SetText(text);
     quote->setFixedHeight(Metric::questionQuote);
     column_->addWidget(quote);
-    SetInnerSize({Metric::questionWidth, height() + Metric::questionQuote + Metric::gap3});
+    FitHeight();
 }
 
 void QuestionDlg::showEvent(QShowEvent* event) {

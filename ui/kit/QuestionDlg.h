@@ -27,6 +27,8 @@ class QuestionDlg : public SkinDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void FitHeight();
+
     QVBoxLayout* column_;  // the sentence, and what is quoted
 };
 
