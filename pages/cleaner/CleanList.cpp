@@ -26,6 +26,7 @@ CleanList WithFixedRows(CleanList applications = {}) {
 
 std::vector<CleanItem> FixedCleanRows() {
     std::vector<CleanItem> rows;
+    rows.reserve(kFixedCleanRows);
     for (const FixedCleanItem& item : kFixedCleanItems) {
         rows.push_back(
             {.name = Ansi(item.name), .description = Ansi(item.explanation), .fixed = &item});
