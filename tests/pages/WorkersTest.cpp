@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "pages/calls/CallLogPage.h"
+#include "pages/cleaner/CleanerPage.h"
 #include "pages/contacts/ContactEditDlg.h"
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactPage.h"
@@ -13,10 +14,13 @@
 #include "pages/messages/SmsPage.h"
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
+#include "pages/tasks/TaskPage.h"
 #include "tests/pages/calls/CallReplies.h"
+#include "tests/pages/cleaner/CleanReplies.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
+#include "tests/pages/tasks/TaskReplies.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/PageTest.h"
 #include "tests/support/ScriptedAgent.h"
@@ -67,6 +71,9 @@ const Work kWorks[] = {
     {"Editor", AgentCommand::readContact, &StartEditor},
     {"Groups", AgentCommand::listGroups, &StartGroups},
     {"Calls", AgentCommand::listCalls, &StartPage<CCallLogPage>},
+    {"Caches", AgentCommand::scanForCleaning, &StartPage<CCleanerPage>},
+    {"FreeMemory", AgentCommand::freeMemory, &StartPage<CTaskPage>},
+    {"Processes", AgentCommand::listProcesses, &StartPage<CTaskPage>},
     {"Conversations", AgentCommand::listConversations, &StartPage<CSmsPage>},
     {"Conversation", AgentCommand::readConversation, &StartComposer},
     {"GroupNames", AgentCommand::listGroupNames, &StartComposer},
@@ -80,6 +87,9 @@ const std::map<AgentCommand, Bytes> kPayloads{
     {AgentCommand::readContact, ContactPayload(kContact, "A", {{}}).Get()},
     {AgentCommand::listGroups, WireBytes().U32(0).U64(5).Text("B").Text("C").U32(1).Get()},
     {AgentCommand::listCalls, CallsPayload({{}}).Get()},
+    {AgentCommand::scanForCleaning, CachesPayload({{}}).Get()},
+    {AgentCommand::freeMemory, Word(7)},  // read as one word: its length
+    {AgentCommand::listProcesses, ProcessesPayload({{}}).Get()},
     {AgentCommand::listConversations, ConversationsPayload({{}}).Get()},
     {AgentCommand::readConversation, MessagesPayload({{}}).Get()},
     {AgentCommand::listGroupNames, WireBytes().U32(0).U64(5).Text("B").Get()},
