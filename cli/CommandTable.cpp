@@ -158,6 +158,13 @@ constexpr Command kCommands[] = {
      .run = RunLunar},
 };
 
+// Of the calls beside which the help has its summaries.
+constexpr std::size_t kWidestCall = 48;
+
+std::string CallOf(const Command& command) {
+    return std::string(command.words).append(" ").append(command.synopsis);
+}
+
 }  // namespace
 
 std::span<const Command> AllCommands() {
@@ -179,11 +186,17 @@ std::string HelpText() {
         u8"      quorvictl --help | --version\n\n");
     std::size_t widest = 0;
     for (const Command& command : kCommands) {
-        widest = std::max(widest, command.words.size() + 1 + command.synopsis.size());
+        if (const std::size_t width = CallOf(command).size(); width <= kWidestCall) {
+            widest = std::max(widest, width);
+        }
     }
     for (const Command& command : kCommands) {
-        std::string call(command.words);
-        call.append(" ").append(command.synopsis).resize(widest, ' ');
+        std::string call = CallOf(command);
+        if (call.size() > widest) {  // its summary stands on a line of its own
+            help.append("  ").append(call).append("\n");
+            call.clear();
+        }
+        call.resize(widest, ' ');
         help.append("  ").append(call).append("  ").append(Ansi(command.summary)).append("\n");
     }
     help += Ansi(

@@ -11,7 +11,10 @@ namespace {
 constexpr Command kCommands[] = {
     {.words = "plain"},
     {.words = "box show", .synopsis = "ID", .fewest = 1, .most = 1},
-    {.words = "box send", .most = kAnyNumber, .options = {"--to", "--text"}},
+    {.words = "box send",
+     .most = kAnyNumber,
+     .options = {"--to", "--text"},
+     .flags = {"--loud", "--twice"}},
 };
 
 auto Read(const std::vector<std::string>& words) {
@@ -58,6 +61,16 @@ TEST(CommandLine, AnOptionOfAnotherCommandOrWithoutAValueIsWrongUsage) {
     EXPECT_TRUE(std::holds_alternative<UsageError>(Read({"box", "send", "--to"})));
 }
 
+TEST(CommandLine, AFlagTakesNoValueAndStandsAnywhere) {
+    const auto call = std::get<Call>(Read({"box", "send", "--loud", "x", "--to", "1"}));
+    EXPECT_TRUE(call.arguments.Has("--loud"));
+    EXPECT_FALSE(call.arguments.Has("--twice"));
+    EXPECT_EQ(call.arguments.operands, std::vector<std::string>{"x"});
+    EXPECT_EQ(call.arguments.Option("--to"), "1");
+    EXPECT_TRUE(std::holds_alternative<UsageError>(Read({"box", "send", "--loud=1"})));
+    EXPECT_TRUE(std::holds_alternative<UsageError>(Read({"plain", "--loud"})));
+}
+
 TEST(CommandLine, ABlankDashIsAnOperandAndTwoDashesEndTheOptions) {
     const auto call = std::get<Call>(Read({"box", "send", "-", "--", "--to"}));
     EXPECT_EQ(call.arguments.operands, (std::vector<std::string>{"-", "--to"}));
@@ -87,6 +100,15 @@ TEST(CommandTable, EveryRowHasItsFunctionAndAWordOfItsOwn) {
         EXPECT_NE(HelpText().find(command.words), std::string::npos) << command.words;
         seen.push_back(command.words);
     }
+}
+
+TEST(CommandTable, ALongCallHasItsSummaryOnALineOfItsOwn) {
+    const std::string help = HelpText();
+    const std::size_t call = help.find("  cleaner clean ");
+    ASSERT_NE(call, std::string::npos);
+    const std::size_t end = help.find('\n', call);
+    EXPECT_EQ(help.substr(end - 12, 12), "[PACKAGE...]");
+    EXPECT_EQ(help.substr(end + 1, 4), "    ");
 }
 
 }  // namespace
