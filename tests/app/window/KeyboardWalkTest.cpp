@@ -6,11 +6,13 @@
 #include "app/window/CaptionBar.h"
 #include "app/window/PageFactory.h"
 #include "tests/pages/alarms/AlarmReplies.h"
+#include "tests/pages/autostart/AutoStartReplies.h"
 #include "tests/pages/bookmarks/BookmarkReplies.h"
 #include "tests/pages/calls/CallReplies.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
+#include "tests/pages/phonesettings/PhoneSettingsReplies.h"
 #include "tests/support/HtmlDriver.h"
 #include "tests/support/MainDoubles.h"
 #include "tests/support/ScriptedAgent.h"
@@ -59,6 +61,9 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         agent_.AnswerPayload(AgentCommand::listAlarms, AlarmsPayload({{}, {.id = 8}}).Get());
         agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload({{}, {.id = 8}}).Get());
         agent_.AnswerPayload(AgentCommand::systemInformation, WholeSystemInfo().Get());
+        agent_.AnswerPayload(AgentCommand::readSettings, SettingsPayload().Get());
+        agent_.AnswerPayload(AgentCommand::listAutoStart,
+                             AutoStartPayload({{.event = 1}, {.event = 2}}).Get());
         services_.agent = AgentAddress(agent_.Port());
         MakeWindowOf(ThePageMakers());
         ShowActive(*window_);

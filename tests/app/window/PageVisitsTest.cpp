@@ -11,7 +11,8 @@ struct Visited {
 
 // The calls last: the test looks at them then.
 constexpr Visited kVisited[] = {{10, 870101}, {11, 870201}, {13, 870401}, {15, 870601},
-                                {16, 870701}, {42, 871601}, {45, 871801}, {12, 870301}};
+                                {16, 870701}, {40, 870004}, {41, 871501}, {42, 871601},
+                                {43, 871701}, {45, 871801}, {12, 870301}};
 
 class PageVisits : public PagesOnPhone {
   protected:
