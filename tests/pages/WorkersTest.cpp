@@ -5,6 +5,8 @@
 #include <memory>
 #include <ostream>
 
+#include "pages/alarms/AlarmPage.h"
+#include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/cleaner/CleanerPage.h"
 #include "pages/contacts/ContactEditDlg.h"
@@ -15,6 +17,8 @@
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/tasks/TaskPage.h"
+#include "tests/pages/alarms/AlarmReplies.h"
+#include "tests/pages/bookmarks/BookmarkReplies.h"
 #include "tests/pages/calls/CallReplies.h"
 #include "tests/pages/cleaner/CleanReplies.h"
 #include "tests/pages/contacts/ContactReplies.h"
@@ -71,6 +75,8 @@ const Work kWorks[] = {
     {"Editor", AgentCommand::readContact, &StartEditor},
     {"Groups", AgentCommand::listGroups, &StartGroups},
     {"Calls", AgentCommand::listCalls, &StartPage<CCallLogPage>},
+    {"Alarms", AgentCommand::listAlarms, &StartPage<CAlarmPage>},
+    {"Bookmarks", AgentCommand::listBookmarks, &StartPage<CBookmarkPage>},
     {"Caches", AgentCommand::scanForCleaning, &StartPage<CCleanerPage>},
     {"FreeMemory", AgentCommand::freeMemory, &StartPage<CTaskPage>},
     {"Processes", AgentCommand::listProcesses, &StartPage<CTaskPage>},
@@ -87,6 +93,8 @@ const std::map<AgentCommand, Bytes> kPayloads{
     {AgentCommand::readContact, ContactPayload(kContact, "A", {{}}).Get()},
     {AgentCommand::listGroups, WireBytes().U32(0).U64(5).Text("B").Text("C").U32(1).Get()},
     {AgentCommand::listCalls, CallsPayload({{}}).Get()},
+    {AgentCommand::listAlarms, AlarmsPayload({{}}).Get()},
+    {AgentCommand::listBookmarks, BookmarksPayload({{.thumbnail = "B"}}).Get()},
     {AgentCommand::scanForCleaning, CachesPayload({{}}).Get()},
     {AgentCommand::freeMemory, Word(7)},  // read as one word: its length
     {AgentCommand::listProcesses, ProcessesPayload({{}}).Get()},
