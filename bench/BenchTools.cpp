@@ -145,6 +145,6 @@ int main(int count, char** words) {
     Register("BareProcesses", &BareLoop<AgentCommand::listProcesses>);
     Register("TaskPage", &Load<CTaskPage, TaskListCtrl>);
     Register("BareCaches", &BareLoop<AgentCommand::scanForCleaning>);
-    Register("CleanerPage", &Load<CCleanerPage, CCleanListCtrl>);
+    Register("CleanerPage", &Load<CCleanerPage, CleanListCtrl>);
     return RunAndJudge(count, words, kRepetitions, Judge);
 }

@@ -31,19 +31,19 @@ constexpr std::array<std::u16string_view, kFixedCleanRows> kPlates{u"search", u"
 
 }  // namespace
 
-CCleanListCtrl::CCleanListCtrl(QWidget* parent)
+CleanListCtrl::CleanListCtrl(QWidget* parent)
     : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {
     Reserve(kRoom);
 }
 
-void CCleanListCtrl::ShowTicked(CleanList list) {
+void CleanListCtrl::ShowTicked(CleanList list) {
     Show(std::move(list));
     for (int row = 0; RecordAt(row) != nullptr; ++row) {
         SetTicked(row, true);
     }
 }
 
-FixedCleanFlags CCleanListCtrl::TickedFixedItems() const {
+FixedCleanFlags CleanListCtrl::TickedFixedItems() const {
     FixedCleanFlags flags{};
     for (std::size_t i = 0; i < flags.size(); ++i) {
         flags[i] = IsTicked(static_cast<int>(i));
@@ -51,7 +51,7 @@ FixedCleanFlags CCleanListCtrl::TickedFixedItems() const {
     return flags;
 }
 
-std::vector<std::string> CCleanListCtrl::TickedPackages() const {
+std::vector<std::string> CleanListCtrl::TickedPackages() const {
     std::vector<std::string> packages;
     for (const int row : TickedRows()) {
         const CleanItem* item = RecordAt(row);
@@ -62,7 +62,7 @@ std::vector<std::string> CCleanListCtrl::TickedPackages() const {
     return packages;
 }
 
-Cell CCleanListCtrl::CellOf(const CleanItem& row, int column) const {
+Cell CleanListCtrl::CellOf(const CleanItem& row, int column) const {
     switch (column) {
         case columnItem:
             return {.text = ToShownQString(row.name), .second = ToShownQString(row.description)};
@@ -77,7 +77,7 @@ Cell CCleanListCtrl::CellOf(const CleanItem& row, int column) const {
     }
 }
 
-RowPicture CCleanListCtrl::PictureOf(const CleanItem& row) const {
+RowPicture CleanListCtrl::PictureOf(const CleanItem& row) const {
     if (row.fixed != nullptr) {
         return {.plate = kPlates[static_cast<std::size_t>(row.fixed - kFixedCleanItems.data())]};
     }

@@ -10,10 +10,10 @@
 namespace quorvi {
 
 // Its rows come ticked.
-class CCleanListCtrl : public PhoneListCtrl<CleanItem> {
+class CleanListCtrl : public PhoneListCtrl<CleanItem> {
     Q_OBJECT
   public:
-    explicit CCleanListCtrl(QWidget* parent = nullptr);
+    explicit CleanListCtrl(QWidget* parent = nullptr);
 
     // Puts a list that was read in the place of what stands there. The row without an item, behind
     // the mark, is the one that is not ticked.

@@ -32,7 +32,7 @@ CCleanerPage::CCleanerPage(PageHost& host, const Services& services, QWidget* pa
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
       load_(*this, host.LoadState(), kNumbers.loadKey),
-      list_(new CCleanListCtrl(this)),
+      list_(new CleanListCtrl(this)),
       state_(SetControlNumber(new CSkinStateLabel(ToQString(kAtFirst)), kState)) {
     list_->setObjectName(QStringLiteral("cleanList"));
     list_->setAccessibleName(ToQString(u8"可以清理的项目"));

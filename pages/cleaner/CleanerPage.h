@@ -45,7 +45,7 @@ class CCleanerPage : public Page {
 
     AgentAddress agent_;
     PageLoad load_;
-    CCleanListCtrl* list_;
+    CleanListCtrl* list_;
     CSkinStateLabel* state_;
 };
 

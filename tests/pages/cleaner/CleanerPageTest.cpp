@@ -59,7 +59,7 @@ class CleanerPage : public AgentPageTest<CCleanerPage, AgentCommand::scanForClea
     }
     std::vector<Bytes> Cleans() { return agent_.Requests(AgentCommand::clean); }
 
-    CCleanListCtrl& List() { return *page_->findChild<CCleanListCtrl*>(); }
+    CleanListCtrl& List() { return *page_->findChild<CleanListCtrl*>(); }
     QString Shown(int row, int column) { return List().CellAt(row, column).text; }
     QString State() { return FindControl<QLabel>(page_.get(), 1109)->text(); }
     void ExpectFixedRowsTicked() {
