@@ -43,8 +43,7 @@ QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink)
 
 NumberQueryDlg::NumberQueryDlg(QWidget* parent)
     : NumberQueryDlg([] { return CPhoneDb(); },
-                     [](const QString& address) { OpenOnDesktop(address); },
-                     parent) {}
+                     [](const QString& address) { OpenOnDesktop(address); }, parent) {}
 
 NumberQueryDlg::NumberQueryDlg(MakePhoneDb makeDb, OpenAddress open, QWidget* parent)
     : SkinDialog(kDialog, ToQString(u8"号码查询"), parent),

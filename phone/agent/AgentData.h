@@ -15,8 +15,8 @@
 #include "phone/agent/AutoStartRecords.h"
 #include "phone/agent/BookmarkStore.h"
 #include "phone/agent/CallRecords.h"
-#include "phone/agent/FileSystem.h"
 #include "phone/agent/CleanRecords.h"
+#include "phone/agent/FileSystem.h"
 #include "phone/agent/MessageStore.h"
 #include "phone/agent/ProcessRecords.h"
 
