@@ -1,7 +1,8 @@
 // The kinds of cells that the sample list does not have: plates, states, and icons of a theme.
 #include <gtest/gtest.h>
 
-#include <QTest>
+#include <QCoreApplication>
+#include <QEvent>
 #include <cstdlib>
 
 #include "tests/support/QtTest.h"
@@ -63,9 +64,13 @@ class CellKinds : public QtTest {
         list_.resize(760, 300);
         list_.SetRecords({{.off = false}, {.off = true}, {.off = false}});
         ShowActive(list_);
-        QTest::mouseMove(&list_, QPoint(0, 0));
     }
-    [[nodiscard]] QImage Shot() { return list_.viewport()->grab().toImage(); }
+    // Without a row under the cursor, wherever that stands.
+    [[nodiscard]] QImage Shot() {
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(list_.viewport(), &leave);
+        return list_.viewport()->grab().toImage();
+    }
     // The ground of a plate, a pixel beside its icon.
     [[nodiscard]] QColor Ground(int row, int column, int side) {
         const QRect cell = list_.CellRect(row, column);
