@@ -61,6 +61,9 @@ bool ReplyCursor::Has(std::size_t n) {
 }
 
 void ReplyCursor::TakeBytes(void* dest, std::size_t n) {
+    if (n == 0) {
+        return;  // there may be no place to copy nothing to
+    }
     if (Has(n)) {
         std::memcpy(dest, data_ + cursor_, n);
         cursor_ += n;

@@ -116,6 +116,14 @@ TEST(ReplyCursor, TakeBytesPastTheEndClearsTheDestination) {
     EXPECT_TRUE(cursor.Overran());
 }
 
+TEST(ReplyCursor, NoBytesAreTakenToNoPlace) {
+    const ReplyBuffer reply = ReplyBuffer::Holding(Join({Word(kLeadingWord), Word(7)}));
+    ReplyCursor cursor(reply);
+    cursor.TakeBytes(nullptr, 0);
+    EXPECT_EQ(cursor.TakeUInt32(), 7U);
+    EXPECT_FALSE(cursor.Overran());
+}
+
 TEST(ReplyCursor, ABufferOfNoBytesIsAtItsEnd) {
     const ReplyBuffer nothing;
     ReplyCursor cursor(nothing);
