@@ -14,6 +14,18 @@ namespace {
 // Levels of arrays and objects; each costs the reader some stack.
 constexpr int kDeepestNesting = 200;
 
+const char* IndentationOf(JsonForm form) {
+    switch (form) {
+        case JsonForm::lines:
+            return "  ";
+        case JsonForm::styled:
+            return "   ";
+        case JsonForm::oneLine:
+            break;
+    }
+    return "";
+}
+
 }  // namespace
 
 Json::Value JsonText(std::string_view ansi) {
@@ -48,8 +60,15 @@ std::optional<Json::Value> ParseJson(std::string_view utf8) {
 std::string WriteJson(const Json::Value& document, JsonForm form) {
     Json::StreamWriterBuilder builder;
     builder["emitUTF8"] = true;
-    builder["indentation"] = form == JsonForm::lines ? "  " : "";
-    return Json::writeString(builder, document);
+    builder["indentation"] = IndentationOf(form);
+    if (form == JsonForm::styled) {
+        builder["commentStyle"] = "None";  // room for comments would break every array into lines
+    }
+    std::string text = Json::writeString(builder, document);
+    if (form == JsonForm::styled) {
+        text += '\n';
+    }
+    return text;
 }
 
 }  // namespace quorvi

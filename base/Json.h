@@ -21,9 +21,16 @@ namespace quorvi {
 // member twice. Any thread.
 [[nodiscard]] std::optional<Json::Value> ParseJson(std::string_view utf8);
 
-enum class JsonForm { lines, oneLine };
+enum class JsonForm {
+    lines,    // for people: two blanks a level
+    oneLine,  // for programs
+    // The form of the JSON library's own toStyledString: three blanks a level, an array that fits
+    // into 74 columns on one line, a line feed at the end.
+    styled,
+};
 
-// The document in UTF-8, characters beyond ASCII as themselves, without a line feed at the end.
+// The document in UTF-8, members by name, characters beyond ASCII as themselves, without a line
+// feed at the end but in the styled form.
 [[nodiscard]] std::string WriteJson(const Json::Value& document, JsonForm form);
 
 }  // namespace quorvi

@@ -22,6 +22,14 @@ TEST(Json, LinesFormIndentsByTwo) {
     EXPECT_EQ(WriteJson(document, JsonForm::lines), "[\n  1\n]");
 }
 
+TEST(Json, StyledKeepsAShortArrayOnOneLineAndEndsTheLast) {
+    Json::Value document;
+    document["b"].append(1);
+    document["a"] = "x";
+    EXPECT_EQ(WriteJson(document, JsonForm::styled),
+              "{\n   \"a\" : \"x\",\n   \"b\" : [ 1 ]\n}\n");
+}
+
 TEST(Json, ATextMemberComesBackInAnsi) {
     const auto document = ParseJson("{\"a\": \"连接\", \"n\": 7}");
     ASSERT_TRUE(document);

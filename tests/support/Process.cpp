@@ -104,6 +104,13 @@ Process::~Process() {
     }
 }
 
+bool Process::IsRunning() const {
+    siginfo_t ended{};
+    return id_ > 0 &&
+           waitid(P_PID, static_cast<id_t>(id_), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           ended.si_pid == 0;
+}
+
 ProgramResult RunProgram(const std::vector<std::string>& arguments, const std::string& input,
                          std::chrono::milliseconds limit) {
     const auto end = std::chrono::steady_clock::now() + limit;

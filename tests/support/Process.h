@@ -19,6 +19,7 @@ class Process {
     Process& operator=(const Process&) = delete;
 
     [[nodiscard]] pid_t Id() const { return id_; }
+    [[nodiscard]] bool IsRunning() const;
 
   private:
     pid_t id_;

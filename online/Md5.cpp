@@ -1,0 +1,25 @@
+#include "online/Md5.h"
+
+#include <fmt/format.h>
+#include <openssl/evp.h>
+
+#include <array>
+#include <span>
+
+namespace quorvi {
+
+const std::string& CMd5::Hash(std::string_view text) {
+    std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+    unsigned length = 0;
+    if (EVP_Digest(text.data(), text.size(), digest.data(), &length, EVP_md5(), nullptr) != 1) {
+        result_ = "Error hashing data";
+        return result_;
+    }
+    result_.clear();
+    for (const unsigned char byte : std::span(digest).first(length)) {
+        fmt::format_to(std::back_inserter(result_), "{:02x}", byte);
+    }
+    return result_;
+}
+
+}  // namespace quorvi
