@@ -44,12 +44,14 @@ SessionOutcome ReceivePayload(const TcpSocket& socket, ReplyBuffer& buffer,
     return SessionOutcome::complete;
 }
 
-PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress& progress) {
+PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress& progress,
+                          NoDataWord noData) {
     const FirstWord length = ReceiveWord(socket);
     if (!length.came) {
         return {SessionOutcome::noReply, {}};
     }
-    if (length.value == NoDataMark || length.value == 0) {
+    const bool isMark = length.value == NoDataMark && noData == NoDataWord::endsTheReply;
+    if (isMark || length.value == 0) {
         return {SessionOutcome::noData, {}};
     }
     ReplyBuffer buffer(length.value);
@@ -87,23 +89,23 @@ AcknowledgedReply AgentSession::ReadAcknowledgement() {
     return {word.whole ? SessionOutcome::complete : SessionOutcome::noReply, word.value};
 }
 
-PayloadReply AgentSession::ReadPayload(const Progress& progress) {
+PayloadReply AgentSession::ReadPayload(const Progress& progress, NoDataWord noData) {
     if (!IsOpen()) {
         return {};
     }
-    PayloadReply reply = ReceiveReply(socket_, progress);
+    PayloadReply reply = ReceiveReply(socket_, progress, noData);
     Close();
     return reply;
 }
 
-PayloadReply AgentSession::RunPayload(std::span<const std::byte> request,
-                                      const Progress& progress) const {
+PayloadReply AgentSession::RunPayload(std::span<const std::byte> request, const Progress& progress,
+                                      NoDataWord noData) const {
     AgentSession session(agent_);
     if (!session.Open()) {
         return {};
     }
     session.SendFramed(request);
-    return session.ReadPayload(progress);
+    return session.ReadPayload(progress, noData);
 }
 
 AcknowledgedReply AgentSession::RunAcknowledged(std::span<const std::byte> request) const {

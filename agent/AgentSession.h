@@ -38,6 +38,12 @@ enum class SessionOutcome {
     return outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
 }
 
+// What NoDataMark is in the place of a payload's length.
+enum class NoDataWord {
+    endsTheReply,
+    isALength,  // like any other: the list of applications is read so
+};
+
 struct PayloadReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
     // Holds bytes for `complete` and `cut`, none for the others.
@@ -64,7 +70,8 @@ class AgentSession {
 
     // A whole exchange. `request` is a bare or a framed request, or a command's own form.
     [[nodiscard]] PayloadReply RunPayload(std::span<const std::byte> request,
-                                          const Progress& progress = {}) const;
+                                          const Progress& progress = {},
+                                          NoDataWord noData = NoDataWord::endsTheReply) const;
     [[nodiscard]] AcknowledgedReply RunAcknowledged(std::span<const std::byte> request) const;
 
     // The steps of an exchange, each once and in this order: Open, a Send, a Read, which closes.
@@ -73,7 +80,8 @@ class AgentSession {
     void SendBare(AgentCommand command) const;
     void SendFramed(std::span<const std::byte> frame) const;
     [[nodiscard]] AcknowledgedReply ReadAcknowledgement();
-    [[nodiscard]] PayloadReply ReadPayload(const Progress& progress = {});
+    [[nodiscard]] PayloadReply ReadPayload(const Progress& progress = {},
+                                           NoDataWord noData = NoDataWord::endsTheReply);
     [[nodiscard]] bool IsOpen() const { return socket_.IsOpen(); }
     void Close() { socket_.Close(); }
 

@@ -14,6 +14,20 @@ namespace {
 // Levels of arrays and objects; each costs the reader some stack.
 constexpr int kDeepestNesting = 200;
 
+std::optional<Json::Value> Parse(Json::CharReaderBuilder& builder, std::string_view utf8) {
+    builder["stackLimit"] = kDeepestNesting;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    Json::Value document;
+    try {
+        if (reader->parse(utf8.data(), utf8.data() + utf8.size(), &document, nullptr)) {
+            return document;
+        }
+    } catch (const std::exception&) {
+        // JsonCpp's reader throws when a document is nested too deeply.
+    }
+    return std::nullopt;
+}
+
 const char* IndentationOf(JsonForm form) {
     switch (form) {
         case JsonForm::lines:
@@ -41,20 +55,16 @@ std::string TextMember(const Json::Value& object, const char* member) {
 
 std::optional<Json::Value> ParseJson(std::string_view utf8) {
     Json::CharReaderBuilder builder;
-    builder["stackLimit"] = kDeepestNesting;
     builder["failIfExtra"] = true;
     builder["allowTrailingCommas"] = false;
     builder["rejectDupKeys"] = true;
-    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
-    Json::Value document;
-    try {
-        if (reader->parse(utf8.data(), utf8.data() + utf8.size(), &document, nullptr)) {
-            return document;
-        }
-    } catch (const std::exception&) {
-        // JsonCpp's reader throws when a document is nested too deeply.
-    }
-    return std::nullopt;
+    return Parse(builder, utf8);
+}
+
+std::optional<Json::Value> ParseFirstJson(std::string_view utf8) {
+    Json::CharReaderBuilder builder;
+    builder["failIfExtra"] = false;
+    return Parse(builder, utf8);
 }
 
 std::string WriteJson(const Json::Value& document, JsonForm form) {

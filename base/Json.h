@@ -21,6 +21,10 @@ namespace quorvi {
 // member twice. Any thread.
 [[nodiscard]] std::optional<Json::Value> ParseJson(std::string_view utf8);
 
+// The value at the beginning of `utf8`, whatever follows it; comments are allowed, and of members
+// of one name the last stands. Nothing where there is none, or it is nested too deeply. Any thread.
+[[nodiscard]] std::optional<Json::Value> ParseFirstJson(std::string_view utf8);
+
 enum class JsonForm {
     lines,    // for people: two blanks a level
     oneLine,  // for programs
