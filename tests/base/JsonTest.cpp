@@ -26,8 +26,7 @@ TEST(Json, StyledKeepsAShortArrayOnOneLineAndEndsTheLast) {
     Json::Value document;
     document["b"].append(1);
     document["a"] = "x";
-    EXPECT_EQ(WriteJson(document, JsonForm::styled),
-              "{\n   \"a\" : \"x\",\n   \"b\" : [ 1 ]\n}\n");
+    EXPECT_EQ(WriteJson(document, JsonForm::styled), "{\n   \"a\" : \"x\",\n   \"b\" : [ 1 ]\n}\n");
 }
 
 TEST(Json, ATextMemberComesBackInAnsi) {
