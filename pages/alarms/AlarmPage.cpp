@@ -1,11 +1,9 @@
 #include "pages/alarms/AlarmPage.h"
 
 #include <QVBoxLayout>
-#include <utility>
 
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/kit/CountLine.h"
-#include "pages/kit/FormEditor.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -76,12 +74,7 @@ void CAlarmPage::OnCommand(int index) {
 }
 
 void CAlarmPage::AddAlarm() {
-    auto* editor = new CAlarmEditDlg(Host(), this, agent_);
-    if (const auto form = std::exchange(unsavedNew_, std::nullopt)) {
-        editor->Resume(*form);
-    }
-    OpenEditor(
-        editor, [this](const AlarmForm& form) { unsavedNew_ = form; }, [this] { RefreshAlarms(); });
+    unsaved_.OpenNew(new CAlarmEditDlg(Host(), this, agent_), [this] { RefreshAlarms(); });
 }
 
 void CAlarmPage::EditSelected() {
@@ -90,16 +83,8 @@ void CAlarmPage::EditSelected() {
         return;
     }
     const AlarmForm begun = FormOf(selected_);
-    auto* editor = new CAlarmEditDlg(Host(), *id, begun, this, agent_);
-    auto& here = unsaved_.Here();
-    // One that the phone has by now, as its row shows, is given up.
-    if (const auto form = here.extract(*id);
-        form && SettingsOf(form.mapped()) != SettingsOf(begun)) {
-        editor->Resume(form.mapped());
-    }
-    OpenEditor(
-        editor, [&here, id = *id](const AlarmForm& form) { here[id] = form; },
-        [this] { RefreshAlarms(); });
+    unsaved_.OpenOf(new CAlarmEditDlg(Host(), *id, begun, this, agent_), *id, begun,
+                    [this] { RefreshAlarms(); });
 }
 
 void CAlarmPage::DeleteTicked() {

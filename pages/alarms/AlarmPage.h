@@ -1,14 +1,10 @@
 // The alarm page: the alarms of the phone's clock, to be looked at, added, changed and deleted.
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <optional>
-
 #include "pages/alarms/AlarmForm.h"
 #include "pages/alarms/AlarmListCtrl.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/ListRoad.h"
-#include "pages/kit/OfEachPhone.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/page/Page.h"
@@ -47,10 +43,7 @@ class CAlarmPage : public Page {
     // and the editor begins with it: kept on purpose (test
     // AlarmPage.TheEditorShowsTheAlarmOfTheLastClickAfterARefreshToo).
     AlarmRow selected_;
-    // Changes that did not get to one phone, by the alarm's id: each stands in the next editor of
-    // that alarm.
-    OfEachPhone<std::map<std::uint32_t, AlarmForm>> unsaved_;
-    std::optional<AlarmForm> unsavedNew_;  // a new alarm that did not get to any phone
+    UnsavedForms<AlarmForm> unsaved_;
 };
 
 }  // namespace quorvi

@@ -3,13 +3,11 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <initializer_list>
-#include <utility>
 
 #include "pages/bookmarks/BookmarkAddress.h"
 #include "pages/bookmarks/BookmarkEditDlg.h"
 #include "pages/bookmarks/BookmarkSyncDlg.h"
 #include "pages/kit/CountLine.h"
-#include "pages/kit/FormEditor.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -196,13 +194,7 @@ void CBookmarkPage::OnCommand(int index) {
 }
 
 void CBookmarkPage::AddBookmark() {
-    auto* editor = new CBookmarkEditDlg(Host(), this, agent_);
-    if (const auto form = std::exchange(unsavedNew_, std::nullopt)) {
-        editor->Resume(*form);
-    }
-    OpenEditor(
-        editor, [this](const BookmarkForm& form) { unsavedNew_ = form; },
-        [this] { RefreshBookmarks(); });
+    unsaved_.OpenNew(new CBookmarkEditDlg(Host(), this, agent_), [this] { RefreshBookmarks(); });
 }
 
 void CBookmarkPage::EditSelected() {
@@ -210,16 +202,8 @@ void CBookmarkPage::EditSelected() {
     if (!id) {
         return;
     }
-    auto* editor = new CBookmarkEditDlg(Host(), *id, selected_, this, agent_);
-    auto& here = unsaved_.Here();
-    // One that the phone has by now, as its row shows, is given up.
-    if (const auto form = here.extract(*id);
-        form && SettingsOf(form.mapped()) != SettingsOf(selected_)) {
-        editor->Resume(form.mapped());
-    }
-    OpenEditor(
-        editor, [&here, id = *id](const BookmarkForm& form) { here[id] = form; },
-        [this] { RefreshBookmarks(); });
+    unsaved_.OpenOf(new CBookmarkEditDlg(Host(), *id, selected_, this, agent_), *id, selected_,
+                    [this] { RefreshBookmarks(); });
 }
 
 void CBookmarkPage::DeleteTicked() {

@@ -2,15 +2,12 @@
 // added, changed and deleted.
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <optional>
 #include <string_view>
 
 #include "pages/bookmarks/BookmarkForm.h"
 #include "pages/bookmarks/BookmarkListCtrl.h"
+#include "pages/kit/FormEditor.h"
 #include "pages/kit/ListRoad.h"
-#include "pages/kit/OfEachPhone.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/page/Page.h"
@@ -61,10 +58,7 @@ class CBookmarkPage : public Page, private ListObserver {
     // is, and the editor begins with it: kept on purpose (test
     // BookmarkPage.TheEditorShowsTheBookmarkOfTheLastClickAfterARefreshToo).
     BookmarkForm selected_;
-    // Changes that did not get to one phone, by the bookmark's id: each stands in the next editor
-    // of that bookmark.
-    OfEachPhone<std::map<std::uint32_t, BookmarkForm>> unsaved_;
-    std::optional<BookmarkForm> unsavedNew_;  // a new bookmark that did not get to any phone
+    UnsavedForms<BookmarkForm> unsaved_;
 };
 
 }  // namespace quorvi

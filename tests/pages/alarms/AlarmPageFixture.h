@@ -5,23 +5,15 @@
 
 #include "pages/alarms/AlarmPage.h"
 #include "tests/pages/alarms/AlarmReplies.h"
-#include "tests/support/AgentPageTest.h"
-#include "tests/support/ControlDriver.h"
-#include "tests/support/DialogDriver.h"
+#include "tests/support/EditorPageTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {
 
-class AlarmPage : public AgentPageTest<CAlarmPage, AgentCommand::listAlarms> {
+class AlarmPage
+    : public EditorPageTest<CAlarmPage, AgentCommand::listAlarms, CAlarmListCtrl, 1090, 551> {
   protected:
-    // Dialogs that the page opens, and their buttons.
-    static constexpr int kEditor = 551;
-    static constexpr int kConfirm = 548;
-    static constexpr int kNothingChecked = 682;
-    static constexpr int kOk = 1215;
-    static constexpr int kCancel = 1021;
-
     const std::vector<ListedAlarm> three_{
         {.id = 0x500000007},
         {.id = 8, .hour = 12, .minute = 30, .days = 0, .enabled = 0, .vibrate = 1, .label = "午饭"},
@@ -35,42 +27,12 @@ class AlarmPage : public AgentPageTest<CAlarmPage, AgentCommand::listAlarms> {
         agent_.AnswerAcknowledged(AgentCommand::deleteAlarms);
     }
 
-    CAlarmPage& OpenAt(std::uint16_t port) {
-        MakeAt(port).show();
-        return *page_;
-    }
-    CAlarmPage& Open() { return OpenAt(agent_.Port()); }
-    CAlarmPage& OpenLoaded() {
-        CAlarmPage& page = Open();
-        page.Load();
-        WaitForLoads(1);
-        return page;
-    }
+    using EditorPageTest::OpenLoaded;
     CAlarmPage& OpenLoaded(const std::vector<ListedAlarm>& alarms) {
-        agent_.AnswerPayload(AgentCommand::listAlarms, AlarmsPayload(alarms).Get());
-        return OpenLoaded();
+        return EditorPageTest::OpenLoaded(AlarmsPayload(alarms));
     }
 
-    CAlarmListCtrl& List() { return *FindControl<CAlarmListCtrl>(page_.get(), 1090); }
-    Cell At(int row, int column) { return List().CellAt(row, column); }
-    void Click(int row) { ClickCell(List(), row, 1); }
-    void LoadAgain() {
-        page_->Load();
-        ASSERT_TRUE(WaitFor([&] { return List().State() != ListState::loading; }));
-    }
-    // Waits for the editor that a command or a click opens.
-    SkinDialog* Editor() {
-        EXPECT_TRUE(WaitFor([] { return OpenDialog(kEditor) != nullptr; }));
-        return OpenDialog(kEditor);
-    }
     QLineEdit& Label() { return *FindControl<QLineEdit>(Editor(), 1257); }
-    QString State() { return Editor()->findChild<CSkinStateLabel*>()->text(); }
-    // Ends the editor, and lets all come to its end that follows.
-    void EndBy(int button) {
-        PressIn(kEditor, button);
-        ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
-        Settle();
-    }
     std::optional<std::uint32_t> Selected() { return host_.selection.Id(PageSelection::kAlarm); }
 };
 
