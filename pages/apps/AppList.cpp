@@ -36,13 +36,10 @@ AppList ParseAppList(const SharedReply& reply) {
 }
 
 AppListReply FetchAppList(const AgentSession& session, const AgentSession::Progress& progress) {
-    PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::listApplications), progress,
-                                            NoDataWord::isALength);
-    AppListReply read{reply.outcome, {}};
-    if (reply.HasPayload()) {
-        read.list = ParseAppList(ShareReply(std::move(reply.buffer)));
-    }
-    return read;
+    return FetchList<AppRecord>(
+        session, BareRequest(AgentCommand::listApplications), progress,
+        [](ReplyBuffer&& reply) { return ParseAppList(ShareReply(std::move(reply))); },
+        NoDataWord::isALength);
 }
 
 std::string InstalledText(std::uint64_t milliseconds) {

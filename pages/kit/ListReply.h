@@ -57,12 +57,14 @@ template <typename Row, typename Take>
     return list;
 }
 
-// One session that reads a list. `parse` takes the reply's ReplyBuffer and gives a ReadList.
+// One session that reads a list. `parse` takes the reply's ReplyBuffer and gives a ReadList;
+// `noData` is for the one list that takes NoDataMark for a length.
 template <typename Row, typename Parse>
 [[nodiscard]] ListReply<Row> FetchList(const AgentSession& session,
                                        std::span<const std::byte> request,
-                                       const AgentSession::Progress& progress, Parse parse) {
-    PayloadReply reply = session.RunPayload(request, progress);
+                                       const AgentSession::Progress& progress, Parse parse,
+                                       NoDataWord noData = NoDataWord::endsTheReply) {
+    PayloadReply reply = session.RunPayload(request, progress, noData);
     ListReply<Row> read{reply.outcome, {}};
     if (reply.HasPayload()) {
         read.list = parse(std::move(reply.buffer));
