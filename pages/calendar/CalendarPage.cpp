@@ -9,6 +9,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
+#include "ui/kit/SkinLabels.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -59,13 +60,7 @@ class VerticalRule : public QWidget {
 
 QLabel* MakeText(int number, std::u8string_view text, Size size, bool bold, Color color,
                  QWidget* parent) {
-    auto* label = SetControlNumber(new QLabel(ToQString(text), parent), number);
-    label->setFont(look::font(size, bold));
-    label->setTextFormat(Qt::PlainText);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, look::color(color));
-    label->setPalette(palette);
-    return label;
+    return SetControlNumber(new PlainLabel(ToQString(text), size, color, parent, bold), number);
 }
 
 void Fill(QComboBox& box, const QStringList& entries, int selected) {

@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "ui/kit/PlainTip.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/SkinLabels.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -48,13 +49,8 @@ std::size_t CountFaults(const RecipientList& list) {
 }
 
 QLabel* MakeLabel(Color color, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setFont(look::font(Size::s12));
-    label->setTextFormat(Qt::PlainText);
+    auto* label = new PlainLabel({}, Size::s12, color, parent);
     label->setFixedHeight(Metric::textLine);
-    QPalette ink = label->palette();
-    ink.setColor(QPalette::WindowText, look::color(color));
-    label->setPalette(ink);
     return label;
 }
 

@@ -7,6 +7,7 @@
 
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/SkinLabels.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
 #include "ui/page/OpenOnDesktop.h"
@@ -30,13 +31,7 @@ constexpr int kHeadingLabel = 1138;
 constexpr std::u8string_view kSearchAddress = u8"https://duckduckgo.com/?q=";
 
 QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink) {
-    auto* label = new QLabel(ToQString(text));
-    label->setFont(look::font(Size::s13));
-    label->setTextFormat(Qt::PlainText);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, look::color(color));
-    label->setPalette(palette);
-    return label;
+    return new PlainLabel(ToQString(text), Size::s13, color);
 }
 
 }  // namespace

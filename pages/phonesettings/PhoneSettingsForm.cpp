@@ -77,9 +77,7 @@ QString CaptionOf(PhoneSetting setting) {
 
 // Icon, caption and, at the right end, the control.
 QHBoxLayout* Line(QStringView icon, PhoneSetting setting, QWidget* control, QWidget* parent) {
-    auto* caption = new QLabel(CaptionOf(setting), parent);
-    caption->setFont(look::font(look::Size::s13));
-    caption->setTextFormat(Qt::PlainText);
+    auto* caption = new PlainLabel(CaptionOf(setting), look::Size::s13, look::Color::ink, parent);
     auto* line = new QHBoxLayout;
     line->setSpacing(0);
     line->addWidget(new SettingIcon(icon, parent));

@@ -41,12 +41,7 @@ constexpr int kProtocolWritten = 40;
 constexpr int kRepaired = 100;
 
 QLabel* Line(std::u8string_view text, Color ink) {
-    auto* label = new QLabel(ToQString(text));
-    label->setFont(look::font(Size::s12));
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, look::color(ink));
-    label->setPalette(palette);
-    return label;
+    return new PlainLabel(ToQString(text), Size::s12, ink);
 }
 
 template <typename Control>

@@ -26,20 +26,14 @@ constexpr int kRelease = 1180;
 
 constexpr std::u8string_view kNotKnown = u8"N/A";
 
-QLabel* Line(const QString& text, look::Size size, Color ink, bool bold = false) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setFont(look::font(size, bold));
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, look::color(ink));
-    label->setPalette(palette);
-    return label;
+QLabel* Value(Color ink) {
+    return new PlainLabel(ToQString(kNotKnown), look::Size::s13, ink, nullptr, true);
 }
 
 QHBoxLayout* Fact(std::u8string_view caption, QLabel* value) {
     auto* fact = new QHBoxLayout;
     fact->setSpacing(Metric::gap3);
-    fact->addWidget(Line(ToQString(caption), look::Size::s12, Color::ink2));
+    fact->addWidget(new RemarkLabel(ToQString(caption)));
     fact->addWidget(value);
     return fact;
 }
@@ -50,8 +44,7 @@ CTaskPage::CTaskPage(PageHost& host, const Services& services, QWidget* parent)
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
       list_(new TaskListCtrl(this)),
-      freeMemory_(SetControlNumber(Line(ToQString(kNotKnown), look::Size::s13, Color::ink, true),
-                                   kFreeMemory)),
+      freeMemory_(SetControlNumber(Value(Color::ink), kFreeMemory)),
       road_({.host = host,
              .window = *this,
              .controls = *this,
@@ -83,7 +76,7 @@ QWidget* CTaskPage::MakeFoot() {
     auto* group =
         SetControlNumber(new CSkinGroupBox(ToQString(u8"Quorvi 手机任务管理器统计信息")), kGroup);
     group->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    auto* cpu = Line(ToQString(kNotKnown), look::Size::s13, Color::ink2, true);
+    auto* cpu = Value(Color::ink2);
     cpu->setObjectName(QStringLiteral("cpuShare"));
     cpu->setFixedHeight(Metric::hitHeight);
     auto* facts = new QHBoxLayout(group);

@@ -88,27 +88,23 @@ ConnectionBannerLabel::ConnectionBannerLabel(QWidget* parent) : CSkinStateLabel(
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
-namespace {
-
-void SetPlainText(QLabel& label, Size size, Color ink) {
-    label.setFont(look::font(size));
-    label.setTextFormat(Qt::PlainText);
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, look::color(ink));
-    label.setPalette(palette);
+PlainLabel::PlainLabel(const QString& text, Size size, Color ink, QWidget* parent, bool bold)
+    : QLabel(text, parent) {
+    setFont(look::font(size, bold));
+    setTextFormat(Qt::PlainText);
+    QPalette inks = palette();
+    inks.setColor(QPalette::WindowText, look::color(ink));
+    setPalette(inks);
 }
 
-}  // namespace
-
-FormCaption::FormCaption(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    SetPlainText(*this, Size::s13, Color::ink2);
+FormCaption::FormCaption(const QString& text, QWidget* parent)
+    : PlainLabel(text, Size::s13, Color::ink2, parent) {
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setFixedSize(Metric::formCaption, Metric::fieldHeight);
 }
 
-RemarkLabel::RemarkLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    SetPlainText(*this, Size::s12, Color::ink2);
-}
+RemarkLabel::RemarkLabel(const QString& text, QWidget* parent)
+    : PlainLabel(text, Size::s12, Color::ink2, parent) {}
 
 CSkinProgress::CSkinProgress(QWidget* parent) : QProgressBar(parent) {
     setRange(0, 100);

@@ -43,15 +43,23 @@ class ConnectionBannerLabel : public CSkinStateLabel {
     explicit ConnectionBannerLabel(QWidget* parent = nullptr);
 };
 
+// A text of one size and ink, in which no markup counts.
+class PlainLabel : public QLabel {
+    Q_OBJECT
+  public:
+    PlainLabel(const QString& text, look::Size size, look::Color ink, QWidget* parent = nullptr,
+               bool bold = false);
+};
+
 // The caption before a field of a form, 64 wide, right aligned.
-class FormCaption : public QLabel {
+class FormCaption : public PlainLabel {
     Q_OBJECT
   public:
     explicit FormCaption(const QString& text, QWidget* parent = nullptr);
 };
 
-// A remark beside or under something else: 12 in the second ink, plain text.
-class RemarkLabel : public QLabel {
+// A remark beside or under something else: 12 in the second ink.
+class RemarkLabel : public PlainLabel {
     Q_OBJECT
   public:
     explicit RemarkLabel(const QString& text = {}, QWidget* parent = nullptr);
