@@ -1,24 +1,17 @@
 // A form that is posted to the site, and the site's reply as text.
 #pragma once
 
-#include <chrono>
-#include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace quorvi {
+#include "online/HttpTransfer.h"
 
-// How long the site has, and how much it may say.
-struct PostLimits {
-    std::chrono::milliseconds connect = std::chrono::seconds(15);
-    std::chrono::milliseconds total = std::chrono::seconds(60);
-    std::size_t reply = 4 << 20;  // bytes
-};
+namespace quorvi {
 
 // A local object of one worker: Post waits for the site.
 class CHttpForm {
   public:
-    explicit CHttpForm(PostLimits limits = {}) : limits_(limits) {}
+    explicit CHttpForm(HttpLimits limits = {}) : limits_(limits) {}
 
     // Appends a field to the body, in the form a=1&b=2&. Neither text is encoded in any way: a
     // value that holds '&' or '=' reaches the site as several fields. Kept on purpose, since the
@@ -35,7 +28,7 @@ class CHttpForm {
     [[nodiscard]] std::string Post(const std::string& url) const;
 
   private:
-    PostLimits limits_;
+    HttpLimits limits_;
     std::string body_;
 };
 

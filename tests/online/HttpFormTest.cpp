@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "online/HttpForm.h"
+#include "tests/online/SiteFaults.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/SiteServer.h"
@@ -14,11 +15,6 @@ namespace quorvi {
 namespace {
 
 using namespace std::chrono_literals;
-
-Bytes BytesOf(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
 
 std::string TextOf(const Exchange& exchange) {
     std::string text;
@@ -34,7 +30,7 @@ std::string UrlOf(std::uint16_t port) {
 
 // What a form with one field makes of this answer.
 std::string ReplyTo(std::string_view answer, Answer::End end = Answer::End::close,
-                    PostLimits limits = {}) {
+                    HttpLimits limits = {}) {
     LoopbackAgent site({.bytes = BytesOf(answer), .end = end});
     CHttpForm form(limits);
     form.AddField("a", "1");
