@@ -39,8 +39,8 @@ std::string StoreCheckDocument(const DeviceIdentity& identity,
 }
 
 std::string AskService(const Deployment& deployment, const Service& service,
-                       std::string_view document) {
-    CHttpForm form;
+                       std::string_view document, const HttpLimits& limits) {
+    CHttpForm form(limits);
     form.AddField(service.field, document);
     return form.Post(ServiceUrl(deployment, service));
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/Deployment.h"
+#include "online/HttpTransfer.h"
 
 namespace quorvi {
 
@@ -39,6 +40,6 @@ struct DeviceIdentity {
 
 // Posts the document to the service and gives the reply, in UTF-8; see CHttpForm::Post. Waits.
 [[nodiscard]] std::string AskService(const Deployment& deployment, const Service& service,
-                                     std::string_view document);
+                                     std::string_view document, const HttpLimits& limits = {});
 
 }  // namespace quorvi
