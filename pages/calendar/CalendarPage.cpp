@@ -1,7 +1,6 @@
 #include "pages/calendar/CalendarPage.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QVBoxLayout>
 
 #include "pages/calendar/CalendarGrid.h"
@@ -10,6 +9,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
 #include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinPanels.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -31,32 +31,6 @@ constexpr int kBackButton = 1111;
 constexpr int kForwardButton = 1112;
 
 constexpr int kMonths = 12;
-
-// A white plate with round corners.
-class Panel : public QWidget {
-  public:
-    using QWidget::QWidget;
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        look::plate(painter, rect(), Metric::radiusPanel, look::color(Color::surface),
-                    look::color(Color::line));
-    }
-};
-
-class VerticalRule : public QWidget {
-  public:
-    explicit VerticalRule(QWidget* parent) : QWidget(parent) {
-        setFixedSize(Metric::hairline, Metric::calendarPanelRule);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        look::fill(painter, rect(), look::color(Color::line2));
-    }
-};
 
 QLabel* MakeText(int number, std::u8string_view text, Size size, bool bold, Color color,
                  QWidget* parent) {
@@ -141,13 +115,13 @@ QWidget* CalendarPage::MakeBar() {
 }
 
 QWidget* CalendarPage::MakePanel() {
-    auto* panel = new Panel(this);
+    auto* panel = new SkinPanel(this);
     panel->setFixedHeight(Metric::calendarPanel);
     auto* layout = new QHBoxLayout(panel);
     layout->setContentsMargins(Metric::gap5, 0, Metric::gap5, 0);
     layout->setSpacing(Metric::gap4);
     layout->addWidget(weekday_);
-    layout->addWidget(new VerticalRule(panel));
+    layout->addWidget(new PanelRule(Qt::Vertical, Metric::calendarPanelRule, panel));
     layout->addWidget(line_, 1);
     return panel;
 }

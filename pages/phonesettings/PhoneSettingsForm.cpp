@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QVBoxLayout>
 #include <chrono>
 #include <optional>
@@ -14,6 +13,7 @@
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
+#include "ui/kit/SkinPanels.h"
 
 namespace quorvi {
 namespace {
@@ -55,22 +55,6 @@ constexpr Row kSoundAndScreenRows[] = {
 // After this time a form that is locked is drawn so.
 constexpr std::chrono::milliseconds kLasting{100};
 
-class SettingIcon : public QWidget {
-  public:
-    SettingIcon(QStringView name, QWidget* parent) : QWidget(parent), name_(name) {
-        setFixedSize(Metric::iconTab, Metric::iconTab);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        look::drawIcon(painter, rect(), name_, Metric::iconTab, look::color(Color::plum6));
-    }
-
-  private:
-    QStringView name_;
-};
-
 QString CaptionOf(PhoneSetting setting) {
     return ToQString(RowOf(setting).caption);
 }
@@ -80,7 +64,7 @@ QHBoxLayout* Line(QStringView icon, PhoneSetting setting, QWidget* control, QWid
     auto* caption = new PlainLabel(CaptionOf(setting), look::Size::s13, look::Color::ink, parent);
     auto* line = new QHBoxLayout;
     line->setSpacing(0);
-    line->addWidget(new SettingIcon(icon, parent));
+    line->addWidget(new IconLabel(icon.toString(), Metric::iconTab, look::Color::plum6, parent));
     line->addSpacing(Metric::gap3);
     line->addWidget(caption, 1);
     line->addWidget(control);
