@@ -8,6 +8,7 @@
 #include "base/Deployment.h"
 #include "base/SettingsFile.h"
 #include "base/Text.h"
+#include "base/Version.h"
 #include "cli/CommandLine.h"
 #include "cli/CommandTable.h"
 #include "cli/Output.h"
@@ -28,8 +29,7 @@ Status Run(const std::vector<std::string>& words) {
         output.Complain(error->text);
         return Status::wrongUsage;
     }
-    output.PrintLine(std::holds_alternative<HelpWanted>(line) ? HelpText()
-                                                              : "quorvictl " QUORVI_VERSION);
+    output.PrintLine(std::holds_alternative<HelpWanted>(line) ? HelpText() : "quorvictl " + std::string(ProductVersion()));
     return Status::done;
 }
 

@@ -16,13 +16,13 @@ std::filesystem::path Resolved(const std::filesystem::path& file) {
 
 }  // namespace
 
-std::optional<std::string> ReadSmallFile(const std::filesystem::path& file) {
+std::optional<std::string> ReadSmallFile(const std::filesystem::path& file, std::size_t most) {
     std::error_code failed;
     if (!std::filesystem::is_regular_file(file, failed)) {
         return std::nullopt;
     }
     std::ifstream stream(file, std::ios::binary);
-    std::string text(kSmallFileBytes + 1, '\0');
+    std::string text(most + 1, '\0');
     stream.read(text.data(), static_cast<std::streamsize>(text.size()));
     if (stream.bad() || !stream.eof()) {
         return std::nullopt;

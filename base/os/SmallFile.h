@@ -8,11 +8,12 @@
 
 namespace quorvi {
 
-// Nothing that is read this way is larger.
+// Nothing that is read this way is larger, unless its reader says so.
 inline constexpr std::size_t kSmallFileBytes = 1024 * 1024;
 
-// The bytes of a file; nothing when it cannot be read or is larger than kSmallFileBytes.
-[[nodiscard]] std::optional<std::string> ReadSmallFile(const std::filesystem::path& file);
+// The bytes of a file; nothing when it cannot be read or is larger than `most`.
+[[nodiscard]] std::optional<std::string> ReadSmallFile(const std::filesystem::path& file,
+                                                       std::size_t most = kSmallFileBytes);
 
 enum class FileMode {
     plain,
