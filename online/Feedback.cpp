@@ -89,7 +89,7 @@ FeedbackOutcome SendFeedback(const Deployment& deployment, const FeedbackForm& f
 
 std::string AndroidVersionOf(std::int32_t api) {
     const auto index = static_cast<std::size_t>(api) - 1;
-    return index < kAndroidVersions.size() ? std::string(kAndroidVersions.at(index))
+    return index < kAndroidVersions.size() ? fmt::format("Android {}", kAndroidVersions.at(index))
                                            : fmt::format("API {}", api);
 }
 

@@ -45,8 +45,8 @@ inline constexpr int kMostFeedbacks = 5;
                                            std::int32_t client, int pc,
                                            const HttpLimits& limits = {});
 
-// The version of Android that has this API level: "2.2" for 8, "16" for 36. Of a level that is not
-// known: "API 99". The table is Android's own list of releases. ASCII.
+// The version of Android that has this API level: "Android 2.2" for 8, "Android 16" for 36. Of a
+// level that is not known: "API 99". The table is Android's own list of releases. ASCII.
 [[nodiscard]] std::string AndroidVersionOf(std::int32_t api);
 
 }  // namespace quorvi

@@ -1,12 +1,12 @@
 // The services of the site: where they are, and what is asked of them.
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "base/Deployment.h"
+#include "online/DeviceIdentity.h"
 #include "online/HttpTransfer.h"
 
 namespace quorvi {
@@ -25,13 +25,6 @@ inline constexpr Service kStoreCheckService{"apk_list", "apps"};
 inline constexpr Service kFeedbackService{"feedback", "feedback"};
 
 [[nodiscard]] std::string ServiceUrl(const Deployment& deployment, const Service& service);
-
-// What a phone says of itself. The text is ANSI.
-struct DeviceIdentity {
-    std::int32_t client = 0;  // the agent's version
-    std::int32_t api = 0;     // the API level of the phone's system
-    std::string model;
-};
 
 // The documents, in UTF-8 and in the JSON library's styled form. Texts that come in are ANSI.
 [[nodiscard]] std::string StoreLinkDocument(std::string_view package);

@@ -77,8 +77,8 @@ struct ForecastDate {
 
 // The city that the user has chosen, by its name and by its places in the lists.
 struct WeatherCity {
-    std::string province;
-    std::string city;
+    std::string province = {};
+    std::string city = {};
     std::uint32_t provinceIndex = 0;
     std::uint32_t cityIndex = 0;
 };

@@ -1,7 +1,6 @@
 #include "pages/apps/AppActions.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace quorvi {
 namespace {
@@ -30,24 +29,6 @@ Bytes RunApplicationRequest(std::string_view package) {
     const auto name = std::as_bytes(std::span(package));
     request.insert(request.end(), name.begin(), name.end());
     return request;
-}
-
-void ParseDeviceIdentity(const ReplyBuffer& reply, DeviceIdentity& identity) {
-    ReplyCursor cursor(reply);
-    identity.client = cursor.TakeInt32();
-    identity.api = cursor.TakeInt32();
-    if (auto model = cursor.TakeText()) {
-        identity.model = std::move(*model);
-    }
-}
-
-SessionOutcome ReadDeviceIdentity(const AgentSession& session, DeviceIdentity& identity) {
-    const PayloadReply reply = session.RunPayload(BareRequest(AgentCommand::deviceSummary));
-    if (!reply.HasPayload()) {
-        return reply.outcome;
-    }
-    ParseDeviceIdentity(reply.buffer, identity);
-    return reply.outcome;
 }
 
 }  // namespace quorvi

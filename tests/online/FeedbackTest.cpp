@@ -122,21 +122,21 @@ INSTANTIATE_TEST_SUITE_P(Site, FeedbackFaults,
                          testing::ValuesIn(SiteFaults("thank you, all is ok")), NameOfFault);
 
 TEST(AndroidVersionOfTest, KnowsEachLevelUpToToday) {
-    EXPECT_EQ(AndroidVersionOf(1), "1.0");
-    EXPECT_EQ(AndroidVersionOf(3), "1.5");
-    EXPECT_EQ(AndroidVersionOf(8), "2.2");
-    EXPECT_EQ(AndroidVersionOf(10), "2.3.3");
-    EXPECT_EQ(AndroidVersionOf(15), "4.0.3");
-    EXPECT_EQ(AndroidVersionOf(19), "4.4");
-    EXPECT_EQ(AndroidVersionOf(21), "5.0");
-    EXPECT_EQ(AndroidVersionOf(23), "6.0");
-    EXPECT_EQ(AndroidVersionOf(24), "7.0");
-    EXPECT_EQ(AndroidVersionOf(27), "8.1");
-    EXPECT_EQ(AndroidVersionOf(28), "9");
-    EXPECT_EQ(AndroidVersionOf(32), "12L");
-    EXPECT_EQ(AndroidVersionOf(35), "15");
-    EXPECT_EQ(AndroidVersionOf(36), "16");
-    EXPECT_EQ(AndroidVersionOf(37), "17");
+    EXPECT_EQ(AndroidVersionOf(1), "Android 1.0");
+    EXPECT_EQ(AndroidVersionOf(3), "Android 1.5");
+    EXPECT_EQ(AndroidVersionOf(8), "Android 2.2");
+    EXPECT_EQ(AndroidVersionOf(10), "Android 2.3.3");
+    EXPECT_EQ(AndroidVersionOf(15), "Android 4.0.3");
+    EXPECT_EQ(AndroidVersionOf(19), "Android 4.4");
+    EXPECT_EQ(AndroidVersionOf(21), "Android 5.0");
+    EXPECT_EQ(AndroidVersionOf(23), "Android 6.0");
+    EXPECT_EQ(AndroidVersionOf(24), "Android 7.0");
+    EXPECT_EQ(AndroidVersionOf(27), "Android 8.1");
+    EXPECT_EQ(AndroidVersionOf(28), "Android 9");
+    EXPECT_EQ(AndroidVersionOf(32), "Android 12L");
+    EXPECT_EQ(AndroidVersionOf(35), "Android 15");
+    EXPECT_EQ(AndroidVersionOf(36), "Android 16");
+    EXPECT_EQ(AndroidVersionOf(37), "Android 17");
 }
 
 TEST(AndroidVersionOfTest, ALevelThatIsNotKnownShowsItsNumber) {

@@ -5,7 +5,7 @@
 
 #include "base/Json.h"
 #include "fuzz/agent/FuzzReplyOf.h"
-#include "pages/apps/AppActions.h"
+#include "online/ServiceRequest.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto reply = quorvi::fuzz::ReplyOf({data, size});
