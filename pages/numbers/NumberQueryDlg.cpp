@@ -1,7 +1,6 @@
 #include "pages/numbers/NumberQueryDlg.h"
 
 #include <QHBoxLayout>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -26,9 +25,6 @@ constexpr int kPlaceLink = 1127;
 constexpr int kAreaCodeLabel = 1128;
 constexpr int kPostalCodeLabel = 1129;
 constexpr int kHeadingLabel = 1138;
-
-// The outside search engine that a place is looked up with; the text goes behind it.
-constexpr std::u8string_view kSearchAddress = u8"https://duckduckgo.com/?q=";
 
 QLabel* MakeLabel(std::u8string_view text, look::Color color = look::Color::ink) {
     return new PlainLabel(ToQString(text), Size::s13, color);
@@ -132,8 +128,7 @@ void NumberQueryDlg::Show(const NumberAnswer& answer) {
 
 void NumberQueryDlg::SearchPlace() {
     if (!place_->text().isEmpty()) {
-        open_(ToQString(kSearchAddress) +
-              QString::fromLatin1(QUrl::toPercentEncoding(place_->text())));
+        open_(WebSearchAddress(place_->text()));
     }
 }
 

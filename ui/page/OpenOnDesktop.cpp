@@ -3,7 +3,15 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "ui/kit/QtText.h"
+
 namespace quorvi {
+namespace {
+
+// The outside search engine; the text goes behind it.
+constexpr std::u8string_view kSearchAddress = u8"https://duckduckgo.com/?q=";
+
+}  // namespace
 
 bool OpenOnDesktop(const QString& address) {
     QUrl url(address);
@@ -11,6 +19,10 @@ bool OpenOnDesktop(const QString& address) {
         url = QUrl::fromUserInput(address);
     }
     return url.isValid() && QDesktopServices::openUrl(url);
+}
+
+QString WebSearchAddress(const QString& text) {
+    return ToQString(kSearchAddress) + QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
 }  // namespace quorvi

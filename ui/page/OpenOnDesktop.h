@@ -10,4 +10,7 @@ namespace quorvi {
 // type it. False when it is no address, or the desktop has no program for it. The window's thread.
 bool OpenOnDesktop(const QString& address);
 
+// The address at which the web is searched for a text.
+[[nodiscard]] QString WebSearchAddress(const QString& text);
+
 }  // namespace quorvi
