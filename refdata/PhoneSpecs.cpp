@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/os/SmallFile.h"
+
 namespace quorvi {
 namespace {
 
@@ -40,6 +42,11 @@ std::optional<SpecsLists> ReadSpecs(const XmlDocument& file, const SpecsChoice& 
         ReadModels(*section->Child(makers[choice.maker].Name()), choice.model, lists);
     }
     return lists;
+}
+
+std::optional<SpecsLists> ReadSpecs(const std::filesystem::path& file, const SpecsChoice& choice) {
+    const auto bytes = ReadSmallFile(file, kMostXmlBytes);
+    return bytes ? ReadSpecs(XmlDocument(*bytes), choice) : std::nullopt;
 }
 
 }  // namespace quorvi

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,6 +52,10 @@ struct SpecsLists {
 // have one name, both show what stands in the first. Nothing for a document that is no such file,
 // or has no section for the platform. Any thread, one at a time.
 [[nodiscard]] std::optional<SpecsLists> ReadSpecs(const XmlDocument& file,
+                                                  const SpecsChoice& choice);
+
+// The same of a file on the disk.
+[[nodiscard]] std::optional<SpecsLists> ReadSpecs(const std::filesystem::path& file,
                                                   const SpecsChoice& choice);
 
 // A line of a file that is not as it should be.

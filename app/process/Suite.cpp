@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/Deployment.h"
 #include "pages/devices/DeviceManagerDlg.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
@@ -44,9 +43,10 @@ MainParts Suite::WindowParts(PageMakers makers) {
                      .attribution = MakeNumberAttribution(),
                      .device = device_,
                      .desktop = machine_.desktop,
-                     .installer = installer_},
+                     .installer = installer_,
+                     .deployment = machine_.deployment},
         .makers = std::move(makers),
-        .siteAddress = QString::fromStdString(TheDeployment().siteRoot),
+        .siteAddress = QString::fromStdString(machine_.deployment.siteRoot),
         .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },
         .watchUsb = [this] { machine_.watchUsb([this](const UsbEvent& event) { OnUsb(event); }); },
         .openDeviceManager =

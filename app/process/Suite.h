@@ -7,6 +7,7 @@
 #include "agent/AgentAddress.h"
 #include "app/window/MainDlg.h"
 #include "app/window/WindowLinkFace.h"
+#include "base/Deployment.h"
 #include "link/DeviceContext.h"
 #include "link/LinkEnvironment.h"
 #include "link/PackageInstaller.h"
@@ -29,6 +30,7 @@ struct MachineParts {
     std::shared_ptr<DesktopIntegration> desktop;
     AgentAddress agent;
     LinkEnvironment link = {};
+    Deployment deployment = TheDeployment();
     // Watches for USB events from now on, and tells them on a thread of its own.
     std::function<void(UsbWatch::Listener)> watchUsb;
     // Ends the process, waiting for nobody.

@@ -11,12 +11,15 @@
 #include "pages/cleaner/CleanerPage.h"
 #include "pages/contacts/ContactPage.h"
 #include "pages/files/FilePage.h"
+#include "pages/help/HelpPage.h"
 #include "pages/messages/SmsPage.h"
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/phonesettings/PhoneSettingsPage.h"
 #include "pages/settings/SettingsPage.h"
+#include "pages/specs/PhoneSpecsPage.h"
 #include "pages/tasks/TaskPage.h"
+#include "pages/update/UpdatePage.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {
@@ -44,7 +47,8 @@ PageMakers ThePageMakers() {
         MakerOf<CSmsPage>(),           MakerOf<CCallLogPage>(),   MakerOf<CAlarmPage>(),
         MakerOf<CalendarPage>(),       MakerOf<CFilePage>(),      MakerOf<CBookmarkPage>(),
         MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
-        MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(),
+        MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(), MakerOf<PhoneSpecsPage>(),
+        MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),
     };
 }
 

@@ -60,6 +60,9 @@ inline constexpr PageNumbers kScreenshotPage{44, 602, 14};
 inline constexpr PageNumbers kTasksPage{45, 424, 15};
 inline constexpr PageNumbers kPerformancePage{46, 421};
 
+// Without a row in the navigator's table, so that nothing shows it.
+inline constexpr PageNumbers kWeatherPage{51, 530};
+
 [[nodiscard]] constexpr int TabOf(const PageNumbers& numbers) {
     return numbers.page / 10;
 }

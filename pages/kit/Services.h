@@ -1,9 +1,11 @@
-// The services: what works on while pages come and go, and belongs to none of them.
+// The services: what works on while pages come and go, and belongs to none of them; and where the
+// phone's agent and the site are.
 #pragma once
 
 #include <memory>
 
 #include "agent/AgentAddress.h"
+#include "base/Deployment.h"
 #include "base/Observed.h"
 #include "link/PackageInstaller.h"
 #include "refdata/NumberAttribution.h"
@@ -22,6 +24,7 @@ struct Services {
     DeviceContext& device;
     std::shared_ptr<DesktopIntegration> desktop;
     PackageInstaller installer;
+    Deployment deployment{};
     Observed<int> taskCount{};  // rows of the download page at its last load
 };
 

@@ -15,13 +15,17 @@ struct TestServices {
     AttributionOf attribution = MakeNumberAttribution();
     PackageInstaller installer;
 
+    // Where the site is; as delivered it is nowhere.
+    Deployment deployment;
+
     // Those of a page whose agent stands there.
     [[nodiscard]] Services At(AgentAddress agent) {
         return {.agent = agent,
                 .attribution = attribution,
                 .device = device,
                 .desktop = desktop,
-                .installer = installer};
+                .installer = installer,
+                .deployment = deployment};
     }
 };
 

@@ -444,6 +444,39 @@ struct Metric {
     static constexpr int calendarTodayInset = 6;
     static constexpr int calendarPanel = 64;
     static constexpr int calendarPanelRule = 28;
+    // phone parameters
+    static constexpr int specsPlatform = 196;
+    static constexpr int specsMaker = 160;
+    static constexpr int specsModel = 220;
+    static constexpr int specsIcon = 44;
+    static constexpr int specsCaption = 120;
+    static constexpr int specsValue = 560;
+    // versions
+    static constexpr int newsPanel = 112;
+    static constexpr int newsFactGap = 92;
+    static constexpr int newsCheck = 124;
+    static constexpr int newsHead = 38;
+    static constexpr int newsHeadFoot = 6;
+    static constexpr int newsIcon = 44;
+    static constexpr int newsKind = 120;
+    static constexpr int newsText = 560;
+    // help and feedback
+    static constexpr int helpLinks = 224;
+    static constexpr int helpLink = 56;
+    static constexpr int helpLinkText = 156;
+    static constexpr int helpCaption = 112;
+    static constexpr int helpSend = 110;
+    // weather
+    static constexpr int weatherToday = 240;
+    static constexpr int weatherIcon = 64;
+    static constexpr int forecastHeight = 212;
+    static constexpr int forecastDay = 150;
+    static constexpr int forecastDate = 140;
+    static constexpr int forecastWeather = 160;
+    static constexpr int forecastTemperature = 130;
+    static constexpr int forecastWind = 140;
+    static constexpr int cityWidth = 360;
+    static constexpr int cityHeight = 206;
     // phone settings
     static constexpr int settingsGroup = 190;
     static constexpr int settingsRow = 44;
