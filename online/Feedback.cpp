@@ -8,6 +8,7 @@
 
 #include "base/Json.h"
 #include "base/Text.h"
+#include "base/os/KernelRelease.h"
 #include "online/CheckSum.h"
 #include "online/ServiceRequest.h"
 
@@ -71,7 +72,7 @@ std::string FeedbackDocument(const FeedbackForm& form, std::int32_t client, int 
 }
 
 FeedbackOutcome SendFeedback(const Deployment& deployment, const FeedbackForm& form,
-                             std::int32_t client, int pc, const HttpLimits& limits) {
+                             std::int32_t client, const HttpLimits& limits) {
     if (LengthOf(form.content) < kShortestContent) {
         return FeedbackOutcome::contentTooShort;
     }
@@ -82,7 +83,8 @@ FeedbackOutcome SendFeedback(const Deployment& deployment, const FeedbackForm& f
         return FeedbackOutcome::modelTooShort;
     }
     const std::string reply =
-        AskService(deployment, kFeedbackService, FeedbackDocument(form, client, pc), limits);
+        AskService(deployment, kFeedbackService,
+                   FeedbackDocument(form, client, KernelReleaseNumber()), limits);
     return reply.find("ok") == std::string::npos ? FeedbackOutcome::failed
                                                  : FeedbackOutcome::received;
 }

@@ -36,14 +36,13 @@ enum class FeedbackOutcome { contentTooShort, firmwareTooShort, modelTooShort, f
 inline constexpr int kMostFeedbacks = 5;
 
 // The document in UTF-8. `client` is the version of the agent on the phone, 0 for none; `pc` the
-// number of the system's release (ReleaseNumber).
+// number of the system's release (KernelReleaseNumber), which SendFeedback takes.
 [[nodiscard]] std::string FeedbackDocument(const FeedbackForm& form, std::int32_t client, int pc);
 
 // Looks at content, firmware and model, in this order, and sends what is long enough: 4, 2 and 2
 // characters. Waits.
 [[nodiscard]] FeedbackOutcome SendFeedback(const Deployment& deployment, const FeedbackForm& form,
-                                           std::int32_t client, int pc,
-                                           const HttpLimits& limits = {});
+                                           std::int32_t client, const HttpLimits& limits = {});
 
 // The version of Android that has this API level: "Android 2.2" for 8, "Android 16" for 36. Of a
 // level that is not known: "API 99". The table is Android's own list of releases. ASCII.

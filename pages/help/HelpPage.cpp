@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "base/os/KernelRelease.h"
 #include "pages/kit/PageSession.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -184,7 +183,7 @@ void HelpPage::Send() {
             state_->SetState(CSkinStateLabel::kBlue, ToQString(u8"正在提交，请稍等..."));
         },
         [site = site_, form = Form(), client = client_] {
-            return SendFeedback(site, form, client, KernelReleaseNumber());
+            return SendFeedback(site, form, client);
         },
         [this](FeedbackOutcome outcome) { Show(outcome); });
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "base/os/KernelRelease.h"
 #include "online/CheckSum.h"
 #include "online/Feedback.h"
 #include "tests/online/SiteFaults.h"
@@ -21,7 +22,7 @@ FeedbackForm WholeForm() {
 FeedbackOutcome Send(const FeedbackForm& form, std::string_view reply = "ok") {
     const SiteServer site;
     site.Serve("feedback/feedback.php", reply);
-    return SendFeedback({.siteRoot = site.Root()}, form, 20, 61);
+    return SendFeedback({.siteRoot = site.Root()}, form, 20);
 }
 
 TEST(FeedbackDocumentTest, HasItsMembersByName) {
@@ -46,10 +47,9 @@ TEST(FeedbackDocumentTest, HasItsMembersByName) {
 TEST(SendFeedbackTest, PostsTheDocumentAsItsField) {
     const SiteServer site;
     site.Serve("feedback/feedback.php", "ok");
-    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, WholeForm(), 20, 61),
-              FeedbackOutcome::received);
+    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, WholeForm(), 20), FeedbackOutcome::received);
     EXPECT_EQ(site.Requests(1).at(0).body,
-              "feedback=" + FeedbackDocument(WholeForm(), 20, 61) + "&");
+              "feedback=" + FeedbackDocument(WholeForm(), 20, KernelReleaseNumber()) + "&");
 }
 
 TEST(SendFeedbackTest, TheLettersOkAnywhereInTheReplyAreEnough) {
@@ -74,10 +74,9 @@ TEST(SendFeedbackTest, AContentOfThreeCharactersIsRefusedWithoutARequest) {
     site.Serve("feedback/feedback.php", "ok");
     FeedbackForm form = WholeForm();
     form.content = Ansi(u8"很好用");
-    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, form, 0, 0),
-              FeedbackOutcome::contentTooShort);
+    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, form, 0), FeedbackOutcome::contentTooShort);
     form.content = Ansi(u8"很好用!");
-    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, form, 0, 0), FeedbackOutcome::received);
+    EXPECT_EQ(SendFeedback({.siteRoot = site.Root()}, form, 0), FeedbackOutcome::received);
     EXPECT_EQ(site.Requests(1).size(), 1U);
 }
 
@@ -113,7 +112,7 @@ TEST_P(FeedbackFaults, AreAFailedPost) {
     const SiteFault& fault = GetParam();
     LoopbackAgent site({.bytes = BytesOf(fault.answer), .end = fault.end});
     EXPECT_EQ(SendFeedback({.siteRoot = fmt::format("http://127.0.0.1:{}/", site.Port())},
-                           WholeForm(), 0, 0, fault.limits),
+                           WholeForm(), 0, fault.limits),
               FeedbackOutcome::failed);
 }
 
