@@ -6,17 +6,6 @@
 namespace quorvi {
 namespace {
 
-TEST(IsPackageNameTest, KnowsLettersDigitsUnderscoresAndDots) {
-    EXPECT_TRUE(IsPackageName("com.example.App_2"));
-    EXPECT_TRUE(IsPackageName("android"));
-}
-
-TEST(IsPackageNameTest, NoOtherNameIsOne) {
-    for (const char* name : {"", "a b", "a -k", "-k", "a;b", "a/b", "a\nb", "\xC4\xE3"}) {
-        EXPECT_FALSE(IsPackageName(name)) << name;
-    }
-}
-
 TEST(RunApplicationRequestTest, HasItsOwnFrame) {
     const WireBytes expected = WireBytes()
                                    .U32(870805)  // command
