@@ -25,9 +25,11 @@ class FileDescriptor {
     [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
     [[nodiscard]] int Get() const { return descriptor_; }
 
+    // Gives it away, open.
+    [[nodiscard]] int Release() { return std::exchange(descriptor_, -1); }
     void Close() {
         if (IsOpen()) {
-            close(std::exchange(descriptor_, -1));
+            close(Release());
         }
     }
 
