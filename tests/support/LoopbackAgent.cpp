@@ -47,6 +47,7 @@ void LoopbackAgent::Serve(const TcpSocket& socket) {
     if (first > 0) {
         Append(exchange.firstPiece, std::span(chunk).first(static_cast<std::size_t>(first)));
     }
+    ++accepted_;
     std::span<const std::byte> left = answer_.bytes;
     while (!left.empty()) {
         const std::size_t count = answer_.piece == 0 ? left.size() : answer_.piece;

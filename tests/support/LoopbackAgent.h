@@ -2,6 +2,7 @@
 // same answer, right or wrong.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -49,6 +50,8 @@ class LoopbackAgent {
 
     // Zero when the port could not be had.
     [[nodiscard]] std::uint16_t Port() const { return port_; }
+    // Connections so far that have asked something.
+    [[nodiscard]] std::size_t Accepted() const { return accepted_; }
     // Waits until `count` connections have ended, and gives them in the order of their ends.
     [[nodiscard]] std::vector<Exchange> Exchanges(std::size_t count);
 
@@ -59,6 +62,7 @@ class LoopbackAgent {
     Answer answer_;
     TcpSocket listener_;
     std::uint16_t port_ = 0;
+    std::atomic<std::size_t> accepted_ = 0;
     std::mutex mutex_;
     std::vector<Exchange> exchanges_;
     std::thread thread_;

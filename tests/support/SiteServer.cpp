@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "base/Json.h"
+#include "base/Text.h"
 #include "tests/support/LoopbackPort.h"
 
 namespace quorvi {
@@ -41,10 +42,11 @@ http {{
   client_body_buffer_size 1m;
   client_max_body_size 64m;
   log_format requests escape=json
-    '{{"line":"$request","type":"$http_content_type","accept":"$http_accept","body":"$request_body"}}';
+    '{{"line":"$request","type":"$http_content_type","accept":"$http_accept","body":"$request_body","range":"$http_range"}}';
   server {{
     listen 127.0.0.1:{port};
     access_log {folder}/{log} requests;
+    {locations}
     location / {{ proxy_pass http://unix:{folder}/inner:; }}
     location = /{moved} {{ return 301 http://127.0.0.1:{port}/elsewhere.txt; }}
     location = /{own} {{ access_log off; return 200 '{folder}'; }}
@@ -60,7 +62,8 @@ http {{
 
 }  // namespace
 
-SiteServer::SiteServer() {
+SiteServer::SiteServer(std::string_view locations)
+    : locations_(ReplaceAll(locations, "FILES", (folder_.Path() / kFiles).native())) {
     std::filesystem::create_directories(folder_.Path() / kFiles);
     for (int i = 0; i < kStarts; ++i) {
         if (Start()) {
@@ -76,7 +79,7 @@ bool SiteServer::Start() {
     std::ofstream(configuration) << fmt::format(
         kConfiguration, fmt::arg("folder", folder_.Path().native()), fmt::arg("port", port_),
         fmt::arg("log", kLog), fmt::arg("moved", kMovedPath), fmt::arg("own", kOwnPath),
-        fmt::arg("files", kFiles));
+        fmt::arg("files", kFiles), fmt::arg("locations", locations_));
     std::filesystem::remove(folder_.Path() / "inner");
     server_ = std::make_unique<e2e::Process>(
         std::vector<std::string>{"nginx", "-p", folder_.Path(), "-c", configuration},
@@ -133,7 +136,8 @@ std::vector<SiteRequest> SiteServer::Requests(std::size_t count) const {
                 break;  // half written
             }
             requests.push_back({(*noted)["line"].asString(), (*noted)["type"].asString(),
-                                (*noted)["accept"].asString(), (*noted)["body"].asString()});
+                                (*noted)["accept"].asString(), (*noted)["body"].asString(),
+                                (*noted)["range"].asString()});
         }
         if (requests.size() >= count || std::chrono::steady_clock::now() >= until) {
             return requests;

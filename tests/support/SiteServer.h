@@ -19,12 +19,15 @@ struct SiteRequest {
     std::string contentType;
     std::string accept;
     std::string body;
+    std::string range;
 };
 
 // Serves files, to GET and POST alike. Runs until the object goes. Throws where no server starts.
 class SiteServer {
   public:
-    SiteServer();
+    // `locations` is configuration of the server's own for some of its paths, in which FILES stands
+    // for the folder of what Serve puts there.
+    explicit SiteServer(std::string_view locations = {});
 
     // http://127.0.0.1:PORT/
     [[nodiscard]] std::string Root() const;
@@ -42,6 +45,7 @@ class SiteServer {
     [[nodiscard]] bool Answers() const;
 
     TemporaryFolder folder_;
+    std::string locations_;
     std::uint16_t port_ = 0;
     std::unique_ptr<e2e::Process> server_;
 };
