@@ -1,0 +1,128 @@
+#include "download/HttpDownloader.h"
+
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace quorvi {
+
+struct CHttpDownloader::State {
+    explicit State(TransferLimits how) : limits(how) {}
+
+    const TransferLimits limits;
+    std::mutex mutex;  // guards all below, and is never held while an event is told
+    std::weak_ptr<IDownloadSink> sink;
+    std::string url;
+    std::filesystem::path target;
+    ResponseHead lastHead;  // of any run; nothing ever takes it back
+    DownloadFault fault = DownloadFault::none;
+    std::vector<std::shared_ptr<StopSignal>> runs;
+    const StopSignal* latest = nullptr;  // of the run that was started last
+};
+
+// What one run has of the engine.
+class CHttpDownloader::Run : public TransferFace {
+  public:
+    explicit Run(std::shared_ptr<State> state) : state_(std::move(state)) {
+        const std::lock_guard lock(state_->mutex);
+        url_ = state_->url;
+        target_ = state_->target;
+        state_->runs.push_back(stop_);
+        state_->latest = stop_.get();
+    }
+    ~Run() override {
+        const std::lock_guard lock(state_->mutex);
+        std::erase(state_->runs, stop_);
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    void Go() { Transfer(*this, *stop_, state_->limits, url_, target_, LastHead()).Run(); }
+
+    void Tell(DownloadEvent event, std::int32_t speed, std::int32_t percent) override {
+        std::shared_ptr<IDownloadSink> sink;
+        {
+            const std::lock_guard lock(state_->mutex);
+            state_->fault = fault_;
+            sink = state_->sink.lock();
+        }
+        if (sink != nullptr) {
+            sink->OnDownloadEvent(event, speed, percent);
+        }
+    }
+    void Fail(DownloadFault fault) override { fault_ = fault; }
+    void Redirected(const std::string& url) override {
+        const std::lock_guard lock(state_->mutex);
+        if (state_->latest == stop_.get()) {
+            state_->url = url;
+        }
+    }
+    void Answered(const ResponseHead& head) override {
+        const std::lock_guard lock(state_->mutex);
+        state_->lastHead = head;
+    }
+
+  private:
+    ResponseHead LastHead() {
+        const std::lock_guard lock(state_->mutex);
+        return state_->lastHead;
+    }
+
+    const std::shared_ptr<State> state_;
+    const std::shared_ptr<StopSignal> stop_ = std::make_shared<StopSignal>();
+    std::string url_;
+    std::filesystem::path target_;
+    DownloadFault fault_ = DownloadFault::none;
+};
+
+CHttpDownloader::CHttpDownloader(TransferLimits limits) : state_(std::make_shared<State>(limits)) {}
+
+void CHttpDownloader::SetSink(std::weak_ptr<IDownloadSink> sink) {
+    const std::lock_guard lock(state_->mutex);
+    state_->sink = std::move(sink);
+}
+
+void CHttpDownloader::SetJob(std::string url, std::filesystem::path target) {
+    const std::lock_guard lock(state_->mutex);
+    state_->url = std::move(url);
+    state_->target = std::move(target);
+}
+
+void CHttpDownloader::Start() {
+    const auto run = std::make_shared<Run>(state_);
+    try {
+        std::thread([run] { run->Go(); }).detach();
+    } catch (const std::system_error&) {
+        run->Tell(DownloadEvent::refused, -1, -1);
+    }
+}
+
+void CHttpDownloader::Stop() {
+    std::vector<std::shared_ptr<StopSignal>> runs;
+    {
+        const std::lock_guard lock(state_->mutex);
+        runs = state_->runs;
+    }
+    for (const auto& run : runs) {
+        run->Stop();
+    }
+}
+
+std::string CHttpDownloader::Url() const {
+    const std::lock_guard lock(state_->mutex);
+    return state_->url;
+}
+
+DownloadFault CHttpDownloader::Fault() const {
+    const std::lock_guard lock(state_->mutex);
+    return state_->fault;
+}
+
+bool CHttpDownloader::IsIdle() const {
+    const std::lock_guard lock(state_->mutex);
+    return state_->runs.empty();
+}
+
+}  // namespace quorvi
