@@ -63,8 +63,8 @@ http {{
 }  // namespace
 
 SiteServer::SiteServer(std::string_view locations)
-    : locations_(ReplaceAll(locations, "FILES", (folder_.Path() / kFiles).native())) {
-    std::filesystem::create_directories(folder_.Path() / kFiles);
+    : locations_(ReplaceAll(locations, "FILES", Files().native())) {
+    std::filesystem::create_directories(Files());
     for (int i = 0; i < kStarts; ++i) {
         if (Start()) {
             return;
@@ -119,8 +119,12 @@ std::string SiteServer::Root() const {
     return fmt::format("http://127.0.0.1:{}/", port_);
 }
 
+std::filesystem::path SiteServer::Files() const {
+    return folder_.Path() / kFiles;
+}
+
 void SiteServer::Serve(std::string_view path, std::string_view content) const {
-    const std::filesystem::path file = folder_.Path() / kFiles / path;
+    const std::filesystem::path file = Files() / path;
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
 }

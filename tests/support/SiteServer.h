@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,6 +35,8 @@ class SiteServer {
 
     // What it answers for a path below the root, given without its leading slash.
     void Serve(std::string_view path, std::string_view content) const;
+    // Where those files are.
+    [[nodiscard]] std::filesystem::path Files() const;
     // The path leads to another place, by status 301 with a body of the server's own.
     static constexpr std::string_view kMovedPath = "moved/away.php";
 
