@@ -1,6 +1,7 @@
 // A blocking TCP connection to 127.0.0.1, closed with the object.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -32,6 +33,10 @@ class TcpSocket {
     // One recv that waits until all of `bytes` has come or the peer has closed; the count received,
     // less than asked after a close, or -1.
     std::ptrdiff_t ReceiveAll(std::span<std::byte> bytes) const;
+
+    // Waits until there is something to receive, the peer's close included; false when nothing has
+    // come for so long, or the socket is not open.
+    [[nodiscard]] bool WaitToReceive(std::chrono::milliseconds limit) const;
 
     void Close() { descriptor_.Close(); }
 

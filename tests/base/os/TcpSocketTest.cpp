@@ -102,5 +102,21 @@ TEST(TcpSocket, AClosedSocketFailsInsteadOfBlocking) {
     EXPECT_EQ(socket.Receive(received), -1);
 }
 
+TEST(TcpSocket, WaitingToReceiveEndsWithBytesWithACloseAndWithTheLimit) {
+    constexpr std::chrono::milliseconds kLong{10'000};
+    Pair pair = MakePair();
+    EXPECT_FALSE(pair.near.WaitToReceive(std::chrono::milliseconds(1)));
+    pair.far.Send(kFour);
+    EXPECT_TRUE(pair.near.WaitToReceive(kLong));
+    std::array<std::byte, 4> received{};
+    EXPECT_EQ(pair.near.Receive(received), 4);
+    pair.far.Close();
+    EXPECT_TRUE(pair.near.WaitToReceive(kLong));
+}
+
+TEST(TcpSocket, SocketThatIsNotOpenIsNotWaitedFor) {
+    EXPECT_FALSE(TcpSocket().WaitToReceive(std::chrono::milliseconds(10'000)));
+}
+
 }  // namespace
 }  // namespace quorvi
