@@ -6,6 +6,12 @@
 namespace quorvi {
 namespace {
 
+std::filesystem::path ConfiguredFolder(const Places& places, std::string_view name,
+                                       const char* otherwise) {
+    const std::string userDirs = ReadSmallFile(places.config / "user-dirs.dirs").value_or("");
+    return UserDirectory(userDirs, name, places.home).value_or(places.home / otherwise);
+}
+
 constexpr std::string_view kHomeVariable = "$HOME";
 
 // The text between the quotes; a backslash stands before what it takes literally.
@@ -55,9 +61,11 @@ std::optional<std::filesystem::path> UserDirectory(std::string_view file, std::s
 }
 
 std::filesystem::path DesktopFolder(const Places& places) {
-    const std::string userDirs = ReadSmallFile(places.config / "user-dirs.dirs").value_or("");
-    return UserDirectory(userDirs, "XDG_DESKTOP_DIR", places.home)
-        .value_or(places.home / "Desktop");
+    return ConfiguredFolder(places, "XDG_DESKTOP_DIR", "Desktop");
+}
+
+std::filesystem::path DocumentsFolder(const Places& places) {
+    return ConfiguredFolder(places, "XDG_DOCUMENTS_DIR", "Documents");
 }
 
 }  // namespace quorvi

@@ -12,6 +12,7 @@ TEST(DesktopFolder, StandsBelowHomeWhenNothingElseIsSaid) {
     places.home = "/nowhere/u";
     places.config = "/nowhere/u/.config";
     EXPECT_EQ(DesktopFolder(places), "/nowhere/u/Desktop");
+    EXPECT_EQ(DocumentsFolder(places), "/nowhere/u/Documents");
 }
 
 TEST(DesktopFolder, HasTheNameThatTheUserConfigured) {
@@ -20,8 +21,10 @@ TEST(DesktopFolder, HasTheNameThatTheUserConfigured) {
     places.home = home.Path();
     places.config = home.Path() / ".config";
     ReplaceFile(places.config / "user-dirs.dirs",
-                "# comment\nXDG_DOWNLOAD_DIR=\"$HOME/下载\"\nXDG_DESKTOP_DIR=\"$HOME/桌面\"\n");
+                "# comment\nXDG_DOWNLOAD_DIR=\"$HOME/下载\"\nXDG_DESKTOP_DIR=\"$HOME/桌面\"\n"
+                "XDG_DOCUMENTS_DIR=\"$HOME/文档\"\n");
     EXPECT_EQ(DesktopFolder(places), home.Path() / "桌面");
+    EXPECT_EQ(DocumentsFolder(places), home.Path() / "文档");
 }
 
 TEST(DesktopFolder, UserDirectoryIsBelowHomeOrAbsolute) {
