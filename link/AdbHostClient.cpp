@@ -37,16 +37,18 @@ std::uint16_t AdbServerPort() {
     return failed == std::errc() && rest == end && port != 0 ? port : AdbHostPort;
 }
 
-std::string AdbHostClient::Frame(std::string_view service) {
-    return fmt::format("{:04X}{}", service.size(), service);
+std::string AdbHostClient::Frame(std::string_view service, LengthDigits digits) {
+    return digits == LengthDigits::upperCase ? fmt::format("{:04X}{}", service.size(), service)
+                                             : fmt::format("{:04x}{}", service.size(), service);
 }
 
 TcpSocket AdbHostClient::Open(TcpSocket::Delay delay) const {
     return TcpSocket::Connect(port_, delay);
 }
 
-std::ptrdiff_t AdbHostClient::SendRequest(const TcpSocket& socket, std::string_view service) const {
-    const std::string frame = Frame(service);
+std::ptrdiff_t AdbHostClient::Send(const TcpSocket& socket, std::string_view service,
+                                   LengthDigits digits) const {
+    const std::string frame = Frame(service, digits);
     if (frame.size() > kHostRequestBytes) {
         return -1;
     }
@@ -54,7 +56,7 @@ std::ptrdiff_t AdbHostClient::SendRequest(const TcpSocket& socket, std::string_v
 }
 
 bool AdbHostClient::Request(const TcpSocket& socket, std::string_view service) const {
-    return SendRequest(socket, service) > 0 && ReceivesOkay(socket);
+    return Send(socket, service) > 0 && ReceivesOkay(socket);
 }
 
 bool AdbHostClient::ForwardAgentPort(std::string_view serial, const ForwardReport& report) const {
@@ -63,7 +65,7 @@ bool AdbHostClient::ForwardAgentPort(std::string_view serial, const ForwardRepor
         socket.Close();
         report(ForwardEvent::noSerial);
     }
-    const std::ptrdiff_t sent = SendRequest(socket, ForwardService(serial));
+    const std::ptrdiff_t sent = Send(socket, ForwardService(serial));
     if (sent == 0) {
         socket.Close();
         report(ForwardEvent::sendFailed);
@@ -72,25 +74,6 @@ bool AdbHostClient::ForwardAgentPort(std::string_view serial, const ForwardRepor
     socket.Close();
     report(stands ? ForwardEvent::standing : ForwardEvent::refused);
     return stands;
-}
-
-TcpSocket AdbHostClient::OpenTransport(std::string_view serial) const {
-    if (serial.empty()) {
-        return {};
-    }
-    TcpSocket socket = Open(TcpSocket::Delay::keep);
-    if (!Request(socket, fmt::format("host:transport:{}", serial))) {
-        socket.Close();
-    }
-    return socket;
-}
-
-TcpSocket AdbHostClient::OpenFramebuffer(std::string_view serial) const {
-    TcpSocket socket = OpenTransport(serial);
-    if (socket.IsOpen() && !Request(socket, "framebuffer:")) {
-        socket.Close();
-    }
-    return socket;
 }
 
 }  // namespace quorvi

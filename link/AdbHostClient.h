@@ -1,9 +1,9 @@
 // Talks to the adb server over its socket, for what running adb would be too slow or too clumsy
 // for. The server is never started here: an earlier `adb devices` leaves it running.
 //
-// A frame is the byte length of the service text in four upper-case hexadecimal digits, then the
-// text, with no terminator. The server answers each with a status word of four bytes; nothing
-// behind it is read.
+// A frame is the byte length of the service text in four hexadecimal digits, upper-case but for the
+// frame buffer's, then the text, with no terminator. The server answers each with a status word of
+// four bytes; nothing behind it is read.
 #pragma once
 
 #include <cstddef>
@@ -27,6 +27,9 @@ inline constexpr std::size_t kHostRequestBytes = 256;
 // thread.
 [[nodiscard]] std::uint16_t AdbServerPort();
 
+// How the digits of a frame's length are written.
+enum class LengthDigits { upperCase, lowerCase };
+
 // What a forward runs into, in the order of its steps.
 enum class ForwardEvent {
     noSerial,    // no phone was ever chosen
@@ -46,11 +49,17 @@ class AdbHostClient {
         : port_(port), sender_(sender) {}
 
     // The bytes of a request.
-    [[nodiscard]] static std::string Frame(std::string_view service);
+    [[nodiscard]] static std::string Frame(std::string_view service,
+                                           LengthDigits digits = LengthDigits::upperCase);
 
     // A connection to the server. Whether it could be made is not examined: on a socket that is not
     // open the requests fail.
     [[nodiscard]] TcpSocket Open(TcpSocket::Delay delay = TcpSocket::Delay::none) const;
+
+    // Sends one request and reads nothing, for who reads the status word under a limit of time: the
+    // count sent, -1 for a text that does not fit or a failed send.
+    [[nodiscard]] std::ptrdiff_t Send(const TcpSocket& socket, std::string_view service,
+                                      LengthDigits digits = LengthDigits::upperCase) const;
 
     // Sends one request and reads the status word, once. True if it is "OKAY"; every other word, a
     // short one, a failed send or receive and a text that does not fit are false.
@@ -62,21 +71,10 @@ class AdbHostClient {
     // on purpose (AdbHostClient.EmptySerialIsToldAndThenRefused).
     bool ForwardAgentPort(std::string_view serial, const ForwardReport& report) const;
 
-    // A connection switched to the phone's transport, on which further services go to the phone;
-    // not open if the serial is empty or the server refuses.
-    [[nodiscard]] TcpSocket OpenTransport(std::string_view serial) const;
-
-    // A connection that delivers the framebuffer service's header and pixels; not open if that
-    // service or the transport cannot be had.
-    [[nodiscard]] TcpSocket OpenFramebuffer(std::string_view serial) const;
-
   private:
     static std::ptrdiff_t SendAll(const TcpSocket& socket, std::span<const std::byte> bytes) {
         return socket.Send(bytes);
     }
-    // The count sent, -1 for a frame that does not fit.
-    [[nodiscard]] std::ptrdiff_t SendRequest(const TcpSocket& socket,
-                                             std::string_view service) const;
 
     std::uint16_t port_;
     Sender sender_;

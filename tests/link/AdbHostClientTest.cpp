@@ -130,34 +130,22 @@ int DelayOption(const TcpSocket& socket) {
     return off;
 }
 
-TEST(AdbHostClient, TransportSwitchKeepsTheConnectionAndTheDelay) {
+TEST(AdbHostClient, DelayIsKeptWhereToldSo) {
     LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    const AdbHostClient client(server.Port());
+    EXPECT_EQ(DelayOption(client.Open(TcpSocket::Delay::keep)), 0);
+    EXPECT_EQ(DelayOption(client.Open()), 1);
+}
+
+TEST(AdbHostClient, LengthIsInLowerCaseWhereToldSo) {
+    EXPECT_EQ(AdbHostClient::Frame("framebuffer:", LengthDigits::lowerCase), "000cframebuffer:");
+    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    const AdbHostClient client(server.Port());
     {
-        const TcpSocket socket = AdbHostClient(server.Port()).OpenTransport("HT04CPL0012");
-        ASSERT_TRUE(socket.IsOpen());
-        EXPECT_EQ(DelayOption(socket), 0);
+        const TcpSocket socket = client.Open();
+        EXPECT_EQ(client.Send(socket, "framebuffer:", LengthDigits::lowerCase), 16);
     }
-    EXPECT_EQ(DelayOption(AdbHostClient(server.Port()).Open()), 1);
-    EXPECT_EQ(AsText(server.Exchanges(1).front().firstPiece), "001Ahost:transport:HT04CPL0012");
-}
-
-TEST(AdbHostClient, TransportOfNoPhoneIsNotAskedFor) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
-    EXPECT_FALSE(AdbHostClient(server.Port()).OpenTransport("").IsOpen());
-}
-
-TEST(AdbHostClient, TransportThatIsRefusedIsNotOpen) {
-    LoopbackAgent server({Raw("FAIL"), Answer::End::wait});
-    EXPECT_FALSE(AdbHostClient(server.Port()).OpenTransport("x").IsOpen());
-    EXPECT_FALSE(AdbHostClient(server.Port()).OpenFramebuffer("x").IsOpen());
-}
-
-TEST(AdbHostClient, FramebufferFollowsOnTheSameConnection) {
-    LoopbackAgent server({Raw("OKAYOKAY"), Answer::End::wait});
-    EXPECT_TRUE(AdbHostClient(server.Port()).OpenFramebuffer("x").IsOpen());
-    const Exchange exchange = server.Exchanges(1).front();
-    EXPECT_EQ(AsText(exchange.firstPiece), "0010host:transport:x");
-    EXPECT_EQ(AsText(exchange.rest), "000Cframebuffer:");
+    EXPECT_EQ(AsText(server.Exchanges(1).front().firstPiece), "000cframebuffer:");
 }
 
 TEST(AdbServerPort, VariableOfAdbNamesAnotherPort) {
