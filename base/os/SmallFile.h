@@ -1,10 +1,11 @@
-// Files of the user's configuration, read and replaced whole.
+// Files that are read and replaced whole.
 #pragma once
 
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace quorvi {
 
@@ -26,5 +27,11 @@ enum class FileMode {
 // is as it was.
 bool ReplaceFile(const std::filesystem::path& file, std::string_view text,
                  FileMode mode = FileMode::plain);
+
+// The same for a file whose folder must be there, and with the reason: no error when all of it is
+// written. On an error the file is as it was, and nothing is left beside it. Any bytes; blocks as
+// long as the disk does.
+[[nodiscard]] std::error_code WriteWhole(const std::filesystem::path& file, std::string_view bytes,
+                                         FileMode mode = FileMode::plain);
 
 }  // namespace quorvi
