@@ -60,12 +60,13 @@ function(quorvi_library name)
   endif()
 endfunction()
 
-# quorvi_feature(name LOGIC … UI … USES …): one feature of pages/<name>, from its class names. LOGIC
-# becomes the library quorvi_<name>, which cannot see Qt, UI the library quorvi_<name>_ui. USES names
-# the rooms below that the feature needs beyond the kit: refdata, link, desktop, or html, which only
-# the UI sees. All features together are quorvi_pages and quorvi_pages_ui.
+# quorvi_feature(name LOGIC … UI … USES … WITH …): one feature of pages/<name>, from its class names.
+# LOGIC becomes the library quorvi_<name>, which cannot see Qt, UI the library quorvi_<name>_ui. USES
+# names the rooms below that the feature needs beyond the kit: refdata, link, desktop, or html, which
+# only the UI sees; WITH, what the logic alone links from outside. All features together are
+# quorvi_pages and quorvi_pages_ui.
 function(quorvi_feature name)
-  cmake_parse_arguments(ARG "" "" "LOGIC;UI;USES" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LOGIC;UI;USES;WITH" ${ARGN})
   set(ui_rooms quorvi_${name} quorvi_kit_ui)
   if("html" IN_LIST ARG_USES)
     list(REMOVE_ITEM ARG_USES html)
@@ -74,7 +75,8 @@ function(quorvi_feature name)
   list(TRANSFORM ARG_USES PREPEND quorvi_)
   list(TRANSFORM ARG_LOGIC REPLACE "(.+)" "${name}/\\1.cpp")
   if(ARG_LOGIC)
-    quorvi_library(quorvi_${name} SOURCES ${ARG_LOGIC} LIBS quorvi_kit ${ARG_USES})
+    quorvi_library(quorvi_${name}
+      SOURCES ${ARG_LOGIC} LIBS quorvi_kit ${ARG_USES} PRIVATE_LIBS ${ARG_WITH})
   else()
     add_library(quorvi_${name} INTERFACE)
     target_link_libraries(quorvi_${name} INTERFACE quorvi_kit ${ARG_USES})
