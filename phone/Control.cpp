@@ -155,6 +155,15 @@ Answer RunInstall(Phone& phone, const Words& words) {
     return {};
 }
 
+Answer RunScreen(Phone& phone, const Words& words) {
+    ScreenForm form = phone.TheScreen().Form();
+    if (words.size() < 2 || !ReadScreenWords({words.begin() + 1, words.end()}, form)) {
+        return Error(fmt::format("screen {}", kScreenWords));
+    }
+    phone.TheScreen().SetForm(form);
+    return {};
+}
+
 Answer RunLog(Phone& phone, const Words& words) {
     RequestLog& log = phone.TheAgent().log;
     if (words.size() > 1 && words[1] == "clear") {
@@ -202,7 +211,7 @@ struct ControlCommand {
     std::string_view help;
 };
 
-constexpr std::array<ControlCommand, 11> kCommands{{
+constexpr std::array<ControlCommand, 12> kCommands{{
     {"status", RunStatus, "status                   what the phone is and does"},
     {"fault", RunFault,
      "fault COMMAND|all FAULT  misbehave at a command, by code or name; \"none\" ends it"},
@@ -215,6 +224,12 @@ constexpr std::array<ControlCommand, 11> kCommands{{
      "                           bookmarks, auto-starts, processes, icon-bytes, files; hostile 1"},
     {"install", RunInstall,
      "install CODE|real        what pm install answers: a failure's code, or what is true"},
+    {"screen", RunScreen,
+     "screen WORDS             how the frame buffer is sent: size WxH[xBITS], version 1|2,\n"
+     "                           order rgb|bgr, waits 0|1 (for the client's byte), ends 0|1 (the\n"
+     "                           stream behind the pixels); fault none|refuse, fault size N,\n"
+     "                           width N or height N (what the header claims), fault cut N or\n"
+     "                           hang N (after N bytes)"},
     {"unplug", RunUnplug, "unplug                   pull the cable"},
     {"plug", RunPlug, "plug                     put it in again"},
     {"log", RunLog, "log [clear]              every request that the agent took"},

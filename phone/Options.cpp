@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
 
 #include "base/Text.h"
 #include "phone/Control.h"
@@ -16,9 +15,6 @@ namespace {
 // Most phones that one command line starts.
 constexpr unsigned kMaxPhones = 16;
 
-// Longest side of a screen, in pixels.
-constexpr int kMaxScreenSide = 4096;
-
 template <typename Number>
 [[nodiscard]] bool Parse(const std::string& text, Number& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -26,18 +22,13 @@ template <typename Number>
 }
 
 [[nodiscard]] bool ParseScreen(const std::string& text, Profile& profile) {
-    int width = 0;
-    int height = 0;
-    int bits = 32;
-    char behind = 0;
-    const int count = std::sscanf(text.c_str(), "%dx%dx%d%c", &width, &height, &bits, &behind);
-    if (count < 2 || count > 3 || width < 1 || height < 1 || width > kMaxScreenSide ||
-        height > kMaxScreenSide || (bits != 16 && bits != 32)) {
+    ScreenForm form;
+    if (!ReadScreenSize(text, form)) {
         return false;
     }
-    profile.screenWidth = width;
-    profile.screenHeight = height;
-    profile.screenBits = bits;
+    profile.screenWidth = form.width;
+    profile.screenHeight = form.height;
+    profile.screenBits = form.bits;
     return true;
 }
 
@@ -120,7 +111,12 @@ constexpr auto kOptions = std::to_array<Option>({
      "ro.build.version.sdk"},
     {"--screen", "WxH[xBITS]",
      [](Parsing& p, const std::string& value) { return ParseScreen(value, p.phone.profile); },
-     "the screen, of 16 or 32 bits a pixel"},
+     "the screen, of 16, 24 or 32 bits a pixel; of other bits it is sent as of 16"},
+    {"--screen-form", "NAME:VALUE[:...]",
+     [](Parsing& p, const std::string& value) {
+         return AddCommand(p, "screen " + ReplaceAll(value, ":", " "));
+     },
+     "how it is sent, as in version:2:order:bgr or fault:cut:100"},
     {"--agent-version", "N",
      [](Parsing& p, const std::string& value) { return AddCommand(p, "agent version " + value); },
      "the agent that is installed (20)"},

@@ -44,6 +44,7 @@ Phone::Phone(EventLoop& loop, PhoneOptions options)
       options_(std::move(options)),
       handset_(options_.profile),
       agent_(options_.profile),
+      screen_(FormOf(options_.profile), options_.profile.battery),
       adbListener_(loop),
       agentListener_(loop) {}
 
@@ -185,8 +186,8 @@ std::unique_ptr<Service> Phone::OpenService(std::string_view name, Sink& sink) {
     if (name == "sync:") {
         return std::make_unique<SyncService>(handset_, sink);
     }
-    if (name == "framebuffer:") {
-        return std::make_unique<FramebufferService>(handset_.Facts(), sink);
+    if (name == "framebuffer:" && screen_.Form().fault != ScreenFault::refuse) {
+        return std::make_unique<FramebufferService>(screen_, sink);
     }
     if (name == fmt::format("tcp:{}", quorvi::AgentPort) && handset_.AgentRuns()) {
         agent_.data.version = handset_.AgentVersion().value_or(0);

@@ -12,6 +12,7 @@
 #include "phone/EventLoop.h"
 #include "phone/Handset.h"
 #include "phone/PlainConnection.h"
+#include "phone/Screen.h"
 #include "phone/adb/Transport.h"
 #include "phone/agent/AgentService.h"
 
@@ -70,6 +71,7 @@ class Phone {
 
     [[nodiscard]] Handset& TheHandset() { return handset_; }
     [[nodiscard]] Agent& TheAgent() { return agent_; }
+    [[nodiscard]] Screen& TheScreen() { return screen_; }
 
     [[nodiscard]] std::size_t OpenStreams() const;
 
@@ -86,6 +88,7 @@ class Phone {
     PhoneOptions options_;
     Handset handset_;
     Agent agent_;
+    Screen screen_;
     Listener adbListener_;
     Listener agentListener_;
     std::list<std::unique_ptr<Transport>> transports_;

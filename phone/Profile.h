@@ -22,7 +22,7 @@ struct Profile {
     int apiLevel = 10;
     int screenWidth = 480;
     int screenHeight = 800;
-    int screenBits = 32;  // 16 or 32 a pixel
+    int screenBits = 32;  // a pixel
     int battery = 82;     // per cent
 };
 

@@ -10,7 +10,8 @@
 namespace quorvi::phone {
 namespace {
 
-constexpr std::uint32_t kVersion = 1;
+constexpr std::uint32_t kVersionWithColourSpace = 2;
+constexpr std::uint32_t kColourSpace = 1;  // sRGB
 
 struct Colour {
     int red, green, blue;
@@ -43,7 +44,8 @@ class Canvas {
 
     void Set(int x, int y, Colour colour) {
         if (x >= 0 && y >= 0 && x < width_ && y < height_) {
-            pixels_[static_cast<std::size_t>(y * width_ + x)] = colour;
+            pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                    static_cast<std::size_t>(x)] = colour;
         }
     }
     void Fill(int left, int top, int width, int height, Colour colour) {
@@ -152,47 +154,84 @@ void DrawStatusBar(Canvas& canvas, int width, int height, int battery) {
     }
 }
 
-void AppendHeader(Bytes& out, const Profile& profile, std::uint32_t size) {
-    const auto bits = static_cast<std::uint32_t>(profile.screenBits);
-    std::array<std::uint32_t, 8> channels{0, 8, 16, 8, 8, 8, 24, 0};
-    if (bits == 16) {
-        channels = {11, 5, 0, 5, 5, 6, 0, 0};
+std::uint32_t PixelBytes(int bits) {
+    return bits == 32 ? 4 : bits == 24 ? 3 : 2;
+}
+
+// What a fault claims in the place of what is true.
+std::uint32_t Claimed(const ScreenForm& form, ScreenFault fault, std::uint32_t truth) {
+    return form.fault == fault ? form.number : truth;
+}
+
+Bytes HeaderOf(const ScreenForm& form) {
+    const auto width = static_cast<std::uint32_t>(form.width);
+    const auto height = static_cast<std::uint32_t>(form.height);
+    const std::uint32_t size = width * height * PixelBytes(form.bits);
+    std::vector<std::uint32_t> words{form.version, static_cast<std::uint32_t>(form.bits)};
+    if (form.version == kVersionWithColourSpace) {
+        words.push_back(kColourSpace);
     }
-    for (const std::uint32_t word :
-         {kVersion, bits, size, static_cast<std::uint32_t>(profile.screenWidth),
-          static_cast<std::uint32_t>(profile.screenHeight)}) {
+    words.insert(words.end(),
+                 {Claimed(form, ScreenFault::size, size), Claimed(form, ScreenFault::width, width),
+                  Claimed(form, ScreenFault::height, height)});
+    if (PixelBytes(form.bits) == 2) {
+        words.insert(words.end(), {11, 5, 0, 5, 5, 6, 0, 0});
+    } else if (form.blueFirst) {
+        words.insert(words.end(), {16, 8, 0, 8, 8, 8, 24, 0});
+    } else {
+        words.insert(words.end(), {0, 8, 16, 8, 8, 8, 24, 0});
+    }
+    Bytes out;
+    for (const std::uint32_t word : words) {
         AppendLittleEndian(out, word);
     }
-    for (const std::uint32_t word : channels) {
-        AppendLittleEndian(out, word);
+    return out;
+}
+
+Bytes PixelsOf(const Canvas& canvas, const ScreenForm& form) {
+    Bytes out;
+    const std::uint32_t pixelBytes = PixelBytes(form.bits);
+    out.reserve(canvas.Pixels().size() * pixelBytes);
+    for (const auto& [red, green, blue] : canvas.Pixels()) {
+        if (pixelBytes == 2) {
+            const int word = (red >> 3) << 11 | (green >> 2) << 5 | blue >> 3;
+            out.push_back(static_cast<std::byte>(word));
+            out.push_back(static_cast<std::byte>(word >> 8));
+            continue;
+        }
+        out.push_back(static_cast<std::byte>(form.blueFirst ? blue : red));
+        out.push_back(static_cast<std::byte>(green));
+        out.push_back(static_cast<std::byte>(form.blueFirst ? red : blue));
+        if (pixelBytes == 4) {
+            out.push_back(std::byte{255});
+        }
     }
+    return out;
 }
 
 }  // namespace
 
-Bytes DrawFramebuffer(const Profile& profile) {
-    const int width = profile.screenWidth;
-    const int height = profile.screenHeight;
-    Canvas canvas(width, height);
-    DrawWallpaper(canvas, width, height);
-    DrawClock(canvas, width, height / 6);
-    DrawIcons(canvas, width, height);
-    DrawStatusBar(canvas, width, height, profile.battery);
+ScreenPicture DrawFramebuffer(const ScreenForm& form, int battery) {
+    Canvas canvas(form.width, form.height);
+    DrawWallpaper(canvas, form.width, form.height);
+    DrawClock(canvas, form.width, form.height / 6);
+    DrawIcons(canvas, form.width, form.height);
+    DrawStatusBar(canvas, form.width, form.height, battery);
+    return {Share(HeaderOf(form)), Share(PixelsOf(canvas, form))};
+}
 
-    Bytes out;
-    AppendHeader(out, profile, static_cast<std::uint32_t>(width * height * profile.screenBits / 8));
-    for (const auto& [red, green, blue] : canvas.Pixels()) {
-        if (profile.screenBits == 16) {
-            const int word = (red >> 3) << 11 | (green >> 2) << 5 | blue >> 3;
-            out.push_back(static_cast<std::byte>(word));
-            out.push_back(static_cast<std::byte>(word >> 8));
-        } else {
-            for (const int value : {red, green, blue, 255}) {
-                out.push_back(static_cast<std::byte>(value));
-            }
-        }
+void Screen::SetForm(const ScreenForm& form) {
+    if (form != form_) {
+        form_ = form;
+        picture_ = {};
     }
-    return out;
+}
+
+const ScreenPicture& Screen::Shown() {
+    if (picture_.pixels == nullptr) {
+        picture_ = DrawFramebuffer(form_, battery_);
+    }
+    return picture_;
 }
 
 }  // namespace quorvi::phone

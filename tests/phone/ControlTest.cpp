@@ -36,6 +36,18 @@ TEST_F(ControlTest, TakesEachAmountByItsName) {
     EXPECT_EQ(Say("data thoughts 5"), "error: data [NAME NUMBER]...\n");
 }
 
+TEST_F(ControlTest, SetsTheFormOfTheScreen) {
+    EXPECT_EQ(Say("screen size 1080x2400x32 version 2 order bgr waits 1 ends 1"), "ok\n");
+    EXPECT_EQ(Say("screen fault size 4000000000"), "ok\n");
+    EXPECT_EQ(Say("screen fault refuse"), "ok\n");
+    EXPECT_EQ(Say("screen fault none"), "ok\n");
+    for (const char* const wrong :
+         {"screen", "screen size 0x1", "screen version", "screen order x", "screen fault",
+          "screen fault cut", "screen fault cut -1", "screen colour 1"}) {
+        EXPECT_TRUE(Say(wrong).starts_with("error: screen ")) << wrong;
+    }
+}
+
 TEST_F(ControlTest, TakesAnEmptyLine) {
     EXPECT_EQ(Say(""), "ok\n");
 }

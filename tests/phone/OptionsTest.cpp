@@ -33,9 +33,15 @@ TEST(ParseCommandLine, ReadsAScreen) {
     const CommandLine line = ParseCommandLine({"--screen", "320x480x16"});
     EXPECT_EQ(line.server.phones[0].profile.screenWidth, 320);
     EXPECT_EQ(line.server.phones[0].profile.screenBits, 16);
-    for (const char* wrong : {"0x4", "320", "320x480x8", "99999x1", "320x480x16x1"}) {
+    for (const char* wrong : {"0x4", "320", "320x480x0", "320x480x65", "99999x1", "320x480x16x1"}) {
         EXPECT_FALSE(ParseCommandLine({"--screen", wrong}).error.empty()) << wrong;
     }
+}
+
+TEST(ParseCommandLine, TurnsTheScreensFormIntoACommand) {
+    const CommandLine line = ParseCommandLine({"--screen-form", "version:2:fault:cut:100"});
+    EXPECT_EQ(line.server.phones[0].commands,
+              std::vector<std::string>{"screen version 2 fault cut 100"});
 }
 
 TEST(ParseCommandLine, SaysWhatIsWrong) {
