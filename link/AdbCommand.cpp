@@ -8,6 +8,10 @@ AdbCommand DevicesCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "devices"};
 }
 
+AdbCommand ForwardListCommand(const LinkEnvironment& environment) {
+    return {environment.adbPath(), "forward", "--list"};
+}
+
 AdbCommand GetpropCommand(const LinkEnvironment& environment, std::string serial) {
     return {environment.adbPath(), "-s", std::move(serial), "shell", "getprop"};
 }

@@ -16,6 +16,9 @@ using AdbCommand = std::vector<std::string>;
 // adb devices
 [[nodiscard]] AdbCommand DevicesCommand(const LinkEnvironment& environment);
 
+// adb forward --list
+[[nodiscard]] AdbCommand ForwardListCommand(const LinkEnvironment& environment);
+
 // adb -s SERIAL shell getprop
 [[nodiscard]] AdbCommand GetpropCommand(const LinkEnvironment& environment, std::string serial);
 
