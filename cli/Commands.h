@@ -37,6 +37,7 @@ Status RunNumber(const Arguments& arguments, const Context& context, Output& out
 Status RunProcessesEnd(const Arguments& arguments, const Context& context, Output& output);
 Status RunProcessesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunProcessesMemory(const Arguments& arguments, const Context& context, Output& output);
+Status RunScreenshot(const Arguments& arguments, const Context& context, Output& output);
 Status RunSettingsRead(const Arguments& arguments, const Context& context, Output& output);
 Status RunSettingsWrite(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& output);

@@ -145,7 +145,7 @@ std::string CaptureFaultText(CaptureFault fault) {
         case CaptureFault::none:
             return {};
         case CaptureFault::noPhone:
-            return Ansi(u8"没有找到手机，请连接手机后再刷新屏幕");
+            return Ansi(u8"没有找到手机，请连接手机后再试");
         case CaptureFault::noServer:
         case CaptureFault::sendFailed:
             return Ansi(u8"连接不到 adb，请重新连接手机后再试");
