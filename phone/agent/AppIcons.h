@@ -7,8 +7,8 @@
 
 namespace quorvi::phone {
 
-// A PNG file of 48 by 48 points: a plate with a ring, a bar or a cross on it, in colours of the
-// package's own. The same for the same package.
+// A PNG file of 96 by 96 points: a plate with a ring, a bar, a cross or a diamond on it, in colours
+// of the package's own. The same for the same package. Any thread.
 [[nodiscard]] SharedBytes AppIcon(std::string_view package);
 
 }  // namespace quorvi::phone
