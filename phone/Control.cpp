@@ -126,6 +126,7 @@ constexpr auto kAmounts = std::to_array<Amount>({
     {"files", [](DataAmounts& amounts, std::uint32_t n) { amounts.files = n; }},
     {"processes", [](DataAmounts& amounts, std::uint32_t n) { amounts.processes = n; }},
     {"caches", [](DataAmounts& amounts, std::uint32_t n) { amounts.caches = n; }},
+    {"applications", [](DataAmounts& amounts, std::uint32_t n) { amounts.applications = n; }},
     {"icon-bytes", [](DataAmounts& amounts, std::uint32_t n) { amounts.iconBytes = n; }},
     {"hostile", [](DataAmounts& amounts, std::uint32_t n) { amounts.hostile = n != 0; }},
 });
@@ -221,7 +222,8 @@ constexpr std::array<ControlCommand, 12> kCommands{{
     {"data", RunData,
      "data [NAME NUMBER]...    fill the phone anew: as delivered, or with so many contacts,\n"
      "                           photo-bytes, conversations, messages, calls, alarms,\n"
-     "                           bookmarks, auto-starts, processes, icon-bytes, files; hostile 1"},
+     "                           bookmarks, auto-starts, files, processes, caches, applications,\n"
+     "                           icon-bytes; hostile 1"},
     {"install", RunInstall,
      "install CODE|real        what pm install answers: a failure's code, or what is true"},
     {"screen", RunScreen,

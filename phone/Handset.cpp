@@ -2,12 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <filesystem>
+#include <utility>
 
 #include "phone/adb/Packet.h"
-#include "phone/agent/Applications.h"
+#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {
@@ -20,8 +22,13 @@ constexpr std::string_view kZipStart = "PK\x03\x04";
 // Longest version number that a stand-in states, in digits.
 constexpr std::size_t kMaxVersionDigits = 9;
 
-std::string UserPackagePath(std::string_view package) {
-    return fmt::format("/data/app/{}-1.apk", package);
+constexpr std::uint64_t kAgentBytes = 214'016;
+
+InstalledApp AgentApp(std::uint32_t version) {
+    InstalledApp app = AppFromFile(std::string(kAgentPackage), kAgentBytes);
+    app.name = Utf8(u8"奎维掌上工坊");
+    app.version = fmt::format("1.0.{}", version);
+    return app;
 }
 
 }  // namespace
@@ -42,10 +49,7 @@ std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file) {
 }
 
 Handset::Handset(Profile profile) : profile_(std::move(profile)) {
-    for (const Application& one : DeliveredApplications()) {
-        packages_.emplace(one.package, one.system ? fmt::format("/system/app/{}.apk", one.package)
-                                                  : UserPackagePath(one.package));
-    }
+    SetApps(DeliveredApps());
     SetAgent(kDeliveredAgentVersion);
 }
 
@@ -102,38 +106,67 @@ std::string Handset::Install(const std::string& path, bool replace) {
     if (!agent && !AsText(file->bytes).starts_with(kZipStart)) {
         return "Failure [INSTALL_PARSE_FAILED_NOT_APK]";
     }
-    const std::string package =
+    std::string package =
         agent ? std::string(kAgentPackage) : std::filesystem::path(path).stem().string();
-    if (packages_.contains(package) && !replace) {
+    if (FindApp(package) && !replace) {
         return "Failure [INSTALL_FAILED_ALREADY_EXISTS]";
     }
     if (agent) {
         SetAgent(*agent);
     } else {
-        packages_[package] = UserPackagePath(package);
+        PutApp(AppFromFile(std::move(package), file->bytes.size()));
     }
     return "Success";
 }
 
 bool Handset::Uninstall(const std::string& package) {
-    const auto found = packages_.find(package);
-    if (found == packages_.end() || found->second.starts_with("/system/")) {
+    const InstalledApp* app = FindApp(package);
+    if (!app || app->system) {
         return false;
     }
     if (package == kAgentPackage) {
         SetAgent(std::nullopt);
     } else {
-        packages_.erase(found);
+        EraseApp(package);
     }
+    uninstalled_.Tell(package);
     return true;
+}
+
+const InstalledApp* Handset::FindApp(std::string_view package) const {
+    const auto found = std::ranges::find(apps_, package, &InstalledApp::package);
+    return found == apps_.end() ? nullptr : &*found;
+}
+
+void Handset::SetApps(std::vector<InstalledApp> apps) {
+    if (const InstalledApp* agent = FindApp(kAgentPackage)) {
+        apps.push_back(*agent);
+    }
+    apps_ = std::move(apps);
+}
+
+void Handset::PutApp(InstalledApp app) {
+    const auto before = std::ranges::find(apps_, app.package, &InstalledApp::package);
+    if (before == apps_.end()) {
+        apps_.push_back(std::move(app));
+    } else {
+        // What replaces an application keeps its name and its place, and whether it can go.
+        app.name = before->name;
+        app.system = before->system;
+        *before = std::move(app);
+    }
+}
+
+void Handset::EraseApp(std::string_view package) {
+    std::erase_if(apps_, [&](const InstalledApp& app) { return app.package == package; });
 }
 
 void Handset::SetAgent(std::optional<std::uint32_t> version) {
     agentVersion_ = version;
     agentRuns_ = false;
-    packages_.erase(std::string(kAgentPackage));
+    EraseApp(kAgentPackage);
     if (version) {
-        packages_.emplace(kAgentPackage, UserPackagePath(kAgentPackage));
+        PutApp(AgentApp(*version));
     }
 }
 

@@ -1,4 +1,5 @@
-// The phone without its agent's data: files that were pushed, packages, and whether the agent runs.
+// The phone without its agent's data: files that were pushed, the applications that are installed,
+// and whether the agent runs.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +8,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "agent/Request.h"
+#include "base/Observers.h"
+#include "phone/InstalledApps.h"
 #include "phone/Profile.h"
 
 namespace quorvi::phone {
@@ -41,14 +45,20 @@ class Handset {
     bool RemoveFile(const std::string& path);
     [[nodiscard]] const std::map<std::string, StoredFile>& Files() const { return files_; }
 
-    // Package name to the path of its file.
-    [[nodiscard]] const std::map<std::string, std::string>& Packages() const { return packages_; }
+    // What is installed, the agent included; each package once, in the order of installation.
+    [[nodiscard]] const std::vector<InstalledApp>& Apps() const { return apps_; }
+    // Nothing when no application of this package is installed.
+    [[nodiscard]] const InstalledApp* FindApp(std::string_view package) const;
+    // Installs these and removes all others, but leaves the agent as it is.
+    void SetApps(std::vector<InstalledApp> apps);
 
     // Installs a pushed file; what pm prints: "Success", or "Failure [CODE]". A file that begins as
     // a zip archive does becomes a package named after the file; the agent's stand-in becomes the
     // agent, stopped, in the version that it states.
     [[nodiscard]] std::string Install(const std::string& path, bool replace);
     [[nodiscard]] bool Uninstall(const std::string& package);
+    // Told of the package of each application that was uninstalled.
+    [[nodiscard]] Observers<std::string>& Uninstalled() { return uninstalled_; }
     // From now on pm prints this and installs nothing; without a value it installs again.
     void SetInstallResult(std::optional<std::string> result) { installResult_ = std::move(result); }
 
@@ -64,10 +74,14 @@ class Handset {
     void StopAgent() { agentRuns_ = false; }
 
   private:
+    void PutApp(InstalledApp app);
+    void EraseApp(std::string_view package);
+
     Profile profile_;
     std::map<std::string, StoredFile> files_;
     std::size_t storedBytes_ = 0;
-    std::map<std::string, std::string> packages_;
+    std::vector<InstalledApp> apps_;
+    Observers<std::string> uninstalled_;
     std::optional<std::string> installResult_;
     std::optional<std::uint32_t> agentVersion_;
     bool agentRuns_ = false;

@@ -43,7 +43,7 @@ Phone::Phone(EventLoop& loop, PhoneOptions options)
     : loop_(loop),
       options_(std::move(options)),
       handset_(options_.profile),
-      agent_(options_.profile),
+      agent_(handset_),
       screen_(FormOf(options_.profile), options_.profile.battery),
       adbListener_(loop),
       agentListener_(loop) {}
@@ -172,7 +172,6 @@ void Phone::AcceptPlain(TcpSocket socket) {
             }
         });
     });
-    agent_.data.version = handset_.AgentVersion().value_or(0);
     (*place)->Start(std::make_unique<AgentService>(loop_, agent_, **place));
 }
 
@@ -190,7 +189,6 @@ std::unique_ptr<Service> Phone::OpenService(std::string_view name, Sink& sink) {
         return std::make_unique<FramebufferService>(screen_, sink);
     }
     if (name == fmt::format("tcp:{}", quorvi::AgentPort) && handset_.AgentRuns()) {
-        agent_.data.version = handset_.AgentVersion().value_or(0);
         return std::make_unique<AgentService>(loop_, agent_, sink);
     }
     return nullptr;

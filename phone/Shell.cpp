@@ -42,10 +42,10 @@ std::string PmList(Handset& handset, const Words& words) {
     const std::string filter =
         words.size() > 3 && !words.back().starts_with("-") ? words.back() : "";
     std::string out;
-    for (const auto& [name, path] : handset.Packages()) {
-        if (name.find(filter) != std::string::npos) {
-            out += withPaths ? fmt::format("package:{}={}\n", path, name)
-                             : fmt::format("package:{}\n", name);
+    for (const InstalledApp& app : handset.Apps()) {
+        if (app.package.find(filter) != std::string::npos) {
+            out += withPaths ? fmt::format("package:{}={}\n", PackageFilePath(app), app.package)
+                             : fmt::format("package:{}\n", app.package);
         }
     }
     return out;
@@ -60,9 +60,8 @@ std::string PmInstall(Handset& handset, const Words& words) {
 }
 
 std::string PmPath(Handset& handset, const Words& words) {
-    const auto found =
-        words.size() > 2 ? handset.Packages().find(words[2]) : handset.Packages().end();
-    return found == handset.Packages().end() ? "" : fmt::format("package:{}\n", found->second);
+    const InstalledApp* app = words.size() > 2 ? handset.FindApp(words[2]) : nullptr;
+    return app ? fmt::format("package:{}\n", PackageFilePath(*app)) : "";
 }
 
 std::string Pm(Handset& handset, const Words& words) {
@@ -94,7 +93,7 @@ std::string Am(Handset& handset, const Words& words) {
     const std::string started = fmt::format("Starting: Intent {{ cmp={} }}\n", component);
     const bool isAgent = component == fmt::format("{}/{}", kAgentPackage, kAgentActivity) ||
                          component == fmt::format("{0}/{0}{1}", kAgentPackage, kAgentActivity);
-    if (!handset.Packages().contains(package) || (package == kAgentPackage && !isAgent)) {
+    if (!handset.FindApp(package) || (package == kAgentPackage && !isAgent)) {
         return started + fmt::format("Error type 3\nError: Activity class {{{}}} does not exist.\n",
                                      component);
     }

@@ -56,7 +56,8 @@ void RunCommandLine(std::span<const std::byte> bytes) {
 
 void AskAgent(std::span<const std::byte> bytes) {
     // Changes stay for the inputs that follow, as on a phone, for a while.
-    static AgentData data(DeliveredProfile(0));
+    static Handset handset(DeliveredProfile(0));
+    static AgentData data(handset);
     static int asked = 0;
     if (++asked % kAskedBeforeRefill == 0) {
         data.Fill({});

@@ -41,7 +41,11 @@ constexpr std::array<std::uint32_t, kPhoneSettings> kHostileSettings{
 
 }  // namespace
 
-AgentData::AgentData(const Profile& delivered) : profile(delivered), facts(DeliveredFacts()) {
+AgentData::AgentData(Handset& phone)
+    : handset(phone),
+      facts(DeliveredFacts()),
+      uninstalled_(
+          phone.Uninstalled().Add([this](const std::string& package) { Forget(package); })) {
     Fill({});
 }
 
@@ -61,6 +65,9 @@ void AgentData::Fill(const DataAmounts& amounts) {
                                   : DeliveredProcesses();
     cleaning = amounts.caches ? LargeCleanRecords(*amounts.caches, amounts.iconBytes)
                               : DeliveredCleanRecords();
+    handset.SetApps(amounts.applications ? LargeApps(*amounts.applications, amounts.iconBytes)
+                                         : DeliveredApps());
+    claimedApps = amounts.hostile ? HostileApps() : std::vector<InstalledApp>();
     settings_ = amounts.hostile ? kHostileSettings : kDeliveredSettings;
     if (amounts.hostile) {
         AddHostileContacts(book);
@@ -72,6 +79,12 @@ void AgentData::Fill(const DataAmounts& amounts) {
         AddHostileFiles(files);
         AddHostileCaches(cleaning);
     }
+}
+
+void AgentData::Forget(const std::string& package) {
+    processes.End(package);
+    cleaning.Clean(package);
+    std::erase_if(autoStarts, [&](const AutoStart& start) { return start.package == package; });
 }
 
 std::uint64_t AgentData::MillisecondsSinceBoot() const {

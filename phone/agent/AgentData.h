@@ -7,9 +7,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "agent/PhoneSettings.h"
-#include "phone/Profile.h"
+#include "phone/Handset.h"
 #include "phone/agent/AddressBook.h"
 #include "phone/agent/AlarmClock.h"
 #include "phone/agent/AutoStartRecords.h"
@@ -50,21 +51,24 @@ struct DataAmounts {
     std::optional<std::uint32_t> files{};
     std::optional<std::uint32_t> processes{};
     std::optional<std::uint32_t> caches{};
-    // Of made-up processes and caches: bytes of each icon, 0 for none.
+    std::optional<std::uint32_t> applications{};  // beside the agent
+    // Of made-up processes, caches and applications: bytes of each icon, 0 for none.
     std::uint32_t iconBytes = 0;
     bool hostile = false;
 };
 
 class AgentData {
   public:
-    explicit AgentData(const Profile& profile);
+    // `handset` is the phone that the agent runs on, and must live longer.
+    explicit AgentData(Handset& handset);
 
-    // Fills the phone anew; what was changed on it is gone.
+    // Fills the phone anew; what was changed on it is gone, applications that adb installed too.
     void Fill(const DataAmounts& amounts);
     [[nodiscard]] const DataAmounts& Amounts() const { return amounts_; }
 
-    Profile profile;
-    std::uint32_t version = 0;
+    Handset& handset;
+    // Applications that the agent lists and that are not installed.
+    std::vector<InstalledApp> claimedApps;
     PhoneFacts facts;
     AddressBook book;
     MessageStore messages;
@@ -83,6 +87,10 @@ class AgentData {
     [[nodiscard]] std::uint64_t MillisecondsSinceBoot() const;
 
   private:
+    // What belongs to an application goes with it.
+    void Forget(const std::string& package);
+
+    Subscription uninstalled_;
     DataAmounts amounts_;
     std::array<std::uint32_t, kPhoneSettings> settings_{};  // in the order of the keys
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();

@@ -18,7 +18,7 @@ class AgentService;
 
 // What the connections of one agent share.
 struct Agent {
-    explicit Agent(const Profile& profile) : data(profile) {}
+    explicit Agent(Handset& handset) : data(handset) {}
 
     AgentData data;
     FaultTable faults;

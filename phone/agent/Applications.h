@@ -1,6 +1,7 @@
 // The applications of the phone.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -9,7 +10,11 @@ namespace quorvi::phone {
 struct Application {
     std::u8string_view name;
     std::string_view package;
-    bool system = false;  // came with the phone
+    std::string_view version;
+    std::uint64_t kilobytes = 0;
+    std::string_view installed;  // local time; empty: nobody knows
+    bool system = false;         // came with the phone
+    bool hasIcon = true;
 };
 
 // Those that the phone has as it is delivered, which pm lists too.

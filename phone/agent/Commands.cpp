@@ -11,12 +11,6 @@
 namespace quorvi::phone {
 namespace {
 
-// Commands that the agent knows of and does not answer yet.
-constexpr std::array kSilentCommands{
-    AgentCommandRow{AgentCommand::listApplications, "listApplications", RequestForm::bare},
-    AgentCommandRow{AgentCommand::runApplication, "runApplication", RequestForm::runApplication},
-};
-
 const std::vector<AgentCommandRow>& AllCommands() {
     static const std::vector<AgentCommandRow> rows = [] {
         std::vector<AgentCommandRow> all;
@@ -24,7 +18,7 @@ const std::vector<AgentCommandRow>& AllCommands() {
              {PhoneCommands(), ContactCommands(), GroupCommands(), MessageCommands(),
               CallCommands(), AlarmCommands(), BookmarkCommands(), SettingCommands(),
               AutoStartCommands(), ProcessCommands(), FileCommands(), CleanCommands(),
-              std::span<const AgentCommandRow>(kSilentCommands)}) {
+              AppCommands()}) {
             all.insert(all.end(), group.begin(), group.end());
         }
         return all;
@@ -60,9 +54,6 @@ Outcome RunCommand(const AgentCommandRow& row, AgentData& data,
     Exchange exchange{data, reader, 0, writer, {}, {}};
     if (const auto offset = CountOffset(row.form)) {
         exchange.items = ReadUInt32(request.data() + *offset);
-    }
-    if (!row.handler) {
-        return {};
     }
     row.handler(exchange);
     if (reader.Overran()) {

@@ -29,8 +29,7 @@ struct AgentCommandRow {
     AgentCommand command;
     std::string_view name;
     RequestForm form;
-    // Nothing: the agent takes the request and closes without a reply.
-    Handler handler = nullptr;
+    Handler handler;
 };
 
 [[nodiscard]] std::span<const AgentCommandRow> PhoneCommands();
@@ -45,6 +44,7 @@ struct AgentCommandRow {
 [[nodiscard]] std::span<const AgentCommandRow> AutoStartCommands();
 [[nodiscard]] std::span<const AgentCommandRow> FileCommands();
 [[nodiscard]] std::span<const AgentCommandRow> CleanCommands();
+[[nodiscard]] std::span<const AgentCommandRow> AppCommands();
 
 // Nothing for a code outside the table.
 [[nodiscard]] const AgentCommandRow* FindCommand(std::uint32_t code);
@@ -54,7 +54,7 @@ struct AgentCommandRow {
 // Runs a command on a whole request of its form: every deviation of the frame from what the form
 // asks is named in `deviations`.
 struct Outcome {
-    AgentReply reply;  // empty bytes: close without a reply
+    AgentReply reply;
     std::vector<std::string> deviations;
     std::string note;
 };

@@ -64,6 +64,9 @@ class ReplyWriter {
     // The AcknowledgeWord; no payload then.
     void Word(std::uint32_t value) { word_ = value; }
 
+    // Whether nothing was added yet.
+    [[nodiscard]] bool IsEmpty() const { return !word_ && !reply_.hasPayload; }
+
     void Reserve(std::size_t bytes) { reply_.bytes.reserve(bytes); }
     // The whole reply. The writer is used up.
     [[nodiscard]] AgentReply Take();

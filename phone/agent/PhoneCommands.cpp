@@ -16,17 +16,18 @@ constexpr std::uint32_t kClientCode = 1;
 constexpr std::uint32_t kMegabyte = 1024 * 1024;
 
 void DeviceSummary(Exchange& exchange) {
+    const Profile& profile = exchange.data.handset.Facts();
     exchange.reply.UInt32(kClientCode)
-        .UInt32(static_cast<std::uint32_t>(exchange.data.profile.apiLevel))
-        .Text(exchange.data.profile.fullModel);
+        .UInt32(static_cast<std::uint32_t>(profile.apiLevel))
+        .Text(profile.fullModel);
 }
 
 void Version(Exchange& exchange) {
-    exchange.reply.Word(exchange.data.version);
+    exchange.reply.Word(exchange.data.handset.AgentVersion().value_or(0));
 }
 
 void SystemInformation(Exchange& exchange) {
-    const Profile& profile = exchange.data.profile;
+    const Profile& profile = exchange.data.handset.Facts();
     const PhoneFacts& facts = exchange.data.facts;
     exchange.reply.Text(profile.fullModel)
         .UInt64(exchange.data.MillisecondsSinceBoot())

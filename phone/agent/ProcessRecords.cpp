@@ -63,6 +63,9 @@ constexpr DeliveredProcess kProcesses[] = {
 
 constexpr std::uint64_t kFreeAtFirst = 148 * kMegabyte;
 
+// What an application takes when it is started.
+constexpr std::uint64_t kAtStart = 8'760 * kKilobyte;
+
 }  // namespace
 
 std::size_t ProcessRecords::End(std::string_view package) {
@@ -76,6 +79,18 @@ std::size_t ProcessRecords::End(std::string_view package) {
     });
     freeMemory = static_cast<std::uint32_t>(std::min<std::uint64_t>(freed, UINT32_MAX));
     return ended;
+}
+
+void ProcessRecords::Start(const InstalledApp& app) {
+    const auto runs = std::ranges::find(running, app.package, &Process::package);
+    if (runs != running.end()) {
+        runs->importance = kForeground;
+        return;
+    }
+    const auto memory = std::min<std::uint64_t>(kAtStart, freeMemory);
+    freeMemory -= static_cast<std::uint32_t>(memory);
+    running.push_back(
+        {app.name, app.package, app.system, memory, kForeground, 0, nextPid++, app.icon});
 }
 
 ProcessRecords DeliveredProcesses() {

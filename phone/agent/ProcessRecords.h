@@ -3,9 +3,10 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "phone/Channel.h"
+#include "phone/InstalledApps.h"
 
 namespace quorvi::phone {
 
@@ -20,13 +21,20 @@ struct Process {
     SharedBytes icon;  // nothing: it has none
 };
 
+// The first process that is started from the PC; those that run already have smaller numbers, but
+// for made-up ones, of which there may be any number.
+inline constexpr std::uint32_t kFirstStartedPid = 20'000;
+
 class ProcessRecords {
   public:
     std::vector<Process> running;
     std::uint32_t freeMemory = 0;  // bytes
+    std::uint32_t nextPid = kFirstStartedPid;
 
     // Ends all processes of the package: their memory is free then. How many there were.
     std::size_t End(std::string_view package);
+    // Brings the package's process to the front, or makes one, with its place in the memory.
+    void Start(const InstalledApp& app);
 };
 
 // What runs on the owner's phone.

@@ -61,7 +61,8 @@ class AlarmCommands : public testing::Test {
             .AddRawText("file:x");  // alert
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(AlarmCommands, ListHoldsEveryFieldOfEveryAlarm) {

@@ -31,7 +31,8 @@ class AutoStartCommands : public testing::Test {
         return records;
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(AutoStartCommands, ListHoldsEachApplicationOfEachEvent) {

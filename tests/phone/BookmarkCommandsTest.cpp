@@ -60,7 +60,8 @@ class BookmarkCommands : public testing::Test {
         return all;
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(BookmarkCommands, ListHoldsEveryFieldOfEveryBookmark) {

@@ -13,7 +13,8 @@ class CallCommands : public testing::Test {
   protected:
     Outcome AskFor(const Bytes& request) { return Ask(data_, request); }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(CallCommands, ListHoldsEveryCallTheNewestFirst) {

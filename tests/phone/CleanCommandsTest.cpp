@@ -45,7 +45,8 @@ class CleanCommands : public testing::Test {
         return Ask(data_, request.Take());
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
     std::uint64_t iconBytes_ = 0;  // of the cache listed last
 };
 

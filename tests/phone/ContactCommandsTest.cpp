@@ -68,7 +68,8 @@ class ContactCommands : public testing::Test {
         return request.AddUInt64(row).AddUInt32(operation).AddUInt32(type).AddRawText(text);
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(ContactCommands, ListHoldsEveryContactOnce) {

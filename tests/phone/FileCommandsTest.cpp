@@ -60,7 +60,8 @@ class FileCommands : public testing::Test {
         return records.front();
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(FileCommands, TheRootIsItsOwnParentAndHoldsTheCard) {

@@ -48,7 +48,8 @@ class GroupCommands : public testing::Test {
         return members;
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(GroupCommands, ListHoldsTitleAccountAndVisibility) {

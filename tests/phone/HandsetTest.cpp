@@ -17,7 +17,7 @@ TEST(Handset, HasTheDeliveredAgentInstalledAndStoppedAtFirst) {
     const Handset handset(DeliveredProfile(0));
     EXPECT_EQ(handset.AgentVersion(), kDeliveredAgentVersion);
     EXPECT_FALSE(handset.AgentRuns());
-    EXPECT_TRUE(handset.Packages().contains("com.quorvi.Quorvi"));
+    EXPECT_TRUE(handset.FindApp("com.quorvi.Quorvi"));
 }
 
 TEST(Handset, InstallsTheAgentInTheVersionThatItsFileStates) {
@@ -54,7 +54,7 @@ TEST(Handset, NamesAnArchiveAfterItsFile) {
     ASSERT_TRUE(
         handset.PutFile("/sdcard/com.example.game.apk", {0100644, 0, ToBytes("PK\x03\x04")}));
     EXPECT_EQ(handset.Install("/sdcard/com.example.game.apk", true), "Success");
-    EXPECT_TRUE(handset.Packages().contains("com.example.game"));
+    EXPECT_TRUE(handset.FindApp("com.example.game"));
 }
 
 TEST(Handset, AnswersTheInstallResultThatItWasTold) {
@@ -71,6 +71,28 @@ TEST(Handset, KeepsTheSystemsOwnPackages) {
     EXPECT_FALSE(handset.Uninstall("com.android.phone"));
     EXPECT_TRUE(handset.Uninstall("com.example.weather"));
     EXPECT_FALSE(handset.Uninstall("com.example.weather"));
+}
+
+TEST(Handset, TellsOfWhatWasUninstalled) {
+    Handset handset(DeliveredProfile(0));
+    std::string told;
+    const Subscription heard =
+        handset.Uninstalled().Add([&](const std::string& package) { told += package; });
+    EXPECT_FALSE(handset.Uninstall("com.android.phone"));
+    EXPECT_TRUE(handset.Uninstall("com.example.weather"));
+    EXPECT_EQ(told, "com.example.weather");
+}
+
+TEST(Handset, WhatReplacesAnApplicationKeepsItsNameAndItsPlace) {
+    Handset handset(DeliveredProfile(0));
+    ASSERT_TRUE(handset.PutFile("/sdcard/android.apk", {0100644, 0, ToBytes("PK\x03\x04")}));
+    const InstalledApp before = handset.Apps().front();
+    EXPECT_EQ(handset.Install("/sdcard/android.apk", true), "Success");
+    const InstalledApp& after = handset.Apps().front();
+    EXPECT_EQ(after.package, "android");
+    EXPECT_EQ(after.name, before.name);
+    EXPECT_TRUE(after.system);
+    EXPECT_EQ(after.size, 4u);
 }
 
 TEST(Handset, AnAgentThatIsNotInstalledDoesNotStart) {

@@ -57,7 +57,8 @@ class MessageCommands : public testing::Test {
         return lines;
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(MessageCommands, TheNewestConversationComesFirst) {

@@ -59,7 +59,8 @@ class ProcessCommands : public testing::Test {
         return Ask(data_, request.Take());
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(ProcessCommands, ListHoldsEveryProcessWithItsIcon) {

@@ -28,7 +28,8 @@ class SettingCommands : public testing::Test {
                               .Take());
     }
 
-    AgentData data_{DeliveredProfile(0)};
+    Handset handset_{DeliveredProfile(0)};
+    AgentData data_{handset_};
 };
 
 TEST_F(SettingCommands, TheRecordHoldsEachSettingAndTheDateFormatBeforeTheTimeFormat) {
