@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <mutex>
+#include <vector>
 
 #include "phone/agent/Png.h"
 
@@ -17,19 +18,20 @@ constexpr int kSide = 96;
 constexpr float kMiddle = kSide / 2.0F;
 constexpr float kCorner = 16;
 
-struct Colour {
-    std::uint8_t red, green, blue;
-};
-constexpr std::array<Colour, 7> kPlates{{
-    {214, 69, 65},
-    {230, 126, 34},
-    {39, 134, 88},
-    {41, 128, 185},
-    {95, 84, 162},
-    {22, 132, 140},
-    {88, 100, 116},
+constexpr std::array<PngColour, 7> kPlates{{
+    {214, 69, 65, 255},
+    {230, 126, 34, 255},
+    {39, 134, 88, 255},
+    {41, 128, 185, 255},
+    {95, 84, 162, 255},
+    {22, 132, 140, 255},
+    {88, 100, 116, 255},
 }};
 constexpr std::uint32_t kSigns = 4;
+
+// The palette of an icon: from the plate to the white of the sign, then from nothing to the plate.
+constexpr int kShades = 8;
+constexpr std::uint8_t kWhite = kShades - 1;
 
 // What an icon looks like, of all that there are.
 struct Look {
@@ -76,29 +78,39 @@ float OutsideSign(std::uint32_t sign, float x, float y) {
     }
 }
 
-std::byte Mixed(std::uint8_t plate, float white) {
-    return static_cast<std::byte>(
-        std::lround(static_cast<float>(plate) + static_cast<float>(255 - plate) * white));
+PngPalette PaletteOf(const PngColour& plate) {
+    const auto mixed = [](int from, int to, int part, int whole) {
+        return static_cast<std::uint8_t>(from + (to - from) * part / whole);
+    };
+    PngPalette palette{};
+    for (int shade = 0; shade < kShades; ++shade) {
+        palette[static_cast<std::size_t>(shade)] = {mixed(plate.red, 255, shade, kWhite),
+                                                    mixed(plate.green, 255, shade, kWhite),
+                                                    mixed(plate.blue, 255, shade, kWhite), 255};
+        palette[static_cast<std::size_t>(kShades + shade)] = plate;
+        palette[static_cast<std::size_t>(kShades + shade)].alpha = mixed(0, 255, shade, kShades);
+    }
+    return palette;
+}
+
+std::uint8_t PointAt(std::uint32_t sign, float x, float y) {
+    const float onPlate = CoveredAt(OutsideBox(x, y, kMiddle, kMiddle, kCorner));
+    const long shade = std::lround(onPlate * kShades);
+    return static_cast<std::uint8_t>(
+        shade < kShades ? kShades + shade
+                        : std::lround(CoveredAt(OutsideSign(sign, x, y)) * kWhite));
 }
 
 SharedBytes Draw(const Look& look) {
-    const Colour plate = kPlates[look.plate];
-    Bytes points;
-    points.reserve(std::size_t{kSide} * kSide * 4);
+    std::vector<std::uint8_t> points;
+    points.reserve(std::size_t{kSide} * kSide);
     for (int line = 0; line < kSide; ++line) {
         for (int column = 0; column < kSide; ++column) {
-            const float x = static_cast<float>(column) + 0.5F - kMiddle;
-            const float y = static_cast<float>(line) + 0.5F - kMiddle;
-            const float white = CoveredAt(OutsideSign(look.sign, x, y));
-            const float alpha = CoveredAt(OutsideBox(x, y, kMiddle, kMiddle, kCorner));
-            for (const std::byte value :
-                 {Mixed(plate.red, white), Mixed(plate.green, white), Mixed(plate.blue, white),
-                  static_cast<std::byte>(std::lround(255 * alpha))}) {
-                points.push_back(value);
-            }
+            points.push_back(PointAt(look.sign, static_cast<float>(column) + 0.5F - kMiddle,
+                                     static_cast<float>(line) + 0.5F - kMiddle));
         }
     }
-    return Share(PngFile(kSide, kSide, points));
+    return Share(PngFile(kSide, kSide, PaletteOf(kPlates[look.plate]), points));
 }
 
 }  // namespace

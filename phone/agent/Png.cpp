@@ -5,8 +5,6 @@
 namespace quorvi::phone {
 namespace {
 
-constexpr std::size_t kBytesPerPoint = 4;
-
 void AddUInt32(Bytes& bytes, std::uint32_t value) {
     std::byte out[sizeof value];
     PackUInt32(value, out);
@@ -73,28 +71,51 @@ void AddPngChunk(Bytes& file, std::string_view type, std::span<const std::byte> 
     AddUInt32(file, Crc32(std::span(file).subspan(start)));
 }
 
-Bytes PngStart(std::uint32_t width, std::uint32_t height) {
+namespace {
+
+Bytes StartOf(std::uint32_t width, std::uint32_t height, int bits, int colourType) {
     Bytes file;
     AddText(file, "\x89PNG\r\n\x1a\n");
     Bytes header;
     AddUInt32(header, width);
     AddUInt32(header, height);
-    for (const int value : {8, 6, 0, 0, 0}) {  // 8 bits, with alpha
+    for (const int value : {bits, colourType, 0, 0, 0}) {
         header.push_back(static_cast<std::byte>(value));
     }
     AddPngChunk(file, "IHDR", header);
     return file;
 }
 
-Bytes PngFile(std::uint32_t width, std::uint32_t height, std::span<const std::byte> points) {
+constexpr int kWithAlpha = 6;
+constexpr int kOfAPalette = 3;
+
+}  // namespace
+
+Bytes PngStart(std::uint32_t width, std::uint32_t height) {
+    return StartOf(width, height, 8, kWithAlpha);
+}
+
+Bytes PngFile(std::uint32_t width, std::uint32_t height, const PngPalette& palette,
+              std::span<const std::uint8_t> points) {
+    Bytes colours;
+    Bytes alphas;
+    for (const PngColour& colour : palette) {
+        for (const std::uint8_t part : {colour.red, colour.green, colour.blue}) {
+            colours.push_back(std::byte{part});
+        }
+        alphas.push_back(std::byte{colour.alpha});
+    }
     Bytes lines;
-    const std::size_t lineBytes = width * kBytesPerPoint;
     for (std::size_t line = 0; line < height; ++line) {
         lines.push_back(std::byte{0});  // not filtered
-        const auto inLine = points.subspan(line * lineBytes, lineBytes);
-        lines.insert(lines.end(), inLine.begin(), inLine.end());
+        const auto inLine = points.subspan(line * width, width);
+        for (std::size_t i = 0; i < inLine.size(); i += 2) {
+            lines.push_back(static_cast<std::byte>(inLine[i] << 4 | inLine[i + 1]));
+        }
     }
-    Bytes file = PngStart(width, height);
+    Bytes file = StartOf(width, height, 4, kOfAPalette);
+    AddPngChunk(file, "PLTE", colours);
+    AddPngChunk(file, "tRNS", alphas);
     AddPngChunk(file, "IDAT", Stored(lines));
     AddPngChunk(file, "IEND", {});
     return file;

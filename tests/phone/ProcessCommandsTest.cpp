@@ -137,7 +137,7 @@ TEST_F(ProcessCommands, MadeUpProcessesAreAsManyAsAskedFor) {
 }
 
 TEST(Png, AFileEndsWithTheChecksumThatDecodersKnow) {
-    const Bytes file = PngFile(1, 1, Bytes(4));
+    const Bytes file = PngFile(2, 1, {}, std::array<std::uint8_t, 2>{});
     const Bytes end{file.end() - 12, file.end()};
     EXPECT_EQ(end, Join({{0, 0, 0, 0}, "IEND", {0xae, 0x42, 0x60, 0x82}}));
 }
