@@ -268,7 +268,7 @@ std::string HelpText() {
         "Faults, each for one command of the agent (870101, or listContacts) or for all; behind\n"
         "each, \"times N\" ends it after N requests:\n"
         "\n"
-        "  nodata            there is nothing to return\n"
+        "  nodata            there is nothing to return; close\n"
         "  absent            the first string of the reply is absent\n"
         "  close             close without a reply\n"
         "  cut N             close after N bytes, the length word counted\n"

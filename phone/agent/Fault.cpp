@@ -76,6 +76,8 @@ void Apply(const Fault& fault, AgentReply& reply, Delivery& delivery) {
     switch (fault.kind) {
         case FaultKind::noData:
             bytes = OneWord(NoDataMark);
+            // For who takes the mark for a length, the end of the connection is that of the reply.
+            delivery.ending = Ending::close;
             break;
         case FaultKind::absentFirst:
             MakeFirstAbsent(reply);

@@ -14,7 +14,7 @@
 namespace quorvi::phone {
 
 enum class FaultKind {
-    noData,       // NoDataMark in place of the length
+    noData,       // NoDataMark in place of the length, then closes
     absentFirst,  // the first string of the payload is absent
     close,        // closes without a reply
     cut,          // closes after `a` bytes, the length word counted

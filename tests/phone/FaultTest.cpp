@@ -41,8 +41,10 @@ TEST(Deliver, ACommandWithoutAReplyCloses) {
     EXPECT_EQ(delivery.ending, Ending::close);
 }
 
-TEST(Deliver, NoDataIsTheMarkAlone) {
-    EXPECT_EQ(DeliverWith({"nodata"}).bytes, Join({{0x07, 0x5b, 0xcd, 0x17}}));
+TEST(Deliver, NoDataIsTheMarkAloneBehindWhichTheConnectionEnds) {
+    const Delivery delivery = DeliverWith({"nodata"});
+    EXPECT_EQ(delivery.bytes, Join({{0x07, 0x5b, 0xcd, 0x17}}));
+    EXPECT_EQ(delivery.ending, Ending::close);
 }
 
 TEST(Deliver, AbsentTakesTheFirstStringOut) {
