@@ -3,6 +3,17 @@
 #include <utility>
 
 namespace quorvi {
+namespace {
+
+AdbCommand ToPhone(const LinkEnvironment& environment, const std::optional<std::string>& serial) {
+    AdbCommand command{environment.adbPath()};
+    if (serial) {
+        command.insert(command.end(), {"-s", *serial});
+    }
+    return command;
+}
+
+}  // namespace
 
 AdbCommand DevicesCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "devices"};
@@ -31,6 +42,20 @@ AdbCommand StartActivityCommand(const LinkEnvironment& environment, std::string 
 AdbCommand InstallCommand(const LinkEnvironment& environment, std::string serial,
                           const std::filesystem::path& file) {
     return {environment.adbPath(), "-s", std::move(serial), "install", "-r", file.native()};
+}
+
+AdbCommand UninstallCommand(const LinkEnvironment& environment,
+                            const std::optional<std::string>& serial, std::string package) {
+    AdbCommand command = ToPhone(environment, serial);
+    command.insert(command.end(), {"uninstall", std::move(package)});
+    return command;
+}
+
+AdbCommand PackagePathCommand(const LinkEnvironment& environment,
+                              const std::optional<std::string>& serial, std::string package) {
+    AdbCommand command = ToPhone(environment, serial);
+    command.insert(command.end(), {"shell", "pm", "path", std::move(package)});
+    return command;
 }
 
 std::string CommandLineText(const AdbCommand& command) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,17 @@ using AdbCommand = std::vector<std::string>;
 // adb -s SERIAL install -r FILE
 [[nodiscard]] AdbCommand InstallCommand(const LinkEnvironment& environment, std::string serial,
                                         const std::filesystem::path& file);
+
+// adb [-s SERIAL] uninstall PACKAGE; without a serial adb refuses when several phones are attached.
+[[nodiscard]] AdbCommand UninstallCommand(const LinkEnvironment& environment,
+                                          const std::optional<std::string>& serial,
+                                          std::string package);
+
+// adb [-s SERIAL] shell pm path PACKAGE: prints nothing for a package that the phone does not have.
+// The phone's shell reads the package: it has the form of a package's name.
+[[nodiscard]] AdbCommand PackagePathCommand(const LinkEnvironment& environment,
+                                            const std::optional<std::string>& serial,
+                                            std::string package);
 
 // The command in one line for a human reader: an argument with a blank in it in double quotes.
 [[nodiscard]] std::string CommandLineText(const AdbCommand& command);

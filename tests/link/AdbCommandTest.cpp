@@ -29,6 +29,12 @@ TEST(AdbCommand, EachHasTheToldArgumentsInTheirOrder) {
                             "com.quorvi.Quorvi/.Quorvi"));
     EXPECT_THAT(InstallCommand(environment, "HT04", "/opt/a.apk"),
                 ElementsAre("/opt/adb", "-s", "HT04", "install", "-r", "/opt/a.apk"));
+    EXPECT_THAT(UninstallCommand(environment, "HT04", "com.a"),
+                ElementsAre("/opt/adb", "-s", "HT04", "uninstall", "com.a"));
+    EXPECT_THAT(UninstallCommand(environment, std::nullopt, "com.a"),
+                ElementsAre("/opt/adb", "uninstall", "com.a"));
+    EXPECT_THAT(PackagePathCommand(environment, std::nullopt, "com.a"),
+                ElementsAre("/opt/adb", "shell", "pm", "path", "com.a"));
 }
 
 TEST(AdbCommand, FileWithAQuoteAndABlankReachesAdbAsOneArgument) {
