@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "agent/AgentAddress.h"
+#include "online/ServiceRequest.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {
@@ -21,7 +22,7 @@ class Output;
 enum class Status : int {
     done = 0,
     wrongUsage = 1,
-    noLink = 2,    // no link, a connection error, or no answer
+    noLink = 2,    // no link, a connection error, no answer, or a refusal of the phone
     notFound = 3,  // what was named is not there
 };
 
@@ -45,6 +46,7 @@ inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 struct Context {
     AgentAddress agent;
     AttributionOf attribution;
+    AskSite askSite{};
 };
 
 // One row of the table of commands.

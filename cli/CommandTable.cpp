@@ -121,6 +121,24 @@ constexpr Command kCommands[] = {
      .summary = u8"手机上一个文件夹里的文件，不写路径时为根目录",
      .most = 1,
      .run = RunFilesList},
+    {.words = "apps list",
+     .synopsis = "[--site]",
+     .summary = u8"手机上的应用，--site 向网站查询评级和分类",
+     .flags = {"--site"},
+     .run = RunAppsList},
+    {.words = "apps run",
+     .synopsis = "PACKAGE",
+     .summary = u8"在手机上启动应用",
+     .fewest = 1,
+     .most = 1,
+     .run = RunAppsRun},
+    {.words = "apps uninstall",
+     .synopsis = "[--serial S] PACKAGE [PACKAGE...]",
+     .summary = u8"用 adb 逐个卸载应用，不再询问",
+     .fewest = 1,
+     .most = kAnyNumber,
+     .options = {"--serial"},
+     .run = RunAppsUninstall},
     {.words = "processes list", .summary = u8"手机上运行的进程", .run = RunProcessesList},
     {.words = "processes end",
      .synopsis = "PACKAGE [PACKAGE...]",
@@ -209,7 +227,7 @@ std::string HelpText() {
     }
     help += Ansi(
         u8"\n--json 在标准输出上给出 UTF-8 的 JSON；提示写到标准错误。\n"
-        u8"状态: 0 完成，1 用法错误，2 没有连接或手机没有回答，3 没有找到。\n");
+        u8"状态: 0 完成，1 用法错误，2 没有连接，手机没有回答或拒绝了，3 没有找到。\n");
     return help;
 }
 

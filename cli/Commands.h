@@ -9,6 +9,9 @@ Status RunAlarmsAdd(const Arguments& arguments, const Context& context, Output& 
 Status RunAlarmsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunAlarmsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunAlarmsUpdate(const Arguments& arguments, const Context& context, Output& output);
+Status RunAppsList(const Arguments& arguments, const Context& context, Output& output);
+Status RunAppsRun(const Arguments& arguments, const Context& context, Output& output);
+Status RunAppsUninstall(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksList(const Arguments& arguments, const Context& context, Output& output);

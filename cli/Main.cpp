@@ -21,7 +21,11 @@ Status Run(const std::vector<std::string>& words) {
     const auto line = ReadCommandLine(words, AllCommands());
     if (const auto* call = std::get_if<Call>(&line)) {
         Output output(call->json);
-        const Context context{.agent = AgentPort, .attribution = MakeNumberAttribution()};
+        const Context context{.agent = AgentPort,
+                              .attribution = MakeNumberAttribution(),
+                              .askSite = [](const Service& service, std::string_view document) {
+                                  return AskService(TheDeployment(), service, document);
+                              }};
         return call->command->run(call->arguments, context, output);
     }
     Output output(false);
