@@ -90,7 +90,7 @@ std::string Am(Handset& handset, const Words& words) {
     }
     const std::string& component = *(option + 1);
     const std::string package = component.substr(0, component.find('/'));
-    const std::string started = fmt::format("Starting: Intent {{ cmp={} }}\n", component);
+    std::string started = fmt::format("Starting: Intent {{ cmp={} }}\n", component);
     const bool isAgent = component == fmt::format("{}/{}", kAgentPackage, kAgentActivity) ||
                          component == fmt::format("{0}/{0}{1}", kAgentPackage, kAgentActivity);
     if (!handset.FindApp(package) || (package == kAgentPackage && !isAgent)) {

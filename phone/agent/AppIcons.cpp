@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <map>
 #include <mutex>
 #include <vector>
 
@@ -30,14 +29,8 @@ constexpr std::array<PngColour, 7> kPlates{{
 constexpr std::uint32_t kSigns = 4;
 
 // The palette of an icon: from the plate to the white of the sign, then from nothing to the plate.
-constexpr int kShades = 8;
-constexpr std::uint8_t kWhite = kShades - 1;
-
-// What an icon looks like, of all that there are.
-struct Look {
-    std::uint32_t plate, sign;
-    auto operator<=>(const Look&) const = default;
-};
+constexpr std::size_t kShades = 8;
+constexpr std::size_t kWhite = kShades - 1;
 
 // Sums up a package's name: FNV-1a.
 std::uint32_t HashOf(std::string_view text) {
@@ -78,39 +71,45 @@ float OutsideSign(std::uint32_t sign, float x, float y) {
     }
 }
 
+// `part` of `whole` parts of the way between two values.
+std::uint8_t Between(std::uint8_t from, std::uint8_t to, std::size_t part, std::size_t whole) {
+    return static_cast<std::uint8_t>((from * (whole - part) + to * part) / whole);
+}
+
 PngPalette PaletteOf(const PngColour& plate) {
-    const auto mixed = [](int from, int to, int part, int whole) {
-        return static_cast<std::uint8_t>(from + (to - from) * part / whole);
-    };
     PngPalette palette{};
-    for (int shade = 0; shade < kShades; ++shade) {
-        palette[static_cast<std::size_t>(shade)] = {mixed(plate.red, 255, shade, kWhite),
-                                                    mixed(plate.green, 255, shade, kWhite),
-                                                    mixed(plate.blue, 255, shade, kWhite), 255};
-        palette[static_cast<std::size_t>(kShades + shade)] = plate;
-        palette[static_cast<std::size_t>(kShades + shade)].alpha = mixed(0, 255, shade, kShades);
+    for (std::size_t shade = 0; shade < kShades; ++shade) {
+        palette[shade] = {Between(plate.red, 255, shade, kWhite),
+                          Between(plate.green, 255, shade, kWhite),
+                          Between(plate.blue, 255, shade, kWhite), 255};
+        palette[kShades + shade] = plate;
+        palette[kShades + shade].alpha = Between(0, 255, shade, kShades);
     }
     return palette;
 }
 
+// The number of a point's colour.
 std::uint8_t PointAt(std::uint32_t sign, float x, float y) {
-    const float onPlate = CoveredAt(OutsideBox(x, y, kMiddle, kMiddle, kCorner));
-    const long shade = std::lround(onPlate * kShades);
-    return static_cast<std::uint8_t>(
-        shade < kShades ? kShades + shade
-                        : std::lround(CoveredAt(OutsideSign(sign, x, y)) * kWhite));
+    const auto shadeOf = [](float covered, std::size_t most) {
+        return static_cast<std::size_t>(std::lround(covered * static_cast<float>(most)));
+    };
+    const std::size_t onPlate =
+        shadeOf(CoveredAt(OutsideBox(x, y, kMiddle, kMiddle, kCorner)), kShades);
+    return static_cast<std::uint8_t>(onPlate < kShades
+                                         ? kShades + onPlate
+                                         : shadeOf(CoveredAt(OutsideSign(sign, x, y)), kWhite));
 }
 
-SharedBytes Draw(const Look& look) {
+SharedBytes Draw(const PngColour& plate, std::uint32_t sign) {
     std::vector<std::uint8_t> points;
     points.reserve(std::size_t{kSide} * kSide);
     for (int line = 0; line < kSide; ++line) {
         for (int column = 0; column < kSide; ++column) {
-            points.push_back(PointAt(look.sign, static_cast<float>(column) + 0.5F - kMiddle,
+            points.push_back(PointAt(sign, static_cast<float>(column) + 0.5F - kMiddle,
                                      static_cast<float>(line) + 0.5F - kMiddle));
         }
     }
-    return Share(PngFile(kSide, kSide, PaletteOf(kPlates[look.plate]), points));
+    return Share(PngFile(kSide, kSide, PaletteOf(plate), points));
 }
 
 }  // namespace
@@ -118,14 +117,13 @@ SharedBytes Draw(const Look& look) {
 SharedBytes AppIcon(std::string_view package) {
     // Each is drawn once in a process.
     static std::mutex mutex;
-    static std::map<Look, SharedBytes> drawn;
-    const std::uint32_t hash = HashOf(package);
-    const Look look{static_cast<std::uint32_t>(hash % kPlates.size()),
-                    static_cast<std::uint32_t>(hash / kPlates.size() % kSigns)};
+    static std::array<SharedBytes, kPlates.size() * kSigns> drawn;
+    const std::size_t look = HashOf(package) % drawn.size();
     const std::lock_guard lock(mutex);
     SharedBytes& icon = drawn[look];
     if (!icon) {
-        icon = Draw(look);
+        icon =
+            Draw(kPlates[look % kPlates.size()], static_cast<std::uint32_t>(look / kPlates.size()));
     }
     return icon;
 }
