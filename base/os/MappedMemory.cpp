@@ -5,6 +5,9 @@
 namespace quorvi {
 namespace {
 
+// Bytes from which on memory comes in large pages, of 2 MB each on most machines.
+constexpr std::size_t kLarge = 4 << 20;
+
 std::span<std::byte> Map(std::size_t length, int protection, int flags, int descriptor) {
     if (length == 0) {
         return {};
@@ -19,8 +22,14 @@ std::span<std::byte> Map(std::size_t length, int protection, int flags, int desc
 }  // namespace
 
 MappedMemory MappedMemory::Zeroed(std::size_t length) {
-    return MappedMemory(
-        Map(length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1));
+    const auto bytes =
+        Map(length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1);
+    if (bytes.size() >= kLarge) {
+        // A fault for each small page costs more than to receive its bytes. Where the system has no
+        // large pages, all stays as it is.
+        madvise(bytes.data(), bytes.size(), MADV_HUGEPAGE);
+    }
+    return MappedMemory(bytes);
 }
 
 MappedMemory MappedMemory::OfFile(const FileDescriptor& file, std::size_t length) {

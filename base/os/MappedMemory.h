@@ -12,8 +12,9 @@ namespace quorvi {
 class MappedMemory {
   public:
     MappedMemory() = default;
-    // `length` bytes of zero, which take no memory until something is written to them. Empty when
-    // the address space cannot hold them.
+    // `length` bytes of zero, which take no memory until something is written to them, and then
+    // that of the page (up to 2 MB) in which it stands. Empty when the address space cannot hold
+    // them.
     [[nodiscard]] static MappedMemory Zeroed(std::size_t length);
     // The first `length` bytes of a file, for reading only. The file may be closed and deleted
     // meanwhile, but whoever cuts it shorter makes reading fault. Empty when it cannot be mapped.

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -49,6 +50,25 @@ TEST(MappedMemory, OfAFileOutlivesItsDescriptorAndItsName) {
     ASSERT_EQ(memory.Bytes().size(), 2U);
     EXPECT_EQ(memory.Bytes()[1], std::byte{'b'});
     EXPECT_TRUE(MappedMemory::OfFile(FileDescriptor(), 2).Empty());
+}
+
+// Bytes of memory that this process holds.
+std::size_t Resident() {
+    std::size_t all = 0;
+    std::size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> all >> resident;
+    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+TEST(MappedMemory, OfALargeLengthOnlyWhatIsWrittenToTakesMemory) {
+    constexpr std::size_t kThreeGigabytes = 3'000'000'000;
+    const std::size_t before = Resident();
+    MappedMemory memory = MappedMemory::Zeroed(kThreeGigabytes);
+    ASSERT_EQ(memory.Bytes().size(), kThreeGigabytes);
+    memory.Writable()[kThreeGigabytes / 2] = std::byte{1};
+    EXPECT_LT(Resident(), before + (8 << 20));
+    std::ranges::fill(memory.Writable().first(64 << 20), std::byte{1});
+    EXPECT_GT(Resident(), before + (60 << 20));
 }
 
 }  // namespace
