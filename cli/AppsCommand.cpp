@@ -160,7 +160,7 @@ Status RunAppsUninstall(const Arguments& arguments, const Context&, Output& outp
             output.PrintLine(package + ": " + ToAnsi(one.said));
         }
         if (const std::string reason = ReasonOf(one); !reason.empty()) {
-            output.Complain(package + ": " + reason);
+            output.Complain(std::string(package).append(": ").append(reason));
         }
         worst = std::max(worst, StatusOf(one.outcome));
     }
