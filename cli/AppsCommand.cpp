@@ -8,11 +8,13 @@
 #include "agent/AgentSession.h"
 #include "base/Format.h"
 #include "base/Json.h"
+#include "base/PackageName.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/PhoneChange.h"
 #include "link/AdbCapture.h"
 #include "link/AdbCommand.h"
+#include "online/ServiceRequest.h"
 #include "pages/apps/AppActions.h"
 #include "pages/apps/AppList.h"
 #include "pages/apps/StoreCheck.h"
@@ -59,8 +61,9 @@ void CheckStore(const Context& context, std::vector<AppRecord>& rows, Output& ou
     for (const AppRecord& row : rows) {
         packages.push_back(row.package);
     }
-    const StoreAnswers answers = ParseStoreAnswers(
-        context.askSite(kStoreCheckService, StoreCheckDocument(identity, packages)));
+    const StoreAnswers answers =
+        ParseStoreAnswers(AskService(context.deployment, kStoreCheckService,
+                                     StoreCheckDocument(identity, packages), context.limits));
     if (answers.empty()) {
         output.Complain(Ansi(u8"网站没有给出应用的评级和分类，请稍后再试"));
     }

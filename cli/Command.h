@@ -11,7 +11,8 @@
 #include <vector>
 
 #include "agent/AgentAddress.h"
-#include "online/ServiceRequest.h"
+#include "base/Deployment.h"
+#include "online/HttpTransfer.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi::cli {
@@ -46,7 +47,8 @@ inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 struct Context {
     AgentAddress agent;
     AttributionOf attribution;
-    AskSite askSite{};
+    Deployment deployment{};  // where the site is
+    HttpLimits limits{};      // how long it is waited for
 };
 
 // One row of the table of commands.

@@ -23,9 +23,7 @@ Status Run(const std::vector<std::string>& words) {
         Output output(call->json);
         const Context context{.agent = AgentPort,
                               .attribution = MakeNumberAttribution(),
-                              .askSite = [](const Service& service, std::string_view document) {
-                                  return AskService(TheDeployment(), service, document);
-                              }};
+                              .deployment = TheDeployment()};
         return call->command->run(call->arguments, context, output);
     }
     Output output(false);
@@ -33,7 +31,9 @@ Status Run(const std::vector<std::string>& words) {
         output.Complain(error->text);
         return Status::wrongUsage;
     }
-    output.PrintLine(std::holds_alternative<HelpWanted>(line) ? HelpText() : "quorvictl " + std::string(ProductVersion()));
+    output.PrintLine(std::holds_alternative<HelpWanted>(line)
+                         ? HelpText()
+                         : "quorvictl " + std::string(ProductVersion()));
     return Status::done;
 }
 

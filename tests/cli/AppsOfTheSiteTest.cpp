@@ -10,6 +10,7 @@
 #include "tests/pages/apps/AppReplies.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/ScriptedAgent.h"
+#include "tests/support/SiteServer.h"
 
 namespace quorvi::cli {
 namespace {
@@ -30,30 +31,38 @@ class AppsOfTheSite : public testing::Test {
                                                               .Get());
     }
 
-    Status Run(const AskSite& site) {
+    Status RunAt(const std::string& root, const HttpLimits& limits = {}) {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
         Output output(true);
-        const Status status =
-            RunAppsList({.operands = {}, .options = {{"--site", ""}}},
-                        {.agent = agent_.Port(), .attribution = {}, .askSite = site}, output);
+        const Status status = RunAppsList({.operands = {}, .options = {{"--site", ""}}},
+                                          {.agent = agent_.Port(),
+                                           .attribution = {},
+                                           .deployment = {.siteRoot = root},
+                                           .limits = limits},
+                                          output);
         rows_ = ParseJson(testing::internal::GetCapturedStdout()).value_or(Json::Value());
         messages_ = testing::internal::GetCapturedStderr();
         return status;
     }
+    Status RunAt(std::uint16_t port, const HttpLimits& limits = {}) {
+        return RunAt("http://127.0.0.1:" + std::to_string(port) + "/", limits);
+    }
     // Whose site answers with these bytes, whatever they are.
     Status RunAgainst(std::string_view answer, Answer::End end = Answer::End::close,
-                      PostLimits limits = {}) {
+                      const HttpLimits& limits = {}) {
         const auto bytes = std::as_bytes(std::span(answer));
         LoopbackAgent server({.bytes = {bytes.begin(), bytes.end()}, .end = end});
-        return RunAgainst(server.Port(), limits);
+        return RunAt(server.Port(), limits);
     }
-    Status RunAgainst(std::uint16_t port, PostLimits limits) {
-        Deployment deployment;
-        deployment.siteRoot = "http://127.0.0.1:" + std::to_string(port) + "/";
-        return Run([deployment, limits](const Service& service, std::string_view document) {
-            return AskService(deployment, service, document, limits);
-        });
+    // Whose site is nginx and says this; what it was sent is the document.
+    Json::Value Asked(std::string_view reply) {
+        const SiteServer site;
+        site.Serve("feedback/apk_list.php", reply);
+        EXPECT_EQ(RunAt(site.Root()), Status::done);
+        const std::string body = site.Requests(1).at(0).body;
+        EXPECT_TRUE(body.starts_with("apps={"));
+        return ParseFirstJson(std::string_view(body).substr(5)).value();
     }
     void ExpectDefaults() const {
         ASSERT_EQ(rows_.size(), 2U);
@@ -75,17 +84,9 @@ class AppsOfTheSite : public testing::Test {
 };
 
 TEST_F(AppsOfTheSite, AsksForWhatThePhoneHasAndMergesTheAnswer) {
-    std::string field;
-    std::string asked;
-    const Status status = Run([&](const Service& service, std::string_view document) {
-        field = service.field;
-        asked = document;
-        return R"([{"pkg":"com.b","level":"5","id":"17","category":"天气","description":"看"}])";
-    });
-    EXPECT_EQ(status, Status::done);
-    EXPECT_EQ(field, "apps");
+    const Json::Value document =
+        Asked(R"([{"pkg":"com.b","level":"5","id":"17","category":"天气","description":"看"}])");
     // MD5 of "2" is c81e728d9d4c2f636f067f89cc14862c, that of "com.b" is cut in the same place.
-    const Json::Value document = ParseJson(asked).value();
     EXPECT_EQ(document["CheckSum"].asString().substr(0, 3), "e72");
     EXPECT_EQ(document["Client"].asInt(), 7);
     EXPECT_EQ(document["Api"].asInt(), 10);
@@ -100,55 +101,35 @@ TEST_F(AppsOfTheSite, AsksForWhatThePhoneHasAndMergesTheAnswer) {
     EXPECT_EQ(messages_, "");
 }
 
+// Where nobody listens, a request would be complained of.
 TEST_F(AppsOfTheSite, AnEmptyListPostsNothing) {
     agent_.AnswerPayload(AgentCommand::listApplications, WireBytes()
                                                              .U32(0)    // leading word
                                                              .U32(0)    // skipped
                                                              .Absent()  // name
                                                              .Get());
-    bool asked = false;
-    EXPECT_EQ(Run([&](const Service&, std::string_view) {
-                  asked = true;
-                  return std::string();
-              }),
-              Status::done);
-    EXPECT_FALSE(asked);
+    EXPECT_EQ(RunAt(UnusedPort()), Status::done);
     EXPECT_EQ(messages_, "");
 }
 
 TEST_F(AppsOfTheSite, APhoneThatDoesNotSayWhatItIsIsAskedAboutAllTheSame) {
     agent_.AnswerNoData(AgentCommand::deviceSummary);
-    std::string asked;
-    static_cast<void>(Run([&](const Service&, std::string_view document) {
-        asked = document;
-        return std::string("[]");
-    }));
-    EXPECT_EQ(ParseJson(asked).value()["Api"].asInt(), 0);
+    EXPECT_EQ(Asked("[]")["Api"].asInt(), 0);
 }
 
 TEST_F(AppsOfTheSite, WithoutAListTheSiteIsNotAsked) {
     agent_.Answer(AgentCommand::listApplications, {.end = ScriptedAgent::End::reset});
-    bool asked = false;
-    EXPECT_EQ(Run([&](const Service&, std::string_view) {
-                  asked = true;
-                  return std::string();
-              }),
-              Status::noLink);
-    EXPECT_FALSE(asked);
+    EXPECT_EQ(RunAt(UnusedPort()), Status::noLink);
+    EXPECT_EQ(messages_.find("网站"), std::string::npos);
 }
 
 TEST_F(AppsOfTheSite, ASiteThatRefusesLeavesTheDefaults) {
-    EXPECT_EQ(RunAgainst(UnusedPort(), {}), Status::done);
+    EXPECT_EQ(RunAt(UnusedPort()), Status::done);
     ExpectDefaultsAndAMessage();
 }
 
 TEST_F(AppsOfTheSite, ASiteWithoutAHostLeavesTheDefaults) {
-    EXPECT_EQ(Run([](const Service& service, std::string_view document) {
-                  Deployment deployment;
-                  deployment.siteRoot = "http://host.invalid/";
-                  return AskService(deployment, service, document);
-              }),
-              Status::done);
+    EXPECT_EQ(RunAt("http://host.invalid/"), Status::done);
     ExpectDefaultsAndAMessage();
 }
 
@@ -168,7 +149,7 @@ TEST_F(AppsOfTheSite, APageThatHasMovedIsNotFollowed) {
               Status::done);
     ExpectDefaultsAndAMessage();
     // The answer there is one that would be taken.
-    EXPECT_EQ(RunAgainst(elsewhere.Port(), {}), Status::done);
+    EXPECT_EQ(RunAt(elsewhere.Port()), Status::done);
     EXPECT_EQ(rows_[0]["rating"].asInt(), 5);
 }
 
