@@ -62,6 +62,9 @@ struct Cell {
     int value = -1;                            // star, rating, progress
     // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot.
     bool off = false;
+    // What is to be known of the cell beside what it shows: its tool tip says it, and it is read
+    // out.
+    QString note = {};
     QIcon themeIcon = {};  // with a line beside it, drawn in the place of `icon`; null for none
 };
 

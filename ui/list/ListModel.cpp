@@ -82,7 +82,7 @@ QString ListModel::Words(int row, int column) const {
             break;
     }
     if (const QString lines = Lines(row, column); !lines.trimmed().isEmpty()) {
-        return lines;
+        return cell.note.isEmpty() ? lines : QStringLiteral("%1\n%2").arg(lines, cell.note);
     }
     return ToQString(cell.icon.isEmpty() ? kEmpty : list_.Column(column).caption);
 }

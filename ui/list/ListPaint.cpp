@@ -460,7 +460,7 @@ QRect CSkinListCtrl::LinkRect(int row, int column) const {
     }
 }
 
-// Shows a text that its cell cuts off.
+// Shows a text that its cell cuts off, and a cell's note.
 bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     const QModelIndex index = indexAt(at);
     if (!index.isValid() || !redraw_) {
@@ -477,12 +477,14 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     };
     const bool two = column.kind == CellKind::twoLines;
     const int before = column.kind == CellKind::captioned ? Metric::rowCaption : 0;
-    if (!cut(cell.text, two ? Size::s13 : Size::s12) && !cut(cell.second, Size::s12, before)) {
+    if (cell.note.isEmpty() && !cut(cell.text, two ? Size::s13 : Size::s12) &&
+        !cut(cell.second, Size::s12, before)) {
         return false;
     }
-    const QString whole = cell.second.isEmpty()
-                              ? OneLine(cell.text)
-                              : OneLine(cell.text) + QLatin1Char('\n') + OneLine(cell.second);
+    QString whole = OneLine(cell.text);
+    for (const QString& line : {OneLine(cell.second), cell.note}) {
+        whole += line.isEmpty() ? line : QLatin1Char('\n') + line;
+    }
     ShowPlainTip(global, whole, viewport(), CellRect(index.row(), index.column()));
     return true;
 }

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QHelpEvent>
+#include <QTextDocument>
+#include <QToolTip>
 #include <cstdlib>
 
 #include "tests/support/QtTest.h"
@@ -42,7 +44,8 @@ class KindsList : public RecordListCtrl<Item> {
             case columnState:
                 return {.text = ToQString(item.off ? u8"已禁用" : u8"已启用"),
                         .iconInk = Color::greenMark,
-                        .off = item.off};
+                        .off = item.off,
+                        .note = item.off ? ToQString(u8"<b>自己停用的</b>") : QString()};
             case columnThemed: {
                 QPixmap red(Metric::rowIcon, Metric::rowIcon);
                 red.fill(Qt::red);
@@ -132,9 +135,24 @@ TEST_F(CellKinds, WhatAPictureHoldsIsReadOut) {
               ToQString(u8"没有缩略图"));
 }
 
-TEST_F(CellKinds, AStateIsReadOutByItsWord) {
+TEST_F(CellKinds, AStateIsReadOutByItsWordAndItsNote) {
     EXPECT_EQ(list_.model()->index(1, columnState).data(Qt::AccessibleTextRole).toString(),
-              ToQString(u8"已禁用"));
+              ToQString(u8"已禁用\n<b>自己停用的</b>"));
+    EXPECT_EQ(list_.model()->index(0, columnState).data(Qt::AccessibleTextRole).toString(),
+              ToQString(u8"已启用"));
+}
+
+TEST_F(CellKinds, ANoteIsSaidByTheToolTipAsItStands) {
+    const auto ask = [&](int row) {
+        const QPoint at = list_.CellRect(row, columnState).center();
+        QHelpEvent help(QEvent::ToolTip, at, list_.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(list_.viewport(), &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(ask(0), QString());
+    EXPECT_EQ(ask(1), ToQString(u8"已禁用\n<b>自己停用的</b>"));
+    EXPECT_FALSE(Qt::mightBeRichText(QToolTip::text()));
+    QToolTip::hideText();
 }
 
 }  // namespace
