@@ -4,6 +4,7 @@
 
 #include "app/window/PlaceholderPage.h"
 #include "pages/alarms/AlarmPage.h"
+#include "pages/apps/AppPage.h"
 #include "pages/autostart/AutoStartPage.h"
 #include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calendar/CalendarPage.h"
@@ -48,7 +49,7 @@ PageMakers ThePageMakers() {
         MakerOf<CalendarPage>(),       MakerOf<CFilePage>(),      MakerOf<CBookmarkPage>(),
         MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
         MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(), MakerOf<PhoneSpecsPage>(),
-        MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),
+        MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),       MakerOf<CAppPage>(),
     };
 }
 

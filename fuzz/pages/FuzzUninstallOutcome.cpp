@@ -1,5 +1,7 @@
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <string>
 #include <string_view>
 
 #include "pages/apps/UninstallOutcome.h"
@@ -11,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Words for whatever failed, in one line.
     if (reason.empty() != (outcome == quorvi::UninstallOutcome::done) ||
         reason.find_first_of("\r\n") != std::string::npos) {
-        __builtin_trap();
+        std::abort();
     }
     return 0;
 }

@@ -21,7 +21,11 @@ struct StoreFacts {
     std::int32_t storeId = kNoStoreId;
     std::string category = Ansi(u8"未知");
     std::string description = "N/A";
+
+    bool operator==(const StoreFacts&) const = default;
 };
+
+inline constexpr std::int32_t kNewest = 1;
 
 // One row; texts are ANSI.
 struct AppRecord {
@@ -33,6 +37,7 @@ struct AppRecord {
     std::uint64_t installed = 0;   // milliseconds since 1970; 0: never
     // An image file as the phone sent it, in any format; without one the default picture shows.
     ReplyBytes icon;
+    std::int32_t status = kNewest;  // what the hint says of its version; no other is ever given
     StoreFacts store;
 };
 
@@ -50,6 +55,11 @@ using AppListReply = ListReply<AppRecord>;
 // instead (AppListFetch.TakesTheMarkOfNoDataForALength). Any thread.
 [[nodiscard]] AppListReply FetchAppList(const AgentSession& session,
                                         const AgentSession::Progress& progress = {});
+
+// Whether the hint of such a status stands out in green; it is black for 0, 2 and 3.
+[[nodiscard]] constexpr bool IsGreenStatus(std::int32_t status) {
+    return status == kNewest || status > 3;
+}
 
 // Local time, or 从未 for 0. ANSI.
 [[nodiscard]] std::string InstalledText(std::uint64_t milliseconds);

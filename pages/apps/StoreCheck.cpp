@@ -46,11 +46,16 @@ StoreAnswers ParseStoreAnswers(std::string_view reply) {
     return answers;
 }
 
+const StoreFacts* FactsOf(const StoreAnswers& answers, std::string_view package) {
+    const auto found = answers.find(package);
+    return found == answers.end() ? nullptr : &found->second;
+}
+
 bool MergeStoreAnswers(const StoreAnswers& answers, std::span<AppRecord> rows) {
     bool any = false;
     for (AppRecord& row : rows) {
-        if (const auto found = answers.find(row.package); found != answers.end()) {
-            row.store = found->second;
+        if (const StoreFacts* facts = FactsOf(answers, row.package)) {
+            row.store = *facts;
             any = true;
         }
     }

@@ -18,6 +18,9 @@ using StoreAnswers = std::map<std::string, StoreFacts, std::less<>>;
 // texts, and a number is read from the beginning of its text. Any thread.
 [[nodiscard]] StoreAnswers ParseStoreAnswers(std::string_view reply);
 
+// What the site says of a package; null for one that it does not name.
+[[nodiscard]] const StoreFacts* FactsOf(const StoreAnswers& answers, std::string_view package);
+
 // Gives each row whose package the site knows what it says of it; true if there is such a row.
 bool MergeStoreAnswers(const StoreAnswers& answers, std::span<AppRecord> rows);
 
