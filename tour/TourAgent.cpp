@@ -31,12 +31,14 @@ TourAgent::TourAgent(Manner manner) : manner_(manner) {
     listen(QHostAddress::LocalHost);
 }
 
-// Does not close the connection: the page does, when it has its reply or is gone.
+// A page that waits for the rest of its reply closes the connection, when it is gone. That there is
+// nothing is said with the end of the connection: the list of applications waits for it.
 void TourAgent::Answer() {
     QTcpSocket* peer = nextPendingConnection();
     connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
     if (manner_ == Manner::hasNothing) {
         peer->write(WordOf(NoDataMark));
+        peer->disconnectFromHost();
     } else {
         peer->write(WordOf(kLength));
         peer->write(QByteArray(kSentAtOnce, '\0'));
