@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "pages/alarms/AlarmPage.h"
+#include "pages/apps/AppPage.h"
 #include "pages/bookmarks/BookmarkPage.h"
 #include "pages/calls/CallLogPage.h"
 #include "pages/cleaner/CleanerPage.h"
@@ -18,6 +19,7 @@
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/tasks/TaskPage.h"
 #include "tests/pages/alarms/AlarmReplies.h"
+#include "tests/pages/apps/AppReplies.h"
 #include "tests/pages/bookmarks/BookmarkReplies.h"
 #include "tests/pages/calls/CallReplies.h"
 #include "tests/pages/cleaner/CleanReplies.h"
@@ -61,6 +63,15 @@ QWidget* StartEditor(PageHost& host, const Services& services) {
     return new CContactEditDlg(host, kContact, nullptr, services.agent);
 }
 
+// Beside a site that nobody reaches.
+QWidget* StartApps(PageHost& host, const Services& services) {
+    AppSurroundings around;
+    around.site.siteRoot = "http://127.0.0.1:1/";
+    auto* page = new CAppPage(host, services, nullptr, around);
+    page->Load();
+    return page;
+}
+
 QWidget* StartComposer(PageHost& host, const Services& services) {
     auto* composer = new CSmsComposeDlg(host, kConversation, nullptr, services.agent);
     composer->OnMessage(Message::documentLoaded, 0);  // in the place of the view
@@ -78,6 +89,8 @@ const Work kWorks[] = {
     {"Alarms", AgentCommand::listAlarms, &StartPage<CAlarmPage>},
     {"Bookmarks", AgentCommand::listBookmarks, &StartPage<CBookmarkPage>},
     {"Caches", AgentCommand::scanForCleaning, &StartPage<CCleanerPage>},
+    {"Applications", AgentCommand::listApplications, &StartApps},
+    {"DeviceIdentity", AgentCommand::deviceSummary, &StartApps},
     {"FreeMemory", AgentCommand::freeMemory, &StartPage<CTaskPage>},
     {"Processes", AgentCommand::listProcesses, &StartPage<CTaskPage>},
     {"Conversations", AgentCommand::listConversations, &StartPage<CSmsPage>},
@@ -96,6 +109,8 @@ const std::map<AgentCommand, Bytes> kPayloads{
     {AgentCommand::listAlarms, AlarmsPayload({{}}).Get()},
     {AgentCommand::listBookmarks, BookmarksPayload({{.thumbnail = "B"}}).Get()},
     {AgentCommand::scanForCleaning, CachesPayload({{}}).Get()},
+    {AgentCommand::listApplications, AppsPayload({{}}).Get()},
+    {AgentCommand::deviceSummary, WireBytes().U32(0).U32(7).U32(10).Text("A").Get()},
     {AgentCommand::freeMemory, Word(7)},  // read as one word: its length
     {AgentCommand::listProcesses, ProcessesPayload({{}}).Get()},
     {AgentCommand::listConversations, ConversationsPayload({{}}).Get()},

@@ -12,8 +12,8 @@ struct Visited {
 // Without the system information, which the dashboard asks for by itself. The calls last: the test
 // looks at them then.
 constexpr Visited kVisited[] = {{10, 870101}, {11, 870201}, {13, 870401}, {15, 870601},
-                                {16, 870701}, {41, 871501}, {42, 871601}, {43, 871701},
-                                {45, 871801}, {12, 870301}};
+                                {16, 870701}, {30, 870802}, {41, 871501}, {42, 871601},
+                                {43, 871701}, {45, 871801}, {12, 870301}};
 
 class PageVisits : public PagesOnPhone {
   protected:

@@ -369,7 +369,7 @@ TEST_F(AppPageFailures, TheStatusSaysWhatAdbSaidAndTheListIsReadAllTheSame) {
     AwaitRefresh(2);
     EXPECT_EQ(
         host_.status,
-        ToQString(u8"【X】“掌上词典”没有卸载：手机不肯卸载，系统应用请在手机的应用设置里停用"));
+        ToQString(u8"【X】“掌上词典”没有卸载：手机不肯卸载，它可能是系统应用，请在手机的应用设置里停用"));
     Choose(1, CAppPage::menuUninstall);
     AwaitRefresh(3);
     EXPECT_EQ(host_.status,
