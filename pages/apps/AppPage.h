@@ -50,6 +50,8 @@ class CAppPage : public Page, private ListObserver {
 
     void Load() override { Refresh(); }
     void OnCommand(int index) override;
+    // Also while the phone is asked what it is: a refresh is dropped until then.
+    [[nodiscard]] bool IsAtWork() const override { return Page::IsAtWork() || load_.Running(); }
 
     // Has the phone start the application. No list is read again.
     void RunApplication(const std::string& package);

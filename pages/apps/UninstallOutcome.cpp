@@ -57,7 +57,7 @@ constexpr auto kReasons = std::to_array<Reason>({
     {UninstallOutcome::pinned, u8"它固定在手机屏幕上，请先在手机上取消固定"},
     {UninstallOutcome::needed, u8"其他应用还要用它，请先卸载那些应用"},
     {UninstallOutcome::aborted, u8"手机中止了卸载，请再试一次"},
-    {UninstallOutcome::refused, u8"手机不肯卸载，系统应用请在手机的应用设置里停用"},
+    {UninstallOutcome::refused, u8"手机不肯卸载，它可能是系统应用，请在手机的应用设置里停用"},
     {UninstallOutcome::severalPhones, u8"电脑连着不止一部手机，请只留下一部再试"},
     {UninstallOutcome::noPhone, u8"没有找到手机，请检查数据线和 USB 调试"},
     {UninstallOutcome::offline, u8"手机没有响应，请重新插拔数据线再试"},

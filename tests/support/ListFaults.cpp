@@ -14,6 +14,9 @@ Left ListFaults::LeftOf(const AskedList& asked, const FaultMode& mode) {
     if (mode.words == kCutInLength && asked.isLong) {
         return Left::over;
     }
+    if (!asked.rowAtMark && mode.left == Left::absent) {
+        return Left::nothing;
+    }
     if (asked.headed && mode.left == Left::absent) {
         return Left::whole;
     }

@@ -27,6 +27,7 @@ struct AskedList {
     // Its first record is a header without a row, whose text may be absent; and where nothing is
     // left of a reply the load key stays at 0.
     bool headed = false;
+    bool rowAtMark = true;  // where the first text of a record is absent, its row has begun
 };
 
 inline void PrintTo(const AskedList& asked, std::ostream* out) {

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Text.h"
 #include "tests/support/AtWork.h"
@@ -34,7 +35,11 @@ std::vector<SkinDialog*> OpenDialogs() {
 std::unique_ptr<PhoneDesk> PagesOnPhone::desk_;
 
 void PagesOnPhone::SetUpTestSuite() {
-    desk_ = std::make_unique<PhoneDesk>(1, ThePageMakers());
+    StandUp(ThePageMakers());
+}
+
+void PagesOnPhone::StandUp(PageMakers makers) {
+    desk_ = std::make_unique<PhoneDesk>(1, std::move(makers));
     ASSERT_EQ(desk_->Error(), "");
     ASSERT_TRUE(desk_->WaitForLink());
     ASSERT_EQ(BannerOf(desk_->Window()), ToQString(u8"连接成功:)"));

@@ -27,6 +27,9 @@ class PagesOnPhone : public testing::Test {
     static void TearDownTestSuite();
 
   protected:
+    // Sets the desk up with a window of these pages, in the place of SetUpTestSuite.
+    static void StandUp(PageMakers makers);
+
     // Page numbers.
     static constexpr int kContacts = 10;
     static constexpr int kMessages = 11;
