@@ -17,6 +17,7 @@
 #include "pages/phoneinfo/HomePage.h"
 #include "pages/phoneinfo/SystemInfoPage.h"
 #include "pages/phonesettings/PhoneSettingsPage.h"
+#include "pages/screen/ScreenshotPage.h"
 #include "pages/settings/SettingsPage.h"
 #include "pages/specs/PhoneSpecsPage.h"
 #include "pages/tasks/TaskPage.h"
@@ -50,6 +51,7 @@ PageMakers ThePageMakers() {
         MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
         MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(), MakerOf<PhoneSpecsPage>(),
         MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),       MakerOf<CAppPage>(),
+        MakerOf<CScreenshotPage>(),
     };
 }
 

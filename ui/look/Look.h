@@ -486,6 +486,11 @@ struct Metric {
     static constexpr int settingsDate = 336;
     static constexpr int settingsList = 180;
     static constexpr int settingsDateList = 164;
+    // screen capture
+    static constexpr int screenGround = 512;
+    static constexpr int screenPadding = 24;   // of the ground, around the picture
+    static constexpr int screenOptions = 236;  // wide
+    static constexpr int screenDragPart = 3;   // the part of its size in which a picture is dragged
     // shadows and veils
     static constexpr int shadowMenuBlur = 16;
     static constexpr int shadowMenuDrop = 4;

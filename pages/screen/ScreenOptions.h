@@ -1,0 +1,63 @@
+// The lists and boxes beside the picture of the phone's screen.
+#pragma once
+
+#include <QTimer>
+#include <optional>
+
+#include "pages/screen/Rotation.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/page/FocusKeeper.h"
+
+class QVBoxLayout;
+
+namespace quorvi {
+
+class CSkinCheck;
+class CSkinCombo;
+
+// What the user has set for the next capture and the next save. The window's thread.
+class ScreenOptions : public CSkinGroupBox {
+    Q_OBJECT
+  public:
+    // Control numbers.
+    static constexpr int kRotation = 1348;
+    static constexpr int kFormat = 1347;
+    static constexpr int kQuality = 1352;
+    static constexpr int kSize = 1349;
+    static constexpr int kAutoRefresh = 1350;  // hidden
+    static constexpr int kBatchSave = 1351;
+
+    explicit ScreenOptions(QWidget* parent = nullptr);
+
+    [[nodiscard]] Rotation ChosenRotation() const;
+    // Indexes of their lists.
+    [[nodiscard]] int FormatIndex() const;
+    [[nodiscard]] int QualityIndex() const;
+    [[nodiscard]] bool SavesWithoutAsking() const;
+
+    // The size of the phone's screen as the one entry of its list.
+    void ShowScreenSize(int width, int height);
+
+    // While a capture runs no other rotation can be chosen: the list would show another one than
+    // the picture has. The list is drawn so when it lasts: it would flicker at each capture.
+    void LockRotation();
+    void UnlockRotation();
+
+  Q_SIGNALS:
+    void rotationChanged();
+    void autoRefreshClicked(bool on);
+
+  private:
+    CSkinCombo* AddList(QVBoxLayout& rows, std::u8string_view caption, int number);
+
+    CSkinCombo* rotation_;
+    CSkinCombo* format_;
+    CSkinCombo* quality_;
+    CSkinCombo* size_;
+    CSkinCheck* autoRefresh_;
+    CSkinCheck* batchSave_;
+    QTimer lasting_;
+    std::optional<FocusKeeper> focus_;
+};
+
+}  // namespace quorvi
