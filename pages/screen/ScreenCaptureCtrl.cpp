@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "pages/screen/AccessiblePicture.h"
 #include "ui/kit/PlainTip.h"
 #include "ui/kit/QtText.h"
 
@@ -29,6 +30,7 @@ constexpr std::u8string_view kFailed = u8"没有截到手机的屏幕";
 
 ScreenCaptureCtrl::ScreenCaptureCtrl(QWidget* parent)
     : QWidget(parent), status_(new ViewStatus(this)) {
+    InstallAccessiblePicture();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     status_->SetEmptyText(ToQString(u8"还没有截图"), ToQString(u8"连上手机，然后点“刷新屏幕”"));

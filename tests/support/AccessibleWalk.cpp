@@ -29,7 +29,7 @@ const std::set<QAccessible::Role> kControls{
     QAccessible::ComboBox, QAccessible::EditableText, QAccessible::Table,
     QAccessible::Tree,     QAccessible::List,         QAccessible::PageTabList,
     QAccessible::PageTab,  QAccessible::ProgressBar,  QAccessible::Slider,
-    QAccessible::Link,     QAccessible::SpinBox,
+    QAccessible::Link,     QAccessible::SpinBox,      QAccessible::Graphic,
 };
 
 class Walk {

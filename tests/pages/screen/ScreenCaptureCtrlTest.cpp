@@ -1,6 +1,7 @@
 // The control that shows the picture of the phone's screen.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QSignalSpy>
@@ -8,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "pages/screen/AccessiblePicture.h"
 #include "pages/screen/ScreenCaptureCtrl.h"
 #include "tests/pages/screen/FrameServer.h"
 #include "tests/support/PrintQt.h"
@@ -306,6 +308,20 @@ TEST_F(ScreenCaptureControl, ItsAccessibleNameTellsTheSizeOfThePicture) {
     EXPECT_EQ(control_.accessibleName(), ToQString(u8"手机屏幕截图，宽 48 像素，高 80 像素"));
     Show(48, 80, Rotation::right90);
     EXPECT_EQ(control_.accessibleName(), ToQString(u8"手机屏幕截图，宽 80 像素，高 48 像素"));
+}
+
+TEST_F(ScreenCaptureControl, AnAssistiveToolFindsAPictureThatItCanCopy) {
+    QAccessibleInterface* picture = QAccessible::queryAccessibleInterface(&control_);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->role(), QAccessible::Graphic);
+    QAccessibleActionInterface& actions = *picture->actionInterface();
+    EXPECT_FALSE(actions.actionNames().contains(CopyPictureAction()));
+    Show(4, 8);
+    EXPECT_EQ(picture->text(QAccessible::Name), control_.accessibleName());
+    ASSERT_TRUE(actions.actionNames().contains(CopyPictureAction()));
+    QApplication::clipboard()->clear();
+    actions.doAction(CopyPictureAction());
+    EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(4, 8));
 }
 
 // ---- auto refresh ------------------------------------------------------------------------------
