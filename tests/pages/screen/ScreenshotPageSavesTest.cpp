@@ -1,8 +1,10 @@
 // How the capture page saves its picture, and how the picture leaves it otherwise.
 #include <QApplication>
+#include <QDrag>
 #include <QFileDialog>
 #include <QImageReader>
 #include <QLineEdit>
+#include <QTimer>
 #include <QUrl>
 #include <filesystem>
 #include <fstream>
@@ -416,6 +418,31 @@ TEST_F(PictureDragged, TakesAwayWhatProcessesLeftThatAreNoMore) {
                               "quorvi-screen-999999999-linked"}) {
         EXPECT_EQ(std::ranges::count(left, stays), 1) << stays;
     }
+}
+
+TEST_F(PictureDragged, TheFileIsThereAsLongAsItsPictureIsOnShow) {
+    OpenWithPicture();
+    static_cast<void>(page_->grab());
+    // The drag runs the window's events until it ends.
+    int drags = 0;
+    QTimer end;
+    end.callOnTimeout([&] {
+        if (!Folders().empty()) {
+            ++drags;
+            end.stop();
+            QDrag::cancel();
+        }
+    });
+    for (int drag = 1; drag <= 2; ++drag) {
+        end.start();
+        Q_EMIT Picture().dragged();
+        Settle();
+        EXPECT_EQ(drags, drag);
+        EXPECT_EQ(Folders().size(), 1u);  // one file, however often it is dragged
+    }
+    page_->Load();
+    Settle();
+    EXPECT_TRUE(WaitFor([&] { return Folders().empty(); }));
 }
 
 TEST_F(PictureDragged, WithoutAFileThereIsNoAddress) {
