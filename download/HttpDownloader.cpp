@@ -1,5 +1,7 @@
 #include "download/HttpDownloader.h"
 
+#include <algorithm>
+#include <condition_variable>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -7,6 +9,13 @@
 #include <vector>
 
 namespace quorvi {
+
+// A run as the engine knows it.
+struct CHttpDownloader::Known {
+    StopSignal stop;
+    std::filesystem::path target;
+    bool complete = false;  // has told so; guarded by the engine's mutex
+};
 
 struct CHttpDownloader::State {
     explicit State(TransferLimits how) : limits(how) {}
@@ -18,8 +27,9 @@ struct CHttpDownloader::State {
     std::filesystem::path target;
     ResponseHead lastHead;  // of any run; nothing ever takes it back
     DownloadFault fault = DownloadFault::none;
-    std::vector<std::shared_ptr<StopSignal>> runs;
-    const StopSignal* latest = nullptr;  // of the run that was started last
+    std::vector<std::shared_ptr<Known>> runs;
+    const Known* latest = nullptr;  // the run that was started last
+    std::condition_variable ended;  // a run has
 };
 
 // What one run has of the engine.
@@ -27,35 +37,38 @@ class CHttpDownloader::Run : public TransferFace {
   public:
     explicit Run(std::shared_ptr<State> state) : state_(std::move(state)) {
         const std::lock_guard lock(state_->mutex);
+        sink_ = state_->sink;
         url_ = state_->url;
-        target_ = state_->target;
-        state_->runs.push_back(stop_);
-        state_->latest = stop_.get();
+        known_->target = state_->target;
+        state_->runs.push_back(known_);
+        state_->latest = known_.get();
     }
     ~Run() override {
         const std::lock_guard lock(state_->mutex);
-        std::erase(state_->runs, stop_);
+        std::erase(state_->runs, known_);
+        state_->ended.notify_all();
     }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    void Go() { Transfer(*this, *stop_, state_->limits, url_, target_, LastHead()).Run(); }
+    void Go() {
+        Transfer(*this, known_->stop, state_->limits, url_, known_->target, LastHead()).Run();
+    }
 
     void Tell(DownloadEvent event, std::int32_t speed, std::int32_t percent) override {
-        std::shared_ptr<IDownloadSink> sink;
         {
             const std::lock_guard lock(state_->mutex);
             state_->fault = fault_;
-            sink = state_->sink.lock();
+            known_->complete = event == DownloadEvent::complete;
         }
-        if (sink != nullptr) {
+        if (const auto sink = sink_.lock()) {
             sink->OnDownloadEvent(event, speed, percent);
         }
     }
     void Fail(DownloadFault fault) override { fault_ = fault; }
     void Redirected(const std::string& url) override {
         const std::lock_guard lock(state_->mutex);
-        if (state_->latest == stop_.get()) {
+        if (state_->latest == known_.get()) {
             state_->url = url;
         }
     }
@@ -71,9 +84,9 @@ class CHttpDownloader::Run : public TransferFace {
     }
 
     const std::shared_ptr<State> state_;
-    const std::shared_ptr<StopSignal> stop_ = std::make_shared<StopSignal>();
+    const std::shared_ptr<Known> known_ = std::make_shared<Known>();
+    std::weak_ptr<IDownloadSink> sink_;
     std::string url_;
-    std::filesystem::path target_;
     DownloadFault fault_ = DownloadFault::none;
 };
 
@@ -100,13 +113,13 @@ void CHttpDownloader::Start() {
 }
 
 void CHttpDownloader::Stop() {
-    std::vector<std::shared_ptr<StopSignal>> runs;
+    std::vector<std::shared_ptr<Known>> runs;
     {
         const std::lock_guard lock(state_->mutex);
         runs = state_->runs;
     }
     for (const auto& run : runs) {
-        run->Stop();
+        run->stop.Stop();
     }
 }
 
@@ -123,6 +136,15 @@ DownloadFault CHttpDownloader::Fault() const {
 bool CHttpDownloader::IsIdle() const {
     const std::lock_guard lock(state_->mutex);
     return state_->runs.empty();
+}
+
+void CHttpDownloader::WaitForMove(const std::filesystem::path& target) const {
+    std::unique_lock lock(state_->mutex);
+    state_->ended.wait(lock, [&] {
+        return std::ranges::none_of(state_->runs, [&](const std::shared_ptr<Known>& run) {
+            return run->complete && run->target == target;
+        });
+    });
 }
 
 }  // namespace quorvi

@@ -21,7 +21,8 @@ class CHttpDownloader {
   public:
     explicit CHttpDownloader(TransferLimits limits = {});
 
-    // Who hears the events; not owned: where there is none, or it is gone, they are dropped.
+    // Who hears the events of the runs that are started from now on; not owned: where there is
+    // none, or it is gone, they are dropped.
     void SetSink(std::weak_ptr<IDownloadSink> sink);
     // What the next run downloads. A run that goes on keeps its own.
     void SetJob(std::string url, std::filesystem::path target);
@@ -39,8 +40,12 @@ class CHttpDownloader {
     [[nodiscard]] DownloadFault Fault() const;
     // Whether no run goes on: behind `complete` it still moves its file.
     [[nodiscard]] bool IsIdle() const;
+    // Waits until each run that has told `complete` of this file has moved it, too. Not to be
+    // called while an event is told.
+    void WaitForMove(const std::filesystem::path& target) const;
 
   private:
+    struct Known;
     struct State;
     class Run;
     std::shared_ptr<State> state_;
