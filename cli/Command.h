@@ -58,7 +58,7 @@ struct Command {
     std::u8string_view summary{};               // one line
     std::size_t fewest = 0;                     // operands
     std::size_t most = 0;                       // operands
-    std::array<std::string_view, 4> options{};  // those that take a value; --json goes with all
+    std::array<std::string_view, 6> options{};  // those that take a value; --json goes with all
     std::array<std::string_view, 4> flags{};    // those that take none
     Status (*run)(const Arguments& arguments, const Context& context, Output& output) = nullptr;
 };

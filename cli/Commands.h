@@ -12,11 +12,11 @@ Status RunAlarmsUpdate(const Arguments& arguments, const Context& context, Outpu
 Status RunAppsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunAppsRun(const Arguments& arguments, const Context& context, Output& output);
 Status RunAppsUninstall(const Arguments& arguments, const Context& context, Output& output);
+Status RunAutoStartList(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksList(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksUpdate(const Arguments& arguments, const Context& context, Output& output);
-Status RunAutoStartList(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunCallsList(const Arguments& arguments, const Context& context, Output& output);
@@ -28,6 +28,7 @@ Status RunContactsList(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsShow(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
+Status RunFeedback(const Arguments& arguments, const Context& context, Output& output);
 Status RunFilesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output);
@@ -47,5 +48,9 @@ Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& 
 Status RunSmsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsSend(const Arguments& arguments, const Context& context, Output& output);
 Status RunSmsShow(const Arguments& arguments, const Context& context, Output& output);
+Status RunSpecs(const Arguments& arguments, const Context& context, Output& output);
+Status RunSpecsCheck(const Arguments& arguments, const Context& context, Output& output);
+Status RunUpdate(const Arguments& arguments, const Context& context, Output& output);
+Status RunWeather(const Arguments& arguments, const Context& context, Output& output);
 
 }  // namespace quorvi::cli

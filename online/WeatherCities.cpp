@@ -20,8 +20,16 @@ constexpr City kCities[] = {
 // No list offers it under its right name, but who has it stored gets its weather.
 constexpr City kUnlisted{u8"江西", u8"抚州", 101240401};
 
-bool HasName(const City& city, std::u8string_view name) {
-    return city.name == name;
+// Null for a name that is not known. ANSI.
+const City* Find(std::string_view city) {
+    const std::string utf8 = ToUtf8(city);
+    const std::u8string name(utf8.begin(), utf8.end());
+    if (name == kUnlisted.name) {
+        return &kUnlisted;
+    }
+    const auto* const found =
+        std::ranges::find_if(kCities, [&](const City& one) { return one.name == name; });
+    return found == std::end(kCities) ? nullptr : found;
 }
 
 }  // namespace
@@ -46,15 +54,13 @@ std::string DefaultCity() {
     return Ansi(u8"北京");
 }
 
+bool IsWeatherCity(std::string_view city) {
+    return Find(city) != nullptr;
+}
+
 int CityNumber(std::string_view city) {
-    const std::string utf8 = ToUtf8(city);
-    const std::u8string name(utf8.begin(), utf8.end());
-    if (HasName(kUnlisted, name)) {
-        return kUnlisted.number;
-    }
-    const auto* const found = std::find_if(std::begin(kCities), std::end(kCities),
-                                           [&](const City& one) { return HasName(one, name); });
-    return found == std::end(kCities) ? kDefaultCityNumber : found->number;
+    const City* const found = Find(city);
+    return found == nullptr ? kDefaultCityNumber : found->number;
 }
 
 }  // namespace quorvi

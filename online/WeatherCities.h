@@ -19,6 +19,9 @@ struct Province {
 [[nodiscard]] std::string DefaultCity();
 inline constexpr int kDefaultCityNumber = 101010100;
 
+// Whether the service knows a city by this name.
+[[nodiscard]] bool IsWeatherCity(std::string_view city);
+
 // The service's number of a city.
 [[nodiscard]] int CityNumber(std::string_view city);
 

@@ -46,6 +46,13 @@ TEST(WeatherCities, AnUnknownNameHasTheNumberOfTheDefaultCity) {
     EXPECT_EQ(CityNumber(Ansi(u8"杭州市")), kDefaultCityNumber);
 }
 
+TEST(WeatherCities, AreKnownByTheirNames) {
+    EXPECT_TRUE(IsWeatherCity(Ansi(u8"杭州")));
+    EXPECT_TRUE(IsWeatherCity(Ansi(u8"抚州")));
+    EXPECT_FALSE(IsWeatherCity(Ansi(u8"杭州市")));
+    EXPECT_FALSE(IsWeatherCity(""));
+}
+
 TEST(WeatherCities, OneIsOfferedUnderASlipAndFoundUnderItsName) {
     const auto& provinces = WeatherProvinces();
     const auto jiangxi =
