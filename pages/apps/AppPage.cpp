@@ -52,16 +52,15 @@ struct CAppPage::Identified {
     DeviceIdentity identity;
 };
 
-CAppPage::CAppPage(PageHost& host, const Services& services, QWidget* parent,
-                   AppSurroundings around)
+CAppPage::CAppPage(PageHost& host, const Services& services, QWidget* parent, LinkEnvironment adb)
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
-      site_(std::move(around.site)),
+      site_(services.deployment),
       load_(*this, host.LoadState(), kNumbers.loadKey),
       storeCheck_(*this),
       list_(new AppListCtrl(this)),
       uninstaller_(std::make_shared<Uninstaller>(
-          std::move(around.adb), [this, page = QPointer<QObject>(this)](UninstallEnd&& end) {
+          std::move(adb), [this, page = QPointer<QObject>(this)](UninstallEnd&& end) {
               PostToWindow(page, [this, end = std::move(end)] { OnUninstalled(end); });
           })) {
     list_->setObjectName(QStringLiteral("appList"));

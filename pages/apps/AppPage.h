@@ -18,12 +18,6 @@
 
 namespace quorvi {
 
-// What the page works with beside the agent. Differs from the defaults in tests only.
-struct AppSurroundings {
-    LinkEnvironment adb{};
-    Deployment site = TheDeployment();
-};
-
 // Page 30, dialog 134, key 8 in PageLoadState. Three kinds of workers: one reads the list and then
 // what the phone is, one asks the site about the list, and one starts adb's uninstalls. Of the
 // first two one of each at most; a refresh while one runs is dropped.
@@ -37,8 +31,9 @@ class CAppPage : public Page, private ListObserver {
     enum Command { commandRefresh, commandUninstall };
     enum MenuCommand { menuRun = 32790, menuUninstall = 32791, menuStore = 32792 };
 
+    // `adb` differs from the default in tests only.
     CAppPage(PageHost& host, const Services& services, QWidget* parent = nullptr,
-             AppSurroundings around = {});
+             LinkEnvironment adb = {});
 
     // Reads the list, then what the phone is, then asks the site about both. A connect that fails
     // leaves an empty list, and all that follows is tried all the same. A reply that is not whole

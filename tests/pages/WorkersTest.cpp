@@ -65,9 +65,9 @@ QWidget* StartEditor(PageHost& host, const Services& services) {
 
 // Beside a site that nobody reaches.
 QWidget* StartApps(PageHost& host, const Services& services) {
-    AppSurroundings around;
-    around.site.siteRoot = "http://127.0.0.1:1/";
-    auto* page = new CAppPage(host, services, nullptr, around);
+    Services told = services;
+    told.deployment.siteRoot = "http://127.0.0.1:1/";
+    auto* page = new CAppPage(host, told);
     page->Load();
     return page;
 }

@@ -44,9 +44,9 @@ class AppAdb : public AppsOnPhone {
         adb_ = std::make_unique<FakeAdb>("cat \"$dir/says\"");
         PageMakers makers = ThePageMakers();
         makers[kAppsPage.dialog] = [](PageHost& host, const Services& services, QWidget* parent) {
-            AppSurroundings around{.adb = adb_->Environment()};
-            around.site.siteRoot = "http://127.0.0.1:1/";  // nobody listens there
-            return new CAppPage(host, services, parent, around);
+            Services told = services;
+            told.deployment.siteRoot = "http://127.0.0.1:1/";  // nobody listens there
+            return new CAppPage(host, told, parent, adb_->Environment());
         };
         StandUp(std::move(makers));
     }

@@ -152,10 +152,10 @@ TEST_F(AppSite, ThatHangsHoldsUpNeitherTheListNorItsRefresh) {
 
 TEST_F(AppSite, WhoseNameNobodyKnowsLeavesTheRowsAsThePhoneSentThem) {
     // The window's own page asks the site of the tests; this one asks a host that does not exist.
-    AppSurroundings around;
-    around.site.siteRoot = "http://nobody.invalid/";
+    Services told = Window().PageServices();
+    told.deployment.siteRoot = "http://nobody.invalid/";
     auto* own = &ThePage();
-    CAppPage other(Window(), Window().PageServices(), own, around);
+    CAppPage other(Window(), told, own);
     other.Load();
     ASSERT_TRUE(WaitAllEnded());
     EXPECT_EQ(other.findChild<AppListCtrl*>()->RowCount(), kRows);

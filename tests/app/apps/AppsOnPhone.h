@@ -28,9 +28,9 @@ class NotedStore : public Page {
 [[nodiscard]] inline PageMakers MakersWithSite(const std::string& root) {
     PageMakers makers = ThePageMakers();
     makers[kAppsPage.dialog] = [root](PageHost& host, const Services& services, QWidget* parent) {
-        AppSurroundings around;
-        around.site.siteRoot = root;
-        return new CAppPage(host, services, parent, around);
+        Services told = services;
+        told.deployment.siteRoot = root;
+        return new CAppPage(host, told, parent);
     };
     makers[kStorePage.dialog] = [](PageHost& host, const Services&, QWidget* parent) {
         return new NotedStore(host, parent);

@@ -60,10 +60,8 @@ class AppPageTest : public AgentPageTest<CAppPage, AgentCommand::listApplication
     }
 
     CAppPage& OpenAt(std::uint16_t port) {
-        Deployment site;
-        site.siteRoot = site_.Root();
-        page_ = std::make_unique<CAppPage>(host_, services_.At(port), nullptr,
-                                           AppSurroundings{adb_.Environment(), site});
+        services_.deployment.siteRoot = site_.Root();
+        page_ = std::make_unique<CAppPage>(host_, services_.At(port), nullptr, adb_.Environment());
         page_->resize(760, 462);
         page_->show();
         return *page_;
