@@ -271,6 +271,22 @@ TEST_F(HttpDownloader, TheMoveComesBehindItsEvent) {
     EXPECT_TRUE(HasTarget());
 }
 
+TEST_F(HttpDownloader, WhoWaitsForTheMoveFindsTheFile) {
+    std::thread waiter;
+    bool moved = false;
+    sink_->onEvent = [&](DownloadEvent) {
+        waiter = std::thread([&] {
+            engine_.WaitForMove(target_);
+            moved = HasTarget();
+        });
+    };
+    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
+    waiter.join();
+    EXPECT_TRUE(moved);
+    engine_.WaitForMove(target_);  // nothing more to wait for
+}
+
 TEST_F(HttpDownloader, AFileThatArrivesWithinASecondTellsNoProgress) {
     const std::string body(300'000, 'b');
     ScriptedSite site(AnswerOf("200 OK", body));
