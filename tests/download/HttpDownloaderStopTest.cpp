@@ -15,6 +15,12 @@ const Told kStopped = Bare(DownloadEvent::stopped);
 
 class HttpDownloaderStop : public EngineTest {
   protected:
+    // Nothing but Stop ends its waits.
+    HttpDownloaderStop() {
+        engine_ = CHttpDownloader({.body = std::chrono::hours(1)});
+        engine_.SetSink(sink_);
+    }
+
     // Starts, and stops once it has come so far.
     void StopWhen(const std::string& url, const std::function<bool()>& reached) {
         engine_.SetJob(url, target_);

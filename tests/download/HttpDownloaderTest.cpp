@@ -1,6 +1,7 @@
 // What the engine makes of answers, byte for byte.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "download/HttpDownloader.h"
 #include "tests/download/EngineTest.h"
@@ -271,14 +272,28 @@ TEST_F(HttpDownloader, TheMoveComesBehindItsEvent) {
     EXPECT_TRUE(HasTarget());
 }
 
+// Whether a thread of this process waits for something.
+bool IsAsleep(pid_t thread) {
+    std::ifstream stat(fmt::format("/proc/self/task/{}/stat", thread));
+    std::string text;
+    std::getline(stat, text);
+    return text.find(") S ") != std::string::npos;
+}
+
 TEST_F(HttpDownloader, WhoWaitsForTheMoveFindsTheFile) {
     std::thread waiter;
+    std::atomic<pid_t> number = 0;
+    std::atomic<bool> over = false;
     bool moved = false;
     sink_->onEvent = [&](DownloadEvent) {
         waiter = std::thread([&] {
+            number = gettid();
             engine_.WaitForMove(target_);
             moved = HasTarget();
+            over = true;
         });
+        // The move comes when this returns: it waits by now, or never will.
+        EXPECT_TRUE(Await([&] { return over || (number != 0 && IsAsleep(number)); }));
     };
     ScriptedSite site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));

@@ -126,6 +126,19 @@ TEST(TaskStoreTrouble, AFullDiskIsTold) {
     EXPECT_THAT(PackagesOf(store, TaskFilter::all), ElementsAre("com.before", "com.large"));
 }
 
+TEST(TaskStoreTrouble, WhoReadsTheTableHoldsUpNoWriter) {
+    const TemporaryFolder folder;
+    const auto file = folder.Path() / "Config.db";
+    TaskStore store(file);
+    ASSERT_EQ(store.InsertTask(TaskOf("com.a")), StoreResult::done);
+    sqlite3* reader = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &reader), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT * FROM cdb_task", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(store.InsertTask(TaskOf("com.b")), StoreResult::done);
+    sqlite3_close(reader);
+}
+
 TEST(TaskStoreTrouble, TwoThreadsWorkOnOneStore) {
     constexpr int kRows = 25;
     const TemporaryFolder folder;
