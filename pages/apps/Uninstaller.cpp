@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
+#include "link/AdbCommand.h"
 #include "pages/apps/AppActions.h"
 
 namespace quorvi {
@@ -26,7 +28,7 @@ bool Uninstaller::Start(const InstalledApp& app) {
     pipe_.Stop();
     app_ = app;
     said_.clear();
-    return pipe_.Start({environment_.adbPath(), "uninstall", app.package});
+    return pipe_.Start(UninstallCommand(environment_, std::nullopt, app.package));
 }
 
 void Uninstaller::OnOutput(std::string_view text, AdbOutputKind kind) {
