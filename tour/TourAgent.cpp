@@ -37,8 +37,12 @@ void TourAgent::Answer() {
     QTcpSocket* peer = nextPendingConnection();
     connect(peer, &QTcpSocket::disconnected, peer, &QObject::deleteLater);
     if (manner_ == Manner::hasNothing) {
-        peer->write(WordOf(NoDataMark));
-        peer->disconnectFromHost();
+        // A connection that is closed with a request unread breaks.
+        connect(peer, &QTcpSocket::readyRead, peer, [peer] {
+            peer->readAll();
+            peer->write(WordOf(NoDataMark));
+            peer->disconnectFromHost();
+        });
     } else {
         peer->write(WordOf(kLength));
         peer->write(QByteArray(kSentAtOnce, '\0'));
