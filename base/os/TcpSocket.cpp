@@ -6,7 +6,6 @@
 #include <poll.h>
 #include <sys/socket.h>
 
-#include <algorithm>
 #include <cerrno>
 
 namespace quorvi {
@@ -82,18 +81,15 @@ std::ptrdiff_t TcpSocket::ReceiveAll(std::span<std::byte> bytes) const {
     return ReceiveOnce(Descriptor(), bytes, MSG_WAITALL);
 }
 
-bool TcpSocket::WaitToReceive(std::chrono::milliseconds limit) const {
-    using Time = std::chrono::steady_clock;
-    const Time::time_point end = Time::now() + limit;
-    pollfd waiting{.fd = Descriptor(), .events = POLLIN, .revents = 0};
-    for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Time::now()).count();
-        const int ready =
-            IsOpen() ? poll(&waiting, 1, static_cast<int>(std::max<long>(left, 0))) : 0;
-        if (ready >= 0 || errno != EINTR) {
-            return ready > 0;
-        }
-    }
+void TcpSocket::LimitReceive(std::chrono::milliseconds limit) const {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit);
+    const std::chrono::microseconds rest = limit - seconds;
+    const timeval time{.tv_sec = seconds.count(), .tv_usec = rest.count()};
+    setsockopt(Descriptor(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time);
+}
+
+bool TcpSocket::TimedOut() {
+    return errno == EAGAIN || errno == EWOULDBLOCK;
 }
 
 }  // namespace quorvi

@@ -34,9 +34,10 @@ class TcpSocket {
     // less than asked after a close, or -1.
     std::ptrdiff_t ReceiveAll(std::span<std::byte> bytes) const;
 
-    // Waits until there is something to receive, the peer's close included; false when nothing has
-    // come for so long, or the socket is not open.
-    [[nodiscard]] bool WaitToReceive(std::chrono::milliseconds limit) const;
+    // From here on a receive to which nothing comes for so long, at least a millisecond, fails.
+    void LimitReceive(std::chrono::milliseconds limit) const;
+    // Whether a receive of this thread that has failed just now did so because of the limit.
+    [[nodiscard]] static bool TimedOut();
 
     void Close() { descriptor_.Close(); }
 

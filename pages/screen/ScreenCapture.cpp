@@ -110,11 +110,13 @@ Capture CaptureScreen(const AdbHostClient& client, std::string_view serial,
     if (serial.empty()) {
         return Failed(CaptureResult::noPhone, CaptureFault::noPhone);
     }
+    socket.LimitReceive(stall);
     bool stalled = false;
     const FrameStream stream{
         .receive = [&](std::span<std::byte> room) -> std::ptrdiff_t {
-            stalled = socket.IsOpen() && !socket.WaitToReceive(stall);
-            return stalled ? -1 : socket.Receive(room);
+            const std::ptrdiff_t count = socket.Receive(room);
+            stalled = count < 0 && TcpSocket::TimedOut();
+            return count;
         },
         .send = [&](std::span<const std::byte> bytes) { socket.Send(bytes); },
         .close = [&] { socket.Close(); },

@@ -3,8 +3,51 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <mutex>
+#include <utility>
 
 namespace quorvi {
+namespace {
+
+// The memory that waits for the next frame.
+class Spare {
+  public:
+    [[nodiscard]] MappedMemory Take(std::size_t size) {
+        const std::lock_guard lock(mutex_);
+        if (memory_.Bytes().size() != size) {
+            return {};
+        }
+        return std::move(memory_);
+    }
+    void Keep(MappedMemory memory) {
+        const std::lock_guard lock(mutex_);
+        memory_ = std::move(memory);
+    }
+
+  private:
+    std::mutex mutex_;
+    MappedMemory memory_;
+};
+
+// Never deleted: a frame may go when the process ends.
+Spare& TheSpare() {
+    static auto& spare = *new Spare;
+    return spare;
+}
+
+}  // namespace
+
+FrameBytes::FrameBytes(std::uint32_t size) : memory_(TheSpare().Take(size)) {
+    if (memory_.Empty()) {
+        memory_ = MappedMemory::Zeroed(size);
+    }
+}
+
+FrameBytes::~FrameBytes() {
+    if (!memory_.Empty() && received_ == Size()) {
+        TheSpare().Keep(std::move(memory_));
+    }
+}
 
 bool FrameBytes::SwapRedBlue() {
     constexpr std::size_t kStep = 4;

@@ -12,12 +12,18 @@
 namespace quorvi {
 
 // The bytes of a frame. The memory grows with those that arrive, not with the size that the phone
-// claims. Moves only; who shows or saves the picture shares it: see ScreenFrame.
+// claims. Who shows or saves the picture shares it: see ScreenFrame.
+//
+// The memory of one whole frame that has gone is kept for the next of its size: a screen is read
+// again and again, and having memory mapped anew takes longer than reading the pixels. Any thread.
 class FrameBytes {
   public:
     // Room for `size` bytes, of which none has come. Not valid (Size() 0) where the address space
     // cannot hold them.
-    explicit FrameBytes(std::uint32_t size) : memory_(MappedMemory::Zeroed(size)) {}
+    explicit FrameBytes(std::uint32_t size);
+    ~FrameBytes();
+    FrameBytes(const FrameBytes&) = delete;
+    FrameBytes& operator=(const FrameBytes&) = delete;
 
     [[nodiscard]] std::size_t Size() const { return memory_.Bytes().size(); }
     [[nodiscard]] std::size_t Received() const { return received_; }
