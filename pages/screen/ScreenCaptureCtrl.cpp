@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -165,14 +164,6 @@ QPixmap ScreenCaptureCtrl::DragPixmap() const {
                                     Qt::SmoothTransformation);
     pixmap.setDevicePixelRatio(scaled_.devicePixelRatio());
     return pixmap;
-}
-
-void ScreenCaptureCtrl::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy)) {
-        Copy();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
 }
 
 void ScreenCaptureCtrl::mousePressEvent(QMouseEvent* event) {

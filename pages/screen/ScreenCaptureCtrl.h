@@ -16,9 +16,8 @@
 namespace quorvi {
 
 // Holds the latest capture and shows it in the middle of its ground, at the show size or, where
-// there is less room, scaled down to fit. With no picture it says so in words. Ctrl+C copies the
-// picture, and the mouse drags it out as a PNG file. Reads nothing by itself: its page does. The
-// window's thread.
+// there is less room, scaled down to fit. With no picture it says so in words. Reads nothing by
+// itself: its page does. The window's thread.
 class ScreenCaptureCtrl : public QWidget, public RingShape {
     Q_OBJECT
   public:
@@ -74,7 +73,6 @@ class ScreenCaptureCtrl : public QWidget, public RingShape {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QDrag>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <utility>
 
 #include "link/DeviceContext.h"
@@ -51,6 +52,9 @@ CScreenshotPage::CScreenshotPage(PageHost& host, const Services& services, Scree
     });
     connect(picture_, &ScreenCaptureCtrl::refreshDue, this,
             &CScreenshotPage::CaptureForAutoRefresh);
+    // Wherever in the window the keys are, but for a field that has a text to copy.
+    connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this,
+            &CScreenshotPage::Copy);
     connect(picture_, &ScreenCaptureCtrl::dragged, this, &CScreenshotPage::Drag);
     picture_->SetObserver(this);
     picture_->SetReady();
@@ -106,7 +110,8 @@ void CScreenshotPage::Refresh() {
 
 // What auto refresh asks for goes beside the other captures, and PageLoadState knows nothing of it.
 // It has a worker of its own all the same: a phone that does not answer would hold up the window.
-// One that runs already is enough, since its picture asks for the next.
+// One that runs already is enough, since its picture asks for the next. One that fails asks for no
+// other: kept on purpose (ScreenshotPage.AutoRefreshEndsWithACaptureThatFails).
 void CScreenshotPage::CaptureForAutoRefresh(Rotation rotation) {
     autoLoad_.Start(CaptureOf(rotation), [this](Captured&& captured) {
         const ListState state = Show(std::move(captured));
@@ -154,6 +159,13 @@ void CScreenshotPage::Save() {
         saves_->SaveAtOnce(wish);
     } else {
         saves_->AskAndSave(wish);
+    }
+}
+
+void CScreenshotPage::Copy() {
+    if (picture_->Picture()) {
+        picture_->Copy();
+        said_.Say(ToQString(u8"截图已复制，可以粘贴到别的程序里"));
     }
 }
 

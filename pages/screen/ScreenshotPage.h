@@ -29,7 +29,8 @@ struct ScreenMeans {
 
 // Page 44, dialog 602, key 14 in PageLoadState. Speaks with the adb server and not with the agent.
 // Every capture reads the whole screen again, one of another rotation too; the picture before stays
-// until the next one is there, and when there is none.
+// until the next one is there, and when there is none. Ctrl+C copies it, and the mouse drags it out
+// as a PNG file.
 class CScreenshotPage : public Page, private ScreenCaptureCtrl::Observer {
     Q_OBJECT
   public:
@@ -63,6 +64,7 @@ class CScreenshotPage : public Page, private ScreenCaptureCtrl::Observer {
     // Shows what a capture came to, the picture or why there is none; the state it leaves.
     [[nodiscard]] ListState Show(Captured&& captured);
     void Save();
+    void Copy();
     void Drag();
 
     AdbHostClient adb_;

@@ -1,5 +1,6 @@
 // How the capture page saves its picture, and how the picture leaves it otherwise.
 #include <QApplication>
+#include <QClipboard>
 #include <QDrag>
 #include <QFileDialog>
 #include <QImageReader>
@@ -358,6 +359,29 @@ TEST_F(ScreenshotPageSaves, TheFolderIsOpenedOnTheDesktop) {
     ASSERT_EQ(opened.taken.size(), 2);
     EXPECT_EQ(QUrl(opened.taken[0]).toLocalFile(), Shown(Default()));
     EXPECT_EQ(QUrl(opened.taken[1]).toLocalFile(), Shown(odd));
+}
+
+// ---- copied ------------------------------------------------------------------------------------
+
+TEST_F(ScreenshotPageSaves, CtrlCCopiesThePictureWhereverTheKeysAre) {
+    Open();
+    ShowActive(*page_);
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    QTest::keyClick(page_.get(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("before"));  // there is none
+    EXPECT_TRUE(host_.statuses.isEmpty());
+    page_->Load();
+    Settle();
+    for (QWidget* keys : {static_cast<QWidget*>(&Picture()), static_cast<QWidget*>(&List(kFormat)),
+                          static_cast<QWidget*>(page_.get())}) {
+        QApplication::clipboard()->clear();
+        keys->setFocus();
+        QTest::keyClick(keys, Qt::Key_C);
+        EXPECT_TRUE(QApplication::clipboard()->image().isNull());
+        QTest::keyClick(keys, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(6, 9));
+    }
+    EXPECT_EQ(host_.status, ToQString(u8"截图已复制，可以粘贴到别的程序里"));
 }
 
 // ---- dragged out -------------------------------------------------------------------------------
