@@ -5,6 +5,7 @@
 // front gives figures as of a quiet one.
 #include <benchmark/benchmark.h>
 
+#include <QSize>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -19,12 +20,16 @@
 
 #include "bench/PeakMemory.h"
 #include "bench/Verdict.h"
+#include "bench/WindowTurns.h"
 #include "pages/screen/OctreeQuantizer.h"
 #include "pages/screen/RgbPicture.h"
 #include "pages/screen/ScreenCapture.h"
+#include "pages/screen/ScreenshotPage.h"
+#include "tests/support/FakeHost.h"
 #include "tests/support/PhoneRig.h"
 #include "tests/support/Process.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestServices.h"
 
 namespace quorvi {
 namespace {
@@ -34,6 +39,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kWidth = 1080;
 constexpr int kHeight = 2400;
 constexpr std::size_t kFrameBytes = std::size_t{4} * kWidth * kHeight;
+constexpr QSize kPageSize(760, 462);
 constexpr int kRepetitions = 15;
 constexpr int kInARow = 60;
 constexpr double kMostTime = 1.2;     // times that of the bare client
@@ -106,6 +112,35 @@ void CaptureOf(benchmark::State& state, const char* form) {
     for (auto _ : state) {
         Time(state, [&] { shown = CaptureHere().frame; });
         Require(shown.has_value(), "there is no picture");
+    }
+}
+
+// From the press of the refresh button until the picture is painted.
+void OnThePage(benchmark::State& state, const char* form) {
+    rig->Control(0, form);
+    FakeHost host;
+    TestServices services;
+    services.device.SetSerial(rig->Serial(0));
+    CScreenshotPage page(host, services.At(AgentAddress(0)),
+                         {.adb = AdbHostClient(rig->AdbServerPort())});
+    page.resize(kPageSize);
+    page.show();
+    auto& control = *page.findChild<ScreenCaptureCtrl*>();
+    const FrameBytes* shown = nullptr;
+    const auto refresh = [&] { page.Refresh(); };
+    const auto isThere = [&] {
+        return control.Picture() && control.Picture()->frame.bytes.get() != shown;
+    };
+    for (int i = 0; i < 2; ++i) {  // as on a page that has been used
+        RunWindowUntil(isThere, refresh);
+        shown = control.Picture()->frame.bytes.get();
+        RunWindowUntil([&] { return !page.IsAtWork(); });
+    }
+    for (auto _ : state) {
+        Time(state, [&] {
+            RunWindowUntil(isThere, refresh);
+            control.repaint();
+        });
     }
 }
 
@@ -227,6 +262,10 @@ void Judge(const Figures& figures, Verdict& verdict) {
     verdict.AtMost("a capture, ms", figures.Time("Capture"), kMostTime * bare);
     verdict.AtMost("a capture with red and blue swapped, ms", figures.Time("CaptureSwapped"),
                    kMostTime * bare + kMostSwap);
+    verdict.AtMost("from the connect to the picture on the page, ms", figures.Time("OnThePage"),
+                   kMostTime * bare);
+    verdict.AtMost("  with red and blue swapped, ms", figures.Time("OnThePageSwapped"),
+                   kMostTime * bare + kMostSwap);
     verdict.AtMost("60 captures leave descriptors", figures.MostOf("InARow", "descriptors"), 0);
     verdict.AtMost("60 captures leave threads", figures.MostOf("InARow", "threads"), 0);
     verdict.AtMost("60 captures leave bytes", figures.MostOf("InARow", "memory"), kMostMemory);
@@ -245,12 +284,15 @@ void Judge(const Figures& figures, Verdict& verdict) {
 
 int main(int count, char** words) {
     using namespace quorvi;
+    const auto application = MakeApplication(count, words);
     e2e::PhoneRig theRig(1);
     rig = &theRig;
     Require(theRig.Error().empty(), theRig.Error().c_str());
     Register("Bare", Bare);
     Register("Capture", [](benchmark::State& state) { CaptureOf(state, kBgr); });
     Register("CaptureSwapped", [](benchmark::State& state) { CaptureOf(state, kRgb); });
+    Register("OnThePage", [](benchmark::State& state) { OnThePage(state, kBgr); });
+    Register("OnThePageSwapped", [](benchmark::State& state) { OnThePage(state, kRgb); });
     Register("InARow", InARow)->Repetitions(1);
     Register("OctreeScreen", [](benchmark::State& state) { Octree(state, Screen); });
     Register("OctreePhoto", [](benchmark::State& state) { Octree(state, Photo); });
