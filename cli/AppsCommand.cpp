@@ -12,6 +12,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/PhoneChange.h"
+#include "cli/SerialOption.h"
 #include "link/AdbCapture.h"
 #include "link/AdbCommand.h"
 #include "online/ServiceRequest.h"
@@ -148,7 +149,13 @@ Status RunAppsUninstall(const Arguments& arguments, const Context&, Output& outp
     if (!AreAllPackageNames(arguments.operands, output)) {
         return Status::wrongUsage;
     }
-    const std::optional<std::string> serial = arguments.Option("--serial");
+    std::optional<std::string> serial = arguments.Option("--serial");
+    if (serial) {
+        Utf8ToAnsi(*serial);
+    }
+    if (const Status status = FindPhone(serial, output); status != Status::done) {
+        return status;
+    }
     Status worst = Status::done;
     Json::Value document(Json::arrayValue);
     for (const std::string& package : arguments.operands) {

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -10,8 +9,8 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "cli/SerialOption.h"
 #include "link/DeviceContext.h"
-#include "link/DeviceList.h"
 #include "link/LinkFace.h"
 #include "link/PhoneLink.h"
 
@@ -80,23 +79,14 @@ class LinkLines final : public LinkFace {
     bool ended_ = false;
 };
 
-// False when adb lists its phones and this one is not among them. True as well where adb cannot
-// list them: the link procedure then tells why.
-bool MayBeThere(const std::string& serial) {
-    const SerialList list = ListSerials();
-    return list.outcome != RunOutcome::started ||
-           std::find(list.serials.begin(), list.serials.end(), serial) != list.serials.end();
-}
-
 }  // namespace
 
 Status RunLink(const Arguments& arguments, const Context& context, Output& output) {
     std::optional<std::string> serial = arguments.Option("--serial");
     if (serial) {
         Utf8ToAnsi(*serial);
-        if (!MayBeThere(*serial)) {
-            output.Complain(Ansi(u8"没有找到设备 ") + *serial);
-            return Status::notFound;
+        if (const Status status = FindSerial(*serial, output); status != Status::done) {
+            return status;
         }
     }
     // Never deleted: the link's threads use them until the process ends, and nobody waits for these

@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "base/Json.h"
 #include "tests/pages/apps/AppReplies.h"
@@ -92,13 +95,27 @@ TEST_F(AppsRunCommand, WhatIsNoPackageNameIsRefusedAndNothingSent) {
 
 class AppsUninstallCommand : public testing::Test {
   protected:
-    // The program with the script as its adb.
-    Ended Run(std::string_view script, const std::string& arguments,
+    // The program with the script as its adb, which lists one phone.
+    Ended Run(const std::string& script, const std::string& arguments,
               const char* streams = "2>/dev/null") {
+        return RunWith(
+            "[ \"$1\" != devices ] || { printf 'List of devices attached\\nHT04\\tdevice\\n';"
+            " exit; }\n" +
+                script,
+            arguments, streams);
+    }
+    Ended RunWith(const std::string& script, const std::string& arguments, const char* streams) {
         adb_ = std::make_unique<FakeAdb>(script);
         const EnvironmentVariable path("PATH",
                                        adb_->Directory().string() + ":" + std::getenv("PATH"));
         return RunLine(QUORVI_BIN_DIR "/quorvictl apps uninstall " + arguments + " " + streams);
+    }
+
+    // The argument vectors of all runs of adb but those that list its phones.
+    std::vector<std::vector<std::string>> Calls() const {
+        auto calls = adb_->Calls();
+        std::erase(calls, std::vector<std::string>{"devices"});
+        return calls;
     }
 
     std::unique_ptr<FakeAdb> adb_;
@@ -115,14 +132,29 @@ TEST_F(AppsUninstallCommand, RunsAdbForEachOneAfterTheOther) {
             "com.a com.b com.c");
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.output, "com.a: Success\ncom.b: Success\ncom.c: Success\n");
-    EXPECT_THAT(adb_->Calls(),
+    EXPECT_THAT(Calls(),
                 ElementsAre(ElementsAre("uninstall", "com.a"), ElementsAre("uninstall", "com.b"),
                             ElementsAre("uninstall", "com.c")));
 }
 
 TEST_F(AppsUninstallCommand, ASerialIsNamedToAdb) {
-    EXPECT_EQ(Run(kAllGo, "com.a --serial 'A 1'").status, 0);
-    EXPECT_THAT(adb_->Calls(), ElementsAre(ElementsAre("-s", "A 1", "uninstall", "com.a")));
+    EXPECT_EQ(Run(kAllGo, "com.a --serial HT04").status, 0);
+    EXPECT_THAT(Calls(), ElementsAre(ElementsAre("-s", "HT04", "uninstall", "com.a")));
+}
+
+TEST_F(AppsUninstallCommand, ASerialThatIsNotThereIsStatusThreeAndNothingIsUninstalled) {
+    const Ended ended = Run(kAllGo, "com.a --serial HT05", "2>&1");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(ended.output, "quorvictl: 没有找到设备 HT05\n");
+    EXPECT_THAT(Calls(), IsEmpty());
+}
+
+// Adb would wait for one, and say so to nobody.
+TEST_F(AppsUninstallCommand, WithoutAPhoneItIsStatusTwoAndAdbIsNotAskedToUninstall) {
+    const Ended ended = RunWith("echo 'List of devices attached'; echo", "com.a", "2>&1");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, "quorvictl: 没有找到手机，请检查数据线和 USB 调试\n");
+    EXPECT_THAT(Calls(), IsEmpty());
 }
 
 TEST_F(AppsUninstallCommand, TheDocumentSaysOfEachWhatAdbSaid) {
@@ -148,8 +180,8 @@ TEST_F(AppsUninstallCommand, OneThatThePhoneKeepsIsStatusTwo) {
     const char* const kept =
         "[ \"$1\" = uninstall ] && echo Failure || echo package:/system/app/com.a.apk";
     EXPECT_EQ(Run(kept, "com.a").status, 2);
-    EXPECT_THAT(adb_->Calls(), ElementsAre(ElementsAre("uninstall", "com.a"),
-                                           ElementsAre("shell", "pm", "path", "com.a")));
+    EXPECT_THAT(Calls(), ElementsAre(ElementsAre("uninstall", "com.a"),
+                                     ElementsAre("shell", "pm", "path", "com.a")));
     EXPECT_THAT(Run(kept, "com.a", "2>&1 >/dev/null").output, HasSubstr("手机不肯卸载"));
 }
 

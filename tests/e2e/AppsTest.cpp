@@ -96,6 +96,17 @@ TEST_F(Apps, OneOfTheSystemStaysAndTheUserReadsWhy) {
     EXPECT_TRUE(Find(Ask(rig_, {"apps", "list"}), "com.android.mms"));
 }
 
+TEST_F(Apps, OfAPhoneThatWasUnpluggedNoneIsUninstalledAndTheNextTryWorks) {
+    rig_.Control(0, "unplug");
+    ASSERT_TRUE(rig_.WaitForDevices(0));
+    const ProgramResult alone = rig_.Suite({"apps", "uninstall", "com.example.bus"});
+    EXPECT_EQ(alone.status, 2);
+    EXPECT_THAT(alone.messages, HasSubstr("quorvictl: 没有找到手机"));
+    rig_.Control(0, "plug");
+    ASSERT_TRUE(rig_.WaitForDevices(1));
+    EXPECT_EQ(rig_.Suite({"apps", "uninstall", "com.example.bus"}).status, 0);
+}
+
 TEST_F(Apps, WhatAdbInstallsIsListed) {
     const TemporaryFolder folder;
     const std::string package = folder.Path() / "com.example.game.apk";
