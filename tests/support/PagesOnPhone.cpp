@@ -32,6 +32,19 @@ std::vector<SkinDialog*> OpenDialogs() {
 
 }  // namespace
 
+PageMakers MakersAt(const Deployment& deployment) {
+    PageMakers makers = ThePageMakers();
+    for (auto& [dialog, maker] : makers) {
+        maker = [make = maker, deployment](PageHost& host, const Services& services,
+                                           QWidget* parent) {
+            Services told = services;
+            told.deployment = deployment;
+            return make(host, told, parent);
+        };
+    }
+    return makers;
+}
+
 std::unique_ptr<PhoneDesk> PagesOnPhone::desk_;
 
 void PagesOnPhone::SetUpTestSuite() {

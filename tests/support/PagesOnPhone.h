@@ -21,6 +21,9 @@
 
 namespace quorvi {
 
+// The suite's pages, at this site instead of the delivered one.
+[[nodiscard]] PageMakers MakersAt(const Deployment& deployment);
+
 class PagesOnPhone : public testing::Test {
   public:
     static void SetUpTestSuite();

@@ -13,6 +13,7 @@
 #include "pages/devices/DeviceManagerDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/numbers/NumberQueryDlg.h"
+#include "pages/weather/WeatherCityDlg.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/pages/messages/MessageReplies.h"
 #include "tests/support/AtWork.h"
@@ -117,6 +118,8 @@ std::vector<SuiteDialog> SuiteDialogs() {
              FindControl<QAbstractButton>(dialog, 1124)->click();  // its place is a link
              return dialog;
          }},
+        {"WeatherCity", "province city 1 2",
+         [](DialogGround& g) { return new WeatherCityDlg({}, &g.window); }},
         {"ConfirmDelete", "1215 1021",
          [](DialogGround& g) { return new CConfirmDeleteDlg(QStringLiteral("?"), &g.window); }},
         {"NothingChecked", "1199 1215",

@@ -26,12 +26,7 @@ class NotedStore : public Page {
 
 // The suite's pages, but for these two.
 [[nodiscard]] inline PageMakers MakersWithSite(const std::string& root) {
-    PageMakers makers = ThePageMakers();
-    makers[kAppsPage.dialog] = [root](PageHost& host, const Services& services, QWidget* parent) {
-        Services told = services;
-        told.deployment.siteRoot = root;
-        return new CAppPage(host, told, parent);
-    };
+    PageMakers makers = MakersAt({.siteRoot = root});
     makers[kStorePage.dialog] = [](PageHost& host, const Services&, QWidget* parent) {
         return new NotedStore(host, parent);
     };

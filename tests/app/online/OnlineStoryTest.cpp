@@ -1,0 +1,123 @@
+// A user's stories with what the site has, through the window: versions, feedback, and the phone
+// parameters, with a real server as the site.
+#include "tests/support/ControlDriver.h"
+#include "tests/support/PagesOnPhone.h"
+#include "tests/support/SiteServer.h"
+#include "ui/kit/SkinFields.h"
+#include "ui/kit/SkinLabels.h"
+#include "ui/page/Job.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kSpecs = 1;
+constexpr int kUpdate = 4;
+constexpr int kHelp = 6;
+
+class OnlineStory : public PagesOnPhone {
+  public:
+    static void SetUpTestSuite() {
+        site_ = std::make_unique<SiteServer>();
+        StandUp(MakersAt({.siteRoot = site_->Root()}));
+    }
+    static void TearDownTestSuite() {
+        PagesOnPhone::TearDownTestSuite();
+        site_.reset();
+    }
+
+  protected:
+    static bool WaitAllEnded() {
+        return WaitFor([] { return RunningJobs() == 0; });
+    }
+    // Presses a button of the page with the mouse, and waits until its work is done.
+    static void Use(int button) {
+        ClickOn(OnPage(button));
+        ASSERT_TRUE(WaitAllEnded());
+    }
+    // What the open message box says; it is closed then.
+    static QString TakeMessage() {
+        if (OpenDialog(0) == nullptr) {
+            return {};
+        }
+        const QString text = In<QLabel>(0, 65535).text();
+        Press(0, 1);
+        EXPECT_TRUE(WaitForNoDialog(0));
+        return text;
+    }
+    static QString State() { return OnPage<CSkinStateLabel>(1109).text(); }
+    static void Choose(CSkinCombo& box, int index) {
+        box.setFocus();
+        box.setCurrentIndex(0);
+        for (int i = 0; i < index; ++i) {
+            QTest::keyClick(&box, Qt::Key_Down);
+            ASSERT_TRUE(WaitAllEnded());
+        }
+        ASSERT_EQ(box.currentIndex(), index);
+    }
+
+    static std::unique_ptr<SiteServer> site_;
+};
+
+std::unique_ptr<SiteServer> OnlineStory::site_;
+
+TEST_F(OnlineStory, ACheckForUpdatesIsMadeTwiceInARow) {
+    OpenPage(kUpdate);
+    Use(1082);
+    EXPECT_EQ(TakeMessage(), ToQString(u8"xml文件存在问题"));
+    site_->Serve("update.xml",
+                 "<root><item type='version'><v>1.2</v></item>"
+                 "<item type='detail'><add>first</add><fix>second</fix></item></root>");
+    for (int i = 0; i < 2; ++i) {
+        Use(1082);
+        EXPECT_EQ(TakeMessage(), QString());
+        EXPECT_EQ(OnPage<QLabel>(1342).text(), QStringLiteral("1.2"));
+        EXPECT_EQ(TheList().RowCount(), 2);
+    }
+}
+
+TEST_F(OnlineStory, AFeedbackIsRefusedAtEachRuleAndThenSent) {
+    site_->Serve("feedback/feedback.php", "ok");
+    OpenPage(kHelp);
+    ASSERT_TRUE(WaitAllEnded());
+    // The phone has said what it is.
+    EXPECT_EQ(OnPage<CSkinEdit>(1082).text(), QStringLiteral("Aurora S2"));
+    EXPECT_EQ(OnPage<CSkinEdit>(1084).text(), QStringLiteral("Android 2.3.3"));
+    Type(OnPage(1084), QStringLiteral("2"));
+    Type(OnPage(1082), QStringLiteral("A"));
+    Use(1030);
+    EXPECT_EQ(State(), ToQString(u8"您的反馈内容过少"));
+    Type(OnPage(1076), ToQString(u8"很好用的"));
+    Use(1030);
+    EXPECT_EQ(State(), ToQString(u8"请输入有效的固件版本"));
+    Type(OnPage(1084), QStringLiteral("2.3"));
+    Use(1030);
+    EXPECT_EQ(State(), ToQString(u8"请输入有效的机型"));
+    Type(OnPage(1082), QStringLiteral("Aurora"));
+    const std::size_t before = site_->Requests(0).size();
+    Use(1030);
+    EXPECT_EQ(State(), ToQString(u8"感谢您的支持，反馈信息我们已收到 :)"));
+    const auto requests = site_->Requests(before + 1);
+    ASSERT_EQ(requests.size(), before + 1);
+    EXPECT_NE(requests.back().body.find("\"Model\" : \"Aurora\""), std::string::npos);
+    EXPECT_NE(requests.back().body.find("\"Client\" : 20"), std::string::npos);
+}
+
+TEST_F(OnlineStory, APlatformAMakerAndAModelAreChosen) {
+    OpenPage(kSpecs);
+    ASSERT_TRUE(WaitAllEnded());
+    auto& platform = OnPage<CSkinCombo>(1004);
+    auto& maker = *Window().ShownPage()->findChild<CSkinCombo*>(QStringLiteral("maker"));
+    auto& model = *Window().ShownPage()->findChild<CSkinCombo*>(QStringLiteral("model"));
+    Choose(platform, 1);
+    EXPECT_EQ(maker.currentText(), ToQString(u8"胡杨"));
+    platform.setFocus();
+    QTest::keyClick(&platform, Qt::Key_Up);
+    ASSERT_TRUE(WaitAllEnded());
+    Choose(maker, 1);
+    EXPECT_EQ(model.currentText(), QStringLiteral("Y5"));
+    Choose(model, 1);
+    EXPECT_EQ(TheList().CellAt(0, 2).text, ToQString(u8"云帆 Y8"));
+}
+
+}  // namespace
+}  // namespace quorvi
