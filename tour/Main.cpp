@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
+#include <utility>
 
 #include "app/process/DesktopMachine.h"
 #include "app/process/EndSignals.h"
@@ -10,6 +11,7 @@
 #include "app/process/ProcessEnd.h"
 #include "app/process/Suite.h"
 #include "tour/Tour.h"
+#include "tour/TourSite.h"
 
 int main(int argc, char** argv) {
     using namespace quorvi;
@@ -24,7 +26,9 @@ int main(int argc, char** argv) {
     // Without the user's settings: the pictures show the window in its usual size.
     const std::filesystem::path folder = argv[1];
     auto& machine = *new DesktopMachine(*new LocalSocketInstance, folder / "settings");
-    auto& suite = *new Suite(machine.Parts());
+    MachineParts parts = machine.Parts();
+    parts.deployment = (new TourSite)->Told();
+    auto& suite = *new Suite(std::move(parts));
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     suite.Start(false);
 

@@ -32,6 +32,8 @@ struct TourStop {
 [[nodiscard]] std::vector<TourStop> PersonalStops();
 // Those at the tools of the phone.
 [[nodiscard]] std::vector<TourStop> ToolsStops();
+// Those at the pages that ask the site.
+[[nodiscard]] std::vector<TourStop> OnlineStops();
 
 // How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
 // time, and what hangs does not keep the tour for ever.
