@@ -27,6 +27,7 @@ constexpr int kHideSystem = 1043;
 constexpr qsizetype kNameInStatus = 16;
 
 constexpr std::u8string_view kNotUninstalled = u8"【X】“%1”没有卸载：%2";
+constexpr std::u8string_view kWaiting = u8"【X】没有找到手机，接上手机后会卸载“%1”";
 constexpr std::u8string_view kNoPackageName = u8"它的包名不合规范，请在手机上卸载";
 
 InstalledApp AppOf(const AppRecord& row) {
@@ -60,8 +61,12 @@ CAppPage::CAppPage(PageHost& host, const Services& services, QWidget* parent, Li
       storeCheck_(*this),
       list_(new AppListCtrl(this)),
       uninstaller_(std::make_shared<Uninstaller>(
-          std::move(adb), [this, page = QPointer<QObject>(this)](UninstallEnd&& end) {
+          std::move(adb),
+          [this, page = QPointer<QObject>(this)](UninstallEnd&& end) {
               PostToWindow(page, [this, end = std::move(end)] { OnUninstalled(end); });
+          },
+          [this, page = QPointer<QObject>(this)](const InstalledApp& app) {
+              PostToWindow(page, [this, name = app.name] { SayThatAdbWaits(name); });
           })) {
     list_->setObjectName(QStringLiteral("appList"));
     list_->setAccessibleName(ToQString(u8"手机上的应用"));
@@ -230,7 +235,9 @@ void CAppPage::UninstallChecked() {
 }
 
 void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
-    Host().TakeBackStatus(std::exchange(failure_, {}));  // of an earlier one
+    // Of an earlier one.
+    Host().TakeBackStatus(std::exchange(waiting_, {}));
+    Host().TakeBackStatus(std::exchange(failure_, {}));
     std::vector<InstalledApp> named;
     for (const InstalledApp& app : apps) {
         if (IsPackageName(app.package)) {
@@ -268,12 +275,18 @@ void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
 }
 
 void CAppPage::OnUninstalled(const UninstallEnd& end) {
+    Host().TakeBackStatus(std::exchange(waiting_, {}));
     if (end.outcome != UninstallOutcome::done) {
         SayNotUninstalled(end.app.name, ToQString(UninstallReason(end.outcome, end.said)));
     }
     if (end.last) {
         Refresh();
     }
+}
+
+void CAppPage::SayThatAdbWaits(const std::string& name) {
+    waiting_ = ToQString(kWaiting).arg(ShortName(name));
+    Host().SetStatus(waiting_);
 }
 
 void CAppPage::SayNotUninstalled(const std::string& name, const QString& reason) {

@@ -70,6 +70,7 @@ class CAppPage : public Page, private ListObserver {
     void Show(AppListReply&& reply);
     void StartStoreCheck();
     void OnUninstalled(const UninstallEnd& end);
+    void SayThatAdbWaits(const std::string& name);
     void SayNotUninstalled(const std::string& name, const QString& reason);
 
     AgentAddress agent_;
@@ -79,6 +80,7 @@ class CAppPage : public Page, private ListObserver {
     PageLoad storeCheck_;
     AppListCtrl* list_;
     std::shared_ptr<Uninstaller> uninstaller_;
+    QString waiting_;  // what the status says while adb waits for a phone
     QString failure_;  // the last uninstall's that the status named
 };
 

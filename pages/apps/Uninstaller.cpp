@@ -15,10 +15,14 @@ namespace {
 // to that.
 constexpr std::size_t kMostSaid = 4096;
 
+// What adb prints where there is no phone, before it waits for one.
+constexpr std::string_view kWaiting = "waiting for device";
+
 }  // namespace
 
-Uninstaller::Uninstaller(LinkEnvironment environment, std::function<void(UninstallEnd&&)> ended)
-    : environment_(std::move(environment)), ended_(std::move(ended)) {}
+Uninstaller::Uninstaller(LinkEnvironment environment, std::function<void(UninstallEnd&&)> ended,
+                         std::function<void(const InstalledApp&)> waits)
+    : environment_(std::move(environment)), ended_(std::move(ended)), waits_(std::move(waits)) {}
 
 bool Uninstaller::Start(const InstalledApp& app) {
     if (!IsPackageName(app.package)) {
@@ -28,6 +32,7 @@ bool Uninstaller::Start(const InstalledApp& app) {
     pipe_.Stop();
     app_ = app;
     said_.clear();
+    waiting_ = false;
     return pipe_.Start(UninstallCommand(environment_, std::nullopt, app.package));
 }
 
@@ -37,6 +42,10 @@ void Uninstaller::OnOutput(std::string_view text, AdbOutputKind kind) {
             std::fwrite(text.data(), 1, text.size(), stderr);  // the debug output
             said_.append(text);
             said_.erase(0, said_.size() - std::min(said_.size(), kMostSaid));
+            if (!waiting_ && said_.find(kWaiting) != std::string::npos) {
+                waiting_ = true;
+                waits_(app_);
+            }
             break;
         case AdbOutputKind::finished: {
             const bool last = --pending_ == 0;

@@ -29,8 +29,11 @@ struct UninstallEnd {
 // Shared by a page and its workers. One worker at a time starts runs.
 class Uninstaller : private CAdbPipeListener {
   public:
-    // `ended` is called on the reader's thread.
-    Uninstaller(LinkEnvironment environment, std::function<void(UninstallEnd&&)> ended);
+    // Both are called on the reader's thread: `ended` for each that has ended by itself, `waits`
+    // once for each for which adb waits until there is a phone.
+    Uninstaller(
+        LinkEnvironment environment, std::function<void(UninstallEnd&&)> ended,
+        std::function<void(const InstalledApp&)> waits = [](const InstalledApp&) {});
 
     // Runs `adb uninstall PACKAGE`, without a serial: with two phones attached adb refuses it. Kept
     // on purpose: a list may be older than the phone that is chosen now, and no other phone shall
@@ -49,10 +52,12 @@ class Uninstaller : private CAdbPipeListener {
 
     LinkEnvironment environment_;
     std::function<void(UninstallEnd&&)> ended_;
+    std::function<void(const InstalledApp&)> waits_;
     std::atomic<int> pending_ = 0;
     // Of the run that goes on: set before its reader starts, then the reader's.
     InstalledApp app_;
     std::string said_;
+    bool waiting_ = false;
     CAdbPipe pipe_{*this};
 };
 

@@ -369,7 +369,8 @@ TEST_F(AppPageFailures, TheStatusSaysWhatAdbSaidAndTheListIsReadAllTheSame) {
     AwaitRefresh(2);
     EXPECT_EQ(
         host_.status,
-        ToQString(u8"【X】“掌上词典”没有卸载：手机不肯卸载，它可能是系统应用，请在手机的应用设置里停用"));
+        ToQString(
+            u8"【X】“掌上词典”没有卸载：手机不肯卸载，它可能是系统应用，请在手机的应用设置里停用"));
     Choose(1, CAppPage::menuUninstall);
     AwaitRefresh(3);
     EXPECT_EQ(host_.status,
@@ -397,6 +398,26 @@ TEST_F(AppPageFailures, ALongNameIsCutInTheStatus) {
     AwaitRefresh(2);
     EXPECT_TRUE(
         host_.status.startsWith(ToQString(u8"【X】“一二三四五六七八九十一二三四五六…”没有卸载：")));
+}
+
+// An adb that finds no phone and waits for one.
+class AppPageWaits : public AppPageActions {
+  protected:
+    AppPageWaits()
+        : AppPageActions("echo '- waiting for device -' >&2; await phone; echo Success") {}
+};
+
+TEST_F(AppPageWaits, TheStatusSaysSoUntilThePhoneIsThere) {
+    OpenLoaded();
+    Choose(0, CAppPage::menuUninstall);
+    ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
+    EXPECT_EQ(host_.status, ToQString(u8"【X】没有找到手机，接上手机后会卸载“掌上词典”"));
+    Settle();
+    EXPECT_TRUE(page_->isEnabled());
+    EXPECT_EQ(Loads(), 1u);
+    adb_.Put("phone");
+    AwaitRefresh(2);
+    EXPECT_EQ(host_.status, kReady);
 }
 
 TEST_F(AppPageActions, AnAdbThatIsNotThereIsTold) {

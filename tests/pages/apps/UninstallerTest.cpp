@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <utility>
@@ -92,6 +93,27 @@ TEST_F(UninstallerTest, TellsWhatAdbSaidOfAFailure) {
     EXPECT_EQ(Ends()[0].outcome, UninstallOutcome::refused);
     EXPECT_EQ(Ends()[0].said, "Failure [DELETE_FAILED_INTERNAL_ERROR]\n");
     EXPECT_TRUE(Ends()[0].last);
+}
+
+TEST_F(UninstallerTest, TellsOnceThatAdbWaitsForAPhone) {
+    const FakeAdb adb(
+        "echo '- waiting for device -' >&2; await phone\n"
+        "echo '- waiting for device -' >&2; echo Success");
+    std::atomic<int> waits = 0;
+    uninstaller_ = std::make_unique<Uninstaller>(
+        adb.Environment(),
+        [this](UninstallEnd&& end) {
+            const std::lock_guard lock(mutex_);
+            ends_.push_back(std::move(end));
+        },
+        [&](const InstalledApp& app) { waits += app.package == "com.a" ? 1 : 100; });
+    ASSERT_TRUE(Start("com.a"));
+    ASSERT_TRUE(Await([&] { return waits > 0; }));
+    EXPECT_THAT(Ends(), IsEmpty());
+    adb.Put("phone");
+    ASSERT_TRUE(AwaitEnds(1));
+    EXPECT_EQ(Ends()[0].outcome, UninstallOutcome::done);
+    EXPECT_EQ(waits, 1);
 }
 
 TEST_F(UninstallerTest, ReadsTheEndOfWhatIsLong) {
