@@ -40,7 +40,7 @@ class CAppPage : public Page, private ListObserver {
     // although the agent was reached leaves the list as it came and without redraw, and nothing
     // follows: kept on purpose, as other lists do
     // (AppPageEarlyEnd.LeavesRedrawOffAndNothingFollows,
-    // AppPage.AFailedConnectIsFollowedByTheRest).
+    // AppPageTest.AFailedConnectIsFollowedByTheRest).
     void Refresh();
 
     void Load() override { Refresh(); }
@@ -58,7 +58,7 @@ class CAppPage : public Page, private ListObserver {
     void UninstallChecked();
     // Goes to the application in the store, if the site has named one. The store does not load its
     // front page after that, even where it has not: kept on purpose
-    // (AppPage.AnAppThatTheSiteDoesNotKnowOnlySetsTheKeyOfTheStore).
+    // (AppPageActions.AnAppThatTheSiteDoesNotKnowOnlySetsTheKeyOfTheStore).
     void OpenInStore(int row);
 
   private:
