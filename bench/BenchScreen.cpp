@@ -14,7 +14,6 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
-#include <optional>
 #include <random>
 #include <string>
 
@@ -107,11 +106,11 @@ void Bare(benchmark::State& state) {
 // With the old picture still there, as on the page.
 void CaptureOf(benchmark::State& state, const char* form) {
     rig->Control(0, form);
-    std::optional<ScreenFrame> shown = CaptureHere().frame;
-    shown = CaptureHere().frame;
+    Capture shown = CaptureHere();
+    shown = CaptureHere();
     for (auto _ : state) {
-        Time(state, [&] { shown = CaptureHere().frame; });
-        Require(shown.has_value(), "there is no picture");
+        Time(state, [&] { shown = CaptureHere(); });
+        Require(shown.frame.has_value(), "there is no picture");
     }
 }
 
@@ -150,15 +149,15 @@ void InARow(benchmark::State& state) {
     };
     rig->Control(0, kRgb);
     // The picture on show, and the memory of the one before it.
-    std::optional<ScreenFrame> shown = CaptureHere().frame;
-    shown = CaptureHere().frame;
+    Capture shown = CaptureHere();
+    shown = CaptureHere();
     for (auto _ : state) {
         const double descriptors = entries("/proc/self/fd");
         const double threads = entries("/proc/self/task");
         const auto memory = static_cast<double>(ResidentMemory());
         Time(state, [&] {
             for (int i = 0; i < kInARow; ++i) {
-                shown = CaptureHere().frame;
+                shown = CaptureHere();
             }
         });
         state.counters["descriptors"] = entries("/proc/self/fd") - descriptors;
