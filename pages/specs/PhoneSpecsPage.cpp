@@ -68,11 +68,14 @@ class SpecsListCtrl : public RecordListCtrl<SpecRow> {
 
   protected:
     [[nodiscard]] Cell CellOf(const SpecRow& record, int column) const override {
+        const QString caption = ToQString(kSpecCaptions.at(record.index));
         switch (column) {
             case columnIcon:
-                return {.icon = kIcons.at(record.index).toString(), .iconInk = Color::ink2};
+                return {.text = caption,
+                        .icon = kIcons.at(record.index).toString(),
+                        .iconInk = Color::ink2};
             case columnCaption:
-                return {.text = ToQString(kSpecCaptions.at(record.index))};
+                return {.text = caption};
             default:
                 return {.text = record.value};
         }

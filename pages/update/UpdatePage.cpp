@@ -46,7 +46,8 @@ class NewsListCtrl : public RecordListCtrl<NewsRow> {
     [[nodiscard]] Cell CellOf(const NewsRow& record, int column) const override {
         switch (column) {
             case columnIcon:
-                return {.icon = kIcons.at(static_cast<std::size_t>(record.kind)).toString()};
+                return {.text = ToQString(record.caption),
+                        .icon = kIcons.at(static_cast<std::size_t>(record.kind)).toString()};
             case columnKind:
                 return {.text = ToQString(record.caption)};
             default:

@@ -6,6 +6,7 @@
 #include "base/Json.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "tests/support/LoopbackPort.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvi::cli {
@@ -18,7 +19,8 @@ class SpecsCommand : public testing::Test {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
         Output output(true);
-        const Status status = command({.operands = std::move(operands), .options = {}}, {}, output);
+        const Status status = command({.operands = std::move(operands), .options = {}},
+                                      {.agent = UnusedPort(), .attribution = {}}, output);
         said_ = ParseJson(testing::internal::GetCapturedStdout()).value_or(Json::Value());
         messages_ = testing::internal::GetCapturedStderr();
         return status;

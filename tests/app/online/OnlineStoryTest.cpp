@@ -99,7 +99,7 @@ TEST_F(OnlineStory, AFeedbackIsRefusedAtEachRuleAndThenSent) {
     const auto requests = site_->Requests(before + 1);
     ASSERT_EQ(requests.size(), before + 1);
     EXPECT_NE(requests.back().body.find("\"Model\" : \"Aurora\""), std::string::npos);
-    EXPECT_NE(requests.back().body.find("\"Client\" : 20"), std::string::npos);
+    EXPECT_NE(requests.back().body.find("\"Client\" : 1,"), std::string::npos);
 }
 
 TEST_F(OnlineStory, APlatformAMakerAndAModelAreChosen) {

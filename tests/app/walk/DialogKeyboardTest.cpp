@@ -12,15 +12,15 @@ namespace {
 
 class DialogKeyboard : public EachDialog {
   protected:
-    // The number of the control that has the focus: its own, or that of the view whose browser it
-    // belongs to.
+    // The number, or other name, of the control that has the focus: its own, or the number of the
+    // view whose browser it belongs to.
     QString Focused() {
         for (const QWidget* at = Dialog().focusWidget(); at != nullptr; at = at->parentWidget()) {
             if (at->objectName().toInt() != 0) {
                 return at->objectName();
             }
         }
-        return {};
+        return Dialog().focusWidget() == nullptr ? QString() : Dialog().focusWidget()->objectName();
     }
     // Presses a key in the control that has the focus, and waits until the focus has gone on. A
     // view hands it on later: its browser is asked first.
