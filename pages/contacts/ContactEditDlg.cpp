@@ -131,6 +131,7 @@ void CContactEditDlg::BuildControls() {
     };
     auto* phone = new FormCaption({}, Body());
     phone->setPixmap(look::icon(u"call", Metric::iconButton, Color::ink2, devicePixelRatioF()));
+    phone->setAccessibleName(ToQString(u8"电话"));
     grid->addWidget(phone, row, columnLeftCaption);
     for (std::size_t i = 0; i < phones_.size(); ++i) {
         phones_[i] = typed(kPhones[i], ToQString(u8"电话 %1").arg(i + 1), kPhoneTypes);

@@ -28,7 +28,7 @@ constexpr AskedList kCleanList{.name = "ScanForCleaning",
                                .loadKey = 12,
                                .list = 0,
                                .rows = kRows,
-                               .isLong = true,
+                               .isLong = false,
                                .neverBlank = true,
                                .fixedRows = kFixedRows};
 
