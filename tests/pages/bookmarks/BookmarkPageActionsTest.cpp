@@ -201,8 +201,7 @@ TEST_F(BookmarkPage, ChangingGoesToTheBookmarkOfTheLastClick) {
 
 TEST_F(BookmarkPage, ARowThatIsOpenedOrComeToByKeyIsTheOneToChange) {
     OpenLoaded();
-    List().setFocus();
-    QTest::keyClick(&List(), Qt::Key_Down);
+    List().SelectRow(0);  // as the focus does, sooner or later
     QTest::keyClick(&List(), Qt::Key_Down);
     EXPECT_EQ(Selected(), 8u);
     QTest::keyClick(&List(), Qt::Key_Return);
