@@ -243,14 +243,13 @@ Held HeldByThisProcess() {
 TEST_F(Screen, SixtyCapturesInARowLeaveNothingBehind) {
     SetScreen("size 1080x2400x32 version 2");
     // The picture on show, and the memory of the one before it, which is kept for the next.
-    std::optional<ScreenFrame> shown = CaptureHere().frame;
-    shown = CaptureHere().frame;
-    ASSERT_TRUE(shown);
+    Capture shown = CaptureHere();
+    shown = CaptureHere();
+    ASSERT_TRUE(shown.frame);
     const Held before = HeldByThisProcess();
     for (int i = 0; i < 60; ++i) {
-        Capture capture = CaptureHere();
-        ASSERT_EQ(capture.result, CaptureResult::shown) << i;
-        shown = std::move(capture.frame);  // as the page does: the old picture goes
+        shown = CaptureHere();  // as the page does: the old picture goes
+        ASSERT_EQ(shown.result, CaptureResult::shown) << i;
     }
     const Held after = HeldByThisProcess();
     EXPECT_EQ(after.descriptors, before.descriptors);
