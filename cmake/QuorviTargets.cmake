@@ -199,6 +199,8 @@ function(quorvi_test name)
     set_tests_properties(${name} PROPERTIES ${properties})
   else()
     include(GoogleTest)
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+    # On a slow disk a program with a browser takes seconds to be read for the first time.
+    gtest_discover_tests(${name}
+      DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
   endif()
 endfunction()
