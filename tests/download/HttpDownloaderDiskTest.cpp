@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 
 #include "tests/download/EngineTest.h"
-#include "tests/download/ScriptedSite.h"
+#include "tests/download/ScriptedPeer.h"
 #include "tests/support/SmallDisk.h"
 
 namespace quorvi {
@@ -20,7 +20,7 @@ TEST_F(HttpDownloaderDisk, APartThatIsALinkIsNotFollowed) {
     const auto secret = folder_.Path() / "secret";
     std::ofstream(secret) << "of the user";
     std::filesystem::create_symlink(secret, part_);
-    ScriptedSite site(AnswerOf("200 OK", "evil"));
+    ScriptedPeer site(AnswerOf("200 OK", "evil"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kReceiveFailed));
     EXPECT_EQ(engine_.Fault(), DownloadFault::cannotWrite);
     EXPECT_EQ(ContentOf(secret), "of the user");
@@ -32,7 +32,7 @@ TEST_F(HttpDownloaderDisk, ATargetThatIsALinkIsReplacedAndNotFollowed) {
     const auto secret = folder_.Path() / "secret";
     std::ofstream(secret) << "of the user";
     std::filesystem::create_symlink(secret, target_);
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(secret), "of the user");
     EXPECT_FALSE(std::filesystem::is_symlink(target_));
@@ -40,7 +40,7 @@ TEST_F(HttpDownloaderDisk, ATargetThatIsALinkIsReplacedAndNotFollowed) {
 }
 
 TEST_F(HttpDownloaderDisk, APartThatIsNoPlainFileIsNotWritten) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     ASSERT_EQ(mkfifo(part_.c_str(), 0600), 0);
     EXPECT_THAT(Download(site.Url()), ElementsAre(kReceiveFailed));
     std::filesystem::remove(part_);
@@ -50,7 +50,7 @@ TEST_F(HttpDownloaderDisk, APartThatIsNoPlainFileIsNotWritten) {
 }
 
 TEST_F(HttpDownloaderDisk, AMissingFolderEndsTheRun) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     target_ = folder_.Path() / "gone" / "com.example.a.apk";
     EXPECT_THAT(Download(site.Url()), ElementsAre(kReceiveFailed));
     EXPECT_EQ(engine_.Fault(), DownloadFault::cannotWrite);
@@ -58,7 +58,7 @@ TEST_F(HttpDownloaderDisk, AMissingFolderEndsTheRun) {
 
 TEST_F(HttpDownloaderDisk, ATargetThatCannotBeReplacedLeavesThePart) {
     std::filesystem::create_directory(target_);
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(part_), "whole");
 }
@@ -80,7 +80,7 @@ TEST(HttpDownloaderFullDisk, EndsTheRunAndLeavesAPartThatIsResumed) {
     std::ofstream(part) << body.substr(0, 10);
     disk.Fill();
     {
-        ScriptedSite site(AnswerOf("206 Partial Content", body.substr(10)));
+        ScriptedPeer site(AnswerOf("206 Partial Content", body.substr(10)));
         engine.SetJob(site.Url(), target);
         engine.Start();
         ASSERT_TRUE(Await([&engine] { return engine.IsIdle(); }));
@@ -90,7 +90,7 @@ TEST(HttpDownloaderFullDisk, EndsTheRunAndLeavesAPartThatIsResumed) {
     const auto length = std::filesystem::file_size(part);
     ASSERT_LT(length, body.size());
     disk.Empty();
-    ScriptedSite site(AnswerOf("206 Partial Content", body.substr(length)));
+    ScriptedPeer site(AnswerOf("206 Partial Content", body.substr(length)));
     engine.SetJob(site.Url(), target);
     engine.Start();
     ASSERT_TRUE(Await([&engine] { return engine.IsIdle(); }));

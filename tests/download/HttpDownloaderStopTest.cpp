@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/download/EngineTest.h"
-#include "tests/download/ScriptedSite.h"
+#include "tests/download/ScriptedPeer.h"
 #include "tests/support/StuckListener.h"
 
 namespace quorvi {
@@ -32,7 +32,7 @@ class HttpDownloaderStop : public EngineTest {
 };
 
 TEST_F(HttpDownloaderStop, EndsABodyAndKeepsWhatHasCome) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
     StopWhen(site.Url(), [this] { return ContentOf(part_) == "1234"; });
     EXPECT_THAT(sink_->All(), ElementsAre(kStopped));
     EXPECT_EQ(ContentOf(part_), "1234");
@@ -40,7 +40,7 @@ TEST_F(HttpDownloaderStop, EndsABodyAndKeepsWhatHasCome) {
 }
 
 TEST_F(HttpDownloaderStop, EndsAHeadThatDoesNotEnd) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-", Answer::End::wait);
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-", Answer::End::wait);
     PutPart("part");
     StopWhen(site.Url(), [&site] { return site.Agent().Accepted() > 0; });
     EXPECT_THAT(sink_->All(), ElementsAre(kStopped));
@@ -67,16 +67,16 @@ TEST_F(HttpDownloaderStop, EndsACircleOfRedirects) {
 
 TEST_F(HttpDownloaderStop, OfAnEarlierRunIsNotHeardByTheNext) {
     engine_.Stop();
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
 }
 
 TEST_F(HttpDownloaderStop, TheNextRunGoesOn) {
     {
-        ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
+        ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
         StopWhen(site.Url(), [this] { return ContentOf(part_) == "1234"; });
     }
-    ScriptedSite site(AnswerOf("206 Partial Content", "567890"));
+    ScriptedPeer site(AnswerOf("206 Partial Content", "567890"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "1234567890");
 }

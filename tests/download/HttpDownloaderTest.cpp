@@ -5,7 +5,7 @@
 
 #include "download/HttpDownloader.h"
 #include "tests/download/EngineTest.h"
-#include "tests/download/ScriptedSite.h"
+#include "tests/download/ScriptedPeer.h"
 
 namespace quorvi {
 namespace {
@@ -21,7 +21,7 @@ const Told kReceiveFailed = Bare(DownloadEvent::receiveFailed);
 const Told kRefused = Bare(DownloadEvent::refused);
 
 TEST_F(HttpDownloader, AsksForAFreshFileWithoutARange) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(site.Asked(),
               "GET /a.apk HTTP/1.1\r\n"
@@ -35,7 +35,7 @@ TEST_F(HttpDownloader, AsksForAFreshFileWithoutARange) {
 }
 
 TEST_F(HttpDownloader, APartOf1000BytesAsksForTheRestOfTheFile) {
-    ScriptedSite site(AnswerOf("206 Partial Content", "rest"));
+    ScriptedPeer site(AnswerOf("206 Partial Content", "rest"));
     PutPart(std::string(1000, 'a'));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_THAT(site.Asked(), testing::EndsWith("Connection:Keep-Alive\r\n"
@@ -45,14 +45,14 @@ TEST_F(HttpDownloader, APartOf1000BytesAsksForTheRestOfTheFile) {
 }
 
 TEST_F(HttpDownloader, ALengthOfZeroIsCompleteAtOnce) {
-    ScriptedSite site(AnswerOf("200 OK", ""));
+    ScriptedPeer site(AnswerOf("200 OK", ""));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     ASSERT_TRUE(HasTarget());
     EXPECT_EQ(ContentOf(target_), "");
 }
 
 TEST_F(HttpDownloader, ALengthOfZeroBehindAPartIsCompleteAtOnce) {
-    ScriptedSite site(AnswerOf("206 Partial Content", ""));
+    ScriptedPeer site(AnswerOf("206 Partial Content", ""));
     PutPart("part");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "part");
@@ -60,39 +60,39 @@ TEST_F(HttpDownloader, ALengthOfZeroBehindAPartIsCompleteAtOnce) {
 }
 
 TEST_F(HttpDownloader, AnAbsentLengthIsZero) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\n\r\nbody");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\n\r\nbody");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "");
 }
 
 TEST_F(HttpDownloader, ALengthInLowerCaseIsNotFound) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\ncontent-length: 4\r\n\r\nbody");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\ncontent-length: 4\r\n\r\nbody");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "");
 }
 
 TEST_F(HttpDownloader, ALengthWithoutItsBlankLosesADigit) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length:15\r\n\r\n12345 and more..");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length:15\r\n\r\n12345 and more..");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "12345");
 }
 
 TEST_F(HttpDownloader, ALengthBelowZeroIsNoBodysLength) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: -5\r\n\r\nbody");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: -5\r\n\r\nbody");
     PutPart("part");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kReceiveFailed));
     EXPECT_EQ(ContentOf(part_), "part");
 }
 
 TEST_F(HttpDownloader, ALengthBeyond32BitsIsNotCut) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 4294967300\r\n\r\n1234");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 4294967300\r\n\r\n1234");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kClosedEarly));
     EXPECT_EQ(ContentOf(part_), "1234");
 }
 
 TEST_F(HttpDownloader, APartBeyond32BitsIsResumedAtItsEnd) {
     constexpr std::uintmax_t kPart = 5'000'000'000;
-    ScriptedSite site(AnswerOf("206 Partial Content", "rest"));
+    ScriptedPeer site(AnswerOf("206 Partial Content", "rest"));
     PutPart("");
     std::filesystem::resize_file(part_, kPart);  // takes no room
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
@@ -101,7 +101,7 @@ TEST_F(HttpDownloader, APartBeyond32BitsIsResumedAtItsEnd) {
 }
 
 TEST_F(HttpDownloader, WhatComesBehindTheLengthIsNotTaken) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nbody and more");
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nbody and more");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "body");
 }
@@ -109,34 +109,34 @@ TEST_F(HttpDownloader, WhatComesBehindTheLengthIsNotTaken) {
 TEST_F(HttpDownloader, AHeadOfMoreThan1024BytesEndsThere) {
     std::string head = "HTTP/1.1 200 OK\r\nContent-Length: 29\r\nX: ";
     head += std::string(1024 - head.size(), 'x');
-    ScriptedSite site(head + "12345\r\n\r\nbody of twenty bytes and more");
+    ScriptedPeer site(head + "12345\r\n\r\nbody of twenty bytes and more");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "12345\r\n\r\nbody of twenty bytes");
 }
 
 TEST_F(HttpDownloader, ARefusalsBodyIsWrittenAndMoved) {
     const std::string page(200, 'p');
-    ScriptedSite site(AnswerOf("404 Not Found", page));
+    ScriptedPeer site(AnswerOf("404 Not Found", page));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kRefused, kComplete));
     EXPECT_EQ(ContentOf(target_), page);
 }
 
 TEST_F(HttpDownloader, AWholeAnswerToARangeIsTakenLikeAPart) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     PutPart("part");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "partwhole");
 }
 
 TEST_F(HttpDownloader, ARefusedRangeIsToldTwiceAndItsBodyWritten) {
-    ScriptedSite site(AnswerOf("416 Range", "page"));
+    ScriptedPeer site(AnswerOf("416 Range", "page"));
     PutPart("part");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kRangeRefused, kRefused, kComplete));
     EXPECT_EQ(ContentOf(target_), "partpage");
 }
 
 TEST_F(HttpDownloader, APartThatTheServerCallsWholeIsMovedAsItIs) {
-    ScriptedSite site(
+    ScriptedPeer site(
         "HTTP/1.1 416 Range\r\nContent-Length: 4\r\nContent-Range: bytes */5\r\n"
         "\r\npage");
     PutPart("whole");
@@ -145,31 +145,31 @@ TEST_F(HttpDownloader, APartThatTheServerCallsWholeIsMovedAsItIs) {
 }
 
 TEST_F(HttpDownloader, AnAnswerThatIsNoneIsRefused) {
-    ScriptedSite site("220 ftp.example ready\r\n\r\n", Answer::End::wait);
+    ScriptedPeer site("220 ftp.example ready\r\n\r\n", Answer::End::wait);
     EXPECT_THAT(Download(site.Url()), ElementsAre(kRefused, kComplete));
     EXPECT_EQ(ContentOf(target_), "");
 }
 
 TEST_F(HttpDownloader, APeerThatClosesWithoutAWordIsRefused) {
-    ScriptedSite site("");
+    ScriptedPeer site("");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kRefused, kComplete));
 }
 
 TEST_F(HttpDownloader, AnEarlyCloseKeepsThePartForTheNextRun) {
     {
-        ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234");
+        ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234");
         EXPECT_THAT(Download(site.Url()), ElementsAre(kClosedEarly));
         EXPECT_EQ(ContentOf(part_), "1234");
         EXPECT_FALSE(HasTarget());
     }
-    ScriptedSite site(AnswerOf("206 Partial Content", "567890"));
+    ScriptedPeer site(AnswerOf("206 Partial Content", "567890"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_THAT(site.Asked(), testing::HasSubstr("\r\nRange: bytes=4-\r\n"));
     EXPECT_EQ(ContentOf(target_), "1234567890");
 }
 
 TEST_F(HttpDownloader, AConnectionThatIsBrokenFails) {
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n", Answer::End::reset);
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n", Answer::End::reset);
     const auto ends = Download(site.Url());
     // A broken connection may lose the head, too, which is then cut anywhere.
     ASSERT_FALSE(ends.empty());
@@ -181,22 +181,22 @@ TEST_F(HttpDownloader, ABodyThatStallsTimesOut) {
     EXPECT_EQ(TransferLimits{}.body, std::chrono::seconds(10));
     engine_ = CHttpDownloader({.body = std::chrono::milliseconds(50)});
     engine_.SetSink(sink_);
-    ScriptedSite site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
+    ScriptedPeer site("HTTP/1.1 200 OK\r\nContent-Length: 10\r\n\r\n1234", Answer::End::wait);
     EXPECT_THAT(Download(site.Url()), ElementsAre(kReceiveFailed));
     EXPECT_EQ(ContentOf(part_), "1234");
 }
 
 TEST_F(HttpDownloader, ARedirectIsFollowedAndKept) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
-    ScriptedSite first(MovedTo(site.Url()));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer first(MovedTo(site.Url()));
     EXPECT_THAT(Download(first.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "whole");
     EXPECT_EQ(engine_.Url(), site.Url());
 }
 
 TEST_F(HttpDownloader, ARedirectKeepsTheRange) {
-    ScriptedSite site(AnswerOf("206 Partial Content", "rest"));
-    ScriptedSite first(MovedTo(site.Url()));
+    ScriptedPeer site(AnswerOf("206 Partial Content", "rest"));
+    ScriptedPeer first(MovedTo(site.Url()));
     PutPart("part");
     EXPECT_THAT(Download(first.Url()), ElementsAre(kComplete));
     EXPECT_THAT(site.Asked(), testing::HasSubstr("\r\nRange: bytes=4-\r\n"));
@@ -204,8 +204,8 @@ TEST_F(HttpDownloader, ARedirectKeepsTheRange) {
 }
 
 TEST_F(HttpDownloader, TheFirstLocationInAHeadIsTheOneFollowed) {
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
-    ScriptedSite first("HTTP/1.1 302 Found\r\nContent-Location: " + site.Url() +
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer first("HTTP/1.1 302 Found\r\nContent-Location: " + site.Url() +
                        "\r\nLocation: http://127.0.0.1:1/\r\n\r\n");
     EXPECT_THAT(Download(first.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "whole");
@@ -215,11 +215,11 @@ TEST_F(HttpDownloader, ARedirectThatLeadsNowhereIsRefused) {
     PutPart("part");
     for (const char* location :
          {"https://127.0.0.1/a.apk", "/elsewhere", "", "file:///etc/passwd"}) {
-        ScriptedSite site(MovedTo(location));
+        ScriptedPeer site(MovedTo(location));
         EXPECT_THAT(Download(site.Url()), ElementsAre(kRefused, kClosedEarly)) << location;
         EXPECT_EQ(engine_.Fault(), DownloadFault::noConnection);
     }
-    ScriptedSite site("HTTP/1.1 304 Not Modified\r\n\r\n");
+    ScriptedPeer site("HTTP/1.1 304 Not Modified\r\n\r\n");
     EXPECT_THAT(Download(site.Url()), ElementsAre(kRefused, kClosedEarly));
     EXPECT_EQ(ContentOf(part_), "part");
     EXPECT_FALSE(HasTarget());
@@ -240,12 +240,12 @@ TEST_F(HttpDownloader, WithoutAConnectionThePartStays) {
 TEST_F(HttpDownloader, ARunWithoutAConnectionReadsTheOldHead) {
     const std::string nobody = fmt::format("http://127.0.0.1:{}/a", UnusedPort());
     {
-        ScriptedSite site(AnswerOf("200 OK", "whole"));
+        ScriptedPeer site(AnswerOf("200 OK", "whole"));
         ASSERT_THAT(Download(site.Url()), ElementsAre(kComplete));
     }
     EXPECT_THAT(Download(nobody), ElementsAre(kClosedEarly));
     {
-        ScriptedSite site(AnswerOf("200 OK", ""));
+        ScriptedPeer site(AnswerOf("200 OK", ""));
         ASSERT_THAT(Download(site.Url()), ElementsAre(kComplete));
     }
     EXPECT_THAT(Download(nobody), ElementsAre(kComplete));
@@ -253,7 +253,7 @@ TEST_F(HttpDownloader, ARunWithoutAConnectionReadsTheOldHead) {
 
 TEST_F(HttpDownloader, ANewFileTakesThePlaceOfAnOldOne) {
     std::ofstream(target_) << "old and longer";
-    ScriptedSite site(AnswerOf("200 OK", "new"));
+    ScriptedPeer site(AnswerOf("200 OK", "new"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(ContentOf(target_), "new");
 }
@@ -265,7 +265,7 @@ TEST_F(HttpDownloader, TheMoveComesBehindItsEvent) {
         part = ContentOf(part_);
         moved = HasTarget();
     };
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     EXPECT_EQ(part, "whole");
     EXPECT_FALSE(moved);
@@ -295,7 +295,7 @@ TEST_F(HttpDownloader, WhoWaitsForTheMoveFindsTheFile) {
         // The move comes when this returns: it waits by now, or never will.
         EXPECT_TRUE(Await([&] { return over || (number != 0 && IsAsleep(number)); }));
     };
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     EXPECT_THAT(Download(site.Url()), ElementsAre(kComplete));
     waiter.join();
     EXPECT_TRUE(moved);
@@ -304,7 +304,7 @@ TEST_F(HttpDownloader, WhoWaitsForTheMoveFindsTheFile) {
 
 TEST_F(HttpDownloader, AFileThatArrivesWithinASecondTellsNoProgress) {
     const std::string body(300'000, 'b');
-    ScriptedSite site(AnswerOf("200 OK", body));
+    ScriptedPeer site(AnswerOf("200 OK", body));
     engine_.SetJob(site.Url(), target_);
     const auto start = std::chrono::steady_clock::now();
     engine_.Start();
@@ -317,7 +317,7 @@ TEST_F(HttpDownloader, AFileThatArrivesWithinASecondTellsNoProgress) {
 
 TEST_F(HttpDownloader, WithoutASinkItDownloadsAllTheSame) {
     sink_.reset();
-    ScriptedSite site(AnswerOf("200 OK", "whole"));
+    ScriptedPeer site(AnswerOf("200 OK", "whole"));
     engine_.SetJob(site.Url(), target_);
     engine_.Start();
     ASSERT_TRUE(Await([this] { return engine_.IsIdle(); }));
@@ -326,7 +326,7 @@ TEST_F(HttpDownloader, WithoutASinkItDownloadsAllTheSame) {
 }
 
 TEST_F(HttpDownloader, ANewRunMayStartWhileAnEventIsTold) {
-    ScriptedSite next(AnswerOf("200 OK", "next"));
+    ScriptedPeer next(AnswerOf("200 OK", "next"));
     const auto other = folder_.Path() / "com.example.b.apk";
     sink_->onEvent = [&](DownloadEvent event) {
         if (event == DownloadEvent::refused) {
@@ -334,7 +334,7 @@ TEST_F(HttpDownloader, ANewRunMayStartWhileAnEventIsTold) {
             engine_.Start();
         }
     };
-    ScriptedSite site(AnswerOf("404 Not Found", "page"));
+    ScriptedPeer site(AnswerOf("404 Not Found", "page"));
     engine_.SetJob(site.Url(), target_);
     engine_.Start();
     ASSERT_TRUE(Await([this] { return engine_.IsIdle(); }));

@@ -15,9 +15,9 @@ inline Bytes BytesOf(std::string_view text) {
     return {bytes.begin(), bytes.end()};
 }
 
-class ScriptedSite {
+class ScriptedPeer {
   public:
-    explicit ScriptedSite(std::string_view answer, Answer::End end = Answer::End::close)
+    explicit ScriptedPeer(std::string_view answer, Answer::End end = Answer::End::close)
         : agent_({.bytes = BytesOf(answer), .end = end}) {}
 
     [[nodiscard]] std::string Url() const {
