@@ -1,6 +1,7 @@
 // Reads a frame of the phone's screen out of any bytes, in pieces, and turns what it shows.
 //
-// Input: the bytes of a piece, 0 for all at once; the rotation; what the phone sends.
+// Input: the bytes of a piece, 0 for all at once; the rotation; what the phone sends. Each picture
+// is painted into a room of 2 x 2 pixels.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -38,7 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                            return static_cast<std::ptrdiff_t>(count);
                        },
                    .send = [&](std::span<const std::byte> bytes) { asked += bytes.size(); },
-                   .close = [&] { closed = true; }});
+                   .close = [&] { closed = true; }},
+                  PaintRoom{2, 2});
 
     Require((capture.result == CaptureResult::shown) == capture.frame.has_value());
     Require((capture.fault == CaptureFault::none) == capture.frame.has_value());
@@ -51,6 +53,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(frame.bytes->Size() == frame.Stride() * static_cast<std::size_t>(frame.height));
     Require(frame.bytes->Received() == frame.bytes->Size());
     const RgbPicture picture = TurnedPicture(frame, rotation);
+    if (capture.reduced) {
+        const ReducedFrame& reduced = *capture.reduced;
+        Require(reduced.width > 0 && reduced.height > 0);
+        Require(reduced.pixels.size() ==
+                static_cast<std::size_t>(reduced.width) * static_cast<std::size_t>(reduced.height));
+    }
     volatile unsigned sum = 0;
     for (const std::uint8_t value : picture.bytes) {
         sum = sum + value;

@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "base/Text.h"
 
@@ -19,7 +20,7 @@ constexpr std::string_view kFramebuffer = "framebuffer:";
 constexpr std::size_t kPiece = 102'400;
 
 Capture Failed(CaptureResult result, CaptureFault fault) {
-    return {result, fault, std::nullopt};
+    return {result, fault, std::nullopt, std::nullopt};
 }
 
 Capture Refused(CaptureFault fault) {
@@ -44,7 +45,9 @@ bool ReadsOkay(const FrameStream& stream) {
            std::string_view(word.data(), word.size()) == kOkay;
 }
 
-void ReadPixels(const FrameStream& stream, FrameBytes& frame) {
+// What the reducer does with a piece it does while the peer sends the next one.
+void ReadPixels(const FrameStream& stream, FrameBytes& frame,
+                std::optional<FrameReducer>& reducer) {
     while (frame.Received() < frame.Size()) {
         const std::span<std::byte> room = frame.Room();
         const std::ptrdiff_t count = stream.receive(room.first(std::min(room.size(), kPiece)));
@@ -52,12 +55,26 @@ void ReadPixels(const FrameStream& stream, FrameBytes& frame) {
             return;
         }
         frame.Commit(static_cast<std::size_t>(count));
+        if (reducer) {
+            reducer->Take(frame.Bytes().first(frame.Received()));
+        }
     }
+}
+
+// For a picture that is painted much smaller than the frame is.
+std::optional<FrameReducer> ReducerOf(const FrameShape& shape, const PaintRoom& room) {
+    const int width = static_cast<int>(shape.width);
+    const int height = static_cast<int>(shape.height);
+    const int reduction = ReductionOf(width, height, room);
+    if (reduction == 1 || LayoutOf(shape.bits) != PixelLayout::bgrx32) {
+        return std::nullopt;
+    }
+    return FrameReducer(width, height, reduction);
 }
 
 }  // namespace
 
-Capture ReadFrame(const FrameStream& stream) {
+Capture ReadFrame(const FrameStream& stream, const PaintRoom& room) {
     std::array<std::byte, kFrameVersionBytes> versionWord{};
     if (!Fill(stream, versionWord)) {
         return Refused(CaptureFault::headerEnded);
@@ -86,26 +103,37 @@ Capture ReadFrame(const FrameStream& stream) {
     if (bytes->Size() != shape.size) {
         return Refused(CaptureFault::impossibleFrame);
     }
-    ReadPixels(stream, *bytes);
+    std::optional<FrameReducer> reducer = ReducerOf(shape, room);
+    ReadPixels(stream, *bytes, reducer);
     stream.close();
 
     const bool whole = bytes->Received() == bytes->Size();
-    if (NeedsSwap(redAndBlue) && !bytes->SwapRedBlue()) {
-        return Failed(CaptureResult::oddCount,
-                      whole ? CaptureFault::oddCount : CaptureFault::pixelsEnded);
+    if (NeedsSwap(redAndBlue)) {
+        if (!bytes->SwapRedBlue()) {
+            return Failed(CaptureResult::oddCount,
+                          whole ? CaptureFault::oddCount : CaptureFault::pixelsEnded);
+        }
+        if (reducer) {
+            reducer->SwapRedBlue();
+        }
     }
     if (!whole) {
         return Refused(CaptureFault::pixelsEnded);
     }
-    return {CaptureResult::shown, CaptureFault::none,
-            ScreenFrame{.width = static_cast<int>(shape.width),
-                        .height = static_cast<int>(shape.height),
-                        .layout = LayoutOf(shape.bits),
-                        .bytes = bytes}};
+    Capture capture{CaptureResult::shown, CaptureFault::none,
+                    ScreenFrame{.width = static_cast<int>(shape.width),
+                                .height = static_cast<int>(shape.height),
+                                .layout = LayoutOf(shape.bits),
+                                .bytes = bytes},
+                    std::nullopt};
+    if (reducer) {
+        capture.reduced = std::move(*reducer).Result();
+    }
+    return capture;
 }
 
 Capture CaptureScreen(const AdbHostClient& client, std::string_view serial,
-                      std::chrono::milliseconds stall) {
+                      std::chrono::milliseconds stall, const PaintRoom& room) {
     TcpSocket socket = client.Open(TcpSocket::Delay::keep);
     if (serial.empty()) {
         return Failed(CaptureResult::noPhone, CaptureFault::noPhone);
@@ -113,8 +141,8 @@ Capture CaptureScreen(const AdbHostClient& client, std::string_view serial,
     socket.LimitReceive(stall);
     bool stalled = false;
     const FrameStream stream{
-        .receive = [&](std::span<std::byte> room) -> std::ptrdiff_t {
-            const std::ptrdiff_t count = socket.Receive(room);
+        .receive = [&](std::span<std::byte> into) -> std::ptrdiff_t {
+            const std::ptrdiff_t count = socket.Receive(into);
             stalled = count < 0 && TcpSocket::TimedOut();
             return count;
         },
@@ -137,7 +165,7 @@ Capture CaptureScreen(const AdbHostClient& client, std::string_view serial,
     if (!ReadsOkay(stream)) {
         return Refused(because(CaptureFault::serviceRefused));
     }
-    Capture capture = ReadFrame(stream);
+    Capture capture = ReadFrame(stream, room);
     capture.fault = because(capture.fault);
     return capture;
 }

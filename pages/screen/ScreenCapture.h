@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "link/AdbHostClient.h"
+#include "pages/screen/FrameReducer.h"
 #include "pages/screen/ScreenFrame.h"
 
 namespace quorvi {
@@ -41,20 +42,23 @@ enum class CaptureFault {
 struct Capture {
     CaptureResult result = CaptureResult::refused;
     CaptureFault fault = CaptureFault::none;
-    std::optional<ScreenFrame> frame;  // with `shown` alone
+    std::optional<ScreenFrame> frame;     // with `shown` alone
+    std::optional<ReducedFrame> reduced;  // of that; none where it would not be much smaller
 };
 
 // How long the server and the phone may say nothing.
 inline constexpr std::chrono::milliseconds kCaptureStall = std::chrono::seconds(10);
 
 // One exchange on a connection of its own, closed before the pixels are worked on. Blocks: on a
-// worker only. `serial` is the phone's, in the bytes that adb names it by.
+// worker only. `serial` is the phone's, in the bytes that adb names it by; `room` is where the
+// picture will be painted, if it will be.
 //
 // The length of the first request is in upper-case digits, that of the second in lower-case: kept
 // on purpose, since servers have always been sent these bytes
 // (ScreenCapture.LengthsAreInUpperAndThenInLowerCase).
 [[nodiscard]] Capture CaptureScreen(const AdbHostClient& client, std::string_view serial,
-                                    std::chrono::milliseconds stall = kCaptureStall);
+                                    std::chrono::milliseconds stall = kCaptureStall,
+                                    const PaintRoom& room = {});
 
 // Where a frame comes from: the peer behind a status word "OKAY" of the framebuffer service.
 struct FrameStream {
@@ -68,7 +72,7 @@ struct FrameStream {
 
 // The part of the exchange behind that status word. Never reads past the frame, whatever its header
 // says.
-[[nodiscard]] Capture ReadFrame(const FrameStream& stream);
+[[nodiscard]] Capture ReadFrame(const FrameStream& stream, const PaintRoom& room = {});
 
 // What happened and what to do next: shown in the status, and by the command line. Empty for
 // `none`. ANSI.

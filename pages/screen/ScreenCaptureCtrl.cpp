@@ -93,10 +93,23 @@ QSize ScreenCaptureCtrl::sizeHint() const {
     return {Metric::screenGround, Metric::contentHeight};
 }
 
+QRect ScreenCaptureCtrl::Ground() const {
+    return rect().adjusted(Metric::screenPadding, Metric::screenPadding, -Metric::screenPadding,
+                           -Metric::screenPadding);
+}
+
+PaintRoom ScreenCaptureCtrl::RoomFor(Rotation rotation) const {
+    QSizeF room = Ground().size();
+    room *= devicePixelRatioF();
+    if (SwapsSides(rotation)) {
+        room.transpose();
+    }
+    return {static_cast<int>(room.width()), static_cast<int>(room.height())};
+}
+
 // In the middle, scaled down where there is less room than it wants, never up.
 QRect ScreenCaptureCtrl::Fitted(const ShowSize& size) const {
-    const QRect room = rect().adjusted(Metric::screenPadding, Metric::screenPadding,
-                                       -Metric::screenPadding, -Metric::screenPadding);
+    const QRect room = Ground();
     const double scale = std::min({1.0, static_cast<double>(room.width()) / std::max(size.width, 1),
                                    static_cast<double>(room.height()) / std::max(size.height, 1)});
     QRect fitted(0, 0, std::max(1, static_cast<int>(size.width * scale)),
@@ -131,14 +144,30 @@ void ScreenCaptureCtrl::paintEvent(QPaintEvent*) {
     }
 }
 
+// The reduced picture is little larger than what is painted: there it is enough, and takes a fifth
+// of the time, to blend the four pixels that lie next.
+QPixmap ScreenCaptureCtrl::ScaledTo(const QSize& pixels) const {
+    const QImage& reduced = picture_->reduced;
+    if (reduced.width() < pixels.width() || reduced.height() < pixels.height()) {
+        return QPixmap::fromImage(
+            picture_->image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+    QImage scaled(pixels, QImage::Format_RGB32);
+    QPainter painter(&scaled);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(scaled.rect(), reduced);
+    painter.end();
+    return QPixmap::fromImage(std::move(scaled));
+}
+
 // The picture, and a line of one device pixel around it.
 void ScreenCaptureCtrl::PaintPicture(QPainter& painter) {
     const qreal scale = look::scaleOf(painter);
     const QRectF place = look::snapped(painter, PictureRect());
     const QSize pixels = (place.size() * scale).toSize().expandedTo({1, 1});
     if (scaled_.size() != pixels) {
-        scaled_ = QPixmap::fromImage(
-            picture_->image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        scaled_ = ScaledTo(pixels);
         scaled_.setDevicePixelRatio(scale);
     }
     painter.drawPixmap(place.topLeft(), scaled_);

@@ -42,6 +42,8 @@ class ScreenCaptureCtrl : public QWidget, public RingShape {
     [[nodiscard]] Rotation ShownRotation() const { return rotation_; }
     [[nodiscard]] Rotation PreviousRotation() const { return previousRotation_; }
     [[nodiscard]] const ShowSize& Size() const { return showSize_; }
+    // The most that a picture turned so is painted in.
+    [[nodiscard]] PaintRoom RoomFor(Rotation rotation) const;
     // Where the picture is drawn; empty without one.
     [[nodiscard]] QRect PictureRect() const;
 
@@ -80,7 +82,8 @@ class ScreenCaptureCtrl : public QWidget, public RingShape {
 
   private:
     void PaintPicture(QPainter& painter);
-    void PaintBlock(QPainter& painter) const;
+    [[nodiscard]] QPixmap ScaledTo(const QSize& pixels) const;
+    [[nodiscard]] QRect Ground() const;
     [[nodiscard]] QRect Fitted(const ShowSize& size) const;
     void Describe();
 

@@ -45,14 +45,26 @@ QImage ImageOver(const ScreenFrame& frame) {
         [](void* bytes) { delete static_cast<Bytes*>(bytes); }, new Bytes(frame.bytes));
 }
 
+// Over the pixels, which live as long as it or a copy of it does.
+QImage ImageOf(ReducedFrame frame) {
+    auto* const owned = new ReducedFrame(std::move(frame));
+    return QImage(
+        reinterpret_cast<const uchar*>(owned->pixels.data()), owned->width, owned->height,
+        QImage::Format_RGB32, [](void* pixels) { delete static_cast<ReducedFrame*>(pixels); },
+        owned);
+}
+
+QImage Turned(QImage image, Rotation rotation) {
+    return rotation == Rotation::none ? image
+                                      : image.transformed(QTransform().rotate(DegreesOf(rotation)));
+}
+
 }  // namespace
 
-ScreenPicture PictureOf(ScreenFrame frame, Rotation rotation) {
-    QImage image = ImageOver(frame);
-    if (rotation != Rotation::none) {
-        image = image.transformed(QTransform().rotate(DegreesOf(rotation)));
-    }
-    return {std::move(frame), rotation, std::move(image)};
+ScreenPicture PictureOf(ScreenFrame frame, Rotation rotation, std::optional<ReducedFrame> reduced) {
+    QImage image = Turned(ImageOver(frame), rotation);
+    QImage small = reduced ? Turned(ImageOf(*std::move(reduced)), rotation) : QImage();
+    return {std::move(frame), rotation, std::move(image), std::move(small)};
 }
 
 }  // namespace quorvi

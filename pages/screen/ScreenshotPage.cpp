@@ -121,11 +121,13 @@ void CScreenshotPage::CaptureForAutoRefresh(Rotation rotation) {
 
 // What a worker does: reads the screen of the phone that is chosen then, and turns it.
 std::function<CScreenshotPage::Captured()> CScreenshotPage::CaptureOf(Rotation rotation) const {
-    return [adb = adb_, stall = stall_, &device = device_, rotation] {
-        Capture capture = CaptureScreen(adb, device.Serial(), stall);
+    return [adb = adb_, stall = stall_, &device = device_, rotation,
+            room = picture_->RoomFor(rotation)] {
+        Capture capture = CaptureScreen(adb, device.Serial(), stall, room);
         Captured captured{capture.fault, {}};
         if (capture.frame) {
-            captured.picture = PictureOf(*std::move(capture.frame), rotation);
+            captured.picture =
+                PictureOf(*std::move(capture.frame), rotation, std::move(capture.reduced));
         }
         return captured;
     };

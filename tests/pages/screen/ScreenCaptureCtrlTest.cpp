@@ -24,6 +24,7 @@ using look::Metric;
 
 constexpr QRgb kRed = qRgb(255, 0, 0);
 constexpr QRgb kGreen = qRgb(0, 255, 0);
+constexpr QRgb kBlue = qRgb(0, 0, 255);
 
 ScreenFrame FrameOfBytes(int width, int height, PixelLayout layout, const Bytes& pixels) {
     auto bytes = std::make_shared<FrameBytes>(static_cast<std::uint32_t>(pixels.size()));
@@ -181,6 +182,41 @@ TEST_F(ScreenCaptureControl, APictureThatIsNotTurnedLiesOverTheFramesOwnBytes) {
     EXPECT_EQ(image.pixel(1, 2), kRed);
     image = {};
     EXPECT_TRUE(bytes.expired());
+}
+
+// The reduced picture of these tests is blue, so that one sees which of the two was painted.
+TEST_F(ScreenCaptureControl, TheReducedPictureIsPaintedWhereItIsLargeEnough) {
+    const auto blue = [](int width, int height) {
+        return ReducedFrame{
+            .width = width,
+            .height = height,
+            .pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(width * height), kBlue)};
+    };
+    Show(480, 800);
+    const QRect place = control_.PictureRect();
+    control_.Show(
+        PictureOf(RedFrame(480, 800), Rotation::none, blue(place.width(), place.height())));
+    EXPECT_EQ(PaintedAt(place.center()), kBlue);
+    control_.Show(
+        PictureOf(RedFrame(480, 800), Rotation::none, blue(place.width() - 1, place.height())));
+    EXPECT_EQ(PaintedAt(place.center()), kRed);
+}
+
+TEST_F(ScreenCaptureControl, TheReducedPictureIsTurnedToo) {
+    const ReducedFrame reduced{.width = 2, .height = 1, .pixels = {kBlue, kRed}};
+    const ScreenPicture picture = PictureOf(RedFrame(4, 2), Rotation::right90, reduced);
+    EXPECT_EQ(picture.reduced.size(), QSize(1, 2));
+    EXPECT_EQ(picture.reduced.pixel(0, 0), kBlue);
+    EXPECT_EQ(picture.reduced.pixel(0, 1), kRed);
+}
+
+TEST_F(ScreenCaptureControl, TheRoomOfAPictureIsTheGroundWithoutItsPadding) {
+    const PaintRoom room = control_.RoomFor(Rotation::none);
+    EXPECT_EQ(room.width, 512 - 2 * Metric::screenPadding);
+    EXPECT_EQ(room.height, 462 - 2 * Metric::screenPadding);
+    const PaintRoom turned = control_.RoomFor(Rotation::left90);
+    EXPECT_EQ(turned.width, room.height);
+    EXPECT_EQ(turned.height, room.width);
 }
 
 TEST_F(ScreenCaptureControl, APictureThatIsReplacedIsLetGo) {

@@ -237,6 +237,35 @@ TEST(ScreenCapture, FrameThatComesByteByByteIsWhole) {
     EXPECT_EQ(PixelsOf(capture), Pixels({3, 2, 1, 4, 7, 6, 5, 8}));
 }
 
+TEST(ScreenCapture, APictureForASmallRoomIsReducedWhileItComes) {
+    Bytes sent = Join({Words({1, 32, 16 * 16 * 4, 16, 16}), RedAtZero()});
+    for (int i = 0; i < 16 * 16; ++i) {
+        const Bytes pixel = {std::byte{200}, std::byte{40}, std::byte{8}, std::byte{255}};
+        sent.insert(sent.end(), pixel.begin(), pixel.end());
+    }
+    const auto captured = [&](const PaintRoom& room) {
+        std::span<const std::byte> left = sent;
+        return ReadFrame({.receive =
+                              [&left](std::span<std::byte> place) {
+                                  const std::size_t count = std::min(place.size(), left.size());
+                                  std::copy_n(left.begin(), count, place.begin());
+                                  left = left.subspan(count);
+                                  return static_cast<std::ptrdiff_t>(count);
+                              },
+                          .send = [](std::span<const std::byte>) {},
+                          .close = [] {}},
+                         room);
+    };
+    const Capture capture = captured({.width = 4, .height = 6});  // 4 times as wide as that
+    ASSERT_EQ(capture.result, CaptureResult::shown);
+    ASSERT_TRUE(capture.reduced);
+    EXPECT_EQ(capture.reduced->width, 6);  // 16 by 3
+    EXPECT_EQ(capture.reduced->height, 6);
+    EXPECT_EQ(capture.reduced->pixels, std::vector<std::uint32_t>(36, 0xffc82808));  // swapped too
+    EXPECT_FALSE(captured({.width = 16, .height = 16}).reduced);
+    EXPECT_FALSE(captured({}).reduced);
+}
+
 TEST(ScreenCapture, PixelsAreReadInPiecesAndNoFurtherThanTheFrame) {
     constexpr std::uint32_t kSide = 300;  // 360,000 bytes: four pieces
     Bytes sent = Join({Words({1, 32, kSide * kSide * 4, kSide, kSide}), BlueAtZero()});
