@@ -39,7 +39,7 @@ constexpr int kWidth = 1080;
 constexpr int kHeight = 2400;
 constexpr std::size_t kFrameBytes = std::size_t{4} * kWidth * kHeight;
 constexpr QSize kPageSize(760, 462);
-constexpr int kRepetitions = 15;
+constexpr int kRepetitions = 31;
 constexpr int kInARow = 60;
 constexpr double kMostTime = 1.2;     // times that of the bare client
 constexpr double kMostSwap = 5;       // milliseconds on top of that
