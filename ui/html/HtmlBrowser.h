@@ -17,6 +17,13 @@ class QWidget;
 
 namespace quorvi {
 
+// How far a visit to a web site has come.
+enum class HtmlVisit {
+    begun,
+    ended,   // what the site has answered is shown, or the visit gave way to another
+    failed,  // no site answered
+};
+
 // What a browser asks and tells the view that it sits in. The window's thread.
 class HtmlBrowserHost {
   public:
@@ -26,8 +33,7 @@ class HtmlBrowserHost {
     virtual void OnNewWindow(const QUrl& url) = 0;
     virtual void OnUrlChanged(const QUrl& url) = 0;
     virtual void OnLoadFinished() = 0;
-    // No site answered at the address.
-    virtual void OnUnreachable() = 0;
+    virtual void OnVisitOf(const QUrl& url, HtmlVisit visit) = 0;
     // The process that renders the document has ended, and the document with it.
     virtual void OnRendererGone() = 0;
 

@@ -9,6 +9,7 @@
 #include "ui/html/HtmlLink.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
+#include "ui/kit/QtText.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
 
@@ -258,10 +259,19 @@ void CHtmlCtrlBase::TakeKeys(QWidget& keys) {
     setFocusProxy(browser);
 }
 
-void CHtmlCtrlBase::OnUnreachable() {
-    if (content_ == HtmlContent::web) {
+void CHtmlCtrlBase::OnVisitOf(const QUrl& url, HtmlVisit visit) {
+    if (visit == HtmlVisit::failed) {
+        unreachable_ = url;
         browser_->Load(TemplateUrl(kUnreachableTemplate), {});
     }
+    OnVisit(visit);
+}
+
+// In the template of a site that does not answer: who did not.
+void CHtmlCtrlBase::NameUnreachable() {
+    HtmlFragment words;
+    words.Text(FromQString(unreachable_.host())).Own(u8" 没有回应");
+    browser_->Run(SetInnerHtmlEdit(kUnreachableHost, words, HtmlScroll::keep).script, {});
 }
 
 void CHtmlCtrlBase::OnLoadFinished() {
@@ -269,6 +279,9 @@ void CHtmlCtrlBase::OnLoadFinished() {
         return;
     }
     ready_ = true;
+    if (browser_->Url() == TemplateUrl(kUnreachableTemplate)) {
+        NameUnreachable();
+    }
     if (QWidget* keys = browser_->Widget()->focusProxy(); keys != nullptr) {
         TakeKeys(*keys);  // the browser may have made it anew
     }

@@ -61,7 +61,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void LoadFromText(const HtmlFragment& html);
 
     // Go to a URL, with a POST when `postData` is not empty. Web views only. In place of a site
-    // that does not answer template 663 is shown, and GoBack leads to what was shown before it.
+    // that does not answer template 663 is shown with the name of its host, and GoBack leads to
+    // what was shown before it.
     void Navigate2(const QUrl& url, std::string_view postData = {});
     void SetHome(const QUrl& url) { home_ = url; }
     void GoHome() { Navigate2(home_); }
@@ -91,6 +92,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     virtual void OnAppCmd(const std::string& text) = 0;
     // Delete was pressed while a private link of this text had the focus.
     virtual void OnDelete(const std::string& /*text*/) {}
+    // How far a visit to a site has come; of a web view.
+    virtual void OnVisit(HtmlVisit /*visit*/) {}
 
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -104,7 +107,7 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void OnNewWindow(const QUrl& url) override;
     void OnUrlChanged(const QUrl& url) override;
     void OnLoadFinished() override;
-    void OnUnreachable() override;
+    void OnVisitOf(const QUrl& url, HtmlVisit visit) override;
     void OnRendererGone() override;
 
     void CreateBrowser(HtmlBrowserMaker& maker);
@@ -113,11 +116,13 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void Edit(HtmlEdit edit);
     void TakeKeys(QWidget& keys);
     void TellOfDelete();
+    void NameUnreachable();
 
     HtmlContent content_;
     HtmlEngine& engine_;
     QUrl document_;
     QUrl home_;
+    QUrl unreachable_;  // where no site answered
     QByteArray postData_;
     std::vector<HtmlEdit> edits_;  // one an element, in the order in which they were set last
     bool ready_ = false;           // the document stands and takes edits
@@ -135,6 +140,7 @@ class HtmlListener {
     virtual ~HtmlListener() = default;
     virtual void OnAppCmd(const std::string& text) = 0;
     virtual void OnDelete(const std::string& /*text*/) {}
+    virtual void OnVisit(HtmlVisit /*visit*/) {}
 };
 
 // The view as the pages use it.
@@ -150,6 +156,7 @@ class CHtmlCtrlFix : public CHtmlCtrlBase {
   protected:
     void OnAppCmd(const std::string& text) override { listener_.OnAppCmd(text); }
     void OnDelete(const std::string& text) override { listener_.OnDelete(text); }
+    void OnVisit(HtmlVisit visit) override { listener_.OnVisit(visit); }
 
   private:
     HtmlListener& listener_;

@@ -36,14 +36,17 @@ class WebServer : public QTcpServer {
     int connections = 0;
     QByteArrayList requests;
     QByteArray body = "<html><body id=body>site</body></html>";
+    // Lines of the head, each with its line end; of the pages below the path alone.
+    QByteArray headers;
+    QByteArray headersPath;
 
   private:
     void Answer(QTcpSocket& peer) {
         requests.append(peer.readAll());
-        peer.write(
-            "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n"
-            "Content-Length: " +
-            QByteArray::number(body.size()) + "\r\n\r\n" + body);
+        const bool headed = requests.last().contains(" /" + headersPath);
+        peer.write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n" +
+                   (headed ? headers : QByteArray()) +
+                   "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
         peer.disconnectFromHost();
     }
 };
@@ -52,8 +55,10 @@ class Owner : public HtmlListener {
   public:
     void OnAppCmd(const std::string& text) override { commands.push_back(text); }
     void OnDelete(const std::string& text) override { deletes.push_back(text); }
+    void OnVisit(HtmlVisit visit) override { visits.push_back(visit); }
     std::vector<std::string> commands;
     std::vector<std::string> deletes;
+    std::vector<HtmlVisit> visits;
 };
 
 class HtmlCtrl : public testing::Test {

@@ -1,26 +1,22 @@
 // Views that show a web site.
-#include "tests/ui/html/HtmlCtrlFixture.h"
-#include "ui/kit/QtText.h"
+#include "agent/Request.h"
+#include "tests/support/LoopbackAgent.h"
+#include "tests/ui/html/WebViewFixture.h"
 
 namespace quorvi {
 namespace {
 
-class WebView : public HtmlCtrl {
-  protected:
-    CHtmlCtrlFix& Open(const QByteArray& body) {
-        server_.body = body;
-        CHtmlCtrlFix& view = Show(HtmlContent::web);
-        view.show();
-        Visit([&] { view.Navigate2(QUrl(server_.Url(QStringLiteral("first")))); });
-        return view;
-    }
-    void Visit(const std::function<void()>& go) {
-        QSignalSpy loaded(view_->Browser()->page(), &QWebEnginePage::loadFinished);
-        go();
-        EXPECT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
-    }
-    QString Path() const { return view_->Browser()->url().path(); }
+// A site that does not answer as it should.
+struct SiteFault {
+    std::string name;
+    std::string answer;
+    Answer::End end;
 };
+
+Bytes BytesOf(std::string_view text) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
+}
 
 TEST_F(WebView, GoesBackAndHome) {
     CHtmlCtrlFix& view = Open("<p>page</p>");
@@ -68,14 +64,52 @@ TEST_F(WebView, SiteThatDoesNotAnswerGivesWayToATemplateAndBackLeadsBeforeIt) {
     closed.listen(QHostAddress::LocalHost);
     const QUrl nobody(QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort()));
     closed.close();
+    owner_.visits.clear();
     view.Navigate2(nobody);
-    ASSERT_TRUE(WaitFor([&] { return view.Browser()->url() == TemplateUrl(663); }));
-    EXPECT_TRUE(WaitFor([&] {
-        return Ask(QStringLiteral("document.querySelector('h1')?.innerText")).toString() ==
-               ToQString(u8"网页打不开");
-    }));
+    ExpectUnreachable(view);
+    EXPECT_EQ(owner_.visits, (std::vector{HtmlVisit::begun, HtmlVisit::failed}));
     view.GoBack();
     EXPECT_TRUE(WaitFor([&] { return Path() == QStringLiteral("/first"); }));
+}
+
+class WebViewFault : public WebView, public testing::WithParamInterface<SiteFault> {};
+
+TEST_P(WebViewFault, IsASiteThatDoesNotAnswer) {
+    CHtmlCtrlFix& view = Open("<p>page</p>");
+    LoopbackAgent site({.bytes = BytesOf(GetParam().answer), .end = GetParam().end});
+    owner_.visits.clear();
+    view.Navigate2(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(site.Port())));
+    ExpectUnreachable(view);
+    EXPECT_EQ(owner_.visits.front(), HtmlVisit::begun);
+    EXPECT_EQ(owner_.visits.back(), HtmlVisit::failed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Site, WebViewFault,
+    testing::Values(SiteFault{"ClosesWithoutAWord", "", Answer::End::close},
+                    SiteFault{"Resets", "", Answer::End::reset},
+                    SiteFault{"SaysTooLittle",
+                              "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n"
+                              "Content-Length: 1000\r\n\r\n<p>half",
+                              Answer::End::close},
+                    SiteFault{"LeadsInACircle",
+                              "HTTP/1.1 302 Found\r\nLocation: /\r\nContent-Length: 0\r\n\r\n",
+                              Answer::End::close}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(WebView, AnErrorPageOfTheSitesOwnIsShown) {
+    CHtmlCtrlFix& view = Open("<p>page</p>");
+    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 404 Not Found\r\nContent-Type: text/html\r\n"
+                                         "Content-Length: 12\r\n\r\n<h1>gone</h1>"),
+                        .end = Answer::End::close});
+    owner_.visits.clear();
+    view.Navigate2(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(site.Port())));
+    EXPECT_TRUE(WaitFor([&] {
+        return Ask(QStringLiteral("document.querySelector('h1')?.innerText")).toString() ==
+               QStringLiteral("gone");
+    }));
+    EXPECT_TRUE(WaitFor([&] { return owner_.visits.size() >= 2; }));
+    EXPECT_EQ(owner_.visits, (std::vector{HtmlVisit::begun, HtmlVisit::ended}));
 }
 
 TEST_F(WebView, LocalViewGoesToNoUrl) {

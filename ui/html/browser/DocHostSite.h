@@ -8,7 +8,8 @@
 namespace quorvi {
 
 // Asks the host about each navigation; denies all that a document may ask of the system, and opens
-// no window.
+// no window and no dialog: a file that a form asks for is not chosen, a script's question is
+// answered with no.
 class CDocHostSite : public QWebEnginePage {
     Q_OBJECT
   public:
@@ -17,12 +18,19 @@ class CDocHostSite : public QWebEnginePage {
   protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
     QWebEnginePage* createWindow(WebWindowType type) override;
+    QStringList chooseFiles(FileSelectionMode mode, const QStringList& chosen,
+                            const QStringList& types) override;
+    void javaScriptAlert(const QUrl& origin, const QString& text) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& usual,
+                          QString* answer) override;
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message,
                                   int line, const QString& source) override;
 
   private:
     void OnLoadingChanged(const QWebEngineLoadingInfo& info);
 
+    HtmlContent content_;
     HtmlBrowserHost& host_;
 };
 
