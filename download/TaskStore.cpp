@@ -148,6 +148,21 @@ class TaskStore::Statement {
 };
 
 TaskStore::TaskStore(const std::filesystem::path& file) {
+    Open(file);
+}
+
+TaskStore::TaskStore(std::function<std::filesystem::path()> file) : file_(std::move(file)) {}
+
+sqlite3* TaskStore::Database() const {
+    if (const auto file = std::exchange(file_, nullptr)) {
+        if (const std::filesystem::path path = file(); !path.empty()) {
+            Open(path);
+        }
+    }
+    return database_.get();
+}
+
+void TaskStore::Open(const std::filesystem::path& file) const {
     std::error_code failed;
     std::filesystem::create_directories(file.parent_path(), failed);
     sqlite3* database = nullptr;
@@ -167,7 +182,8 @@ TaskStore::TaskStore(const std::filesystem::path& file) {
 TaskStore::~TaskStore() = default;
 
 StoreResult TaskStore::OpenResult() const {
-    return database_ == nullptr ? StoreResult::notOpen : StoreResult::done;
+    const std::lock_guard lock(mutex_);
+    return Database() == nullptr ? StoreResult::notOpen : StoreResult::done;
 }
 
 // Asked while the mutex is held: the system's error is the handle's last one.
@@ -203,7 +219,7 @@ StoreResult TaskStore::InsertTask(CDownloadTask task) {
     AnsiToUtf8(task.savePath);
     task.datetime = FormatUnixTime(std::time(nullptr));
     const std::lock_guard lock(mutex_);
-    if (database_ == nullptr) {
+    if (Database() == nullptr) {
         return StoreResult::notOpen;
     }
     Statement insert(database_.get(), kInsert);
@@ -225,7 +241,7 @@ StoreResult TaskStore::DeleteTask(std::int32_t id) {
         return StoreResult::done;
     }
     const std::lock_guard lock(mutex_);
-    if (database_ == nullptr) {
+    if (Database() == nullptr) {
         return StoreResult::notOpen;
     }
     Statement remove(database_.get(), kDelete);
@@ -238,7 +254,7 @@ StoreResult TaskStore::SetTaskState(std::int32_t id, TaskState state) {
         return StoreResult::done;
     }
     const std::lock_guard lock(mutex_);
-    if (database_ == nullptr) {
+    if (Database() == nullptr) {
         return StoreResult::notOpen;
     }
     Statement update(database_.get(), kUpdate);
@@ -249,7 +265,7 @@ StoreResult TaskStore::SetTaskState(std::int32_t id, TaskState state) {
 FoundTask TaskStore::FindTaskByUniqueId(std::string_view uniqueId) const {
     FoundTask result;
     const std::lock_guard lock(mutex_);
-    if (database_ == nullptr) {
+    if (Database() == nullptr) {
         return result;
     }
     Statement select(database_.get(), kSelectPackage);
@@ -267,10 +283,10 @@ FoundTask TaskStore::FindTaskByUniqueId(std::string_view uniqueId) const {
 }
 
 // The rows of a statement that compares with one number, or with none.
-TaskList TaskStore::Select(const char* sql, std::int64_t number) const {
-    TaskList list;
+LoadedTasks TaskStore::Select(const char* sql, std::int64_t number) const {
+    LoadedTasks list;
     const std::lock_guard lock(mutex_);
-    if (database_ == nullptr) {
+    if (Database() == nullptr) {
         list.result = StoreResult::notOpen;
         return list;
     }
@@ -291,7 +307,7 @@ TaskList TaskStore::Select(const char* sql, std::int64_t number) const {
 }
 
 std::int32_t TaskStore::FirstId(const char* sql, TaskState state) const {
-    const TaskList first = Select(sql, static_cast<std::int32_t>(state));
+    const LoadedTasks first = Select(sql, static_cast<std::int32_t>(state));
     return first.tasks.empty() ? kNoTask : first.tasks.front().id;
 }
 
@@ -304,7 +320,7 @@ std::int32_t TaskStore::NextInstallTaskId() const {
 }
 
 std::optional<CDownloadTask> TaskStore::LoadTaskForDownload(std::int32_t id) const {
-    TaskList list = Select(kSelectId, id);
+    LoadedTasks list = Select(kSelectId, id);
     if (list.tasks.empty()) {
         return std::nullopt;
     }
@@ -316,7 +332,7 @@ std::optional<std::filesystem::path> TaskStore::LoadTaskForInstall(std::int32_t 
     return task ? TaskFile(task->savePath, task->uniqueId) : std::nullopt;
 }
 
-TaskList TaskStore::LoadTaskList(TaskFilter filter) const {
+LoadedTasks TaskStore::LoadTaskList(TaskFilter filter) const {
     const auto* row = std::ranges::find(kFilters, filter, &FilterRow::filter);
     if (row == std::end(kFilters)) {
         return {StoreResult::failed, {}};

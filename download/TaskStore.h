@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -55,7 +56,7 @@ struct FoundTask {
     std::int32_t id = kNoTask;
 };
 
-struct TaskList {
+struct LoadedTasks {
     StoreResult result = StoreResult::done;
     std::vector<CDownloadTask> tasks;
 };
@@ -68,6 +69,9 @@ class TaskStore {
     // Opens the file, makes it and its folder where they are missing, and the table in it: an
     // existing one keeps all its rows. Where there is no way to open it, every operation fails.
     explicit TaskStore(const std::filesystem::path& file);
+    // The same, put off to the first operation, which asks where the file is, too: for who must not
+    // wait for the disk. An empty path is no file.
+    explicit TaskStore(std::function<std::filesystem::path()> file);
     ~TaskStore();
     TaskStore(const TaskStore&) = delete;
     TaskStore& operator=(const TaskStore&) = delete;
@@ -101,7 +105,7 @@ class TaskStore {
     [[nodiscard]] std::optional<std::filesystem::path> LoadTaskForInstall(std::int32_t id) const;
 
     // The rows of a filter, the oldest first; each one's index is its place among them.
-    [[nodiscard]] TaskList LoadTaskList(TaskFilter filter) const;
+    [[nodiscard]] LoadedTasks LoadTaskList(TaskFilter filter) const;
 
   private:
     class Statement;
@@ -109,12 +113,18 @@ class TaskStore {
         void operator()(sqlite3* database) const;
     };
 
+    // The handle, opened where that has been put off; null where there is none. With the mutex
+    // held.
+    [[nodiscard]] sqlite3* Database() const;
+    void Open(const std::filesystem::path& file) const;
+
     [[nodiscard]] StoreResult ResultOf(int code) const;
-    [[nodiscard]] TaskList Select(const char* sql, std::int64_t number) const;
+    [[nodiscard]] LoadedTasks Select(const char* sql, std::int64_t number) const;
     [[nodiscard]] std::int32_t FirstId(const char* sql, TaskState state) const;
 
-    mutable std::mutex mutex_;  // guards the handle
-    std::unique_ptr<sqlite3, Closer> database_;
+    mutable std::mutex mutex_;                             // guards all below
+    mutable std::function<std::filesystem::path()> file_;  // until it is opened
+    mutable std::unique_ptr<sqlite3, Closer> database_;
 };
 
 }  // namespace quorvi

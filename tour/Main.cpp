@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
     auto& machine = *new DesktopMachine(*new LocalSocketInstance, folder / "settings");
     MachineParts parts = machine.Parts();
     parts.deployment = (new TourSite)->Told();
+    parts.taskDatabase = [folder] { return folder / "Config.db"; };
     auto& suite = *new Suite(std::move(parts));
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     suite.Start(false);

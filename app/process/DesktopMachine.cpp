@@ -36,6 +36,7 @@ MachineParts DesktopMachine::Parts() {
         .clock = SystemClock(),
         .desktop = UserDesktop(),
         .agent = AgentPort,
+        .taskDatabase = [] { return ThePlaces().TaskDatabase(); },
         .watchUsb = [this](UsbWatch::Listener listener) { usb_.Start(std::move(listener)); },
         .endProcess = [] { EndProcess(0); },
     };

@@ -16,6 +16,7 @@ constexpr std::string_view kContrast = "contrast";
 Suite::Suite(MachineParts machine, PageMakers makers)
     : machine_(std::move(machine)),
       installer_(machine_.link),
+      taskStore_(std::make_shared<TaskStore>(machine_.taskDatabase)),
       window_(WindowParts(std::move(makers))),
       face_(window_),
       link_(device_, face_, machine_.clock, installer_, machine_.agent, machine_.link) {
@@ -44,7 +45,10 @@ MainParts Suite::WindowParts(PageMakers makers) {
                      .device = device_,
                      .desktop = machine_.desktop,
                      .installer = installer_,
-                     .deployment = machine_.deployment},
+                     .deployment = machine_.deployment,
+                     .taskStore = taskStore_,
+                     .taskQueue =
+                         TaskQueue(taskStore_, installer_, [this] { return device_.Serial(); })},
         .makers = std::move(makers),
         .siteAddress = QString::fromStdString(machine_.deployment.siteRoot),
         .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },

@@ -1,6 +1,7 @@
 // The suite put together: the window on its parts, and the link and the USB events that reach it.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -8,6 +9,7 @@
 #include "app/window/MainDlg.h"
 #include "app/window/WindowLinkFace.h"
 #include "base/Deployment.h"
+#include "download/TaskStore.h"
 #include "link/DeviceContext.h"
 #include "link/LinkEnvironment.h"
 #include "link/PackageInstaller.h"
@@ -31,6 +33,8 @@ struct MachineParts {
     AgentAddress agent;
     LinkEnvironment link = {};
     Deployment deployment = TheDeployment();
+    // Where the downloads' table is; asked on a worker, since it looks at the disk.
+    std::function<std::filesystem::path()> taskDatabase;
     // Watches for USB events from now on, and tells them on a thread of its own.
     std::function<void(UsbWatch::Listener)> watchUsb;
     // Ends the process, waiting for nobody.
@@ -58,6 +62,7 @@ class Suite {
     MachineParts machine_;
     DeviceContext device_;
     PackageInstaller installer_;
+    std::shared_ptr<TaskStore> taskStore_;
     CMainDlg window_;
     WindowLinkFace face_;
     PhoneLink link_;

@@ -284,7 +284,7 @@ void CMainDlg::OnPageCommand(int first, int second) {
         case PageCommand::captureScreen:
             ForwardToPage(kScreenshotPage, Message::startCapture, second);
             break;
-        case PageCommand::refreshDownloads:
+        case PageCommand::takeNextPackage:
             pages_.PageOf(kDownloadsPage).Load();
             break;
         case PageCommand::repaintContent:

@@ -7,6 +7,9 @@
 #include "agent/AgentAddress.h"
 #include "base/Deployment.h"
 #include "base/Observed.h"
+#include "download/TaskQueue.h"
+#include "download/TaskStore.h"
+#include "download/WaitingPackages.h"
 #include "link/PackageInstaller.h"
 #include "refdata/NumberAttribution.h"
 
@@ -25,7 +28,11 @@ struct Services {
     std::shared_ptr<DesktopIntegration> desktop;
     PackageInstaller installer;
     Deployment deployment{};
-    Observed<int> taskCount{};  // rows of the download page at its last load
+    // The table of the downloads, and the queue that works it off.
+    std::shared_ptr<TaskStore> taskStore;
+    TaskQueue taskQueue;
+    Observed<int> taskCount{};          // rows of the download page at its last load
+    WaitingPackages waitingPackages{};  // see QueuePackage
 };
 
 }  // namespace quorvi

@@ -54,6 +54,26 @@ TEST_F(TaskStoreTest, AStartWithAnExistingFileKeepsAllRows) {
     EXPECT_THAT(PackagesOf(again, TaskFilter::all), ElementsAre("com.a", "com.b"));
 }
 
+TEST_F(TaskStoreTest, AFileThatIsToldLaterIsOpenedByTheFirstOperation) {
+    Add("com.a");
+    int asked = 0;
+    const TaskStore later([&] {
+        ++asked;
+        return file_;
+    });
+    EXPECT_EQ(asked, 0);
+    EXPECT_THAT(PackagesOf(later, TaskFilter::all), ElementsAre("com.a"));
+    EXPECT_EQ(later.OpenResult(), StoreResult::done);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(TaskStoreTest, WithoutAFileEveryOperationFails) {
+    TaskStore none([] { return std::filesystem::path(); });
+    EXPECT_EQ(none.OpenResult(), StoreResult::notOpen);
+    EXPECT_EQ(none.InsertTask(TaskOf("com.a")), StoreResult::notOpen);
+    EXPECT_EQ(none.LoadTaskList(TaskFilter::all).result, StoreResult::notOpen);
+}
+
 TEST_F(TaskStoreTest, ARowHoldsWhatTheTaskHeld) {
     CDownloadTask task = TaskOf("com.a", Ansi(u8"/home/李/下载"));
     task.index = 7;
@@ -62,7 +82,7 @@ TEST_F(TaskStoreTest, ARowHoldsWhatTheTaskHeld) {
     task.state = TaskState::paused;
     task.action = 3;
     ASSERT_EQ(store_.InsertTask(task), StoreResult::done);
-    const TaskList list = store_.LoadTaskList(TaskFilter::all);
+    const LoadedTasks list = store_.LoadTaskList(TaskFilter::all);
     ASSERT_EQ(list.tasks.size(), 1U);
     const CDownloadTask& row = list.tasks[0];
     EXPECT_EQ(row.index, 0);
@@ -148,7 +168,7 @@ TEST_F(TaskStoreTest, TextsLongerThanTheirColumnsAreKeptWhole) {
 TEST_F(TaskStoreTest, AnEmptyTableHasNothingNext) {
     EXPECT_EQ(store_.NextDownloadTaskId(), -1);
     EXPECT_EQ(store_.NextInstallTaskId(), -1);
-    const TaskList list = store_.LoadTaskList(TaskFilter::unfinished);
+    const LoadedTasks list = store_.LoadTaskList(TaskFilter::unfinished);
     EXPECT_EQ(list.result, StoreResult::done);
     EXPECT_THAT(list.tasks, IsEmpty());
 }
@@ -208,7 +228,7 @@ TEST_F(TaskStoreTest, AFailedTaskIsUnderTheUnfinishedAlone) {
 
 TEST_F(TaskStoreTest, EachRowOfAListKnowsItsPlace) {
     AddEachState();
-    const TaskList list = store_.LoadTaskList(TaskFilter::installing);
+    const LoadedTasks list = store_.LoadTaskList(TaskFilter::installing);
     for (std::size_t i = 0; i < list.tasks.size(); ++i) {
         EXPECT_EQ(list.tasks[i].index, static_cast<std::int32_t>(i));
     }
@@ -256,7 +276,7 @@ TEST_F(TaskStoreTest, TheFileOfARowFromElsewhereStaysInItsFolder) {
 
 TEST_F(TaskStoreTest, ARowWithoutValuesIsRead) {
     RunSql(file_, "INSERT INTO cdb_task(id) VALUES(5)");
-    const TaskList list = store_.LoadTaskList(TaskFilter::all);
+    const LoadedTasks list = store_.LoadTaskList(TaskFilter::all);
     ASSERT_EQ(list.tasks.size(), 1U);
     EXPECT_EQ(list.tasks[0].id, 5);
     EXPECT_EQ(list.tasks[0].title, "");
@@ -284,7 +304,7 @@ TEST_F(TaskStoreTest, NoTaskIsNeitherDeletedNorChanged) {
     RunSql(file_, "INSERT INTO cdb_task VALUES(-1, 0, 't', 'u', 4, '', 1, 'd', 'com.a', '/save')");
     EXPECT_EQ(store_.DeleteTask(kNoTask), StoreResult::done);
     EXPECT_EQ(store_.SetTaskState(kNoTask, TaskState::done), StoreResult::done);
-    const TaskList list = store_.LoadTaskList(TaskFilter::all);
+    const LoadedTasks list = store_.LoadTaskList(TaskFilter::all);
     ASSERT_EQ(list.tasks.size(), 1U);
     EXPECT_EQ(list.tasks[0].state, TaskState::failed);
 }

@@ -15,6 +15,7 @@
 #include "link/DeviceContext.h"
 #include "tests/support/FakeDesktop.h"
 #include "tests/support/MemorySettings.h"
+#include "tests/support/TestServices.h"
 
 namespace quorvi {
 
@@ -83,12 +84,17 @@ class MainDoubles {
     MemorySettings settings_;
     DeviceContext device_;
     std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
+    // The downloads' table: there is none.
+    std::shared_ptr<TaskStore> taskStore_ = NoTaskStore();
     // What its pages are made from; to be changed before the window is made.
     Services services_{.agent = AgentPort,
                        .attribution = MakeNumberAttribution(),
                        .device = device_,
                        .desktop = desktop_,
-                       .installer = PackageInstaller()};
+                       .installer = PackageInstaller(),
+                       .taskStore = taskStore_,
+                       .taskQueue = TaskQueue(taskStore_, PackageInstaller(),
+                                              [this] { return device_.Serial(); })};
     std::vector<std::string> steps_;  // what the window asked of the link, in order
     std::function<void()> devicesDone_;
     int ended_ = 0;

@@ -22,10 +22,10 @@ enum class Message : int {
 // First arguments of Message::pageCommand.
 enum class PageCommand : int {
     openDeviceManager = 0,
-    openStoreItem = 1,     // go to page 20 and send it openStoreItem with the second argument
-    captureScreen = 2,     // go to page 44 and send it startCapture
-    refreshDownloads = 3,  // refresh the download page
-    repaintContent = 4,    // repaint the content frame
+    openStoreItem = 1,    // go to page 20 and send it openStoreItem with the second argument
+    captureScreen = 2,    // go to page 44 and send it startCapture
+    takeNextPackage = 3,  // have the download page look up a package of Services::waitingPackages
+    repaintContent = 4,   // repaint the content frame
 };
 
 }  // namespace quorvi

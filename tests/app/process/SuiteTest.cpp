@@ -93,6 +93,7 @@ class SuiteOnDoubles : public WidgetTest {
                 .desktop = std::make_shared<FakeDesktop>(),
                 .agent = 1,  // nobody listens there
                 .link = Link(),
+                .taskDatabase = {},
                 .watchUsb =
                     [this](UsbWatch::Listener listener) {
                         steps_.Note("usb watch on page " + std::to_string(ShownPage()));
