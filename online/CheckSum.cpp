@@ -25,6 +25,10 @@ std::string StoreLinkCheckSum(std::string_view package) {
     return Cut(package.substr(package.size() - std::min(package.size(), kEnd)), 6, 4);
 }
 
+std::string StoreSearchKey(std::string_view keywords) {
+    return Cut(Cut(keywords, 6, 4), 8, 8);
+}
+
 std::string StoreCheckCheckSum(std::span<const std::string> packages) {
     const std::string_view last = packages.empty() ? std::string_view() : packages.back();
     return Cut(fmt::format("{}", packages.size()), 3, 3) + Cut(last, 3, 3);

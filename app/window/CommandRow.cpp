@@ -67,6 +67,10 @@ void CommandRow::Show(const PageRow& row, bool built, const Page& page) {
     disconnect(counted_);
     counted_ = connect(&page, &Page::countLineChanged, count_, &QLabel::setText);
     count_->setText(page.CountLine());
+    disconnect(offered_);
+    offered_ = connect(&page, &Page::commandOffered, this, [this](int index) {
+        buttons_.at(static_cast<std::size_t>(index))->setFocus(Qt::OtherFocusReason);
+    });
 }
 
 }  // namespace quorvi

@@ -24,7 +24,8 @@ class CommandRow : public QWidget {
 
     explicit CommandRow(QWidget* parent);
 
-    // `page` is the row's page, whose count line is shown at the right end from now on.
+    // `page` is the row's page, whose count line is shown at the right end from now on, and which
+    // may give a button the focus.
     void Show(const PageRow& row, bool built, const Page& page);
 
   protected:
@@ -39,6 +40,7 @@ class CommandRow : public QWidget {
     QLabel* heading_;
     RemarkLabel* count_;
     QMetaObject::Connection counted_;  // to the page whose count is shown
+    QMetaObject::Connection offered_;  // to the same page
 };
 
 }  // namespace quorvi

@@ -20,6 +20,7 @@
 #include "pages/screen/ScreenshotPage.h"
 #include "pages/settings/SettingsPage.h"
 #include "pages/specs/PhoneSpecsPage.h"
+#include "pages/store/StorePage.h"
 #include "pages/tasks/TaskPage.h"
 #include "pages/update/UpdatePage.h"
 #include "ui/kit/QtText.h"
@@ -51,7 +52,7 @@ PageMakers ThePageMakers() {
         MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
         MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(), MakerOf<PhoneSpecsPage>(),
         MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),       MakerOf<CAppPage>(),
-        MakerOf<CScreenshotPage>(),
+        MakerOf<CScreenshotPage>(),    MakerOf<StorePage>(),
     };
 }
 

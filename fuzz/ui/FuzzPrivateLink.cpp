@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "pages/messages/Conversations.h"
 #include "pages/phoneinfo/DashboardLink.h"
+#include "pages/store/StoreAddress.h"
 #include "ui/html/HtmlLink.h"
 
 namespace {
@@ -42,6 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         static_cast<void>(quorvi::DashboardActionOf(*text));
         static_cast<void>(quorvi::ToInt(*text));
         static_cast<void>(quorvi::ReadConversationLink(*text));
+        const auto package = quorvi::PackageOfStoreLink(*text);
+        Require(!package || package->size() + std::string_view(".apk").size() == text->size());
     }
     return 0;
 }

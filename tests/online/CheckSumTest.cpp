@@ -21,6 +21,15 @@ TEST(StoreLinkCheckSumTest, OfAShorterNameIsThatOfTheWholeOfIt) {
     EXPECT_EQ(StoreLinkCheckSum(""), "d98f");
 }
 
+TEST(StoreSearchKeyTest, IsCutFromTheDigestOfFourDigitsOfTheDigest) {
+    // "reader": 1de9b0a30075ae8c303eb420c103c320
+    // "a300": 0e5b17dfbe7ccf7aefbaa1b583ed4b5c
+    EXPECT_EQ(StoreSearchKey("reader"), "be7ccf7a");
+    // "": d41d8cd98f00b204e9800998ecf8427e
+    // "d98f": fa96ade3e5d2c1c710080ac8af75de02
+    EXPECT_EQ(StoreSearchKey(""), "e5d2c1c7");
+}
+
 TEST(StoreCheckCheckSumTest, IsCutFromTheirNumberAndTheLastName) {
     // "2": c81e728d9d4c2f636f067f89cc14862c
     // "com.example.tingshu": 5fab9f79e931314476976539491eb7b7

@@ -28,9 +28,19 @@ void Page::SetCountLine(const QString& text) {
     }
 }
 
+bool Page::MayTakeFocus() const {
+    return isVisible() && !IsWrittenIn(window()->focusWidget());
+}
+
 void Page::FocusFilled(QWidget& control) const {
-    if (isVisible() && !IsWrittenIn(window()->focusWidget())) {
+    if (MayTakeFocus()) {
         control.setFocus();
+    }
+}
+
+void Page::OfferCommand(int index) {
+    if (MayTakeFocus()) {
+        Q_EMIT commandOffered(index);
     }
 }
 

@@ -57,14 +57,20 @@ class Page : public QWidget {
 
   Q_SIGNALS:
     void countLineChanged(const QString& text);
+    // The keyboard is to go to a command button, 0 to 3.
+    void commandOffered(int index);
 
   protected:
     [[nodiscard]] PageHost& Host() const { return host_; }
     // Gives a control of this page that has been filled the focus, unless the page is hidden or the
     // user is typing in a field of the window.
     void FocusFilled(QWidget& control) const;
+    // Gives the focus, under the same condition, to a command button: it is the next step.
+    void OfferCommand(int index);
 
   private:
+    [[nodiscard]] bool MayTakeFocus() const;
+
     PageHost& host_;
     QString countLine_;
 };

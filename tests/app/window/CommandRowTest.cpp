@@ -1,4 +1,4 @@
-// The count at the right end of the command row.
+// The count at the right end of the command row, and the button that a page offers.
 #include <gtest/gtest.h>
 
 #include <QLabel>
@@ -6,6 +6,8 @@
 #include "app/window/CommandRow.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/QtTest.h"
+#include "tests/support/WaitFor.h"
+#include "ui/kit/ControlNumber.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {
@@ -39,6 +41,17 @@ TEST_F(CommandRowTest, NoLongerFollowsAPageThatWasLeft) {
     Show(kAlarmsPage, alarms_);
     calls_.SetCountLine(QStringLiteral("of the calls"));
     EXPECT_EQ(Count(), QString());
+}
+
+TEST_F(CommandRowTest, GivesTheFocusToTheButtonThatThePageOffers) {
+    row_.show();
+    row_.activateWindow();
+    Show(kCallsPage, calls_);
+    auto& button = *FindControl<QWidget>(&row_, CommandRow::kButtons[1]);
+    Q_EMIT alarms_.commandOffered(1);
+    EXPECT_FALSE(button.hasFocus());
+    Q_EMIT calls_.commandOffered(1);
+    EXPECT_TRUE(WaitFor([&] { return button.hasFocus(); }));
 }
 
 TEST_F(CommandRowTest, KeepsTheCountClearOfTheButtonsInAnyWidth) {
