@@ -1,6 +1,6 @@
-#include "download/WaitingPackages.h"
-
 #include <gtest/gtest.h>
+
+#include "download/WaitingPackages.h"
 
 namespace quorvi {
 namespace {
