@@ -11,6 +11,7 @@
 #include "pages/calls/CallLogPage.h"
 #include "pages/cleaner/CleanerPage.h"
 #include "pages/contacts/ContactPage.h"
+#include "pages/downloads/DownloadPage.h"
 #include "pages/files/FilePage.h"
 #include "pages/help/HelpPage.h"
 #include "pages/messages/SmsPage.h"
@@ -52,7 +53,7 @@ PageMakers ThePageMakers() {
         MakerOf<CSystemInfoPage>(),    MakerOf<CTaskPage>(),      MakerOf<CCleanerPage>(),
         MakerOf<CPhoneSettingsPage>(), MakerOf<CAutoStartPage>(), MakerOf<PhoneSpecsPage>(),
         MakerOf<UpdatePage>(),         MakerOf<HelpPage>(),       MakerOf<CAppPage>(),
-        MakerOf<CScreenshotPage>(),    MakerOf<StorePage>(),
+        MakerOf<CScreenshotPage>(),    MakerOf<StorePage>(),      MakerOf<CDownloadPage>(),
     };
 }
 

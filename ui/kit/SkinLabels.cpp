@@ -97,6 +97,31 @@ PlainLabel::PlainLabel(const QString& text, Size size, Color ink, QWidget* paren
     setPalette(inks);
 }
 
+QSize ElidedLabel::minimumSizeHint() const {
+    return {0, PlainLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+}
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        if (fontMetrics().horizontalAdvance(text()) > width()) {
+            ShowPlainTip(help->globalPos(), text(), this);
+        } else {
+            QToolTip::hideText();
+        }
+        return true;
+    }
+    return PlainLabel::event(event);
+}
+
 FormCaption::FormCaption(const QString& text, QWidget* parent)
     : PlainLabel(text, Size::s13, Color::ink2, parent) {
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);

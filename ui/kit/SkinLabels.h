@@ -51,6 +51,20 @@ class PlainLabel : public QLabel {
                bool bold = false);
 };
 
+// The same in one line. What its place has no room for is left out of its middle, and stands whole
+// in the tool tip.
+class ElidedLabel : public PlainLabel {
+    Q_OBJECT
+  public:
+    using PlainLabel::PlainLabel;
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
+};
+
 // The caption before a field of a form, 64 wide, right aligned.
 class FormCaption : public PlainLabel {
     Q_OBJECT

@@ -477,6 +477,13 @@ struct Metric {
     static constexpr int forecastWind = 140;
     static constexpr int cityWidth = 360;
     static constexpr int cityHeight = 206;
+    // downloads
+    static constexpr int taskTree = 176;
+    static constexpr int duplicateWidth = 480;
+    static constexpr int duplicateHeight = 264;
+    static constexpr int duplicateFact = 24;
+    static constexpr int downloadSettingsWidth = 480;
+    static constexpr int downloadSettingsHeight = 256;
     // phone settings
     static constexpr int settingsGroup = 190;
     static constexpr int settingsRow = 44;
