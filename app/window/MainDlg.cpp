@@ -390,8 +390,10 @@ void CMainDlg::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void CMainDlg::dropEvent(QDropEvent* event) {
-    pages_.PageOf(kFilesPage).OnDropFiles(LocalFiles(*event->mimeData()));
+    const QStringList files = LocalFiles(*event->mimeData());
     event->acceptProposedAction();
+    pages_.PageOf(kFilesPage).OnDropFiles(files);
+    pages_.PageOf(kDownloadsPage).OnDropFiles(files);
 }
 
 // ---- shape -------------------------------------------------------------------------------------

@@ -367,7 +367,7 @@ TEST_F(MainWindow, BelowTheStripNothingDrags) {
     EXPECT_EQ(window.moves, 0);
 }
 
-TEST_F(MainWindow, DroppedFilesGoToTheFilePage) {
+TEST_F(MainWindow, DroppedFilesGoToTheFilePageAndTheDownloadPage) {
     MakeWindow();
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a b.apk")),
@@ -378,6 +378,7 @@ TEST_F(MainWindow, DroppedFilesGoToTheFilePage) {
     QDropEvent drop(QPointF(400, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window_.get(), &drop);
     EXPECT_EQ(Probe(15).drops, QStringList{QStringLiteral("/tmp/a b.apk")});
+    EXPECT_EQ(Probe(5).drops, QStringList{QStringLiteral("/tmp/a b.apk")});
     EXPECT_EQ(window_->MainPage(), 0);
 }
 
