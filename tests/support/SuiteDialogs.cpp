@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "base/Text.h"
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/bookmarks/BookmarkEditDlg.h"
 #include "pages/bookmarks/BookmarkSyncDlg.h"
@@ -11,6 +12,8 @@
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/devices/DeviceManagerDlg.h"
+#include "pages/downloads/DownloadSettingsDlg.h"
+#include "pages/downloads/DuplicateTaskDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/numbers/NumberQueryDlg.h"
 #include "pages/weather/WeatherCityDlg.h"
@@ -120,6 +123,33 @@ std::vector<SuiteDialog> SuiteDialogs() {
          }},
         {"WeatherCity", "province city 1 2",
          [](DialogGround& g) { return new WeatherCityDlg({}, &g.window); }},
+        {"DownloadSettings", "1383 1216 1217 1215",
+         [](DialogGround& g) {
+             return new DownloadSettingsDlg(
+                 g.host.Settings(),
+                 [place = g.scratch.Path()] {
+                     return std::vector<FixedDisk>{{.place = place, .freeBytes = 1ULL << 40}};
+                 },
+                 &g.window);
+         }},
+        {"DuplicateTask", "1215 1216 1021",
+         [](DialogGround& g) {
+             return new DuplicateTaskDlg({.found = FoundTask::Found::done,
+                                          .file = "/save/com.example.a.apk",
+                                          .title = Ansi(u8"星图天气"),
+                                          .datetime = "2026-11-18 09:40:12",
+                                          .id = 1},
+                                         true, &g.window);
+         }},
+        {"DuplicateTaskWithoutItsFile", "1215 1021",
+         [](DialogGround& g) {
+             return new DuplicateTaskDlg({.found = FoundTask::Found::unfinished,
+                                          .file = {},
+                                          .title = Ansi(u8"星图天气"),
+                                          .datetime = "2026-11-18 09:40:12",
+                                          .id = 1},
+                                         false, &g.window);
+         }},
         {"ConfirmDelete", "1215 1021",
          [](DialogGround& g) { return new CConfirmDeleteDlg(QStringLiteral("?"), &g.window); }},
         {"NothingChecked", "1199 1215",
