@@ -51,8 +51,8 @@ void PagesOnPhone::SetUpTestSuite() {
     StandUp(ThePageMakers());
 }
 
-void PagesOnPhone::StandUp(PageMakers makers) {
-    desk_ = std::make_unique<PhoneDesk>(1, std::move(makers));
+void PagesOnPhone::StandUp(PageMakers makers, const std::filesystem::path& taskDatabase) {
+    desk_ = std::make_unique<PhoneDesk>(1, std::move(makers), taskDatabase);
     ASSERT_EQ(desk_->Error(), "");
     ASSERT_TRUE(desk_->WaitForLink());
     ASSERT_EQ(BannerOf(desk_->Window()), ToQString(u8"连接成功:)"));

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,7 +32,7 @@ class PagesOnPhone : public testing::Test {
 
   protected:
     // Sets the desk up with a window of these pages, in the place of SetUpTestSuite.
-    static void StandUp(PageMakers makers);
+    static void StandUp(PageMakers makers, const std::filesystem::path& taskDatabase = {});
 
     // Page numbers.
     static constexpr int kContacts = 10;

@@ -19,10 +19,15 @@ LinkEnvironment WithTheTestsAgent() {
 
 }  // namespace
 
-PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers) : rig_(phones) {
+PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers,
+                     const std::filesystem::path& taskDatabase)
+    : rig_(phones) {
     if (!Error().empty()) {
         return;
     }
+    services_.taskStore = std::make_shared<TaskStore>([taskDatabase] { return taskDatabase; });
+    services_.taskQueue = TaskQueue(services_.taskStore, PackageInstaller(WithTheTestsAgent()),
+                                    [this] { return device_.Serial(); });
     connectPhone_ = [this](bool delay) {
         face_->ended = false;
         link_->ConnectPhone(delay);

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <atomic>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,8 +22,10 @@ namespace quorvi {
 
 class PhoneDesk : private MainDoubles {
   public:
-    // Starts as the program does: with the window's pages made and the link on its way.
-    PhoneDesk(std::size_t phones, PageMakers makers);
+    // Starts as the program does: with the window's pages made and the link on its way. Without a
+    // file for the downloads' table there is none.
+    PhoneDesk(std::size_t phones, PageMakers makers,
+              const std::filesystem::path& taskDatabase = {});
     ~PhoneDesk();
 
     // Why the desk does not stand; empty when it does.
@@ -30,6 +33,8 @@ class PhoneDesk : private MainDoubles {
     [[nodiscard]] e2e::PhoneRig& Rig() { return rig_; }
     [[nodiscard]] CMainDlg& Window() { return *window_; }
     [[nodiscard]] const DeviceContext& Device() const { return device_; }
+    [[nodiscard]] MemorySettings& Settings() { return settings_; }
+    [[nodiscard]] FakeTray& Tray() { return tray_; }
     [[nodiscard]] const std::vector<Sound>& Played() const { return sounds_.played; }
     // How often the window has asked for the end of the process.
     [[nodiscard]] int Ended() const { return ended_; }
