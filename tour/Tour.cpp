@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <algorithm>
 #include <cstdio>
 
 #include "app/window/MainDlg.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {
@@ -90,8 +92,15 @@ void Tour::Look() {
     }
 }
 
-// Whether the load of the page that is shown, if it has one, is over.
+// Whether the load of the page that is shown, if it has one, is over, and no view waits for its
+// document.
 bool Tour::IsQuiet() const {
+    const auto frames = window_.findChildren<HtmlFrame*>();
+    if (std::ranges::any_of(frames, [](const HtmlFrame* frame) {
+            return frame->isVisible() && frame->State() == ListState::loading;
+        })) {
+        return false;
+    }
     const PageRow* row = FindPage(window_.MainPage());
     return row == nullptr || row->loadKey == PageRow::kNoKey ||
            window_.LoadState().Value(row->loadKey) != PageLoadState::kRunning;

@@ -1,6 +1,7 @@
 // The tour's stops at the pages that ask the site: what they show once it has answered, when it is
 // not there, and what they refuse.
 #include "pages/help/HelpPage.h"
+#include "pages/store/StorePage.h"
 #include "pages/update/UpdatePage.h"
 #include "pages/weather/WeatherCityDlg.h"
 #include "pages/weather/WeatherPage.h"
@@ -34,6 +35,7 @@ TourStop OverStop(std::string name, const PageNumbers& over, bool reachable, Beg
                         Services services = window.PageServices();
                         if (!reachable) {
                             services.deployment.siteRoot = "http://127.0.0.1:1/";
+                            services.deployment.storeRoot = "http://127.0.0.1:1/";
                             services.deployment.weatherHost = "127.0.0.1:1";
                         }
                         auto* page = new P(window, services, own);
@@ -55,6 +57,10 @@ void StartWeather(WeatherPage& page) {
     page.StartWeatherUpdate();
 }
 
+void LoadStore(StorePage& page) {
+    page.Load();
+}
+
 void StartCheck(UpdatePage& page) {
     FindControl<QAbstractButton>(&page, UpdatePage::kCheck)->click();
 }
@@ -66,6 +72,7 @@ std::vector<TourStop> OnlineStops() {
         PressStop("update-checked", kUpdatePage, UpdatePage::kCheck),
         OverStop<UpdatePage>("update-failed", kUpdatePage, false, &StartCheck),
         PressStop("help-refused", kHelpPage, HelpPage::kSend),
+        OverStop<StorePage>("store-failed", kStorePage, false, &LoadStore),
         OverStop<WeatherPage>("weather", kUpdatePage, true, &StartWeather),
         OverStop<WeatherPage>("weather-failed", kUpdatePage, false, &StartWeather),
         {"dialog-weather-city",

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "tour/TourStore.h"
+
 namespace quorvi {
 namespace {
 
@@ -46,11 +48,12 @@ struct Page {
     std::string_view path;  // how it begins
     std::u8string_view text;
 };
-constexpr std::array<Page, 4> kPages{{
+constexpr std::array<Page, 5> kPages{{
     {"/update.xml", kNews},
     {"/data/", kWeather},
     {"/feedback/apk_list.php", kRatings},
     {"/feedback/feedback.php", u8"ok"},
+    {"/store/", kTourStore},
 }};
 
 QByteArray Response(std::string_view path) {
@@ -76,6 +79,7 @@ Deployment TourSite::Told() const {
     const std::string host = "127.0.0.1:" + std::to_string(serverPort());
     Deployment deployment = TheDeployment();
     deployment.siteRoot = "http://" + host + "/";
+    deployment.storeRoot = "http://" + host + "/store/";
     deployment.weatherHost = host;
     return deployment;
 }

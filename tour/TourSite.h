@@ -1,5 +1,5 @@
 // A pretended site for the pictures of the pages that ask one: versions, weather, ratings,
-// feedback.
+// feedback, the store's first page.
 #pragma once
 
 #include <QTcpServer>
