@@ -35,6 +35,9 @@ struct TourStop {
 // Those at the pages that ask the site.
 [[nodiscard]] std::vector<TourStop> OnlineStops();
 
+// Those at the downloads.
+[[nodiscard]] std::vector<TourStop> DownloadStops();
+
 // How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
 // time, and what hangs does not keep the tour for ever.
 struct TourPatience {

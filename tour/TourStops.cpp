@@ -47,7 +47,7 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back(CommandStop("dialog-nothing-checked", kContactsPage, 3));
     stops.push_back(CommandStop("dialog-sms-composer", kMessagesPage, 1));
     stops.push_back(CommandStop("dialog-confirm-delete", kCallsPage, 2));
-    for (auto* more : {&PersonalStops, &ToolsStops, &OnlineStops}) {
+    for (auto* more : {&PersonalStops, &ToolsStops, &OnlineStops, &DownloadStops}) {
         std::ranges::move(more(), std::back_inserter(stops));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
