@@ -27,9 +27,9 @@ QSize MarkSize(const QAbstractButton& button) {
     return {Metric::tick + text, Metric::hitHeight};
 }
 
-void PaintCaption(QPainter& painter, const QAbstractButton& button) {
+void PaintCaption(QPainter& painter, const QAbstractButton& button, Color off = Color::inkOff) {
     painter.setFont(button.font());
-    painter.setPen(look::color(button.isEnabled() ? Color::ink : Color::inkOff));
+    painter.setPen(look::color(button.isEnabled() ? Color::ink : off));
     const QRect area = button.rect().adjusted(Metric::tick + Metric::tickGap, 0, 0, 0);
     painter.drawText(area, Qt::AlignVCenter | Qt::AlignLeft,
                      button.fontMetrics().elidedText(button.text(), Qt::ElideRight, area.width()));
@@ -41,6 +41,12 @@ CSkinCheck::CSkinCheck(const QString& text, QWidget* parent) : Pressable<QCheckB
     setText(text);
     setFont(look::font(Size::s13));
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void CSkinCheck::ShowFact(int value) {
+    fact_ = true;
+    SetCheck(value);
+    setEnabled(false);
 }
 
 QSize CSkinCheck::sizeHint() const {
@@ -57,7 +63,7 @@ void CSkinCheck::paintEvent(QPaintEvent*) {
                             : isChecked()                        ? look::Tick::on
                                                                  : look::Tick::off;
     look::paintTick(painter, MarkRect(*this), tick, LookState());
-    PaintCaption(painter, *this);
+    PaintCaption(painter, *this, fact_ ? Color::ink2 : Color::inkOff);
 }
 
 SkinRadio::SkinRadio(const QString& text, QWidget* parent) : Pressable<QRadioButton>(parent) {

@@ -19,6 +19,8 @@ class CSkinCheck : public Pressable<QCheckBox> {
     [[nodiscard]] int GetCheck() const { return isChecked() ? 1 : 0; }
     // 1 means on, any other value off. The parent is not told.
     void SetCheck(int value) { setChecked(value == 1); }
+    // Shows a state that nobody can change: disabled, with a caption that is read all the same.
+    void ShowFact(int value);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -27,6 +29,9 @@ class CSkinCheck : public Pressable<QCheckBox> {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    bool fact_ = false;
 };
 
 class SkinRadio : public Pressable<QRadioButton> {

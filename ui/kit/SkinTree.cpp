@@ -91,10 +91,10 @@ void CSkinTree::Mark(const QModelIndex& index) {
     }
 }
 
-// With ticks a leaf needs no room for a chevron: its box stands under its parent's.
+// A leaf needs no room for a chevron: its box, or its icon, stands under its parent's.
 QRect CSkinTree::ContentRect(const QModelIndex& index) const {
     QRect rect = SkinnedTree::ContentRect(index);
-    if (ticks_ == Ticks::each && index.parent().isValid() && !model()->hasChildren(index)) {
+    if (index.parent().isValid() && !model()->hasChildren(index)) {
         rect.setLeft(rect.left() - Metric::treeIndent);
     }
     return rect;

@@ -1,8 +1,10 @@
 // The small controls, found by number and driven by mouse and keys.
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "tests/support/QtTest.h"
@@ -106,6 +108,41 @@ TEST_F(ControlsTest, SettingTheCheckTellsTheParentNothing) {
     toggle.SetCheck(1);
     toggle.SetCheck(0);
     EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST_F(ControlsTest, ACheckThatShowsAFactCannotBeChanged) {
+    auto* check = Add(new CSkinCheck(QStringLiteral("自动安装")), 1382);
+    check->ShowFact(1);
+    Show();
+    QTest::mouseClick(check, Qt::LeftButton, {}, Middle(check));
+    EXPECT_EQ(check->GetCheck(), 1);
+    EXPECT_FALSE(check->isEnabled());
+}
+
+TEST_F(ControlsTest, TheCaptionOfAFactIsNotGreyedOut) {
+    auto* fact = Add(new CSkinCheck(QStringLiteral("自动安装")), 1);
+    auto* off = Add(new CSkinCheck(QStringLiteral("自动安装")), 2);
+    fact->ShowFact(1);
+    off->SetCheck(1);
+    off->setEnabled(false);
+    Show();
+    EXPECT_NE(fact->grab().toImage(), off->grab().toImage());
+}
+
+TEST_F(ControlsTest, AnElidedLabelSaysAllOfItsTextInItsTip) {
+    const QString text = QStringLiteral("/home/user/QuorviDownload/com.example.xingtu.apk");
+    auto* label = Add(new ElidedLabel(text, look::Size::s13, look::Color::ink), 1393);
+    Show();
+    const auto askForTheTip = [&] {
+        QHelpEvent help(QEvent::ToolTip, Middle(label), label->mapToGlobal(Middle(label)));
+        QApplication::sendEvent(label, &help);
+    };
+    label->setFixedWidth(100);
+    askForTheTip();
+    EXPECT_EQ(QToolTip::text(), text);
+    label->setFixedWidth(2'000);
+    askForTheTip();
+    EXPECT_TRUE(WaitFor([] { return QToolTip::text().isEmpty(); }));
 }
 
 TEST_F(ControlsTest, AToggleSaysItsStateInWords) {

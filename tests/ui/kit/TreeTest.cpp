@@ -48,6 +48,25 @@ TEST_F(TreeTest, RowsAreTwentyEightHigh) {
               28);
 }
 
+TEST_F(TreeTest, ALeafStandsUnderItsParentsText) {
+    CSkinTree* tree = Make(CSkinTree::Ticks::none);
+    tree->SetNodes({{QStringLiteral("H"), {}, {{QStringLiteral("H")}}}});
+    tree->expandAll();
+    const QImage shot = tree->viewport()->grab().toImage();
+    // The first dark pixel of a node's middle line, right of the chevron.
+    const auto textLeft = [&](QTreeWidgetItem* node) {
+        const QRect row = tree->visualItemRect(node);
+        int x = look::Metric::treePadding + look::Metric::chevron + look::Metric::treeCellPadding;
+        while (x < shot.width() && shot.pixelColor(x, row.center().y()).lightness() > 128) {
+            ++x;
+        }
+        return x;
+    };
+    QTreeWidgetItem* parent = tree->topLevelItem(0);
+    ASSERT_LT(textLeft(parent), shot.width());
+    EXPECT_EQ(textLeft(parent->child(0)), textLeft(parent));
+}
+
 TEST_F(TreeTest, NodesComeClosedAndInTheirOrder) {
     CSkinTree* tree = Make(CSkinTree::Ticks::none);
     ASSERT_EQ(tree->topLevelItemCount(), 2);
