@@ -49,6 +49,8 @@ struct CDownloadTask {
     std::string length;       // the size, as the text that the site gave; shown nowhere
     std::int32_t action = 1;  // 1 on every task; used by nothing
     std::string savePath;     // the folder of the file
+
+    bool operator==(const CDownloadTask&) const = default;
 };
 
 // The file of a task: <save folder>/<name of the package>.apk, worked out each time. Nothing where

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QUrl>
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 #include <vector>
@@ -116,21 +117,44 @@ void CDownloadPage::MakeTree() {
 
 void CDownloadPage::LoadTaskList(TaskFilter filter) {
     wanted_ = filter;
-    const bool started = load_.Start(
-        [store = store_, filter] { return LoadFrom(*store, filter); },
-        [this](Loaded&& loaded) {
-            list_->SetState(loaded.list.result == StoreResult::done ? ListState::idle
-                                                                    : ListState::failed);
-            list_->Show(RowsOf(std::move(loaded.list.tasks), notes_));
-            taskCount_.Set(list_->RowCount());
-            Host().Post(Message::pageCommand, static_cast<int>(PageCommand::repaintContent));
-            TellTheEnd(loaded.tasksLeft);
-            if (std::exchange(loadAgain_, false)) {
-                // Once this load counts as ended.
-                PostToWindow(this, [this] { LoadTaskList(wanted_); });
-            }
-        });
+    const bool started = load_.Start([store = store_, filter] { return LoadFrom(*store, filter); },
+                                     [this](Loaded&& loaded) {
+                                         Show(std::move(loaded.list));
+                                         TellTheEnd(loaded.tasksLeft);
+                                         LoadAgainIfAsked();
+                                     });
     loadAgain_ = loadAgain_ || !started;
+}
+
+void CDownloadPage::LoadAgainIfAsked() {
+    if (std::exchange(loadAgain_, false)) {
+        // Once the load that has called this counts as ended.
+        PostToWindow(this, [this] { LoadTaskList(wanted_); });
+    }
+}
+
+void CDownloadPage::Show(LoadedTasks list) {
+    list_->SetState(list.result == StoreResult::done ? ListState::idle : ListState::failed);
+    list_->Show(RowsOf(std::move(list.tasks), notes_));
+    taskCount_.Set(list_->RowCount());
+    Host().Post(Message::pageCommand, static_cast<int>(PageCommand::repaintContent));
+}
+
+// The ticks stay where no other program has changed what is shown.
+void CDownloadPage::showEvent(QShowEvent* event) {
+    Page::showEvent(event);
+    if (event->spontaneous() || load_.Running()) {
+        return;
+    }
+    load_.Start([store = store_, filter = wanted_] { return store->LoadTaskList(filter); },
+                [this](LoadedTasks&& list) {
+                    const bool same =
+                        std::ranges::equal(list_->Records(), list.tasks, {}, &DownloadRow::task);
+                    if (!same) {
+                        Show(std::move(list));
+                    }
+                    LoadAgainIfAsked();
+                });
 }
 
 void CDownloadPage::LoadUnfinished() {

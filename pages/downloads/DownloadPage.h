@@ -22,7 +22,8 @@ class DropInstall;
 class TaskIntake;
 
 // Page 5, dialog 543, without a load key: it is loaded when it is made, and from then on whenever
-// the table changes. It watches the queue, whose events come to the window's thread in their order,
+// the queue changes the table. What another program has changed there it shows when the user comes
+// back to it. It watches the queue, whose events come to the window's thread in their order,
 // and works on tables and disks on workers, its controls disabled meanwhile.
 //
 // What the user chooses in the tree is loaded once: each load that a change of the table leads to
@@ -50,10 +51,15 @@ class CDownloadPage : public Page {
     void RemoveChecked();
     void OpenSettings();
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void MakeTree();
     // Shows the tasks of a filter, as the table has them then.
     void LoadTaskList(TaskFilter filter);
+    void LoadAgainIfAsked();
+    void Show(LoadedTasks list);
     void LoadUnfinished();
     void OnNodeChosen();
     void OnEvent(const QueueEvent& event);

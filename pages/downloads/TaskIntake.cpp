@@ -95,7 +95,7 @@ void TaskIntake::TakeNextPackage() {
 }
 
 void TaskIntake::Ask(const Known& known) {
-    auto* question = new DuplicateTaskDlg(known.task, known.fileThere, &page_);
+    auto* question = new DuplicateTaskDlg(known.task, known.fileThere, page_.window());
     question->Open([this, id = known.task.id](int answer) {
         if (answer == DuplicateTaskDlg::kDownloadAgain) {
             Change([queue = queue_, id] { queue.DownloadAgain(id); });

@@ -19,7 +19,8 @@ namespace quorvi {
 // A part of the download page. Of a package that is in the table already its user is asked, any
 // other one is resolved through the site. One is looked up at a time, and none while a question
 // stands; one is resolved at a time, and a second one is lost. Kept on purpose: two links in one
-// breath are mostly the same one (TaskIntakeTest.ASecondLinkDuringAResolveIsLost). The window's thread.
+// breath are mostly the same one (TaskIntakeTest.ASecondLinkDuringAResolveIsLost). The window's
+// thread.
 class TaskIntake : public QObject {
     Q_OBJECT
   public:

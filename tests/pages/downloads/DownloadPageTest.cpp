@@ -158,6 +158,27 @@ TEST_F(DownloadPage, AReloadUnticksAndKeepsTheSelectedTask) {
     EXPECT_EQ(List().TickedCount(), 0);
 }
 
+TEST_F(DownloadPage, WhatAnotherProgramHasChangedIsThereWhenThePageIsShownAgain) {
+    Add("com.a", TaskState::paused);
+    Open();
+    page_->hide();
+    Add("com.b", TaskState::paused);
+    page_->show();
+    Settle();
+    EXPECT_THAT(Packages(), ElementsAre("com.a", "com.b"));
+    EXPECT_EQ(made_->taskCount.Get(), 2);
+}
+
+TEST_F(DownloadPage, TheTicksStayWhereThePageIsShownAgainAndNothingHasChanged) {
+    Add("com.a", TaskState::paused);
+    Open();
+    ClickCell(List(), 0, columnTick);
+    page_->hide();
+    page_->show();
+    Settle();
+    EXPECT_EQ(List().TickedCount(), 1);
+}
+
 // ---- a download --------------------------------------------------------------------------------
 
 TEST_F(DownloadPage, ATaskIsDownloadedInstalledAndGoneFromTheUnfinished) {
