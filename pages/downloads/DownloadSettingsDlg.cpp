@@ -94,8 +94,7 @@ void DownloadSettingsDlg::BuildControls() {
 
     const QString installs = ToQString(u8"下载完成后，自动安装应用到手机");
     auto* fact = SetControlNumber(new CSkinCheck(installs, Body()), kInstalls, installs);
-    fact->SetCheck(1);
-    fact->setEnabled(false);
+    fact->ShowFact(1);
 
     column->addWidget(caption);
     column->addLayout(place);

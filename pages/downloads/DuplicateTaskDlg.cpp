@@ -8,6 +8,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinPanels.h"
+#include "ui/look/FocusRing.h"
 
 namespace quorvi {
 
@@ -77,6 +78,11 @@ DuplicateTaskDlg::DuplicateTaskDlg(const FoundTask& task, bool fileThere, QWidge
     AddEndButton(kCancel, ToQString(u8"取消"), QDialog::Rejected);
     SetDefault(fileThere ? install : again);
     SetInnerSize({Metric::duplicateWidth, Metric::duplicateHeight});
+}
+
+void DuplicateTaskDlg::showEvent(QShowEvent* event) {
+    SkinDialog::showEvent(event);
+    FocusRing::Show();  // the user sees which button Enter would press
 }
 
 }  // namespace quorvi

@@ -15,6 +15,9 @@ class DuplicateTaskDlg : public SkinDialog {
 
     // `fileThere`: the task's file exists, so that it can be installed as it is.
     DuplicateTaskDlg(const FoundTask& task, bool fileThere, QWidget* parent = nullptr);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 };
 
 }  // namespace quorvi
