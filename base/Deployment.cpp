@@ -109,8 +109,7 @@ Deployment ReadDeployment(const std::filesystem::path& file) {
 }
 
 const Deployment& TheDeployment() {
-    static const Deployment deployment =
-        ReadDeployment(ThePlaces().Delivered("Data/deployment.json"));
+    static const Deployment deployment = ReadDeployment(ThePlaces().DeploymentFile());
     return deployment;
 }
 

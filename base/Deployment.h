@@ -28,8 +28,9 @@ struct Deployment {
     CodePage codePage = CodePage::gbk;
 };
 
-// The program's own: read from the delivered Data/deployment.json at the first call, then
-// kept. Any thread.
+// The program's own: read from the delivered Data/deployment.json, or from the file that the
+// environment tells in its place (Places::DeploymentFile), at the first call, then kept. Any
+// thread.
 [[nodiscard]] const Deployment& TheDeployment();
 
 // The values of one file. Never fails: where the file is missing or broken, or a value in it is not

@@ -19,10 +19,11 @@ constexpr const char* kUserFolder = "Quorvi";
 constexpr const char* kSettingsName = "Quorvi.ini";
 constexpr const char* kTaskDatabaseName = "Config.db";
 
-std::filesystem::path FolderOf(const Environment& environment, const char* name,
-                               std::filesystem::path otherwise) {
-    std::filesystem::path folder = environment(name).value_or(std::string());
-    return folder.is_absolute() ? folder : std::move(otherwise);
+// An absolute path that a variable tells.
+std::filesystem::path PathOf(const Environment& environment, const char* name,
+                             std::filesystem::path otherwise) {
+    std::filesystem::path path = environment(name).value_or(std::string());
+    return path.is_absolute() ? path : std::move(otherwise);
 }
 
 }  // namespace
@@ -42,6 +43,10 @@ std::filesystem::path Places::Delivered(const std::filesystem::path& name) const
     return beside;
 }
 
+std::filesystem::path Places::DeploymentFile() const {
+    return deployment.empty() ? Delivered("Data/deployment.json") : deployment;
+}
+
 std::filesystem::path Places::SettingsFile() const {
     return config / kUserFolder / kSettingsName;
 }
@@ -54,10 +59,11 @@ std::filesystem::path Places::TaskDatabase() const {
 Places PlacesOf(std::filesystem::path program, const Environment& environment) {
     Places places;
     places.program = std::move(program);
-    places.home = FolderOf(environment, "HOME", "/");
-    places.config = FolderOf(environment, "XDG_CONFIG_HOME", places.home / ".config");
-    places.data = FolderOf(environment, "XDG_DATA_HOME", places.home / ".local" / "share");
-    places.temporary = FolderOf(environment, "TMPDIR", "/tmp");
+    places.home = PathOf(environment, "HOME", "/");
+    places.config = PathOf(environment, "XDG_CONFIG_HOME", places.home / ".config");
+    places.data = PathOf(environment, "XDG_DATA_HOME", places.home / ".local" / "share");
+    places.temporary = PathOf(environment, "TMPDIR", "/tmp");
+    places.deployment = PathOf(environment, "QUORVI_DEPLOYMENT", {});
     return places;
 }
 

@@ -21,6 +21,8 @@ struct Places {
     std::filesystem::path config;     // configuration of the user's programs
     std::filesystem::path data;       // data of the user's programs
     std::filesystem::path temporary;  // the platform's temporary folder
+    // The file that holds in the place of the delivered deployment; empty for none.
+    std::filesystem::path deployment = {};
 
     // A file that the user or the deployment may have put beside the program's own.
     [[nodiscard]] std::filesystem::path Beside(const std::filesystem::path& name) const {
@@ -33,6 +35,9 @@ struct Places {
     // beside the program.
     [[nodiscard]] std::filesystem::path Delivered(const std::filesystem::path& name) const;
 
+    // The values of the deployment: the file that was told, otherwise the delivered one.
+    [[nodiscard]] std::filesystem::path DeploymentFile() const;
+
     // The user's settings.
     [[nodiscard]] std::filesystem::path SettingsFile() const;
 
@@ -43,7 +48,8 @@ struct Places {
 
 // The places of a program by its environment, as freedesktop.org's base directories lay them down:
 // XDG_CONFIG_HOME and XDG_DATA_HOME where they are absolute paths, otherwise .config and
-// .local/share of HOME; TMPDIR, otherwise /tmp.
+// .local/share of HOME; TMPDIR, otherwise /tmp. QUORVI_DEPLOYMENT, an absolute path, tells the
+// deployment's file.
 [[nodiscard]] Places PlacesOf(std::filesystem::path program, const Environment& environment);
 
 // The places of the running program, worked out at each call. Any thread.

@@ -40,6 +40,15 @@ TEST(Places, EnvironmentMovesThemAndRelativePathsAreIgnored) {
     EXPECT_EQ(places.temporary, "/t");
 }
 
+TEST(Places, ADeploymentThatIsToldStandsInThePlaceOfTheDelivered) {
+    EXPECT_EQ(PlacesOf("/opt/q/quorvi", Of({})).DeploymentFile(), "/opt/q/Data/deployment.json");
+    EXPECT_EQ(
+        PlacesOf("/opt/q/quorvi", Of({{"QUORVI_DEPLOYMENT", "/d/own.json"}})).DeploymentFile(),
+        "/d/own.json");
+    EXPECT_EQ(PlacesOf("/opt/q/quorvi", Of({{"QUORVI_DEPLOYMENT", "own.json"}})).DeploymentFile(),
+              "/opt/q/Data/deployment.json");
+}
+
 TEST(Places, SettingsHaveAFolderOfTheirOwn) {
     const Places places = PlacesOf("/opt/q/quorvi", Of({{"XDG_CONFIG_HOME", "/c"}}));
     EXPECT_EQ(places.SettingsFile(), "/c/Quorvi/Quorvi.ini");
