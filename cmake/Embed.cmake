@@ -1,5 +1,6 @@
-# Writes the picture files as one C++ table: cmake -DOUT=file -DFILES=a;b -P Embed.cmake
-set(text "// Made from the files beside Embed.cmake.\n")
+# Writes files as one C++ table of names and bytes, for programs that carry them inside:
+#   cmake -DOUT=file -DFILES=a;b -P Embed.cmake
+set(text "// Made by Embed.cmake.\n")
 foreach(file IN LISTS FILES)
   get_filename_component(name "${file}" NAME)
   file(READ "${file}" hex HEX)
