@@ -4,7 +4,7 @@
 set(quorvi_module_folder lib/quorvi)
 set(quorvi_data_folder share/quorvi)
 
-install(TARGETS quorvictl quorvi-phone RUNTIME DESTINATION bin)
+install(TARGETS quorvictl quorvi-phone quorvi-site RUNTIME DESTINATION bin)
 install(FILES Data/deployment.json Data/device.md Data/device.xml
   DESTINATION "${quorvi_data_folder}/Data")
 install(FILES phone/com.quorvi.Quorvi.apk DESTINATION "${quorvi_data_folder}")

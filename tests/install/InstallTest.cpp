@@ -65,7 +65,7 @@ std::unique_ptr<QTemporaryDir> Install::folder_;
 
 TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
     for (const char* file :
-         {"bin/quorvi", "bin/quorvictl", "bin/quorvi-phone", kModule,
+         {"bin/quorvi", "bin/quorvictl", "bin/quorvi-phone", "bin/quorvi-site", kModule,
           "share/quorvi/Data/deployment.json", "share/quorvi/com.quorvi.Quorvi.apk",
           "share/applications/quorvi.desktop", "share/icons/hicolor/scalable/apps/quorvi.svg",
           "share/doc/quorvi/README.md"}) {
@@ -76,7 +76,7 @@ TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
 TEST_F(Install, BringsNoToolOfTheDevelopers) {
     EXPECT_EQ(QDir(In("bin")).entryList(QDir::Files, QDir::Name),
               (QStringList{QStringLiteral("quorvi"), QStringLiteral("quorvi-phone"),
-                           QStringLiteral("quorvictl")}));
+                           QStringLiteral("quorvi-site"), QStringLiteral("quorvictl")}));
 }
 
 TEST_F(Install, DesktopEntryIsValid) {
