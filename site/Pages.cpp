@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "online/Md5.h"
+#include "online/CheckSum.h"
 #include "site/StorePages.h"
 #include "site/Weather.h"
 
@@ -110,21 +110,12 @@ std::string ValueOf(std::string_view query, std::string_view name) {
     return {};
 }
 
-// The key that goes with a search's keywords.
-std::string SearchKey(std::string_view keywords) {
-    CMd5 first;
-    CMd5 second;
-    return second.Hash(first.Hash(keywords).substr(6, 4)).substr(8, 8);
-}
-
 Answer Search(std::string_view between, std::string_view query) {
     if (!between.empty()) {
         return Lost();
     }
     const std::string keywords = ValueOf(query, "keywords");
-    const std::string key = ValueOf(query, "key");
-    // The keywords come in UTF-8; who computed the key may have had them in another code page.
-    if (key != SearchKey(keywords) && key != SearchKey(ToAnsi(keywords))) {
+    if (ValueOf(query, "key") != StoreSearchKey(keywords)) {
         return {.status = kBadRequest, .body = BrokenSearchPage()};
     }
     return {.body = SearchPage(keywords)};

@@ -242,7 +242,7 @@ std::string SearchPage(std::string_view keywords) {
 
 std::string BrokenSearchPage() {
     return NothingPage(u8"没有收到完整的搜索词",
-                       HtmlFragment(u8"请在窗口上方的搜索框里再输入一次。"));
+                       HtmlFragment(u8"请换一个不带符号的词，在窗口上方的搜索框里再搜一次。"));
 }
 
 std::string LostPage() {

@@ -109,12 +109,6 @@ TEST(StoreSearch, GivesWhatFitsTheKeywords) {
     EXPECT_THAT(page, Not(HasSubstr("/store/archives/4786.html")));
 }
 
-TEST(StoreSearch, TakesAKeyThatWasComputedOfTheCodePagesBytes) {
-    // Of 天气 in GBK.
-    EXPECT_EQ(AnswerPage("/store/search.php", "keywords=%E5%A4%A9%E6%B0%94&key=f509c996").status,
-              200);
-}
-
 TEST(StoreSearch, SaysWhatToDoWhereNothingIsFound) {
     const std::string page = PageAt("/store/search.php", "keywords=%3Cb%3Ezzz&key=59433523");
     EXPECT_THAT(page, HasSubstr("没有找到应用"));

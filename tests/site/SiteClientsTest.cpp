@@ -13,6 +13,7 @@
 #include "online/Weather.h"
 #include "online/WeatherCities.h"
 #include "pages/apps/StoreCheck.h"
+#include "pages/store/StoreAddress.h"
 #include "site/Catalogue.h"
 #include "site/SampleServer.h"
 
@@ -106,6 +107,22 @@ TEST_F(SiteClients, TheApplicationsOfAPhoneAreRated) {
     EXPECT_EQ(bus->storeId, 4731);
     EXPECT_EQ(ToUtf8(bus->category), "出行");
     EXPECT_EQ(ToUtf8(bus->description), "下一班还有几站");
+}
+
+TEST_F(SiteClients, WhatTheSuiteSearchesForIsFound) {
+    const HttpReply found = HttpGet(StoreSearchAddress(deployment_.storeRoot, "天-气"));
+    EXPECT_TRUE(found.IsPage());
+    EXPECT_THAT(found.body, testing::HasSubstr("/archives/4802.html"));
+    for (const char* words : {"c++", "-", "a=b", "x"}) {
+        EXPECT_TRUE(HttpGet(StoreSearchAddress(deployment_.storeRoot, words)).IsPage()) << words;
+    }
+}
+
+TEST_F(SiteClients, WhatTheSuiteOpensIsThere) {
+    EXPECT_TRUE(HttpGet(deployment_.storeRoot).IsPage());
+    for (const StoreApp& app : StoreApps()) {
+        EXPECT_TRUE(HttpGet(StoreItemAddress(deployment_.storeRoot, app.number)).IsPage());
+    }
 }
 
 // More names than the site's library takes of a form by itself.
