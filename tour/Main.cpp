@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <utility>
 
 #include "app/process/DesktopMachine.h"
@@ -10,8 +11,8 @@
 #include "app/process/Preparation.h"
 #include "app/process/ProcessEnd.h"
 #include "app/process/Suite.h"
+#include "site/SampleServer.h"
 #include "tour/Tour.h"
-#include "tour/TourSite.h"
 
 int main(int argc, char** argv) {
     using namespace quorvi;
@@ -23,11 +24,17 @@ int main(int argc, char** argv) {
     // Made once and never torn down, as in the suite's own program.
     auto& application = *new QApplication(argc, argv);
     PrepareApplication(application);
+    // A site that answers alike wherever the tour goes.
+    auto& site = *new site::SampleServer;
+    if (const std::string error = site.Start(); !error.empty()) {
+        std::fprintf(stderr, "tour: %s\n", error.c_str());
+        return 1;
+    }
     // Without the user's settings: the pictures show the window in its usual size.
     const std::filesystem::path folder = argv[1];
     auto& machine = *new DesktopMachine(*new LocalSocketInstance, folder / "settings");
     MachineParts parts = machine.Parts();
-    parts.deployment = (new TourSite)->Told();
+    parts.deployment = site.Told(parts.deployment);
     parts.taskDatabase = [folder] { return folder / "Config.db"; };
     auto& suite = *new Suite(std::move(parts));
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
