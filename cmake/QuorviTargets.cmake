@@ -68,16 +68,18 @@ endfunction()
 
 # quorvi_feature(name LOGIC … UI … USES … WITH …): one feature of pages/<name>, from its class names.
 # LOGIC becomes the library quorvi_<name>, which cannot see Qt, UI the library quorvi_<name>_ui. USES
-# names the rooms below that the feature needs beyond the kit: refdata, link, desktop, or html, which
-# only the UI sees; WITH, what the logic alone links from outside. All features together are
+# names the rooms that the feature needs beyond the kit: refdata, link, desktop, or html and backup,
+# which only the UI sees; WITH, what the logic alone links from outside. All features together are
 # quorvi_pages and quorvi_pages_ui.
 function(quorvi_feature name)
   cmake_parse_arguments(ARG "" "" "LOGIC;UI;USES;WITH" ${ARGN})
   set(ui_rooms quorvi_${name} quorvi_kit_ui)
-  if("html" IN_LIST ARG_USES)
-    list(REMOVE_ITEM ARG_USES html)
-    list(APPEND ui_rooms quorvi_html)
-  endif()
+  foreach(room html backup)
+    if(room IN_LIST ARG_USES)
+      list(REMOVE_ITEM ARG_USES ${room})
+      list(APPEND ui_rooms quorvi_${room})
+    endif()
+  endforeach()
   list(TRANSFORM ARG_USES PREPEND quorvi_)
   list(TRANSFORM ARG_LOGIC REPLACE "(.+)" "${name}/\\1.cpp")
   if(ARG_LOGIC)
