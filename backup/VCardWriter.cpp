@@ -1,0 +1,195 @@
+#include "backup/VCardWriter.h"
+
+#include <array>
+#include <string_view>
+
+#include "backup/Base64.h"
+#include "backup/VCardTypes.h"
+#include "base/Text.h"
+
+namespace quorvi {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char c : text) {
+        if (c == '\n') {
+            escaped += "\\n";
+            continue;
+        }
+        if (c == '\\' || c == ',' || c == ';') {
+            escaped += '\\';
+        }
+        escaped += c;
+    }
+    return escaped;
+}
+
+// Where the first piece of a line ends: within `most` octets, and not inside a character.
+std::size_t EndOfPiece(std::string_view line, std::size_t most) {
+    if (line.size() <= most) {
+        return line.size();
+    }
+    std::size_t end = most;
+    while (end > 1 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80) {
+        --end;
+    }
+    return end;
+}
+
+class Writer {
+  public:
+    void Line(std::string_view line) {
+        std::size_t most = kVCardLineOctets;
+        while (!line.empty()) {
+            const std::size_t end = EndOfPiece(line, most);
+            text_.append(line.substr(0, end)).append(kLineEnd);
+            line.remove_prefix(end);
+            if (!line.empty()) {
+                text_ += ' ';
+                most = kVCardLineOctets - 1;
+            }
+        }
+    }
+
+    void Text(std::string_view property, std::string_view text) {
+        Line(std::string(property).append(":").append(Escaped(text)));
+    }
+
+    void TextIfAny(std::string_view property, std::string_view text) {
+        if (!text.empty()) {
+            Text(property, text);
+        }
+    }
+
+    // `value` is escaped.
+    void Item(const VCardList& list, const CardItem& item, std::string_view value) {
+        const std::string words = VCardWords(list, item.type);
+        std::string label = item.label;
+        if (label.empty() && !HasVCardWords(list, item.type)) {
+            label = VCardLabel(list, item.type);
+        }
+        std::string line;
+        if (!label.empty()) {
+            line = "item" + std::to_string(++items_) + ".";
+        }
+        const std::string group = line;
+        line += list.property;
+        // Each word in a parameter of its own, since some readers know no lists.
+        for (const std::string_view word : SplitAt(words, ',')) {
+            if (!word.empty()) {
+                line.append(";TYPE=").append(Upper(word));
+            }
+        }
+        Line(line.append(":").append(value));
+        if (!label.empty()) {
+            Line(group + "X-ABLabel:" + Escaped(label));
+        }
+    }
+
+    static std::string Upper(std::string_view word) {
+        std::string upper;
+        for (const char c : word) {
+            upper += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        }
+        return upper;
+    }
+
+    [[nodiscard]] std::string Take() { return std::move(text_); }
+
+  private:
+    std::string text_;
+    int items_ = 0;
+};
+
+void WriteItems(Writer& writer, const ContactCard& card, const VCardList& list) {
+    for (const CardItem& item : card.*list.items) {
+        writer.Item(list, item, Escaped(item.text));
+    }
+}
+
+void WriteMessengers(Writer& writer, const ContactCard& card) {
+    for (const CardItem& item : card.ims) {
+        std::string property;
+        for (const VCardMessenger& messenger : VCardMessengers()) {
+            if (messenger.code == item.type) {
+                property = messenger.property;
+            }
+        }
+        if (property.empty()) {
+            property = kOtherMessenger;
+            if (item.type != kOtherMessengerCode) {
+                property.append(";TYPE=").append(Writer::Upper(OwnWordOf(item.type)));
+            }
+        }
+        writer.Text(property, item.text);
+    }
+}
+
+void WriteGroups(Writer& writer, const ContactCard& card) {
+    if (card.groups.empty()) {
+        return;
+    }
+    std::string line = "CATEGORIES:";
+    for (std::size_t i = 0; i < card.groups.size(); ++i) {
+        line.append(i == 0 ? "" : ",").append(Escaped(card.groups[i]));
+    }
+    writer.Line(line);
+}
+
+// Image files by their first bytes.
+struct ImageFormat {
+    std::string_view begins;
+    std::string_view name;
+};
+constexpr std::array<ImageFormat, 4> kImageFormats{{
+    {"\xFF\xD8\xFF", "JPEG"},
+    {"\x89PNG", "PNG"},
+    {"GIF8", "GIF"},
+    {"BM", "BMP"},
+}};
+
+void WritePhoto(Writer& writer, const ContactCard& card) {
+    if (card.photo.empty()) {
+        return;
+    }
+    std::string line = "PHOTO;ENCODING=b";
+    for (const ImageFormat& format : kImageFormats) {
+        if (card.photo.starts_with(format.begins)) {
+            line.append(";TYPE=").append(format.name);
+        }
+    }
+    writer.Line(line.append(":").append(ToBase64(card.photo)));
+}
+
+}  // namespace
+
+std::string WriteVCard(const ContactCard& card) {
+    Writer writer;
+    writer.Line("BEGIN:VCARD");
+    writer.Line("VERSION:3.0");
+    writer.Line("N:" + Escaped(card.name) + ";;;;");
+    writer.Text("FN", card.name);
+    writer.TextIfAny("NICKNAME", card.nickname);
+    WriteItems(writer, card, kVCardPhones);
+    WriteItems(writer, card, kVCardEmails);
+    WriteMessengers(writer, card);
+    WriteItems(writer, card, kVCardWebsites);
+    for (const CardItem& item : card.addresses) {
+        writer.Item(kVCardAddresses, item, ";;" + Escaped(item.text) + ";;;;");
+    }
+    WriteItems(writer, card, kVCardOrganisations);
+    writer.TextIfAny("NOTE", card.note);
+    WriteGroups(writer, card);
+    if (card.favourite) {
+        writer.Line("X-QUORVI-FAVOURITE:1");
+    }
+    WritePhoto(writer, card);
+    writer.Line("END:VCARD");
+    return writer.Take();
+}
+
+}  // namespace quorvi
