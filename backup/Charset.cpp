@@ -83,6 +83,26 @@ std::optional<std::string> Convert(UConverter& converter, std::string_view bytes
 
 }  // namespace
 
+void AppendUtf8(char32_t character, std::string& utf8) {
+    const auto byte = [&](char32_t bits) { utf8 += static_cast<char>(bits); };
+    const auto more = [&](unsigned shift) { byte(0x80 | (character >> shift & 0x3F)); };
+    if (character < 0x80) {
+        byte(character);
+    } else if (character < 0x800) {
+        byte(0xC0 | character >> 6);
+        more(0);
+    } else if (character < 0x10000) {
+        byte(0xE0 | character >> 12);
+        more(6);
+        more(0);
+    } else {
+        byte(0xF0 | character >> 18);
+        more(12);
+        more(6);
+        more(0);
+    }
+}
+
 bool IsWellFormedUtf8(std::string_view text) {
     if (text.size() > std::numeric_limits<int32_t>::max()) {
         return false;

@@ -7,6 +7,9 @@
 
 namespace quorvi {
 
+// Puts a character, by its number in Unicode, behind `utf8`.
+void AppendUtf8(char32_t character, std::string& utf8);
+
 [[nodiscard]] bool IsWellFormedUtf8(std::string_view text);
 
 // `text` with U+FFFD in the place of each sequence that is no UTF-8.

@@ -72,32 +72,30 @@ CsvReader::CsvReader(std::string_view csv) : rest_(csv) {
     separator_ = SeparatorOf(rest_);
 }
 
+std::string CsvReader::TakeQuoted() {
+    std::string text;
+    do {
+        rest_.remove_prefix(1);  // the quotes that open it, or the second of two
+        const std::size_t end = std::min(rest_.find('"'), rest_.size());
+        text += rest_.substr(0, end);
+        rest_.remove_prefix(std::min(end + 1, rest_.size()));
+        if (rest_.starts_with('"')) {  // two quotes stand for one
+            text += '"';
+        }
+    } while (rest_.starts_with('"'));
+    return text;
+}
+
 std::string CsvReader::TakeCell() {
     std::string cell;
-    bool quoted = rest_.starts_with('"');
-    if (quoted) {
-        rest_.remove_prefix(1);
+    if (rest_.starts_with('"')) {
+        cell = TakeQuoted();
     }
-    while (!rest_.empty()) {
-        if (quoted) {
-            const std::size_t end = std::min(rest_.find('"'), rest_.size());
-            cell += rest_.substr(0, end);
-            rest_.remove_prefix(std::min(end + 1, rest_.size()));
-            if (rest_.starts_with('"')) {  // two quotes stand for one
-                cell += '"';
-                rest_.remove_prefix(1);
-                continue;
-            }
-            quoted = false;
-        }
-        // What stands behind closing quotes belongs to the cell: some programs write it so.
-        const char ends[] = {separator_, '\r', '\n'};
-        const std::size_t end =
-            std::min(rest_.find_first_of(std::string_view(ends, 3)), rest_.size());
-        cell += rest_.substr(0, end);
-        rest_.remove_prefix(end);
-        break;
-    }
+    // What stands behind closing quotes belongs to the cell: some programs write it so.
+    const char ends[] = {separator_, '\r', '\n'};
+    const std::size_t end = std::min(rest_.find_first_of(std::string_view(ends, 3)), rest_.size());
+    cell += rest_.substr(0, end);
+    rest_.remove_prefix(end);
     if (cell.starts_with('\'') && LooksLikeFormula(cell)) {
         cell.erase(0, 1);
     }

@@ -43,6 +43,7 @@ class CsvReader {
 
   private:
     [[nodiscard]] std::string TakeCell();
+    [[nodiscard]] std::string TakeQuoted();
 
     std::string_view rest_;
     char separator_ = ',';

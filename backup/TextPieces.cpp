@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "backup/Charset.h"
 #include "backup/Csv.h"
 
 namespace quorvi {
@@ -17,25 +18,6 @@ bool IsHighSurrogate(char16_t unit) {
 
 bool IsLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
-}
-
-void AppendCharacter(char32_t character, std::string& utf8) {
-    const auto byte = [&](char32_t bits) { utf8 += static_cast<char>(bits); };
-    if (character < 0x80) {
-        byte(character);
-    } else if (character < 0x800) {
-        byte(0xC0 | character >> 6);
-        byte(0x80 | (character & 0x3F));
-    } else if (character < 0x10000) {
-        byte(0xE0 | character >> 12);
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
-    } else {
-        byte(0xF0 | character >> 18);
-        byte(0x80 | (character >> 12 & 0x3F));
-        byte(0x80 | (character >> 6 & 0x3F));
-        byte(0x80 | (character & 0x3F));
-    }
 }
 
 constexpr char32_t kReplacement = 0xFFFD;
@@ -62,7 +44,7 @@ void TextPieces::End() {
     // Half a character is none.
     if (form_ != Form::bytes && (highSurrogate_ != 0 || !kept_.empty())) {
         std::string utf8;
-        AppendCharacter(kReplacement, utf8);
+        AppendUtf8(kReplacement, utf8);
         take_(utf8);
     }
 }
@@ -118,17 +100,17 @@ void TextPieces::HandOn(std::string_view bytes) {
 void TextPieces::TakeUnit(char16_t unit, std::string& utf8) {
     const char16_t high = std::exchange(highSurrogate_, 0);
     if (high != 0 && IsLowSurrogate(unit)) {
-        AppendCharacter(
-            0x10000 + (((static_cast<char32_t>(high) - 0xD800) << 10) | (unit - 0xDC00U)), utf8);
+        AppendUtf8(0x10000 + (((static_cast<char32_t>(high) - 0xD800) << 10) | (unit - 0xDC00U)),
+                   utf8);
         return;
     }
     if (high != 0) {
-        AppendCharacter(kReplacement, utf8);
+        AppendUtf8(kReplacement, utf8);
     }
     if (IsHighSurrogate(unit)) {
         highSurrogate_ = unit;
     } else {
-        AppendCharacter(IsLowSurrogate(unit) ? kReplacement : unit, utf8);
+        AppendUtf8(IsLowSurrogate(unit) ? kReplacement : unit, utf8);
     }
 }
 
