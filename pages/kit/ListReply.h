@@ -16,6 +16,8 @@ struct ReadList {
     // The record in which AbsentMark ended the reading, with what stood in front of the mark. A
     // list on the screen then has one more row, which shows nothing, and stays without redraw.
     std::optional<Row> marked{};
+    // A record that is not all there ended the reading: it is not among the rows.
+    bool cut = false;
 
     [[nodiscard]] bool EndedByMark() const { return marked.has_value(); }
 };
@@ -52,6 +54,7 @@ template <typename Row, typename Take>
         if (end == RecordEnd::mark) {
             list.marked = std::move(row);
         }
+        list.cut = end == RecordEnd::cut;
         return list;
     } while (!cursor.AtEnd());
     return list;

@@ -31,10 +31,8 @@ std::string SignedText(std::uint32_t id) {
     return std::to_string(static_cast<std::int32_t>(id));
 }
 
-}  // namespace
-
-std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
-                                             const AttributionOf& attribution) {
+ReadList<Conversation> ReadConversations(const ReplyBuffer& reply,
+                                         const AttributionOf& attribution) {
     const auto take = [&](ReplyCursor& cursor, Conversation& conversation) {
         conversation.id = cursor.TakeId();
         if (cursor.IsCut()) {
@@ -55,7 +53,40 @@ std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
         conversation.attribution = attribution(conversation.number);
         return RecordEnd::whole;
     };
-    return AllOrNothing(ReadRun<Conversation>(reply, take));
+    return ReadRun<Conversation>(reply, take);
+}
+
+ReadList<ConversationMessage> ReadMessages(const ReplyBuffer& reply) {
+    const auto take = [](ReplyCursor& cursor, ConversationMessage& message) {
+        cursor.SkipBytes(sizeof(std::uint64_t));  // message id
+        message.incoming = cursor.TakeFlag();
+        auto address = cursor.TakeText();
+        if (!address) {
+            return RecordEnd::mark;
+        }
+        if (cursor.IsCut()) {
+            return RecordEnd::cut;  // a cut number belongs to somebody else
+        }
+        message.address = std::move(*address);
+        message.date = TakeDate(cursor);
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        message.text = cursor.TakeTextOrEmpty();
+        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
+        return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
+    };
+    return ReadRun<ConversationMessage>(reply, take);
+}
+
+template <typename Row>
+bool IsWhole(const ReadList<Row>& list) {
+    return !list.EndedByMark() && !list.cut;
+}
+
+}  // namespace
+
+std::vector<Conversation> ParseConversations(const ReplyBuffer& reply,
+                                             const AttributionOf& attribution) {
+    return AllOrNothing(ReadConversations(reply, attribution));
 }
 
 ConversationListReply FetchConversations(const AgentSession& session,
@@ -63,8 +94,12 @@ ConversationListReply FetchConversations(const AgentSession& session,
                                          const AgentSession::Progress& progress) {
     const PayloadReply reply =
         session.RunPayload(BareRequest(AgentCommand::listConversations), progress);
-    return {reply.outcome, reply.HasPayload() ? ParseConversations(reply.buffer, attribution)
-                                              : std::vector<Conversation>()};
+    if (!reply.HasPayload()) {
+        return {reply.outcome, false, {}};
+    }
+    auto list = ReadConversations(reply.buffer, attribution);
+    const bool whole = IsWhole(list);
+    return {reply.outcome, whole, AllOrNothing(std::move(list))};
 }
 
 HtmlFragment ConversationsFragment(std::span<const Conversation> conversations) {
@@ -108,30 +143,17 @@ Bytes ReadConversationRequest(std::uint32_t id) {
 }
 
 std::vector<ConversationMessage> ParseConversationMessages(const ReplyBuffer& reply) {
-    const auto take = [](ReplyCursor& cursor, ConversationMessage& message) {
-        cursor.SkipBytes(sizeof(std::uint64_t));  // message id
-        message.incoming = cursor.TakeFlag();
-        auto address = cursor.TakeText();
-        if (!address) {
-            return RecordEnd::mark;
-        }
-        if (cursor.IsCut()) {
-            return RecordEnd::cut;  // a cut number belongs to somebody else
-        }
-        message.address = std::move(*address);
-        message.date = TakeDate(cursor);
-        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
-        message.text = cursor.TakeTextOrEmpty();
-        cursor.SkipBytes(sizeof(std::uint32_t));  // reserved
-        return cursor.Overran() ? RecordEnd::cut : RecordEnd::whole;
-    };
-    return AllOrNothing(ReadRun<ConversationMessage>(reply, take));
+    return AllOrNothing(ReadMessages(reply));
 }
 
 ConversationReply FetchConversation(const AgentSession& session, std::uint32_t id) {
     const PayloadReply reply = session.RunPayload(ReadConversationRequest(id));
-    return {reply.outcome, reply.HasPayload() ? ParseConversationMessages(reply.buffer)
-                                              : std::vector<ConversationMessage>()};
+    if (!reply.HasPayload()) {
+        return {reply.outcome, false, {}};
+    }
+    auto list = ReadMessages(reply.buffer);
+    const bool whole = IsWhole(list);
+    return {reply.outcome, whole, AllOrNothing(std::move(list))};
 }
 
 HtmlFragment ConversationFragment(std::span<const ConversationMessage> messages) {

@@ -36,6 +36,8 @@ struct Conversation {
 
 struct ConversationListReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
+    // Read to the end of the payload: neither a mark nor a record that is not all there ended it.
+    bool whole = false;
     // Nothing unless the reply brought something to show: the view stays as it was then.
     std::vector<Conversation> conversations;
 };
@@ -81,6 +83,7 @@ struct ConversationMessage {
 
 struct ConversationReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
+    bool whole = false;                         // as in ConversationListReply
     std::vector<ConversationMessage> messages;  // nothing unless there is something to show
 };
 
