@@ -46,7 +46,7 @@ std::vector<std::string> NumbersOf(std::string_view list) {
 }  // namespace
 
 Status RunSmsList(const Arguments&, const Context& context, Output& output) {
-    const auto [outcome, conversations] =
+    const auto [outcome, whole, conversations] =
         FetchConversations(AgentSession(context.agent), context.attribution);
     const Status status = output.Report(outcome);
     if (status != Status::done) {
@@ -68,7 +68,7 @@ Status RunSmsShow(const Arguments& arguments, const Context& context, Output& ou
     if (!ids) {
         return Status::wrongUsage;
     }
-    const auto [outcome, messages] = FetchConversation(AgentSession(context.agent), ids->front());
+    const auto [outcome, whole, messages] = FetchConversation(AgentSession(context.agent), ids->front());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;
