@@ -153,8 +153,9 @@ void CardBuilder::Add(const VCardProperty& property, std::size_t bytes) {
 }
 
 void CardBuilder::LeaveOut(std::string_view name) {
-    if (std::ranges::find(read_.leftOut, name) == read_.leftOut.end()) {
-        read_.leftOut.emplace_back(name);
+    std::string text = CardText(name);
+    if (std::ranges::find(read_.leftOut, text) == read_.leftOut.end()) {
+        read_.leftOut.push_back(std::move(text));
     }
 }
 
@@ -334,7 +335,7 @@ void CardBuilder::TakeUnknown(const VCardProperty& property) {
 
 void CardBuilder::AddNoteLine(std::string_view name, std::string_view text) {
     if (!text.empty()) {
-        noteLines_.append(noteLines_.empty() ? "" : "\n").append(name);
+        noteLines_.append(noteLines_.empty() ? "" : "\n").append(CardText(name));
         noteLines_.append("：").append(text);
     }
 }

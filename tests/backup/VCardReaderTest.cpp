@@ -210,6 +210,10 @@ TEST(VCardReader, APropertyTooLongForTheNoteIsNamedAsLeftOut) {
     EXPECT_THAT(read.leftOut, ElementsAre("X-BLOB"));
 }
 
+TEST(VCardReader, ANameOfAPropertyThatIsNoTextIsMadeOne) {
+    EXPECT_EQ(OneCardWith("\xFF\x01X:1\r\n").card.note, "\uFFFDX：1");
+}
+
 TEST(VCardReader, RowsThatOnePhoneSystemAddsFindTheirPlace) {
     const ReadCard read = OneCard(
         "BEGIN:VCARD\r\nVERSION:2.1\r\nN:A;;;;\r\n"
