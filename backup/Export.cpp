@@ -1,0 +1,200 @@
+#include "backup/Export.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "backup/BookmarkFile.h"
+#include "backup/CallFile.h"
+#include "backup/ContactCard.h"
+#include "backup/ContactTable.h"
+#include "backup/FileEnding.h"
+#include "backup/MessageFile.h"
+#include "backup/VCardWriter.h"
+#include "base/Text.h"
+#include "base/os/WholeFile.h"
+#include "pages/bookmarks/BookmarkList.h"
+#include "pages/calls/CallLog.h"
+#include "pages/contacts/ContactList.h"
+#include "pages/contacts/ContactRecord.h"
+#include "pages/messages/Conversations.h"
+
+namespace quorvi {
+namespace {
+
+bool HasFailed(SessionOutcome outcome) {
+    return outcome == SessionOutcome::connectFailed || outcome == SessionOutcome::noReply ||
+           outcome == SessionOutcome::receiveFailed;
+}
+
+// How a list was read. Only a whole one is written: a file of half the records would pass for all.
+template <typename Row>
+TransferStatus StatusOf(const ListReply<Row>& reply) {
+    if (HasFailed(reply.outcome)) {
+        return LinkLost(reply.outcome);
+    }
+    const bool whole =
+        reply.outcome == SessionOutcome::noData ||
+        (reply.outcome == SessionOutcome::complete && reply.IsWhole() && !reply.list.cut);
+    return whole ? TransferStatus() : NotWhole();
+}
+
+// The same of conversations and their messages.
+template <typename Reply>
+TransferStatus StatusOfMessages(const Reply& reply) {
+    if (HasFailed(reply.outcome)) {
+        return LinkLost(reply.outcome);
+    }
+    const bool whole = reply.outcome == SessionOutcome::noData ||
+                       (reply.outcome == SessionOutcome::complete && reply.whole);
+    return whole ? TransferStatus() : NotWhole();
+}
+
+TransferStatus Committed(WholeFile& file) {
+    const std::error_code failed = file.Commit();
+    if (!failed) {
+        return {};
+    }
+    if (failed == std::errc::no_space_on_device) {
+        return FileFailed(u8"磁盘空间不足，没有写文件，请清出空间后再试");
+    }
+    return FileFailed(u8"文件写不进去，请换一个文件夹再试");
+}
+
+std::string_view BytesOf(const ReplyBytes& bytes) {
+    const auto span = bytes.Bytes();
+    return {reinterpret_cast<const char*>(span.data()), span.size()};
+}
+
+std::string NoAttribution(std::string_view) {
+    return {};
+}
+
+// Reads one contact after the other and hands each on; where one cannot be had, `result` tells.
+template <typename Take>
+void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
+                 const TransferWatch& watch, ExportResult& result, Take take) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (watch.IsStopped()) {
+            result.status = Stopped();
+            return;
+        }
+        const ContactListRow& row = rows[i];
+        const ContactReply reply = FetchContact(AgentSession(agent), row.contactId);
+        if (HasFailed(reply.outcome)) {
+            result.status = LinkLost(reply.outcome);
+            return;
+        }
+        if (reply.outcome == SessionOutcome::complete && reply.record) {
+            take(CardOf(*reply.record, BytesOf(row.photo)));
+            ++result.exported;
+        } else {
+            result.skipped.Add(row.name, reply.outcome == SessionOutcome::noData
+                                             ? u8"手机上已经没有这个联系人"
+                                             : u8"没有读全这个联系人的资料");
+        }
+        watch.Tell(i + 1, rows.size());
+    }
+}
+
+}  // namespace
+
+ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
+                            const TransferWatch& watch) {
+    const ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
+    ExportResult result{StatusOf(list)};
+    if (result.status.end != TransferEnd::whole) {
+        return result;
+    }
+    WholeFile out(file);
+    if (EndingOf(file.native()) == "csv") {
+        std::vector<ContactCard> cards;
+        EachContact(agent, list.list.rows, watch, result, [&](ContactCard&& card) {
+            card.photo.clear();  // a table has none, and all cards are held for its columns
+            cards.push_back(std::move(card));
+        });
+        out.Append(WriteContactTable(cards));
+    } else {
+        EachContact(agent, list.list.rows, watch, result,
+                    [&](const ContactCard& card) { out.Append(WriteVCard(card)); });
+    }
+    if (result.status.end == TransferEnd::whole) {
+        result.status = Committed(out);
+    }
+    return result;
+}
+
+ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution,
+                            std::optional<std::uint32_t> conversation,
+                            const std::filesystem::path& file, const TransferWatch& watch) {
+    ConversationListReply list = FetchConversations(AgentSession(agent), attribution);
+    ExportResult result{StatusOfMessages(list)};
+    if (result.status.end != TransferEnd::whole) {
+        return result;
+    }
+    if (conversation) {
+        std::erase_if(list.conversations,
+                      [&](const Conversation& one) { return one.id != *conversation; });
+        if (list.conversations.empty()) {
+            result.skipped.Add(std::to_string(*conversation), u8"手机上没有这个会话");
+        }
+    }
+    const MessageFormat format = MessageFormatOf(file.native()).value_or(MessageFormat::text);
+    WholeFile out(file);
+    out.Append(MessageFileHead(format));
+    for (std::size_t i = 0; i < list.conversations.size(); ++i) {
+        if (watch.IsStopped()) {
+            result.status = Stopped();
+            return result;
+        }
+        const Conversation& one = list.conversations[i];
+        const ConversationReply reply = FetchConversation(AgentSession(agent), one.id);
+        result.status = StatusOfMessages(reply);
+        if (result.status.end != TransferEnd::whole) {
+            return result;
+        }
+        out.Append(ConversationInFile(format, i, one, reply.messages));
+        result.exported += reply.messages.size();
+        watch.Tell(i + 1, list.conversations.size());
+    }
+    out.Append(MessageFileFoot(format));
+    result.status = Committed(out);
+    return result;
+}
+
+ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
+                         const std::filesystem::path& file, const TransferWatch& watch) {
+    const CallLogReply list = FetchCallLog(AgentSession(agent), attribution);
+    ExportResult result{StatusOf(list)};
+    if (result.status.end != TransferEnd::whole) {
+        return result;
+    }
+    WholeFile out(file);
+    out.Append(
+        WriteCallFile(CallFormatOf(file.native()).value_or(CallFormat::csv), list.list.rows));
+    result.status = Committed(out);
+    result.exported = list.list.rows.size();
+    watch.Tell(result.exported, result.exported);
+    return result;
+}
+
+ExportResult ExportBookmarks(AgentAddress agent, const std::filesystem::path& file,
+                             const TransferWatch& watch) {
+    const BookmarkListReply list = FetchBookmarkList(AgentSession(agent));
+    ExportResult result{StatusOf(list)};
+    if (result.status.end != TransferEnd::whole) {
+        return result;
+    }
+    std::vector<FileBookmark> bookmarks;
+    for (const BookmarkRow& row : list.list.rows) {
+        bookmarks.push_back({CardText(ToUtf8(row.title)), CardText(ToUtf8(row.url)), row.visits});
+    }
+    WholeFile out(file);
+    out.Append(WriteBookmarkFile(bookmarks));
+    result.status = Committed(out);
+    result.exported = bookmarks.size();
+    watch.Tell(result.exported, result.exported);
+    return result;
+}
+
+}  // namespace quorvi

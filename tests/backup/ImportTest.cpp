@@ -1,0 +1,198 @@
+#include <gmock/gmock.h>
+
+#include "backup/ContactCard.h"
+#include "backup/Import.h"
+#include "base/Text.h"
+#include "base/os/SmallFile.h"
+#include "pages/bookmarks/BookmarkForm.h"
+#include "pages/contacts/ContactForm.h"
+#include "tests/backup/PhoneRecords.h"
+#include "tests/support/ScriptedAgent.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorvi {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class Imports : public testing::Test {
+  protected:
+    ImportContent Read(FileKind kind, const char* name, std::string_view text) {
+        EXPECT_TRUE(ReplaceFile(folder_.Path() / name, text));
+        return ReadImportFile(kind, folder_.Path() / name);
+    }
+    ImportContent ReadCards(std::string_view text) {
+        return Read(FileKind::contacts, "a.vcf", text);
+    }
+    void AnswerContacts() {
+        agent_.AnswerPayload(AgentCommand::listContacts, test::TwoContacts());
+        agent_.AnswerAcknowledged(AgentCommand::addContact);
+    }
+
+    ScriptedAgent agent_;
+    TemporaryFolder folder_;
+};
+
+// 林远舟 is on the phone, with other signs between the digits; Bo and Ada's namesake are not.
+constexpr std::string_view kThree =
+    "BEGIN:VCARD\nFN:林远舟\nTEL;TYPE=CELL:13800138000\nEND:VCARD\n"
+    "BEGIN:VCARD\nFN:Bo\nTEL;TYPE=WORK:010-1\nCATEGORIES:家人,同事\nPHOTO;ENCODING=b:/9j/\n"
+    "X-CUSTOM-IM:bo\nEND:VCARD\n"
+    "BEGIN:VCARD\nFN:Ada\nTEL:5\nEND:VCARD\n";
+
+TEST_F(Imports, ContactsThatAreNotThereAreAdded) {
+    AnswerContacts();
+    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send);
+    EXPECT_EQ(result.status.end, TransferEnd::whole);
+    EXPECT_EQ(result.added, 2U);
+    EXPECT_EQ(result.there, 1U);
+    ContactCard bo;
+    bo.name = "Bo";
+    bo.phones = {{3, "010-1"}};
+    bo.ims = {{-1, "bo"}};
+    const auto requests = agent_.Requests(AgentCommand::addContact);
+    ASSERT_THAT(requests, SizeIs(2));
+    EXPECT_EQ(requests[0], AddContactRequest(*RecordOf(bo)));
+}
+
+TEST_F(Imports, WhatANewContactCannotBeSentIsNamed) {
+    AnswerContacts();
+    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send);
+    EXPECT_EQ(result.leftOut.list,
+              (std::vector<SkippedRecord>{{Ansi(u8"Bo: 分组 家人、分组 同事、照片"),
+                                           Ansi(u8"手机的新联系人不接受这些内容")}}));
+}
+
+TEST_F(Imports, TellingOnlySendsNothing) {
+    AnswerContacts();
+    const ImportResult result =
+        ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::tellOnly);
+    EXPECT_EQ(result.added, 2U);
+    EXPECT_EQ(result.there, 1U);
+    EXPECT_THAT(agent_.Requests(AgentCommand::addContact), IsEmpty());
+}
+
+TEST_F(Imports, ACardThatStandsTwiceInAFileIsAddedOnce) {
+    AnswerContacts();
+    const std::string card = "BEGIN:VCARD\nFN:Bo\nTEL:1\nEND:VCARD\n";
+    const ImportResult result =
+        ImportContacts(agent_.Port(), ReadCards(card + card), ImportMode::send);
+    EXPECT_EQ(result.added, 1U);
+    EXPECT_EQ(result.there, 1U);
+}
+
+TEST_F(Imports, ARequestThatIsNotAcknowledgedEndsTheImport) {
+    agent_.AnswerPayload(AgentCommand::listContacts, test::TwoContacts());
+    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send);
+    EXPECT_EQ(result.status.end, TransferEnd::linkLost);
+    EXPECT_EQ(result.added, 0U);
+    EXPECT_THAT(agent_.Requests(AgentCommand::addContact), SizeIs(1));
+    EXPECT_EQ(result.status.why,
+              Ansi(u8"Bo: 手机没有确认。请重新连接手机，再导入一次，已经有的不会重复"));
+}
+
+TEST_F(Imports, AListThatIsCutSendsNothing) {
+    Bytes cut = WireBytes().U32(1000).Add(test::TwoContacts()).Get();
+    agent_.Answer(AgentCommand::listContacts, {std::move(cut)});
+    EXPECT_EQ(ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send).status.end,
+              TransferEnd::notWhole);
+    EXPECT_THAT(agent_.Requests(AgentCommand::addContact), IsEmpty());
+}
+
+TEST_F(Imports, AnEmptyPhoneTakesAll) {
+    agent_.AnswerNoData(AgentCommand::listContacts);
+    agent_.AnswerAcknowledged(AgentCommand::addContact);
+    EXPECT_EQ(ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send).added, 3U);
+}
+
+TEST_F(Imports, AStopEndsBetweenTwoRecords) {
+    AnswerContacts();
+    StopSignal stop;
+    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send,
+                                               {&stop, [&](std::size_t done, std::size_t) {
+                                                    if (done == 2) {
+                                                        stop.Stop();
+                                                    }
+                                                }});
+    EXPECT_EQ(result.status.end, TransferEnd::stopped);
+    EXPECT_EQ(result.added, 1U);
+}
+
+TEST_F(Imports, CardsThatCannotBeReadAreNamedWithTheReason) {
+    const ImportContent content = ReadCards(
+        "BEGIN:VCARD\nNOTE:x\nEND:VCARD\nBEGIN:VCARD\nFN:A\nEND:VCARD\nBEGIN:VCARD\nFN:B\n");
+    EXPECT_THAT(content.cards, SizeIs(1));
+    EXPECT_THAT(content.skipped.list,
+                ElementsAre(SkippedRecord{Ansi(u8"第 1 张名片"),
+                                          Ansi(u8"名片里没有姓名，也没有号码和邮箱")},
+                            SkippedRecord{"B", Ansi(u8"文件在这张名片的中间断开")}));
+}
+
+TEST_F(Imports, AFileWithoutCardsIsRefused) {
+    const ImportContent content = ReadCards("hello\n");
+    EXPECT_EQ(content.status.end, TransferEnd::fileFailed);
+    EXPECT_EQ(content.status.why, Ansi(u8"文件里没有名片"));
+    EXPECT_EQ(ImportContacts(agent_.Port(), content, ImportMode::send).status.end,
+              TransferEnd::fileFailed);
+    EXPECT_THAT(agent_.Requests(), IsEmpty());
+}
+
+TEST_F(Imports, AFileThatIsNotThereIsRefused) {
+    EXPECT_EQ(ReadImportFile(FileKind::contacts, folder_.Path() / "none.vcf").status.why,
+              Ansi(u8"文件打不开，请检查文件是否还在"));
+    EXPECT_EQ(ReadImportFile(FileKind::bookmarks, folder_.Path()).status.end,
+              TransferEnd::fileFailed);
+}
+
+TEST_F(Imports, AFileOfMoreRecordsThanAPhoneHoldsIsRefused) {
+    std::string file;
+    for (std::size_t i = 0; i <= kMostImportedRecords; ++i) {
+        file += "BEGIN:VCARD\nFN:A\nEND:VCARD\n";
+    }
+    EXPECT_EQ(ReadCards(file).status.why, Ansi(u8"文件太大，没有导入，请分成几个文件再试"));
+}
+
+TEST_F(Imports, NestedCardsAreRefused) {
+    std::string file = "BEGIN:VCARD\nN:A\n";
+    for (int i = 0; i < 100; ++i) {
+        file += "AGENT:\nBEGIN:VCARD\n";
+    }
+    EXPECT_EQ(ReadCards(file).status.why, Ansi(u8"名片一层套一层，太深了，没有导入"));
+}
+
+TEST_F(Imports, ATableIsReadAsContacts) {
+    const ImportContent content =
+        Read(FileKind::contacts, "a.csv", "姓名,手机,房间\nBo,1,\n,,12\n");
+    EXPECT_THAT(content.cards, SizeIs(1));
+    EXPECT_THAT(
+        content.skipped.list,
+        ElementsAre(SkippedRecord{Ansi(u8"第 3 行"), Ansi(u8"没有姓名，也没有号码和邮箱")}));
+    EXPECT_EQ(Read(FileKind::contacts, "a.csv", "1,2\n").status.end, TransferEnd::fileFailed);
+}
+
+TEST_F(Imports, BookmarksThatAreNotThereAreAdded) {
+    agent_.AnswerPayload(AgentCommand::listBookmarks, test::OneBookmark());
+    agent_.AnswerAcknowledged(AgentCommand::addBookmark);
+    const ImportContent content = Read(FileKind::bookmarks, "a.html",
+                                       "<A HREF=\"http://a.example/?b&amp;c\">天气</A>"
+                                       "<A HREF=\"http://b.example\" VISITS=\"2\">路况</A>"
+                                       "<A HREF=\"http://c.example\"></A>"
+                                       "<A HREF=\"javascript:a()\">script</A>");
+    const ImportResult result = ImportBookmarks(agent_.Port(), content, ImportMode::send);
+    EXPECT_EQ(result.added, 2U);
+    EXPECT_EQ(result.there, 1U);
+    EXPECT_THAT(result.skipped.list,
+                ElementsAre(SkippedRecord{"script", Ansi(u8"不是网页的地址")}));
+    EXPECT_THAT(agent_.Requests(AgentCommand::addBookmark),
+                ElementsAre(AddBookmarkRequest({Ansi(u8"路况"), "http://b.example", 2}),
+                            AddBookmarkRequest({"http://c.example", "http://c.example", 0})));
+}
+
+TEST_F(Imports, AFileWithoutBookmarksIsRefused) {
+    EXPECT_EQ(Read(FileKind::bookmarks, "a.html", "<p>").status.why, Ansi(u8"文件里没有书签"));
+}
+
+}  // namespace
+}  // namespace quorvi
