@@ -127,6 +127,15 @@ ContactKey KeyOf(std::string name, std::string_view number) {
     return {std::move(name), std::move(digits)};
 }
 
+// Whether no contact of `known` is this one, which is among them from then on. A contact that has
+// no name has one after its import: it may be there as either.
+bool IsNew(const ContactCard& card, const std::string& name, std::set<ContactKey>& known) {
+    const std::string number =
+        card.phones.empty() ? std::string() : ToAnsi(card.phones.front().text);
+    const bool isThere = card.name.empty() && known.contains(KeyOf({}, number));
+    return known.insert(KeyOf(name, number)).second && !isThere;
+}
+
 // Adds one record; false when the import ends with it.
 bool SendOne(AgentAddress agent, const Bytes& request, const std::string& what,
              ImportResult& result) {
@@ -218,11 +227,9 @@ ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, Im
         }
         const std::optional<ContactRecord> record = RecordOf(read.card);
         const std::string name = record ? ToAnsi(record->name.text) : std::string();
-        const std::string number =
-            read.card.phones.empty() ? std::string() : ToAnsi(read.card.phones.front().text);
         if (!record) {
             result.skipped.Add(name, WhyOf(CardFault::nothingInIt));
-        } else if (!known.insert(KeyOf(name, number)).second) {
+        } else if (!IsNew(read.card, name, known)) {
             ++result.there;
         } else {
             if (mode == ImportMode::send &&

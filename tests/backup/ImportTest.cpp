@@ -83,6 +83,28 @@ TEST_F(Imports, ACardThatStandsTwiceInAFileIsAddedOnce) {
     EXPECT_EQ(result.there, 1U);
 }
 
+TEST_F(Imports, AContactWithoutANameIsThereWithOrWithoutOne) {
+    const auto list = [](std::string_view name) {
+        return WireBytes()
+            .U32(0)        // leading word
+            .U64(7)        // contact id
+            .U64(7)        // second id
+            .Text(name)    //
+            .U32(0)        // favourite
+            .Text("1380")  // number
+            .U64(0)        // last contact
+            .U32(0)        // reserved
+            .U32(0)        // has photo
+            .Get();
+    };
+    const ImportContent content = ReadCards("BEGIN:VCARD\nTEL:138-0\nEND:VCARD\n");
+    for (const char* name : {"", "138-0"}) {
+        agent_.AnswerPayload(AgentCommand::listContacts, list(name));
+        EXPECT_EQ(ImportContacts(agent_.Port(), content, ImportMode::send).there, 1U) << name;
+    }
+    EXPECT_THAT(agent_.Requests(AgentCommand::addContact), IsEmpty());
+}
+
 TEST_F(Imports, ARequestThatIsNotAcknowledgedEndsTheImport) {
     agent_.AnswerPayload(AgentCommand::listContacts, test::TwoContacts());
     const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send);
@@ -147,11 +169,12 @@ TEST_F(Imports, AFileThatIsNotThereIsRefused) {
 }
 
 TEST_F(Imports, AFileOfMoreRecordsThanAPhoneHoldsIsRefused) {
-    std::string file;
+    std::string file = "name\n";
     for (std::size_t i = 0; i <= kMostImportedRecords; ++i) {
-        file += "BEGIN:VCARD\nFN:A\nEND:VCARD\n";
+        file += "A\n";
     }
-    EXPECT_EQ(ReadCards(file).status.why, Ansi(u8"文件太大，没有导入，请分成几个文件再试"));
+    EXPECT_EQ(Read(FileKind::contacts, "a.csv", file).status.why,
+              Ansi(u8"文件太大，没有导入，请分成几个文件再试"));
 }
 
 TEST_F(Imports, NestedCardsAreRefused) {
