@@ -28,12 +28,14 @@ Status RunContactsList(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsShow(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
+Status RunExport(const Arguments& arguments, const Context& context, Output& output);
 Status RunFeedback(const Arguments& arguments, const Context& context, Output& output);
 Status RunFilesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsRename(const Arguments& arguments, const Context& context, Output& output);
+Status RunImport(const Arguments& arguments, const Context& context, Output& output);
 Status RunInfo(const Arguments& arguments, const Context& context, Output& output);
 Status RunLink(const Arguments& arguments, const Context& context, Output& output);
 Status RunLunar(const Arguments& arguments, const Context& context, Output& output);
