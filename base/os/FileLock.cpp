@@ -8,13 +8,15 @@
 
 namespace quorvi {
 
-FileLock::FileLock(const std::filesystem::path& file)
+FileLock::FileLock(const std::filesystem::path& file, Wait wait)
     : file_(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR)) {
+    const int how = wait == Wait::always ? LOCK_EX : LOCK_EX | LOCK_NB;
     int locked = -1;
     do {
-        locked = file_.IsOpen() ? flock(file_.Get(), LOCK_EX) : 0;
+        locked = file_.IsOpen() ? flock(file_.Get(), how) : 0;
     } while (locked != 0 && errno == EINTR);
     if (locked != 0) {
+        busy_ = errno == EWOULDBLOCK;
         file_.Close();
     }
 }

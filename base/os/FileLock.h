@@ -7,17 +7,22 @@
 
 namespace quorvi {
 
-// Held from its making to its end. Whoever else makes one on the same file waits.
+// Held from its making to its end. Whoever else makes one on the same file waits, or gives up.
 class FileLock {
   public:
-    // Makes the file where it is missing; its folder must be there.
-    explicit FileLock(const std::filesystem::path& file);
+    enum class Wait { always, never };
 
-    // False when the file could not be made or opened.
+    // Makes the file where it is missing; its folder must be there.
+    explicit FileLock(const std::filesystem::path& file, Wait wait = Wait::always);
+
+    // False when the file could not be made or opened, and when it is busy.
     [[nodiscard]] bool IsHeld() const { return file_.IsOpen(); }
+    // Somebody else holds it; of one that does not wait.
+    [[nodiscard]] bool IsBusy() const { return busy_; }
 
   private:
     FileDescriptor file_;
+    bool busy_ = false;
 };
 
 }  // namespace quorvi
