@@ -28,11 +28,11 @@ std::ptrdiff_t ReadOnce(int descriptor, std::size_t most, std::string& text, std
 
 }  // namespace
 
-AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit) {
+AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit, ChildProcess::Group group) {
     AdbCapture capture;
     ChildProcess child;
-    capture.outcome =
-        child.Start(std::move(command), ChildProcess::Input::none, ChildProcess::Output::pipe);
+    capture.outcome = child.Start(std::move(command), ChildProcess::Input::none,
+                                  ChildProcess::Output::pipe, group);
     if (capture.outcome != RunOutcome::started) {
         return capture;
     }

@@ -23,7 +23,8 @@ struct AdbCapture {
 // the window's thread. What goes beyond the limit is read and dropped, so that no amount of output
 // keeps the child from ending; a process that the child leaves behind with the pipe in its hands,
 // such as an adb server just started, is not waited for.
-[[nodiscard]] AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit = kCaptureLimit);
+[[nodiscard]] AdbCapture RunAdbCapture(AdbCommand command, std::size_t limit = kCaptureLimit,
+                                       ChildProcess::Group group = ChildProcess::Group::parents);
 
 // Starts a command and waits for nothing; its output goes nowhere. False if it could not be
 // started.

@@ -27,7 +27,9 @@ InstallResult PackageInstaller::Install(const PackageInstall& install, Debug deb
     if (debug == Debug::command) {
         std::fprintf(stderr, "%s\n", CommandLineText(command).c_str());
     }
-    const AdbCapture capture = RunAdbCapture(std::move(command), kInstallCaptureLimit);
+    // Ctrl+C of a terminal is this process's to answer: adb ends what it has begun.
+    const AdbCapture capture =
+        RunAdbCapture(std::move(command), kInstallCaptureLimit, ChildProcess::Group::own);
     const InstallResult result = capture.outcome == RunOutcome::started
                                      ? ParseInstall(Trim(capture.text))
                                      : InstallResult::noProcess;

@@ -66,6 +66,11 @@ class SpawnSettings {
                                              standard == STDIN_FILENO ? O_RDONLY : O_WRONLY, 0);
         }
     }
+    void OpenGroup() {
+        posix_spawnattr_setpgroup(&attributes_, 0);
+        posix_spawnattr_setflags(
+            &attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
+    }
     void CloseTheRest() { posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1); }
 
     [[nodiscard]] const posix_spawn_file_actions_t* Actions() const { return &actions_; }
@@ -95,7 +100,8 @@ void AwaitEnd(pid_t child) {
 
 }  // namespace
 
-RunOutcome ChildProcess::Start(std::vector<std::string> arguments, Input input, Output output) {
+RunOutcome ChildProcess::Start(std::vector<std::string> arguments, Input input, Output output,
+                               Group group) {
     Release();
     if (arguments.empty()) {
         return RunOutcome::noProcess;
@@ -114,6 +120,9 @@ RunOutcome ChildProcess::Start(std::vector<std::string> arguments, Input input, 
     settings.Give(STDOUT_FILENO, out.write);
     settings.Give(STDERR_FILENO, out.write);
     settings.CloseTheRest();
+    if (group == Group::own) {
+        settings.OpenGroup();
+    }
 
     std::vector<char*> vector;
     for (std::string& argument : arguments) {

@@ -25,6 +25,9 @@ class ChildProcess {
   public:
     enum class Input { none, pipe };
     enum class Output { none, pipe };
+    // Whose process group a child belongs to. What a terminal sends its foreground group, Ctrl+C
+    // above all, does not reach a child in a group of its own.
+    enum class Group { parents, own };
 
     ChildProcess() = default;
     ~ChildProcess() { Release(); }
@@ -34,7 +37,8 @@ class ChildProcess {
     // Starts a program with its arguments, the program's name first, without a shell. The child
     // gets no descriptor of this process but its standard ones: output and error together on
     // the pipe, or nowhere; input from a pipe on which nothing is ever written, or from nowhere.
-    RunOutcome Start(std::vector<std::string> arguments, Input input, Output output);
+    RunOutcome Start(std::vector<std::string> arguments, Input input, Output output,
+                     Group group = Group::parents);
 
     // The pipe's read end. Does not block.
     [[nodiscard]] int OutputDescriptor() const { return output_.Get(); }

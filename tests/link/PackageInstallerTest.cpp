@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <fstream>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -47,6 +49,16 @@ TEST(PackageInstaller, RunsTheToldCommandWithTheFileAsOneArgument) {
     EXPECT_EQ(installer.Install(kInstall), InstallResult::success);
     EXPECT_THAT(adb.Calls(),
                 ElementsAre(ElementsAre("-s", "HT04", "install", "-r", "/opt/my suite/a.apk")));
+}
+
+TEST(PackageInstaller, CtrlCOfATerminalDoesNotReachAdb) {
+    // The fifth field is the process group, to all of which a terminal sends its signal.
+    const FakeAdb adb("cut -d' ' -f5 /proc/self/stat >$dir/group; echo Success");
+    ASSERT_EQ(PackageInstaller(adb.Environment()).Install(kInstall), InstallResult::success);
+    int group = 0;
+    std::ifstream(adb.Directory() / "group") >> group;
+    EXPECT_GT(group, 0);
+    EXPECT_NE(group, getpgrp());
 }
 
 TEST(PackageInstaller, EachResultIsToldApart) {
