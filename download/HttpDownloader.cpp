@@ -35,7 +35,8 @@ struct CHttpDownloader::State {
 // What one run has of the engine.
 class CHttpDownloader::Run : public TransferFace {
   public:
-    explicit Run(std::shared_ptr<State> state) : state_(std::move(state)) {
+    Run(std::shared_ptr<State> state, std::shared_ptr<const void> held)
+        : state_(std::move(state)), held_(std::move(held)) {
         const std::lock_guard lock(state_->mutex);
         sink_ = state_->sink;
         url_ = state_->url;
@@ -44,6 +45,7 @@ class CHttpDownloader::Run : public TransferFace {
         state_->latest = known_.get();
     }
     ~Run() override {
+        held_.reset();  // before anybody is told that nothing runs any more
         const std::lock_guard lock(state_->mutex);
         std::erase(state_->runs, known_);
         state_->ended.notify_all();
@@ -85,6 +87,7 @@ class CHttpDownloader::Run : public TransferFace {
 
     const std::shared_ptr<State> state_;
     const std::shared_ptr<Known> known_ = std::make_shared<Known>();
+    std::shared_ptr<const void> held_;
     std::weak_ptr<IDownloadSink> sink_;
     std::string url_;
     DownloadFault fault_ = DownloadFault::none;
@@ -103,8 +106,8 @@ void CHttpDownloader::SetJob(std::string url, std::filesystem::path target) {
     state_->target = std::move(target);
 }
 
-void CHttpDownloader::Start() {
-    const auto run = std::make_shared<Run>(state_);
+void CHttpDownloader::Start(std::shared_ptr<const void> held) {
+    const auto run = std::make_shared<Run>(state_, std::move(held));
     try {
         std::thread([run] { run->Go(); }).detach();
     } catch (const std::system_error&) {

@@ -28,8 +28,9 @@ class CHttpDownloader {
     void SetJob(std::string url, std::filesystem::path target);
 
     // Starts a run, which nobody waits for. It may be called while an event is told: the run that
-    // tells it goes on to its end beside the new one.
-    void Start();
+    // tells it goes on to its end beside the new one. `held` is let go when the run has ended, its
+    // move included.
+    void Start(std::shared_ptr<const void> held = {});
     // Ends what runs, wherever it waits, and returns at once: the end comes as an event. What has
     // come stays in the part file. A run that is started later does not hear of it.
     void Stop();

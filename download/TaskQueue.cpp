@@ -8,10 +8,21 @@
 #include <vector>
 
 #include "download/HttpDownloader.h"
+#include "download/WorkLock.h"
 
 namespace quorvi {
 
 using Kind = QueueEvent::Kind;
+
+namespace {
+
+// A file beside that of the table, by which processes keep out of each other's way; left there.
+std::filesystem::path BesideTable(const TaskStore& store, const char* suffix) {
+    std::filesystem::path file = store.File();
+    return file.empty() ? file : file += suffix;
+}
+
+}  // namespace
 
 struct TaskQueue::State : std::enable_shared_from_this<State> {
     State(std::shared_ptr<TaskStore> table, PackageInstaller install,
@@ -19,6 +30,8 @@ struct TaskQueue::State : std::enable_shared_from_this<State> {
         : store(std::move(table)),
           installer(std::move(install)),
           serial(std::move(phone)),
+          downloads([table = store] { return BesideTable(*table, "-download"); }),
+          installs([table = store] { return BesideTable(*table, "-install"); }),
           engine(limits) {}
 
     // The sink of one run: what the engine tells of it belongs to its own task, even where the next
@@ -40,15 +53,24 @@ struct TaskQueue::State : std::enable_shared_from_this<State> {
         const CDownloadTask task_;
     };
 
+    // What became of the look for the next download.
+    enum class Look {
+        settled,    // it has started, or there is none, or one is running
+        again,      // another row is to be looked at
+        elsewhere,  // another process downloads, and will look itself
+    };
+
     void StartNext();
-    bool StartDownload();
+    Look StartDownload();
     void InstallNext();
     std::optional<CDownloadTask> TakeInstall();
+    void EndInstalls();
     std::optional<CDownloadTask> InstallTask(const CDownloadTask& task);
     void StopCurrent();
     void StopIfCurrent(std::int32_t id);
     void OnDownloadEvent(const RunSink& run, DownloadEvent event, std::int32_t speed,
                          std::int32_t percent);
+    bool IsTakenBack(const CDownloadTask& task) const;
     void EndRun(const RunSink* run);
     bool SetState(const CDownloadTask& task, TaskState to);
     bool SetState(std::int32_t id, TaskState to);
@@ -57,6 +79,8 @@ struct TaskQueue::State : std::enable_shared_from_this<State> {
     const std::shared_ptr<TaskStore> store;
     const PackageInstaller installer;
     const std::function<std::string()> serial;
+    const WorkLock downloads;
+    const WorkLock installs;
     CHttpDownloader engine;
     Observers<QueueEvent> observers;
 
@@ -65,6 +89,8 @@ struct TaskQueue::State : std::enable_shared_from_this<State> {
     std::mutex mutex;
     bool downloading = false;
     bool installing = false;
+    bool closed = false;
+    std::shared_ptr<const void> installHold;  // while `installing`
     std::optional<CDownloadTask> current;
     std::shared_ptr<RunSink> active;              // of the run that `downloading` is about
     std::vector<std::shared_ptr<RunSink>> sinks;  // of all runs that may still tell something
@@ -87,24 +113,32 @@ bool TaskQueue::State::SetState(std::int32_t id, TaskState to) {
 }
 
 void TaskQueue::State::StartNext() {
-    // A row that no file can be made of fails at once, and the one behind it is next.
-    while (!StartDownload()) {
+    Look look = Look::again;
+    while (look == Look::again) {
+        look = StartDownload();
     }
-    InstallNext();
+    if (look != Look::elsewhere) {
+        InstallNext();
+    }
 }
 
-// False where another row is to be looked at.
-bool TaskQueue::State::StartDownload() {
+TaskQueue::State::Look TaskQueue::State::StartDownload() {
     CDownloadTask task;
     unsigned stopsBefore = 0;
+    std::shared_ptr<const void> hold;
     {
         const std::lock_guard lock(mutex);
-        if (downloading) {
-            return true;
+        if (downloading || closed || store->NextDownloadTaskId() == kNoTask) {
+            return Look::settled;
         }
+        hold = downloads.Take();
+        if (hold == nullptr) {
+            return Look::elsewhere;
+        }
+        // Only now: another process may just have been at that row.
         const auto row = store->LoadTaskForDownload(store->NextDownloadTaskId());
         if (!row) {
-            return true;
+            return Look::again;
         }
         task = *row;
         downloading = true;
@@ -118,7 +152,8 @@ bool TaskQueue::State::StartDownload() {
         observers.Tell({.kind = Kind::failed, .task = task, .fault = DownloadFault::cannotWrite});
         Reload();
         EndRun(nullptr);
-        return !failed;
+        // A row that no file can be made of fails at once, and the one behind it is next.
+        return failed ? Look::again : Look::settled;
     }
     const auto sink = std::make_shared<RunSink>(weak_from_this(), task);
     {
@@ -133,13 +168,19 @@ bool TaskQueue::State::StartDownload() {
     observers.Tell({.kind = Kind::started, .task = task});
     engine.SetSink(sink);
     engine.SetJob(task.url, *file);
-    engine.Start();
+    engine.Start(std::move(hold));
     // Whoever wanted to stop it while it was on its way.
     const std::lock_guard lock(mutex);
     if (active == sink && stops != stopsBefore) {
         engine.Stop();
     }
-    return true;
+    return Look::settled;
+}
+
+// Whether another process has paused or removed it. A table that can't be read has lost it, too.
+bool TaskQueue::State::IsTakenBack(const CDownloadTask& task) const {
+    const auto row = store->LoadTaskForDownload(task.id);
+    return !row || row->state == TaskState::paused;
 }
 
 // Another download may start, unless that is of another run already.
@@ -167,6 +208,9 @@ void TaskQueue::State::OnDownloadEvent(const RunSink& run, DownloadEvent event, 
         case DownloadEvent::progress:
             observers.Tell(
                 {.kind = Kind::progress, .task = task, .speed = speed, .percent = percent});
+            if (IsTakenBack(task)) {
+                engine.Stop();
+            }
             break;
         case DownloadEvent::complete: {
             const bool stored = SetState(task, TaskState::installing);
@@ -201,9 +245,13 @@ void TaskQueue::State::OnDownloadEvent(const RunSink& run, DownloadEvent event, 
 }
 
 void TaskQueue::State::InstallNext() {
-    auto task = [this] {
+    auto task = [this]() -> std::optional<CDownloadTask> {
         const std::lock_guard lock(mutex);
-        return installing ? std::nullopt : TakeInstall();
+        if (installing || closed) {
+            return std::nullopt;
+        }
+        installHold = installs.Take();
+        return installHold == nullptr ? std::nullopt : TakeInstall();
     }();
     if (!task) {
         return;
@@ -217,14 +265,23 @@ void TaskQueue::State::InstallNext() {
     } catch (const std::system_error&) {
         // The row waits for the next call.
         const std::lock_guard lock(mutex);
-        installing = false;
+        EndInstalls();
     }
+}
+
+// With the mutex held.
+void TaskQueue::State::EndInstalls() {
+    installing = false;
+    installHold.reset();
 }
 
 // The row that is installed next, and that one is installed from now on. With the mutex held.
 std::optional<CDownloadTask> TaskQueue::State::TakeInstall() {
-    auto row = store->LoadTaskForDownload(store->NextInstallTaskId());
+    auto row = closed ? std::nullopt : store->LoadTaskForDownload(store->NextInstallTaskId());
     installing = row.has_value();
+    if (!installing) {
+        EndInstalls();
+    }
     return row;
 }
 
@@ -247,7 +304,7 @@ std::optional<CDownloadTask> TaskQueue::State::InstallTask(const CDownloadTask& 
     Reload();
     const std::lock_guard lock(mutex);
     if (!stored) {
-        installing = false;
+        EndInstalls();
         return std::nullopt;
     }
     return TakeInstall();
@@ -290,6 +347,14 @@ void TaskQueue::InstallNext() const {
 }
 
 void TaskQueue::StopCurrent() const {
+    state_->StopCurrent();
+}
+
+void TaskQueue::Close() const {
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->closed = true;
+    }
     state_->StopCurrent();
 }
 

@@ -51,6 +51,11 @@ struct QueueEvent {
 
 // Idle until somebody calls StartNext: nothing goes on by itself when the program starts. Copies
 // are the same service. Any thread; its statements wait for the disk: not for the window's thread.
+//
+// Several processes may work on one table: one of them downloads at a time, and one installs. What
+// is started while another one downloads is dropped like what is started during a download of this
+// process: the end of that one looks at the table again. A download whose row another process has
+// paused or removed is stopped.
 class TaskQueue {
   public:
     using Observer = Observers<QueueEvent>::Observer;
@@ -68,6 +73,9 @@ class TaskQueue {
     void InstallNext() const;
     // Stops the download that runs. Its row's state stays; nothing starts by itself.
     void StopCurrent() const;
+    // The same for good: an installation that runs goes on to its end, and nothing starts from now
+    // on, whoever asks.
+    void Close() const;
 
     // The commands on a row. Pausing and removing stop the download when it is the row's own; files
     // stay where they are.

@@ -186,6 +186,13 @@ StoreResult TaskStore::OpenResult() const {
     return Database() == nullptr ? StoreResult::notOpen : StoreResult::done;
 }
 
+std::filesystem::path TaskStore::File() const {
+    const std::lock_guard lock(mutex_);
+    const char* const file =
+        database_ == nullptr ? nullptr : sqlite3_db_filename(database_.get(), "main");
+    return file == nullptr ? "" : file;
+}
+
 // Asked while the mutex is held: the system's error is the handle's last one.
 StoreResult TaskStore::ResultOf(int code) const {
     switch (code & 0xFF) {

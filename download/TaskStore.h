@@ -78,6 +78,8 @@ class TaskStore {
 
     // `notOpen` where the file could not be opened.
     [[nodiscard]] StoreResult OpenResult() const;
+    // The whole path of the file; empty where it could not be opened.
+    [[nodiscard]] std::filesystem::path File() const;
 
     // Adds a row. Its time is that of the clock, and its number that of the table, whatever the
     // task holds. Title, address and folder are kept in UTF-8. The address stays so when it is read
