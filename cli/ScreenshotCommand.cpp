@@ -1,18 +1,13 @@
-#include <fmt/format.h>
-
 #include <charconv>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "agent/Wire.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
-#include "link/AdbCapture.h"
-#include "link/AdbCommand.h"
+#include "cli/SerialOption.h"
 #include "link/AdbHostClient.h"
-#include "link/DeviceList.h"
 #include "pages/screen/PictureFile.h"
 #include "pages/screen/ScreenCapture.h"
 
@@ -62,38 +57,23 @@ std::optional<Wanted> ReadWanted(const Arguments& arguments, Output& output) {
     return std::nullopt;
 }
 
-// Of the phone to which the link forwards the agent's port; nothing when there is none.
-std::optional<std::string> LinkedSerial() {
-    const AdbCapture list = RunAdbCapture(ForwardListCommand({}));
-    const std::string here = fmt::format("tcp:{}", AgentPort);
-    for (const std::string_view line : SplitAt(list.text, '\n')) {
-        const auto words = SplitAt(line, ' ');
-        if (words.size() > 1 && words[1] == here) {
-            return std::string(words[0]);
-        }
+// The phone of the picture; nothing, and a complaint, when it is not known.
+std::optional<std::string> SerialOfPhone(Output& output) {
+    const ChosenPhone phone = ChoosePhone();
+    switch (phone.choice) {
+        case PhoneChoice::made:
+            return phone.serial;
+        case PhoneChoice::noServer:
+            output.Complain(CaptureFaultText(CaptureFault::noServer));
+            break;
+        case PhoneChoice::noPhone:
+            output.Complain(CaptureFaultText(CaptureFault::noPhone));
+            break;
+        case PhoneChoice::several:
+            output.Complain(Ansi(u8"有多个设备，请先用 link --serial 连接其中一个"));
+            break;
     }
     return std::nullopt;
-}
-
-// The only phone, or of several the linked one; nothing, and a complaint, when it is not known.
-std::optional<std::string> SerialOfPhone(Output& output) {
-    const SerialList list = ListSerials();
-    if (list.outcome != RunOutcome::started) {
-        output.Complain(CaptureFaultText(CaptureFault::noServer));
-        return std::nullopt;
-    }
-    if (list.serials.empty()) {
-        output.Complain(CaptureFaultText(CaptureFault::noPhone));
-        return std::nullopt;
-    }
-    if (list.serials.size() == 1) {
-        return list.serials.front();
-    }
-    auto linked = LinkedSerial();
-    if (!linked) {
-        output.Complain(Ansi(u8"有多个设备，请先用 link --serial 连接其中一个"));
-    }
-    return linked;
 }
 
 }  // namespace

@@ -17,4 +17,20 @@ namespace quorvi::cli {
 // complains, and gives noLink, when adb lists none at all.
 [[nodiscard]] Status FindPhone(const std::optional<std::string>& serial, Output& output);
 
+// Of several phones, the one that is meant where none was named.
+enum class PhoneChoice {
+    made,
+    noServer,  // adb can't list them
+    noPhone,
+    several,  // and none of them is linked
+};
+
+struct ChosenPhone {
+    PhoneChoice choice = PhoneChoice::noPhone;
+    std::string serial{};  // ANSI; empty unless made
+};
+
+// The only phone that adb lists, or of several the one to which the link forwards the agent's port.
+[[nodiscard]] ChosenPhone ChoosePhone();
+
 }  // namespace quorvi::cli
