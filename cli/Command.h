@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -23,8 +24,9 @@ class Output;
 enum class Status : int {
     done = 0,
     wrongUsage = 1,
-    noLink = 2,    // no link, a connection error, no answer, or a refusal of the phone
-    notFound = 3,  // what was named is not there
+    noLink = 2,         // no link, a connection error, no answer, or a refusal of the phone
+    notFound = 3,       // what was named is not there
+    interrupted = 130,  // by Ctrl+C; as a shell counts it
 };
 
 // What follows the command's words on the command line, in UTF-8 as it was typed.
@@ -47,8 +49,9 @@ inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 struct Context {
     AgentAddress agent;
     AttributionOf attribution;
-    Deployment deployment{};  // where the site is
-    HttpLimits limits{};      // how long it is waited for
+    Deployment deployment{};        // where the site is
+    HttpLimits limits{};            // how long it is waited for
+    std::filesystem::path tasks{};  // the table of the downloads
 };
 
 // One row of the table of commands.

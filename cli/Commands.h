@@ -29,6 +29,12 @@ Status RunContactsShow(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
 Status RunExport(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsList(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsPause(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsReinstall(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsRemove(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsResume(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsRun(const Arguments& arguments, const Context& context, Output& output);
 Status RunFeedback(const Arguments& arguments, const Context& context, Output& output);
 Status RunFilesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output);

@@ -6,6 +6,7 @@
 #include "agent/Wire.h"
 #include "base/CodePageChoice.h"
 #include "base/Deployment.h"
+#include "base/Places.h"
 #include "base/SettingsFile.h"
 #include "base/Text.h"
 #include "base/Version.h"
@@ -23,7 +24,8 @@ Status Run(const std::vector<std::string>& words) {
         Output output(call->json);
         const Context context{.agent = AgentPort,
                               .attribution = MakeNumberAttribution(),
-                              .deployment = TheDeployment()};
+                              .deployment = TheDeployment(),
+                              .tasks = ThePlaces().TaskDatabase()};
         return call->command->run(call->arguments, context, output);
     }
     Output output(false);
