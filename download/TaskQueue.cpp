@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "download/HttpDownloader.h"
+#include "download/PartFile.h"
 #include "download/WorkLock.h"
 
 namespace quorvi {
@@ -20,6 +21,16 @@ namespace {
 std::filesystem::path BesideTable(const TaskStore& store, const char* suffix) {
     std::filesystem::path file = store.File();
     return file.empty() ? file : file += suffix;
+}
+
+// Of a download that was told to be complete by a process that has ended before the move.
+void FinishMove(const std::filesystem::path& file) {
+    std::error_code unknown;
+    const PartFile part(file);
+    if (!std::filesystem::exists(std::filesystem::symlink_status(file, unknown)) &&
+        part.Length() > 0) {
+        static_cast<void>(part.MoveOnto(file));  // where it can't be, adb tells
+    }
 }
 
 }  // namespace
@@ -293,6 +304,7 @@ std::optional<CDownloadTask> TaskQueue::State::InstallTask(const CDownloadTask& 
     if (const auto file = TaskFile(task.savePath, task.uniqueId)) {
         // Its download has been told to be complete, and may not have moved it yet.
         engine.WaitForMove(*file);
+        FinishMove(*file);
         result = installer.Install({.serial = phone, .package = *file});
     }
     const bool stored = SetState(

@@ -68,12 +68,6 @@ TEST(TaskQueueKill, NoRowIsLostAndEveryFileIsRightInTheEnd) {
     const TaskQueue queue = queueOn(store);
     queue.StartNext();
     ASSERT_TRUE(Await([&queue] { return queue.IsIdle(); }));
-    // One that was killed between its last byte and its file's name could not be installed: the
-    // user asks for it again.
-    for (const CDownloadTask& task : store->LoadTaskList(TaskFilter::unfinished).tasks) {
-        queue.ResumeTask(task.id);
-        ASSERT_TRUE(Await([&queue] { return queue.IsIdle(); }));
-    }
     EXPECT_THAT(PackagesOf(*store, TaskFilter::done), testing::ElementsAreArray(kPackages));
     for (const std::string package : kPackages) {
         EXPECT_TRUE(FileContent(folder.Path() / (package + ".apk")) == ContentOf(package))

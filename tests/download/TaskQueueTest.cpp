@@ -213,6 +213,25 @@ TEST_F(TaskQueueTest, InstallingAgainTakesTheFileThatIsThere) {
     EXPECT_EQ(FileContent(File("com.a")), "old");
 }
 
+TEST_F(TaskQueueTest, AWholePartThatAKilledProcessHasNotMovedIsMovedAndInstalled) {
+    const auto id = Add("com.a", TaskState::installing);
+    std::ofstream(Part("com.a"), std::ios::binary) << ContentOf("com.a");
+    ASSERT_TRUE(RunToTheEnd());
+    EXPECT_EQ(StateOf(id), TaskState::done);
+    EXPECT_TRUE(FileContent(File("com.a")) == ContentOf("com.a"));
+    EXPECT_FALSE(std::filesystem::exists(Part("com.a")));
+}
+
+TEST_F(TaskQueueTest, APartBesideItsFileStaysWhereItIs) {
+    const auto id = Add("com.a", TaskState::installing);
+    std::ofstream(File("com.a"), std::ios::binary) << "whole";
+    std::ofstream(Part("com.a"), std::ios::binary) << "begun anew";
+    ASSERT_TRUE(RunToTheEnd());
+    EXPECT_EQ(StateOf(id), TaskState::done);
+    EXPECT_EQ(FileContent(File("com.a")), "whole");
+    EXPECT_EQ(FileContent(Part("com.a")), "begun anew");
+}
+
 TEST_F(TaskQueueTest, InstallationsFollowEachOther) {
     for (const char* package : {"com.a", "com.b", "com.c"}) {
         Add(package, TaskState::installing);
