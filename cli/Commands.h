@@ -29,6 +29,7 @@ Status RunContactsShow(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
 Status RunExport(const Arguments& arguments, const Context& context, Output& output);
+Status RunDownloadsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsPause(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsReinstall(const Arguments& arguments, const Context& context, Output& output);

@@ -1,6 +1,7 @@
 #include "cli/QueueLines.h"
 
 #include <array>
+#include <utility>
 
 #include "base/Json.h"
 #include "base/Text.h"
@@ -88,8 +89,9 @@ void QueueLines::Hear(const QueueEvent& event) {
         output_.PrintJsonLine(DocumentOf(event));
     } else if (event.kind == Kind::storeFailed) {
         output_.Complain(EventText(event));
-    } else {
-        output_.PrintLine(EventText(event));
+    } else if (std::string text = EventText(event); text != last_) {
+        output_.PrintLine(text);
+        last_ = std::move(text);
     }
 }
 

@@ -35,6 +35,7 @@ class QueueLines {
     std::mutex mutex_;  // guards all below
     Status worst_ = Status::done;
     bool storeFailed_ = false;
+    std::string last_;  // for people, who need not be told twice why a download failed
 };
 
 }  // namespace quorvi::cli
