@@ -8,11 +8,11 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <map>
 #include <random>
-#include <set>
 #include <thread>
 
 #include "tests/download/TaskRows.h"
@@ -61,8 +61,9 @@ class DownloadsKill : public testing::Test {
     void PutOnSite(const std::string& package) const {
         site_.Serve("files/" + package + ".apk", ContentOf(package));
     }
-    static std::string ContentOf(const std::string& package) {
-        std::string content;
+    static const std::string& ContentOf(const std::string& package) {
+        static std::map<std::string, std::string> contents;
+        std::string& content = contents[package];
         for (int i = 0; content.size() < 1'000'000; ++i) {
             content += package + std::to_string(i);
         }
@@ -107,7 +108,7 @@ class DownloadsKill : public testing::Test {
         std::vector<std::string> packages = packages_;
         packages.emplace_back(kAdded);
         for (const std::string& package : packages) {
-            const std::string content = ContentOf(package);
+            const std::string& content = ContentOf(package);
             if (std::filesystem::exists(File(package))) {
                 EXPECT_TRUE(FileContent(File(package)) == content) << package;
             }
