@@ -1,5 +1,8 @@
-// A user's stories with what the site has, through the window: versions, feedback, and the phone
-// parameters, with a real server as the site.
+// A user's stories with what the site has, through the window: versions, feedback, the phone
+// parameters, and the weather, with a real server as the site.
+#include <fmt/format.h>
+
+#include "pages/weather/WeatherPage.h"
 #include "tests/support/ControlDriver.h"
 #include "tests/support/PagesOnPhone.h"
 #include "tests/support/SiteServer.h"
@@ -55,6 +58,19 @@ class OnlineStory : public PagesOnPhone {
         ASSERT_EQ(box.currentIndex(), index);
     }
 
+    // The weather's page over the one that is shown: no menu leads to it.
+    static WeatherPage& ShowWeather() {
+        Page* const own = Window().ShownPage();
+        Services services = Window().PageServices();
+        const std::string root = site_->Root();
+        services.deployment.weatherHost = root.substr(7, root.size() - 8);  // without http:// and /
+        auto* const page = new WeatherPage(Window(), services, own);
+        page->setAutoFillBackground(true);
+        page->resize(own->size());
+        page->show();
+        return *page;
+    }
+
     static std::unique_ptr<SiteServer> site_;
 };
 
@@ -100,6 +116,43 @@ TEST_F(OnlineStory, AFeedbackIsRefusedAtEachRuleAndThenSent) {
     ASSERT_EQ(requests.size(), before + 1);
     EXPECT_NE(requests.back().body.find("\"Model\" : \"Aurora\""), std::string::npos);
     EXPECT_NE(requests.back().body.find("\"Client\" : 1,"), std::string::npos);
+}
+
+TEST_F(OnlineStory, ACityIsChangedAndKept) {
+    for (const auto& [file, city] : {std::pair("101010100", "北京"), {"101210701", "温州"}}) {
+        site_->Serve(fmt::format("data/{}.html", file),
+                     fmt::format(R"({{"weatherinfo":{{"city":"{}","fchh":"08",)"
+                                 R"("temp1":"29℃~21℃","weather1":"多云"}}}})",
+                                 city));
+    }
+    OpenPage(kUpdate);
+    const std::unique_ptr<WeatherPage> page(&ShowWeather());
+    page->StartWeatherUpdate();
+    ASSERT_TRUE(WaitAllEnded());
+    auto& city = *FindControl<QAbstractButton>(page.get(), 1127);
+    EXPECT_EQ(city.text(), ToQString(u8"北京"));
+    ClickOn(city);
+    ASSERT_TRUE(WaitForDialog(569));
+    const auto box = [](const char* name) -> CSkinCombo& {
+        return *OpenDialog(569)->findChild<CSkinCombo*>(QString::fromLatin1(name));
+    };
+    const int province = box("province").findText(ToQString(u8"浙江"));
+    ASSERT_GT(province, 0);
+    Choose(box("province"), province);
+    Choose(box("city"), 1);
+    EXPECT_EQ(box("city").currentText(), ToQString(u8"温州"));
+    Press(569, 1);
+    ASSERT_TRUE(WaitForNoDialog(569));
+    ASSERT_TRUE(WaitAllEnded());
+    EXPECT_EQ(city.text(), ToQString(u8"温州"));
+    EXPECT_EQ(page->findChild<CSkinListCtrl*>(QStringLiteral("forecastList"))->RowCount(), 6);
+    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+
+    // Whoever opens the page again finds the city there.
+    const std::unique_ptr<WeatherPage> again(&ShowWeather());
+    again->StartWeatherUpdate();
+    ASSERT_TRUE(WaitAllEnded());
+    EXPECT_EQ(FindControl<QAbstractButton>(again.get(), 1127)->text(), ToQString(u8"温州"));
 }
 
 TEST_F(OnlineStory, APlatformAMakerAndAModelAreChosen) {
