@@ -9,9 +9,10 @@
 namespace quorvi {
 namespace {
 
-// No text of a backup packs better than so; what does was made to fill memory or disk.
+// No large text of a backup packs better than so; what does was made to keep a machine busy. A
+// small one may: a phone may hold a note of a million equal letters.
 constexpr zip_uint64_t kMostTimesPacked = 500;
-constexpr zip_uint64_t kAlwaysUnpacked = zip_uint64_t{1024} * 1024;
+constexpr zip_uint64_t kAlwaysUnpacked = zip_uint64_t{64} * 1024 * 1024;
 
 constexpr int kUnixModeShift = 16;
 constexpr zip_uint32_t kFileKind = 0170000;

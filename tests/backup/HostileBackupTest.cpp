@@ -113,9 +113,14 @@ TEST_F(HostileBackup, APipeInTheFolderIsNotWaitedFor) {
 }
 
 TEST_F(HostileBackup, ABombIsRefusedBeforeItIsUnpacked) {
-    const std::string zeros(64 * 1024 * 1024, '\0');
+    const std::string zeros(65 * 1024 * 1024, '\0');
     EXPECT_THAT(WhyRefused(Zip({{"manifest.json", ManifestText(zeros)}, {kFile, zeros}})),
                 HasSubstr("大得不像备份"));
+}
+
+TEST_F(HostileBackup, ASmallFileMayPackAsWellAsItLikes) {
+    const std::string note(1024 * 1024, 'g');
+    EXPECT_EQ(WhyRefused(Zip({{"manifest.json", ManifestText(note)}, {kFile, note}})), "");
 }
 
 TEST_F(HostileBackup, AManifestInAZipThatIsLargerThanItsLimitIsRefused) {

@@ -1,0 +1,93 @@
+// One run of a backup, and what the steps of all kinds have in common. For Backup.cpp and the
+// steps.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "backup/Backup.h"
+#include "backup/BackupWriter.h"
+#include "backup/SideBySide.h"
+#include "pages/kit/ListReply.h"
+
+namespace quorvi {
+
+class BackupRun {
+  public:
+    using Progress = std::function<void(const BackupProgress&)>;
+    BackupRun(AgentAddress agentAddress, BackupWriter& backupWriter, const Progress& toTell,
+              const StopSignal& stopSignal)
+        : agent(agentAddress), writer(backupWriter), stop(stopSignal), tell_(toTell) {}
+
+    const AgentAddress agent;
+    BackupWriter& writer;
+    const StopSignal& stop;
+    BackupResult result;
+
+    // Ends the run; false, for whoever ends with it.
+    bool Fail(BackupEnd end, std::string why) {
+        result.end = end;
+        result.why = std::move(why);
+        return false;
+    }
+    bool FailStopped();
+    bool FailDisk(const std::error_code& error) {
+        return Fail(BackupEnd::diskFailed, DiskErrorText(error));
+    }
+    // Fails the run for any session that did not bring all of its reply. No data is a reply.
+    bool Accept(SessionOutcome outcome);
+
+    // A session of a list; nothing when the run has failed. No data gives an empty list.
+    template <typename Reply>
+    std::optional<Reply> FetchWhole(Reply (*fetch)(const AgentSession&,
+                                                   const AgentSession::Progress&)) {
+        return Await<Reply>([fetch, address = agent] {
+            return AskedAgain([&] { return fetch(AgentSession(address), {}); });
+        });
+    }
+    template <typename Reply>
+    std::optional<Reply> Await(std::function<Reply()> session) {
+        auto reply = RunUntilStopped<Reply>(std::move(session), stop);
+        if (!reply) {
+            FailStopped();
+        }
+        return reply;
+    }
+    // Fails the run for a list that is not read to its end.
+    template <typename Row>
+    bool AcceptList(const ListReply<Row>& reply) {
+        if (!Accept(reply.outcome)) {
+            return false;
+        }
+        return (reply.list.EndedByMark() || reply.list.cut) ? FailNotWhole() : true;
+    }
+    bool FailNotWhole();
+
+    void Begin(BackupKind kind, std::size_t of);
+    void Step();
+    void Skip(std::string what, std::u8string_view why);
+    // The kind is done, with what was counted: closes its files.
+    bool End(std::string content, std::vector<BackupFile*> files);
+    // One less than was listed.
+    void CountOneLess() { --counted_.count; }
+    void SetCount(std::uint32_t count) { counted_.count = count; }
+
+  private:
+    const Progress& tell_;
+    BackedUpKind counted_;
+};
+
+// Each backs one kind up; false when the run has ended with it.
+bool BackUpGroups(BackupRun& run);
+bool BackUpContacts(BackupRun& run);
+bool BackUpAlarms(BackupRun& run);
+bool BackUpBookmarks(BackupRun& run);
+bool BackUpMessages(BackupRun& run);
+bool BackUpCalls(BackupRun& run);
+bool BackUpPhone(BackupRun& run);
+bool BackUpApplications(BackupRun& run);
+
+}  // namespace quorvi

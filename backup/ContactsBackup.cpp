@@ -1,0 +1,102 @@
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "backup/BackupRun.h"
+#include "backup/ContactCard.h"
+#include "backup/ContactMatch.h"
+#include "backup/Content.h"
+#include "backup/RecordFiles.h"
+#include "backup/VCardWriter.h"
+#include "base/Text.h"
+#include "pages/contacts/ContactList.h"
+#include "pages/contacts/ContactRecord.h"
+
+namespace quorvi {
+namespace {
+
+bool BrokeOff(const ContactReply& reply) {
+    return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
+}
+
+std::string_view TextOf(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::string Called(const ContactListRow& row) {
+    return !row.name.empty() ? row.name : row.number;
+}
+
+}  // namespace
+
+bool BackUpGroups(BackupRun& run) {
+    const auto reply = run.FetchWhole(FetchContactGroups);
+    if (!reply || !run.AcceptList(*reply)) {
+        return false;
+    }
+    run.Begin(BackupKind::groups, reply->list.rows.size());
+    BackupFile file = run.writer.Begin("groups.json");
+    ContentSum content;
+    file.Write(kRecordsBegin);
+    bool first = true;
+    for (const ContactGroup& group : reply->list.rows) {
+        file.Write(RecordLine(RecordDocument(group), std::exchange(first, false)));
+        if (!group.title.empty()) {
+            content.Add(ToUtf8(group.title));
+        }
+        run.Step();
+    }
+    file.Write(kRecordsEnd);
+    return run.End(content.Hex(), {&file});
+}
+
+bool BackUpContacts(BackupRun& run) {
+    const auto reply = run.Await<ContactListReply>([agent = run.agent] {
+        return AskedAgain([&] { return FetchContactList(AgentSession(agent), NoAttribution); });
+    });
+    if (!reply || !run.AcceptList(*reply)) {
+        return false;
+    }
+    const std::vector<ContactListRow>& rows = reply->list.rows;
+    run.Begin(BackupKind::contacts, rows.size());
+    BackupFile file = run.writer.Begin("contacts.vcf");
+    ContentSum content;
+    auto ids = std::make_shared<std::vector<std::uint32_t>>();
+    for (const ContactListRow& row : rows) {
+        ids->push_back(row.contactId);
+    }
+    SideBySide<ContactReply> details(
+        rows.size(), kMostSideBySide,
+        [ids, agent = run.agent](std::size_t index) {
+            return FetchContact(AgentSession(agent), (*ids)[index]);
+        },
+        BrokeOff);
+    for (const ContactListRow& row : rows) {
+        const auto detail = details.Next(run.stop);
+        if (!detail) {
+            return run.FailStopped();
+        }
+        if (!run.Accept(detail->outcome)) {
+            return false;
+        }
+        if (file.Error()) {
+            return run.FailDisk(file.Error());
+        }
+        if (!detail->record || !IsDetailOf(*detail->record, row)) {
+            run.Skip(Called(row), detail->outcome == SessionOutcome::noData
+                                      ? u8"手机没有给出这个联系人的资料"
+                                      : u8"手机给出的资料读不懂");
+            run.CountOneLess();
+        } else {
+            ContactCard card = CardOf(*detail->record, TextOf(row.photo.Bytes()));
+            file.Write(WriteVCard(card));
+            if (const std::string record = ContentOf(card); !record.empty()) {
+                content.Add(record);
+            }
+        }
+        run.Step();
+    }
+    return run.End(content.Hex(), {&file});
+}
+
+}  // namespace quorvi

@@ -1,0 +1,119 @@
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "backup/BackupRun.h"
+#include "backup/Csv.h"
+#include "backup/RecordFiles.h"
+#include "base/Text.h"
+#include "pages/messages/Conversations.h"
+
+namespace quorvi {
+namespace {
+
+bool BrokeOff(const ConversationReply& reply) {
+    return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
+}
+
+std::string CsvLine(std::vector<std::string> ansiCells) {
+    for (std::string& cell : ansiCells) {
+        AnsiToUtf8(cell);
+    }
+    std::string line;
+    AppendCsvRow(ansiCells, line);
+    return line;
+}
+
+std::string Called(const Conversation& conversation) {
+    return !conversation.name.empty() ? conversation.name : conversation.number;
+}
+
+}  // namespace
+
+bool BackUpMessages(BackupRun& run) {
+    const auto reply = run.Await<ConversationListReply>([agent = run.agent] {
+        return AskedAgain([&] { return FetchConversations(AgentSession(agent), NoAttribution); });
+    });
+    if (!reply || !run.Accept(reply->outcome)) {
+        return false;
+    }
+    if (HasPayload(reply->outcome) && !reply->whole) {
+        return run.FailNotWhole();
+    }
+    const std::vector<Conversation>& conversations = reply->conversations;
+    run.Begin(BackupKind::messages, conversations.size());
+    BackupFile json = run.writer.Begin("messages.json");
+    BackupFile csv = run.writer.Begin("messages.csv");
+    json.Write(kRecordsBegin);
+    csv.Write(kUtf8Mark);
+    csv.Write(
+        CsvLine({Ansi(u8"会话"), Ansi(u8"号码"), Ansi(u8"方向"), Ansi(u8"时间"), Ansi(u8"内容")}));
+    auto ids = std::make_shared<std::vector<std::uint32_t>>();
+    for (const Conversation& conversation : conversations) {
+        ids->push_back(conversation.id);
+    }
+    SideBySide<ConversationReply> details(
+        conversations.size(), kMostSideBySide,
+        [ids, agent = run.agent](std::size_t index) {
+            return FetchConversation(AgentSession(agent), (*ids)[index]);
+        },
+        BrokeOff);
+    std::uint32_t count = 0;
+    for (const Conversation& conversation : conversations) {
+        const auto detail = details.Next(run.stop);
+        if (!detail) {
+            return run.FailStopped();
+        }
+        if (!run.Accept(detail->outcome)) {
+            return false;
+        }
+        if (!detail->whole) {
+            run.Skip(Called(conversation), detail->outcome == SessionOutcome::noData
+                                               ? u8"手机没有给出这个会话的短信"
+                                               : u8"手机给出的短信读不懂");
+        }
+        for (const ConversationMessage& message : detail->messages) {
+            json.Write(RecordLine(RecordDocument(conversation, message), count == 0));
+            csv.Write(CsvLine({Called(conversation), message.address,
+                               Ansi(message.incoming ? u8"收到" : u8"发出"), message.date,
+                               message.text}));
+            ++count;
+        }
+        for (const BackupFile* file : {&json, &csv}) {
+            if (file->Error()) {
+                return run.FailDisk(file->Error());
+            }
+        }
+        run.Step();
+    }
+    json.Write(kRecordsEnd);
+    run.SetCount(count);
+    return run.End({}, {&json, &csv});
+}
+
+bool BackUpCalls(BackupRun& run) {
+    const auto reply = run.Await<CallLogReply>([agent = run.agent] {
+        return AskedAgain([&] { return FetchCallLog(AgentSession(agent), NoAttribution); });
+    });
+    if (!reply || !run.AcceptList(*reply)) {
+        return false;
+    }
+    run.Begin(BackupKind::calls, reply->list.rows.size());
+    BackupFile json = run.writer.Begin("calls.json");
+    BackupFile csv = run.writer.Begin("calls.csv");
+    json.Write(kRecordsBegin);
+    csv.Write(kUtf8Mark);
+    csv.Write(
+        CsvLine({Ansi(u8"姓名"), Ansi(u8"号码"), Ansi(u8"类型"), Ansi(u8"时间"), Ansi(u8"时长")}));
+    bool first = true;
+    for (const CallLogRow& row : reply->list.rows) {
+        json.Write(RecordLine(RecordDocument(row), std::exchange(first, false)));
+        csv.Write(CsvLine({row.name, row.number, CallTypeText(row.type), row.time,
+                           std::string(TrimRight(row.duration))}));
+        run.Step();
+    }
+    json.Write(kRecordsEnd);
+    return run.End({}, {&json, &csv});
+}
+
+}  // namespace quorvi
