@@ -13,6 +13,7 @@ Status RunAppsList(const Arguments& arguments, const Context& context, Output& o
 Status RunAppsRun(const Arguments& arguments, const Context& context, Output& output);
 Status RunAppsUninstall(const Arguments& arguments, const Context& context, Output& output);
 Status RunAutoStartList(const Arguments& arguments, const Context& context, Output& output);
+Status RunBackup(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output);
 Status RunBookmarksList(const Arguments& arguments, const Context& context, Output& output);
@@ -50,6 +51,7 @@ Status RunNumber(const Arguments& arguments, const Context& context, Output& out
 Status RunProcessesEnd(const Arguments& arguments, const Context& context, Output& output);
 Status RunProcessesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunProcessesMemory(const Arguments& arguments, const Context& context, Output& output);
+Status RunRestore(const Arguments& arguments, const Context& context, Output& output);
 Status RunScreenshot(const Arguments& arguments, const Context& context, Output& output);
 Status RunSettingsRead(const Arguments& arguments, const Context& context, Output& output);
 Status RunSettingsWrite(const Arguments& arguments, const Context& context, Output& output);
@@ -60,6 +62,7 @@ Status RunSmsShow(const Arguments& arguments, const Context& context, Output& ou
 Status RunSpecs(const Arguments& arguments, const Context& context, Output& output);
 Status RunSpecsCheck(const Arguments& arguments, const Context& context, Output& output);
 Status RunUpdate(const Arguments& arguments, const Context& context, Output& output);
+Status RunVerify(const Arguments& arguments, const Context& context, Output& output);
 Status RunWeather(const Arguments& arguments, const Context& context, Output& output);
 
 }  // namespace quorvi::cli
