@@ -52,7 +52,7 @@ PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress&
     }
     const bool isMark = length.value == NoDataMark && noData == NoDataWord::endsTheReply;
     if (isMark || length.value == 0) {
-        return {SessionOutcome::noData, {}};
+        return {SessionOutcome::noData, {}, !length.whole};
     }
     ReplyBuffer buffer(length.value);
     if (buffer.Length() != length.value) {

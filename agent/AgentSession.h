@@ -48,6 +48,9 @@ struct PayloadReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
     // Holds bytes for `complete` and `cut`, none for the others.
     ReplyBuffer buffer;
+    // The connection ended inside the length word. What did not come of it counts as zero, so that
+    // `noData` may be the outcome of what was no answer at all.
+    bool lengthIsCut = false;
 
     [[nodiscard]] bool HasPayload() const { return quorvi::HasPayload(outcome); }
 };

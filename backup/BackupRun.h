@@ -6,12 +6,21 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "agent/AgentSession.h"
 #include "backup/Backup.h"
 #include "backup/BackupWriter.h"
+#include "backup/ContactCard.h"
+#include "backup/PhoneLists.h"
 #include "backup/SideBySide.h"
+#include "pages/alarms/AlarmList.h"
+#include "pages/bookmarks/BookmarkList.h"
+#include "pages/calls/CallLog.h"
+#include "pages/contacts/ContactGroups.h"
+#include "pages/contacts/ContactList.h"
 #include "pages/kit/ListReply.h"
+#include "pages/messages/Conversations.h"
 
 namespace quorvi {
 
@@ -42,10 +51,11 @@ class BackupRun {
 
     // A session of a list; nothing when the run has failed. No data gives an empty list.
     template <typename Reply>
-    std::optional<Reply> FetchWhole(Reply (*fetch)(const AgentSession&,
+    std::optional<Reply> FetchWhole(AgentCommand list,
+                                    Reply (*fetch)(const AgentSession&,
                                                    const AgentSession::Progress&)) {
-        return Await<Reply>([fetch, address = agent] {
-            return AskedAgain([&] { return fetch(AgentSession(address), {}); });
+        return Await<Reply>([list, fetch, address = agent] {
+            return FetchSurely(address, list, [&] { return fetch(AgentSession(address), {}); });
         });
     }
     template <typename Reply>
@@ -79,6 +89,16 @@ class BackupRun {
     const Progress& tell_;
     BackedUpKind counted_;
 };
+
+// Each writes what was listed, and reads what the list does not say; false when the run has ended
+// with it.
+bool WriteGroups(BackupRun& run, const std::vector<ContactGroup>& groups);
+bool WriteContacts(BackupRun& run, const std::vector<ContactListRow>& rows);
+bool WriteCards(BackupRun& run, const std::vector<ContactCard>& cards);
+bool WriteConversations(BackupRun& run, const std::vector<Conversation>& conversations);
+bool WriteCalls(BackupRun& run, const std::vector<CallLogRow>& rows);
+bool WriteAlarms(BackupRun& run, const std::vector<AlarmRow>& rows);
+bool WriteBookmarks(BackupRun& run, const std::vector<BookmarkRow>& rows);
 
 // Each backs one kind up; false when the run has ended with it.
 bool BackUpGroups(BackupRun& run);

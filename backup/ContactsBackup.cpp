@@ -27,19 +27,22 @@ std::string Called(const ContactListRow& row) {
     return !row.name.empty() ? row.name : row.number;
 }
 
+void WriteCard(const ContactCard& card, BackupFile& file, ContentSum& content) {
+    file.Write(WriteVCard(card));
+    if (const std::string record = ContentOf(card); !record.empty()) {
+        content.Add(record);
+    }
+}
+
 }  // namespace
 
-bool BackUpGroups(BackupRun& run) {
-    const auto reply = run.FetchWhole(FetchContactGroups);
-    if (!reply || !run.AcceptList(*reply)) {
-        return false;
-    }
-    run.Begin(BackupKind::groups, reply->list.rows.size());
+bool WriteGroups(BackupRun& run, const std::vector<ContactGroup>& groups) {
+    run.Begin(BackupKind::groups, groups.size());
     BackupFile file = run.writer.Begin("groups.json");
     ContentSum content;
     file.Write(kRecordsBegin);
     bool first = true;
-    for (const ContactGroup& group : reply->list.rows) {
+    for (const ContactGroup& group : groups) {
         file.Write(RecordLine(RecordDocument(group), std::exchange(first, false)));
         if (!group.title.empty()) {
             content.Add(ToUtf8(group.title));
@@ -50,14 +53,18 @@ bool BackUpGroups(BackupRun& run) {
     return run.End(content.Hex(), {&file});
 }
 
-bool BackUpContacts(BackupRun& run) {
-    const auto reply = run.Await<ContactListReply>([agent = run.agent] {
-        return AskedAgain([&] { return FetchContactList(AgentSession(agent), NoAttribution); });
-    });
-    if (!reply || !run.AcceptList(*reply)) {
-        return false;
+bool WriteCards(BackupRun& run, const std::vector<ContactCard>& cards) {
+    run.Begin(BackupKind::contacts, cards.size());
+    BackupFile file = run.writer.Begin("contacts.vcf");
+    ContentSum content;
+    for (const ContactCard& card : cards) {
+        WriteCard(card, file, content);
+        run.Step();
     }
-    const std::vector<ContactListRow>& rows = reply->list.rows;
+    return run.End(content.Hex(), {&file});
+}
+
+bool WriteContacts(BackupRun& run, const std::vector<ContactListRow>& rows) {
     run.Begin(BackupKind::contacts, rows.size());
     BackupFile file = run.writer.Begin("contacts.vcf");
     ContentSum content;
@@ -88,15 +95,24 @@ bool BackUpContacts(BackupRun& run) {
                                       : u8"手机给出的资料读不懂");
             run.CountOneLess();
         } else {
-            ContactCard card = CardOf(*detail->record, TextOf(row.photo.Bytes()));
-            file.Write(WriteVCard(card));
-            if (const std::string record = ContentOf(card); !record.empty()) {
-                content.Add(record);
-            }
+            WriteCard(CardOf(*detail->record, TextOf(row.photo.Bytes())), file, content);
         }
         run.Step();
     }
     return run.End(content.Hex(), {&file});
+}
+
+bool BackUpGroups(BackupRun& run) {
+    const auto reply = run.FetchWhole(AgentCommand::listGroups, FetchContactGroups);
+    return reply && run.AcceptList(*reply) && WriteGroups(run, reply->list.rows);
+}
+
+bool BackUpContacts(BackupRun& run) {
+    const auto reply = run.Await<ContactListReply>([agent = run.agent] {
+        return FetchSurely(agent, AgentCommand::listContacts,
+                           [&] { return FetchContactList(AgentSession(agent), NoAttribution); });
+    });
+    return reply && run.AcceptList(*reply) && WriteContacts(run, reply->list.rows);
 }
 
 }  // namespace quorvi

@@ -30,17 +30,7 @@ std::string Called(const Conversation& conversation) {
 
 }  // namespace
 
-bool BackUpMessages(BackupRun& run) {
-    const auto reply = run.Await<ConversationListReply>([agent = run.agent] {
-        return AskedAgain([&] { return FetchConversations(AgentSession(agent), NoAttribution); });
-    });
-    if (!reply || !run.Accept(reply->outcome)) {
-        return false;
-    }
-    if (HasPayload(reply->outcome) && !reply->whole) {
-        return run.FailNotWhole();
-    }
-    const std::vector<Conversation>& conversations = reply->conversations;
+bool WriteConversations(BackupRun& run, const std::vector<Conversation>& conversations) {
     run.Begin(BackupKind::messages, conversations.size());
     BackupFile json = run.writer.Begin("messages.json");
     BackupFile csv = run.writer.Begin("messages.csv");
@@ -91,14 +81,8 @@ bool BackUpMessages(BackupRun& run) {
     return run.End({}, {&json, &csv});
 }
 
-bool BackUpCalls(BackupRun& run) {
-    const auto reply = run.Await<CallLogReply>([agent = run.agent] {
-        return AskedAgain([&] { return FetchCallLog(AgentSession(agent), NoAttribution); });
-    });
-    if (!reply || !run.AcceptList(*reply)) {
-        return false;
-    }
-    run.Begin(BackupKind::calls, reply->list.rows.size());
+bool WriteCalls(BackupRun& run, const std::vector<CallLogRow>& rows) {
+    run.Begin(BackupKind::calls, rows.size());
     BackupFile json = run.writer.Begin("calls.json");
     BackupFile csv = run.writer.Begin("calls.csv");
     json.Write(kRecordsBegin);
@@ -106,7 +90,7 @@ bool BackUpCalls(BackupRun& run) {
     csv.Write(
         CsvLine({Ansi(u8"姓名"), Ansi(u8"号码"), Ansi(u8"类型"), Ansi(u8"时间"), Ansi(u8"时长")}));
     bool first = true;
-    for (const CallLogRow& row : reply->list.rows) {
+    for (const CallLogRow& row : rows) {
         json.Write(RecordLine(RecordDocument(row), std::exchange(first, false)));
         csv.Write(CsvLine({row.name, row.number, CallTypeText(row.type), row.time,
                            std::string(TrimRight(row.duration))}));
@@ -114,6 +98,28 @@ bool BackUpCalls(BackupRun& run) {
     }
     json.Write(kRecordsEnd);
     return run.End({}, {&json, &csv});
+}
+
+bool BackUpMessages(BackupRun& run) {
+    const auto reply = run.Await<ConversationListReply>([agent = run.agent] {
+        return FetchSurely(agent, AgentCommand::listConversations,
+                           [&] { return FetchConversations(AgentSession(agent), NoAttribution); });
+    });
+    if (!reply || !run.Accept(reply->outcome)) {
+        return false;
+    }
+    if (HasPayload(reply->outcome) && !reply->whole) {
+        return run.FailNotWhole();
+    }
+    return WriteConversations(run, reply->conversations);
+}
+
+bool BackUpCalls(BackupRun& run) {
+    const auto reply = run.Await<CallLogReply>([agent = run.agent] {
+        return FetchSurely(agent, AgentCommand::listCalls,
+                           [&] { return FetchCallLog(AgentSession(agent), NoAttribution); });
+    });
+    return reply && run.AcceptList(*reply) && WriteCalls(run, reply->list.rows);
 }
 
 }  // namespace quorvi

@@ -11,17 +11,14 @@ namespace {
 
 // One list, one file, and, for what can be restored, the sum of its content.
 template <typename Row>
-bool BackUpList(BackupRun& run, BackupKind kind, const std::string& name,
-                const ListReply<Row>& reply) {
-    if (!run.AcceptList(reply)) {
-        return false;
-    }
-    run.Begin(kind, reply.list.rows.size());
+bool WriteList(BackupRun& run, BackupKind kind, const std::string& name,
+               const std::vector<Row>& rows) {
+    run.Begin(kind, rows.size());
     BackupFile file = run.writer.Begin(name);
     file.Write(kRecordsBegin);
     ContentSum content;
     bool first = true;
-    for (const Row& row : reply.list.rows) {
+    for (const Row& row : rows) {
         file.Write(RecordLine(RecordDocument(row), std::exchange(first, false)));
         if constexpr (requires { SettingsToRestore(row); }) {
             if (const std::string record = ContentOf(SettingsToRestore(row)); !record.empty()) {
@@ -39,22 +36,31 @@ bool BackUpList(BackupRun& run, BackupKind kind, const std::string& name,
 
 }  // namespace
 
+bool WriteAlarms(BackupRun& run, const std::vector<AlarmRow>& rows) {
+    return WriteList(run, BackupKind::alarms, "alarms.json", rows);
+}
+
+bool WriteBookmarks(BackupRun& run, const std::vector<BookmarkRow>& rows) {
+    return WriteList(run, BackupKind::bookmarks, "bookmarks.json", rows);
+}
+
 bool BackUpAlarms(BackupRun& run) {
-    const auto reply = run.FetchWhole(FetchAlarmList);
-    return reply && BackUpList(run, BackupKind::alarms, "alarms.json", *reply);
+    const auto reply = run.FetchWhole(AgentCommand::listAlarms, FetchAlarmList);
+    return reply && run.AcceptList(*reply) && WriteAlarms(run, reply->list.rows);
 }
 
 bool BackUpBookmarks(BackupRun& run) {
-    const auto reply = run.FetchWhole(FetchBookmarkList);
-    return reply && BackUpList(run, BackupKind::bookmarks, "bookmarks.json", *reply);
+    const auto reply = run.FetchWhole(AgentCommand::listBookmarks, FetchBookmarkList);
+    return reply && run.AcceptList(*reply) && WriteBookmarks(run, reply->list.rows);
 }
 
 bool BackUpApplications(BackupRun& run) {
-    auto reply = run.FetchWhole(FetchAppList);
+    auto reply = run.FetchWhole(AgentCommand::listApplications, FetchAppList);
     if (reply && reply->list.rows.empty()) {
         reply->list.marked.reset();  // so an agent says that it has none
     }
-    return reply && BackUpList(run, BackupKind::applications, "applications.json", *reply);
+    return reply && run.AcceptList(*reply) &&
+           WriteList(run, BackupKind::applications, "applications.json", reply->list.rows);
 }
 
 bool BackUpPhone(BackupRun& run) {

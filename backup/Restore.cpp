@@ -8,6 +8,7 @@
 
 #include "backup/ContactMatch.h"
 #include "backup/Content.h"
+#include "backup/PhoneLists.h"
 #include "backup/SideBySide.h"
 #include "base/Text.h"
 #include "pages/alarms/AlarmList.h"
@@ -75,8 +76,11 @@ std::optional<Reply> Restore::Await(std::function<Reply()> session) {
 
 // The rows of a list that was read to its end; nothing for any other.
 template <typename Row>
-std::optional<std::vector<Row>> Restore::FetchRows(std::function<ListReply<Row>()> fetch) {
-    auto reply = Await<ListReply<Row>>([fetch = std::move(fetch)] { return AskedAgain(fetch); });
+std::optional<std::vector<Row>> Restore::FetchRows(AgentCommand list,
+                                                   std::function<ListReply<Row>()> fetch) {
+    auto reply = Await<ListReply<Row>>([list, agent = agent_, fetch = std::move(fetch)] {
+        return FetchSurely(agent, list, fetch);
+    });
     if (!reply || !Accept(reply->outcome)) {
         return std::nullopt;
     }
@@ -103,8 +107,9 @@ RestoreStatus Restore::Prepare(const StopSignal& stop) {
 }
 
 bool Restore::ReadGroups() {
-    auto groups = FetchRows<ContactGroup>(
-        [agent = agent_] { return FetchContactGroups(AgentSession(agent)); });
+    auto groups = FetchRows<ContactGroup>(AgentCommand::listGroups, [agent = agent_] {
+        return FetchContactGroups(AgentSession(agent));
+    });
     if (!groups) {
         return false;
     }
@@ -121,8 +126,9 @@ bool Restore::ReadPhone() {
         return false;
     }
     if (Wants(BackupKind::alarms)) {
-        const auto rows =
-            FetchRows<AlarmRow>([agent = agent_] { return FetchAlarmList(AgentSession(agent)); });
+        const auto rows = FetchRows<AlarmRow>(AgentCommand::listAlarms, [agent = agent_] {
+            return FetchAlarmList(AgentSession(agent));
+        });
         if (!rows) {
             return false;
         }
@@ -131,8 +137,9 @@ bool Restore::ReadPhone() {
         }
     }
     if (Wants(BackupKind::bookmarks)) {
-        const auto rows = FetchRows<BookmarkRow>(
-            [agent = agent_] { return FetchBookmarkList(AgentSession(agent)); });
+        const auto rows = FetchRows<BookmarkRow>(AgentCommand::listBookmarks, [agent = agent_] {
+            return FetchBookmarkList(AgentSession(agent));
+        });
         if (!rows) {
             return false;
         }
@@ -153,9 +160,13 @@ bool Restore::ReadPhone() {
 }
 
 bool Restore::ReadContacts() {
-    const auto rows = FetchRows<ContactListRow>(
-        [agent = agent_] { return FetchContactList(AgentSession(agent), NoAttribution); });
+    const auto rows = FetchRows<ContactListRow>(AgentCommand::listContacts, [agent = agent_] {
+        return FetchContactList(AgentSession(agent), NoAttribution);
+    });
     if (!rows) {
+        return false;
+    }
+    if (rows->empty() && !HasNoMembers()) {
         return false;
     }
     std::set<std::string> names;
@@ -174,6 +185,16 @@ bool Restore::ReadContacts() {
         }
     }
     return ReadCards(asked, phone_.cards);
+}
+
+bool Restore::HasNoMembers() {
+    const auto outcome = Await<SessionOutcome>([agent = agent_] {
+        return AgentSession(agent).RunPayload(BareRequest(AgentCommand::listGroupMembers)).outcome;
+    });
+    if (!outcome || !Accept(*outcome)) {
+        return false;
+    }
+    return *outcome == SessionOutcome::noData || Fail(RestoreEnd::notWhole, kUnreadable);
 }
 
 bool Restore::ReadCards(const std::vector<ContactListRow>& rows, std::vector<ContactCard>& cards) {
@@ -288,8 +309,9 @@ bool Restore::PutNewIntoGroups() {
     if (waiting.empty()) {
         return true;
     }
-    auto rows = FetchRows<ContactListRow>(
-        [agent = agent_] { return FetchContactList(AgentSession(agent), NoAttribution); });
+    auto rows = FetchRows<ContactListRow>(AgentCommand::listContacts, [agent = agent_] {
+        return FetchContactList(AgentSession(agent), NoAttribution);
+    });
     if (!rows) {
         return false;
     }
@@ -326,17 +348,21 @@ bool Restore::ConfirmListed(BackupKind kind) {
     };
     bool asked = false;
     if (kind == BackupKind::groups) {
-        asked = look(FetchRows<ContactGroup>(
-            [agent = agent_] { return FetchContactGroups(AgentSession(agent)); }));
+        asked = look(FetchRows<ContactGroup>(AgentCommand::listGroups, [agent = agent_] {
+            return FetchContactGroups(AgentSession(agent));
+        }));
     } else if (kind == BackupKind::contacts) {
-        asked = look(FetchRows<ContactListRow>(
-            [agent = agent_] { return FetchContactList(AgentSession(agent), NoAttribution); }));
+        asked = look(FetchRows<ContactListRow>(AgentCommand::listContacts, [agent = agent_] {
+            return FetchContactList(AgentSession(agent), NoAttribution);
+        }));
     } else if (kind == BackupKind::alarms) {
-        asked = look(
-            FetchRows<AlarmRow>([agent = agent_] { return FetchAlarmList(AgentSession(agent)); }));
+        asked = look(FetchRows<AlarmRow>(AgentCommand::listAlarms, [agent = agent_] {
+            return FetchAlarmList(AgentSession(agent));
+        }));
     } else {
-        asked = look(FetchRows<BookmarkRow>(
-            [agent = agent_] { return FetchBookmarkList(AgentSession(agent)); }));
+        asked = look(FetchRows<BookmarkRow>(AgentCommand::listBookmarks, [agent = agent_] {
+            return FetchBookmarkList(AgentSession(agent));
+        }));
     }
     if (asked && !listed) {
         return Fail(RestoreEnd::notWhole,

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "agent/AgentAddress.h"
+#include "agent/AgentCommand.h"
 #include "agent/AgentSession.h"
 #include "agent/Request.h"
 #include "backup/BackupReader.h"
@@ -59,13 +60,17 @@ class Restore {
     template <typename Reply>
     std::optional<Reply> Await(std::function<Reply()> session);
     template <typename Row>
-    std::optional<std::vector<Row>> FetchRows(std::function<ListReply<Row>()> fetch);
+    std::optional<std::vector<Row>> FetchRows(AgentCommand list,
+                                              std::function<ListReply<Row>()> fetch);
 
     bool ReadPhone();
     bool ReadContacts();
     // The details of these rows of the list, as cards.
     bool ReadCards(const std::vector<ContactListRow>& rows, std::vector<ContactCard>& cards);
     bool ReadGroups();
+    // Whether a phone that lists no contacts lists no numbers for messages either: if it does, all
+    // would be doubled.
+    bool HasNoMembers();
 
     bool DoItem(const RestoreItem& item);
     bool Send(const Bytes& request);

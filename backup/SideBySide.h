@@ -13,12 +13,9 @@
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <string>
-#include <string_view>
 #include <thread>
 #include <utility>
 
-#include "agent/AgentSession.h"
 #include "base/os/StopSignal.h"
 #include "base/os/Wakeup.h"
 
@@ -146,19 +143,6 @@ template <typename Result>
         1, 1, [run = std::move(run)](std::size_t) { return run(); },
         [](const Result&) { return false; });
     return one.Next(stop);
-}
-
-// The same session once more where the phone says that it has nothing: one that has just started
-// says so of lists that it has not read yet.
-template <typename Fetch>
-[[nodiscard]] auto AskedAgain(Fetch fetch) {
-    auto reply = fetch();
-    return reply.outcome == SessionOutcome::noData ? fetch() : std::move(reply);
-}
-
-// What pages show beside a number, and a backup has no use for.
-[[nodiscard]] inline std::string NoAttribution(std::string_view) {
-    return {};
 }
 
 }  // namespace quorvi
