@@ -210,6 +210,23 @@ void BackupWriter::Remove() {
     }
 }
 
+void RemoveUnfinishedBackups(const std::filesystem::path& folder) {
+    std::error_code failed;
+    std::filesystem::directory_iterator entry(folder, failed);
+    for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
+        const std::string name = entry->path().filename().native();
+        if (!name.starts_with('.') || !name.ends_with(kPartSuffix)) {
+            continue;
+        }
+        const FileDescriptor part(
+            open(entry->path().c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (part.IsOpen() && flock(part.Get(), LOCK_EX | LOCK_NB) == 0) {
+            std::error_code ignored;
+            std::filesystem::remove_all(entry->path(), ignored);
+        }
+    }
+}
+
 std::string DiskErrorText(const std::error_code& error) {
     struct Reason {
         std::errc code;

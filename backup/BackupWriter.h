@@ -71,6 +71,9 @@ class BackupWriter {
     std::error_code error_;
 };
 
+// Takes away what killed writers have left in a folder; what a writer still writes stays.
+void RemoveUnfinishedBackups(const std::filesystem::path& folder);
+
 // What went wrong with the disk, and what can be done about it. ANSI.
 [[nodiscard]] std::string DiskErrorText(const std::error_code& error);
 

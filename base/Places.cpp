@@ -18,6 +18,7 @@ constexpr std::array<const char*, 2> kInstalledFolders{"../share/quorvi", "../li
 constexpr const char* kUserFolder = "Quorvi";
 constexpr const char* kSettingsName = "Quorvi.ini";
 constexpr const char* kTaskDatabaseName = "Config.db";
+constexpr const char* kDeletedItemsFolder = "deleted";
 
 // An absolute path that a variable tells.
 std::filesystem::path PathOf(const Environment& environment, const char* name,
@@ -54,6 +55,10 @@ std::filesystem::path Places::SettingsFile() const {
 std::filesystem::path Places::TaskDatabase() const {
     return MayWriteIn(program.parent_path()) ? Beside(kTaskDatabaseName)
                                              : data / kUserFolder / kTaskDatabaseName;
+}
+
+std::filesystem::path Places::DeletedItems() const {
+    return data / kUserFolder / kDeletedItemsFolder;
 }
 
 Places PlacesOf(std::filesystem::path program, const Environment& environment) {

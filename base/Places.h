@@ -44,6 +44,10 @@ struct Places {
     // The tasks' database, Config.db: beside the program; or, where files can't be made there, in
     // the user's data folder. The folder may have to be made first.
     [[nodiscard]] std::filesystem::path TaskDatabase() const;
+
+    // Where what the user deletes from a phone is kept for a while: a folder, which may have to be
+    // made first.
+    [[nodiscard]] std::filesystem::path DeletedItems() const;
 };
 
 // The places of a program by its environment, as freedesktop.org's base directories lay them down:
