@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "backup/BackupRun.h"
-#include "backup/Csv.h"
-#include "backup/RecordFiles.h"
+#include "backup/CallFile.h"
+#include "backup/MessageFile.h"
 #include "base/Text.h"
 #include "pages/messages/Conversations.h"
 
@@ -13,15 +13,6 @@ namespace {
 
 bool BrokeOff(const ConversationReply& reply) {
     return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
-}
-
-std::string CsvLine(std::vector<std::string> ansiCells) {
-    for (std::string& cell : ansiCells) {
-        AnsiToUtf8(cell);
-    }
-    std::string line;
-    AppendCsvRow(ansiCells, line);
-    return line;
 }
 
 std::string Called(const Conversation& conversation) {
@@ -34,10 +25,8 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
     run.Begin(BackupKind::messages, conversations.size());
     BackupFile json = run.writer.Begin("messages.json");
     BackupFile csv = run.writer.Begin("messages.csv");
-    json.Write(kRecordsBegin);
-    csv.Write(kUtf8Mark);
-    csv.Write(
-        CsvLine({Ansi(u8"会话"), Ansi(u8"号码"), Ansi(u8"方向"), Ansi(u8"时间"), Ansi(u8"内容")}));
+    json.Write(MessageFileHead(MessageFormat::json));
+    csv.Write(MessageFileHead(MessageFormat::csv));
     auto ids = std::make_shared<std::vector<std::uint32_t>>();
     for (const Conversation& conversation : conversations) {
         ids->push_back(conversation.id);
@@ -48,6 +37,7 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
             return FetchConversation(AgentSession(agent), (*ids)[index]);
         },
         BrokeOff);
+    std::size_t index = 0;
     std::uint32_t count = 0;
     for (const Conversation& conversation : conversations) {
         const auto detail = details.Next(run.stop);
@@ -62,13 +52,10 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
                                                ? u8"手机没有给出这个会话的短信"
                                                : u8"手机给出的短信读不懂");
         }
-        for (const ConversationMessage& message : detail->messages) {
-            json.Write(RecordLine(RecordDocument(conversation, message), count == 0));
-            csv.Write(CsvLine({Called(conversation), message.address,
-                               Ansi(message.incoming ? u8"收到" : u8"发出"), message.date,
-                               message.text}));
-            ++count;
-        }
+        json.Write(ConversationInFile(MessageFormat::json, index, conversation, detail->messages));
+        csv.Write(ConversationInFile(MessageFormat::csv, index, conversation, detail->messages));
+        ++index;
+        count += static_cast<std::uint32_t>(detail->messages.size());
         for (const BackupFile* file : {&json, &csv}) {
             if (file->Error()) {
                 return run.FailDisk(file->Error());
@@ -76,7 +63,8 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
         }
         run.Step();
     }
-    json.Write(kRecordsEnd);
+    json.Write(MessageFileFoot(MessageFormat::json));
+    csv.Write(MessageFileFoot(MessageFormat::csv));
     run.SetCount(count);
     return run.End({}, {&json, &csv});
 }
@@ -85,18 +73,8 @@ bool WriteCalls(BackupRun& run, const std::vector<CallLogRow>& rows) {
     run.Begin(BackupKind::calls, rows.size());
     BackupFile json = run.writer.Begin("calls.json");
     BackupFile csv = run.writer.Begin("calls.csv");
-    json.Write(kRecordsBegin);
-    csv.Write(kUtf8Mark);
-    csv.Write(
-        CsvLine({Ansi(u8"姓名"), Ansi(u8"号码"), Ansi(u8"类型"), Ansi(u8"时间"), Ansi(u8"时长")}));
-    bool first = true;
-    for (const CallLogRow& row : rows) {
-        json.Write(RecordLine(RecordDocument(row), std::exchange(first, false)));
-        csv.Write(CsvLine({row.name, row.number, CallTypeText(row.type), row.time,
-                           std::string(TrimRight(row.duration))}));
-        run.Step();
-    }
-    json.Write(kRecordsEnd);
+    json.Write(WriteCallFile(CallFormat::json, rows));
+    csv.Write(WriteCallFile(CallFormat::csv, rows));
     return run.End({}, {&json, &csv});
 }
 

@@ -88,16 +88,6 @@ Json::Value RecordDocument(const BookmarkRow& row) {
     return record;
 }
 
-Json::Value RecordDocument(const CallLogRow& row) {
-    Json::Value record(Json::objectValue);
-    record["name"] = JsonText(row.name);
-    record["number"] = JsonText(row.number);
-    record["time"] = JsonText(row.time);
-    record["duration"] = JsonText(std::string(TrimRight(row.duration)));
-    record["type"] = row.type;
-    return record;
-}
-
 Json::Value RecordDocument(const AppRecord& row) {
     Json::Value record(Json::objectValue);
     record["name"] = JsonText(row.name);
@@ -113,17 +103,6 @@ Json::Value RecordDocument(const SystemInfo& info) {
     for (const SystemInfoRow& row : SystemInfoTable(info)) {
         record[ToUtf8(row.caption)] = JsonText(std::string(TrimRight(row.text)));
     }
-    return record;
-}
-
-Json::Value RecordDocument(const Conversation& conversation, const ConversationMessage& message) {
-    Json::Value record(Json::objectValue);
-    record["conversation"] = conversation.id;
-    record["name"] = JsonText(conversation.name);
-    record["address"] = JsonText(message.address);
-    record["incoming"] = message.incoming;
-    record["date"] = JsonText(message.date);
-    record["text"] = JsonText(message.text);
     return record;
 }
 

@@ -11,9 +11,7 @@
 #include "pages/alarms/AlarmList.h"
 #include "pages/apps/AppList.h"
 #include "pages/bookmarks/BookmarkList.h"
-#include "pages/calls/CallLog.h"
 #include "pages/contacts/ContactGroups.h"
-#include "pages/messages/Conversations.h"
 #include "pages/phoneinfo/SystemInfo.h"
 
 namespace quorvi {
@@ -21,12 +19,8 @@ namespace quorvi {
 [[nodiscard]] Json::Value RecordDocument(const ContactGroup& group);
 [[nodiscard]] Json::Value RecordDocument(const AlarmRow& row);
 [[nodiscard]] Json::Value RecordDocument(const BookmarkRow& row);
-[[nodiscard]] Json::Value RecordDocument(const CallLogRow& row);
 [[nodiscard]] Json::Value RecordDocument(const AppRecord& row);
 [[nodiscard]] Json::Value RecordDocument(const SystemInfo& info);
-// Of the conversation in which it stands.
-[[nodiscard]] Json::Value RecordDocument(const Conversation& conversation,
-                                         const ConversationMessage& message);
 
 // The pieces of a file, UTF-8, a record a line.
 inline constexpr std::string_view kRecordsBegin = "[";

@@ -1,6 +1,8 @@
 #include <utility>
+#include <vector>
 
 #include "backup/BackupRun.h"
+#include "backup/BookmarkFile.h"
 #include "backup/Content.h"
 #include "backup/RecordFiles.h"
 #include "base/Json.h"
@@ -9,10 +11,11 @@
 namespace quorvi {
 namespace {
 
-// One list, one file, and, for what can be restored, the sum of its content.
+// One list, one file, another beside it for other programs, and, for what can be restored, the sum
+// of its content.
 template <typename Row>
 bool WriteList(BackupRun& run, BackupKind kind, const std::string& name,
-               const std::vector<Row>& rows) {
+               const std::vector<Row>& rows, BackupFile* beside = nullptr) {
     run.Begin(kind, rows.size());
     BackupFile file = run.writer.Begin(name);
     file.Write(kRecordsBegin);
@@ -31,7 +34,11 @@ bool WriteList(BackupRun& run, BackupKind kind, const std::string& name,
     constexpr bool kIsRestored = requires(const Row& row) {
         SettingsToRestore(row);
     };
-    return run.End(kIsRestored ? content.Hex() : std::string(), {&file});
+    std::vector<BackupFile*> files{&file};
+    if (beside != nullptr) {
+        files.push_back(beside);
+    }
+    return run.End(kIsRestored ? content.Hex() : std::string(), std::move(files));
 }
 
 }  // namespace
@@ -41,7 +48,13 @@ bool WriteAlarms(BackupRun& run, const std::vector<AlarmRow>& rows) {
 }
 
 bool WriteBookmarks(BackupRun& run, const std::vector<BookmarkRow>& rows) {
-    return WriteList(run, BackupKind::bookmarks, "bookmarks.json", rows);
+    std::vector<FileBookmark> bookmarks;
+    for (const BookmarkRow& row : rows) {
+        bookmarks.push_back({ToUtf8(row.title), ToUtf8(row.url), row.visits});
+    }
+    BackupFile page = run.writer.Begin("bookmarks.html");
+    page.Write(WriteBookmarkFile(bookmarks));
+    return WriteList(run, BackupKind::bookmarks, "bookmarks.json", rows, &page);
 }
 
 bool BackUpAlarms(BackupRun& run) {
