@@ -29,7 +29,6 @@ Status RunContactsList(const Arguments& arguments, const Context& context, Outpu
 Status RunContactsShow(const Arguments& arguments, const Context& context, Output& output);
 Status RunContactsUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunDevices(const Arguments& arguments, const Context& context, Output& output);
-Status RunExport(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsAdd(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsList(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsPause(const Arguments& arguments, const Context& context, Output& output);
@@ -37,6 +36,7 @@ Status RunDownloadsReinstall(const Arguments& arguments, const Context& context,
 Status RunDownloadsRemove(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsResume(const Arguments& arguments, const Context& context, Output& output);
 Status RunDownloadsRun(const Arguments& arguments, const Context& context, Output& output);
+Status RunExport(const Arguments& arguments, const Context& context, Output& output);
 Status RunFeedback(const Arguments& arguments, const Context& context, Output& output);
 Status RunFilesList(const Arguments& arguments, const Context& context, Output& output);
 Status RunGroupsAdd(const Arguments& arguments, const Context& context, Output& output);

@@ -68,7 +68,8 @@ Status RunSmsShow(const Arguments& arguments, const Context& context, Output& ou
     if (!ids) {
         return Status::wrongUsage;
     }
-    const auto [outcome, whole, messages] = FetchConversation(AgentSession(context.agent), ids->front());
+    const auto [outcome, whole, messages] =
+        FetchConversation(AgentSession(context.agent), ids->front());
     const Status status = output.Report(outcome);
     if (status != Status::done) {
         return status;

@@ -20,8 +20,8 @@ OwnProgram::OwnProgram(std::string_view siteRoot) {
         std::filesystem::copy_file(built, folder_.Path() / kProgram);
     }
     std::filesystem::create_directory(folder_.Path() / "Data");
-    std::ofstream(folder_.Path() / "Data" / "deployment.json") << fmt::format(
-        R"({{"site":"{0}","store":"{0}","download":"{0}"}})", siteRoot);
+    std::ofstream(folder_.Path() / "Data" / "deployment.json")
+        << fmt::format(R"({{"site":"{0}","store":"{0}","download":"{0}"}})", siteRoot);
 }
 
 std::vector<std::string> OwnProgram::Line(std::vector<std::string> arguments) const {
