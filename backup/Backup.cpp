@@ -84,7 +84,7 @@ void BackupRun::Skip(std::string what, std::u8string_view why) {
     }
 }
 
-bool BackupRun::End(std::string content, std::vector<BackupFile*> files) {
+bool BackupRun::End(std::string content, const std::vector<BackupFile*>& files) {
     for (BackupFile* file : files) {
         counted_.files.push_back(file->Close());
         if (file->Error()) {

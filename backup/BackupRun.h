@@ -80,7 +80,7 @@ class BackupRun {
     void Step();
     void Skip(std::string what, std::u8string_view why);
     // The kind is done, with what was counted: closes its files.
-    bool End(std::string content, std::vector<BackupFile*> files);
+    bool End(std::string content, const std::vector<BackupFile*>& files);
     // One less than was listed.
     void CountOneLess() { --counted_.count; }
     void SetCount(std::uint32_t count) { counted_.count = count; }

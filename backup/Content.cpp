@@ -15,8 +15,8 @@ std::string OneLine(const Json::Value& document) {
 Json::Value SortedList(std::vector<std::string> texts) {
     std::ranges::sort(texts);
     Json::Value list(Json::arrayValue);
-    for (std::string& text : texts) {
-        list.append(std::move(text));
+    for (const std::string& text : texts) {
+        list.append(text);
     }
     return list;
 }

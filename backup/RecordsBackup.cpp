@@ -38,7 +38,7 @@ bool WriteList(BackupRun& run, BackupKind kind, const std::string& name,
     if (beside != nullptr) {
         files.push_back(beside);
     }
-    return run.End(kIsRestored ? content.Hex() : std::string(), std::move(files));
+    return run.End(kIsRestored ? content.Hex() : std::string(), files);
 }
 
 }  // namespace
