@@ -68,13 +68,21 @@ QPixmap Render(const QByteArray& drawing, QSize size, qreal dpr) {
     return pixmap;
 }
 
-QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr) {
+// Icons are drawn for 16 to 24, with a stroke that is too heavy where one is shown as a picture.
+void ThinStroke(QByteArray& drawing) {
+    drawing.replace("stroke-width=\"1.75\"", "stroke-width=\"1.25\"");
+}
+
+QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr, bool thin = false) {
     const Key key{name.toString(), size, color.rgba(), dpr};
     if (const auto found = Cache().constFind(key); found != Cache().constEnd()) {
         return *found;
     }
     QByteArray drawing = Drawing(name);
     drawing.replace("currentColor", color.name().toLatin1());
+    if (thin) {
+        ThinStroke(drawing);
+    }
     const QPixmap made = drawing.isEmpty() ? QPixmap() : Render(drawing, size, dpr);
     if (Cache().size() >= kCacheLimit) {
         Cache().clear();
@@ -86,11 +94,11 @@ QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr) {
 }  // namespace
 
 QPixmap icon(QStringView name, int px, const QColor& color, qreal dpr) {
-    return Cached(name, QSize(px, px), color, dpr);
+    return Cached(name, QSize(px, px), color, dpr, px >= Metric::weatherIcon);
 }
 
 QPixmap icon(QStringView name, int px, Color color, qreal dpr) {
-    return Cached(name, QSize(px, px), look::color(color), dpr);
+    return icon(name, px, look::color(color), dpr);
 }
 
 QPixmap picture(QStringView name, QSize size, qreal dpr) {

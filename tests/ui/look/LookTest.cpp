@@ -207,6 +207,24 @@ TEST_F(LookTest, AnIconTakesTheColourAskedFor) {
     EXPECT_GT(pure, 0);
 }
 
+// Both pictures are of 64 device pixels.
+TEST_F(LookTest, AnIconThatIsShownAsAPictureHasAThinnerStroke) {
+    const auto ink = [](const QPixmap& pixmap) {
+        const QImage image = pixmap.toImage();
+        qint64 sum = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                sum += image.pixelColor(x, y).alpha();
+            }
+        }
+        return sum;
+    };
+    const auto large = ink(look::icon(u"weather-0", 64, Color::plum6, 1));
+    const auto usual = ink(look::icon(u"weather-0", 32, Color::plum6, 2));
+    EXPECT_GT(large, 0);
+    EXPECT_LT(large, usual * 9 / 10);
+}
+
 TEST_F(LookTest, AnIconThatIsMissingIsNull) {
     EXPECT_TRUE(look::icon(u"no-such-icon", 24, Color::ink, 1.0).isNull());
 }
