@@ -2,6 +2,9 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
 #include <QVBoxLayout>
 #include <optional>
 #include <utility>
@@ -51,6 +54,26 @@ struct ForecastRow {
 QString IconOf(const WeatherDay& day) {
     return QStringLiteral("weather-%1").arg(day.icon);
 }
+
+// The ground of today's weather, which grows light from its top to its foot.
+class TodayPanel : public QWidget {
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr qreal kLightFrom = 0.56;  // of the height
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF area = look::snapped(painter, rect());
+        QLinearGradient ground(area.topLeft(), area.bottomLeft());
+        ground.setColorAt(0, look::color(Color::rowHover));
+        ground.setColorAt(kLightFrom, look::color(Color::rowLight));
+        ground.setColorAt(1, look::color(Color::surface));
+        QPainterPath shape;
+        shape.addRoundedRect(area, Metric::radiusPanel, Metric::radiusPanel);
+        painter.fillPath(shape, ground);
+        look::plate(painter, rect(), Metric::radiusPanel, Qt::transparent,
+                    look::color(Color::rowBorder));
+    }
+};
 
 QLabel* Value(Size size = Size::s13) {
     return new PlainLabel({}, size, Color::ink);
@@ -139,7 +162,7 @@ QWidget* WeatherPage::MakeToday() {
     words->addWidget(new RemarkLabel(ToQString(u8"风向：")), 1, 0);
     words->addWidget(wind_, 1, 1);
 
-    auto* panel = new SkinPanel;
+    auto* panel = new TodayPanel;
     panel->setFixedWidth(Metric::weatherToday);
     auto* rows = new QVBoxLayout(panel);
     rows->setContentsMargins(Metric::gap4, Metric::gap4, Metric::gap4, Metric::gap4);
