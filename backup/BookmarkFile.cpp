@@ -219,6 +219,10 @@ BookmarkFile ReadBookmarkFile(std::string_view file) {
         file.remove_prefix(std::min(tag.size() + 1, file.size()));
         const Link link = ReadLink(attributes);
         const std::size_t end = EndOfTitle(file);
+        if (link.href && read.bookmarks.size() + read.tooLong.size() == kMostBookmarks) {
+            read.tooMany = true;
+            return read;
+        }
         if (link.href) {
             AddLink(link, file.substr(0, end), read);
         }

@@ -27,10 +27,14 @@ struct FileBookmark {
 // Of a title and of an address, as they stand in the file.
 inline constexpr std::size_t kMostBookmarkBytes = 64 * 1024;
 
+// No more are read of one file.
+inline constexpr std::size_t kMostBookmarks = 100'000;
+
 struct BookmarkFile {
     std::vector<FileBookmark> bookmarks;
     // What is longer than kMostBookmarkBytes: its title, as far as that goes.
     std::vector<std::string> tooLong;
+    bool tooMany = false;  // the file has more than kMostBookmarks, and was read up to there
 };
 
 // True of the addresses that a browser opens: http, https and ftp with something behind them.

@@ -366,6 +366,10 @@ ContactTable ReadContactTable(std::string_view file) {
         if (std::ranges::all_of(*row, [](const auto& cell) { return Trim(cell).empty(); })) {
             continue;
         }
+        if (table.cards.size() + table.skipped.size() == kMostTableRows) {
+            table.tooMany = true;
+            break;
+        }
         ContactCard card = reader.Read(*row);
         if (RecordOf(card)) {
             table.cards.push_back(std::move(card));

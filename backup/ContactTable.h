@@ -16,11 +16,15 @@ namespace quorvi {
 // of each the type. Photos are left out.
 [[nodiscard]] std::string WriteContactTable(std::span<const ContactCard> cards);
 
+// No more rows are read of one table.
+inline constexpr std::size_t kMostTableRows = 100'000;
+
 struct ContactTable {
     std::vector<ContactCard> cards;
     std::vector<std::size_t> skipped;  // rows of which nothing could be called by a name; from 2
     // False when the first row names no column that could hold a name, number or e-mail address.
     bool hasHeading = false;
+    bool tooMany = false;  // it has more than kMostTableRows, and was read up to there
     bool tooWide = false;  // a row has more cells than kMostCsvColumns: what follows is not read
 };
 

@@ -45,7 +45,8 @@ std::string NameOf(const SkippedCard& card) {
 // Photos are not kept: a file of many would fill the memory for nothing.
 void TakeCard(ReadCard&& read, ImportContent& content) {
     if (!read.card.photo.empty()) {
-        read.card.photo = {};
+        const std::string dropped = std::move(read.card.photo);  // and its memory with it
+        read.card.photo.clear();
         read.leftOut.emplace_back("PHOTO");
     }
     content.cards.push_back(std::move(read));
@@ -61,14 +62,16 @@ void ReadCards(const std::filesystem::path& file, ImportContent& content) {
     while (in.read(piece.data(), static_cast<std::streamsize>(piece.size())), in.gcount() > 0) {
         const auto count = static_cast<std::size_t>(in.gcount());
         bytes += count;
-        if (bytes > kMostImportedBytes || content.cards.size() > kMostImportedRecords) {
+        if (bytes > kMostImportedBytes || content.cards.size() > kMostImportedCards) {
             content.status = FileFailed(kTooLarge);
             return;
         }
         reader.Feed(std::string_view(piece).substr(0, count));
     }
     reader.End();
-    if (in.bad()) {
+    if (content.cards.size() > kMostImportedCards) {
+        content.status = FileFailed(kTooLarge);
+    } else if (in.bad()) {
         content.status = FileFailed(kCannotRead);
     } else if (reader.Refused()) {
         content.status = FileFailed(u8"名片一层套一层，太深了，没有导入");
@@ -81,6 +84,10 @@ void ReadTable(std::string_view text, ImportContent& content) {
     ContactTable table = ReadContactTable(text);
     if (!table.hasHeading) {
         content.status = FileFailed(u8"表格的第一行没有“姓名”“电话”这样的列名，请加上列名后再试");
+        return;
+    }
+    if (table.tooMany) {
+        content.status = FileFailed(kTooLarge);
         return;
     }
     if (table.tooWide) {
@@ -98,6 +105,10 @@ void ReadTable(std::string_view text, ImportContent& content) {
 
 void ReadBookmarks(std::string_view text, ImportContent& content) {
     BookmarkFile file = ReadBookmarkFile(text);
+    if (file.tooMany) {
+        content.status = FileFailed(kTooLarge);
+        return;
+    }
     for (std::string& title : file.tooLong) {
         content.skipped.Add(ToAnsi(title), u8"名称或网址太长");
     }
@@ -197,9 +208,6 @@ ImportContent ReadImportFile(FileKind kind, const std::filesystem::path& file) {
             return content;
         }
         kind == FileKind::contacts ? ReadTable(*text, content) : ReadBookmarks(*text, content);
-    }
-    if (std::max(content.cards.size(), content.bookmarks.size()) > kMostImportedRecords) {
-        content.status = FileFailed(kTooLarge);
     }
     return content;
 }

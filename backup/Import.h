@@ -13,8 +13,8 @@
 
 namespace quorvi {
 
-// What is read at most: a larger file is refused, and so is one of more records.
-inline constexpr std::size_t kMostImportedRecords = 100'000;
+// What is read of a file of vCards at most: a larger one is refused, and so is one of more cards.
+inline constexpr std::size_t kMostImportedCards = 100'000;
 inline constexpr std::size_t kMostImportedBytes = 256 * 1024 * 1024;
 // Of a table or a bookmark file, which are held in memory.
 inline constexpr std::size_t kMostImportedTableBytes = 64 * 1024 * 1024;

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "backup/BookmarkFile.h"
 #include "backup/ContactCard.h"
+#include "backup/ContactTable.h"
 #include "backup/Import.h"
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
@@ -170,7 +172,7 @@ TEST_F(Imports, AFileThatIsNotThereIsRefused) {
 
 TEST_F(Imports, AFileOfMoreRecordsThanAPhoneHoldsIsRefused) {
     std::string file = "name\n";
-    for (std::size_t i = 0; i <= kMostImportedRecords; ++i) {
+    for (std::size_t i = 0; i <= kMostTableRows; ++i) {
         file += "A\n";
     }
     EXPECT_EQ(Read(FileKind::contacts, "a.csv", file).status.why,
@@ -211,6 +213,24 @@ TEST_F(Imports, BookmarksThatAreNotThereAreAdded) {
     EXPECT_THAT(agent_.Requests(AgentCommand::addBookmark),
                 ElementsAre(AddBookmarkRequest({Ansi(u8"路况"), "http://b.example", 2}),
                             AddBookmarkRequest({"http://c.example", "http://c.example", 0})));
+}
+
+TEST_F(Imports, AFileOfTooManyBookmarksIsRefused) {
+    std::string file;
+    for (std::size_t i = 0; i <= kMostBookmarks; ++i) {
+        file += "<a href=http://a>";
+    }
+    EXPECT_EQ(Read(FileKind::bookmarks, "a.html", file).status.why,
+              Ansi(u8"文件太大，没有导入，请分成几个文件再试"));
+}
+
+TEST_F(Imports, PhotosDoNotFillTheMemory) {
+    std::string photo(300'000, 'A');
+    const ImportContent content =
+        ReadCards("BEGIN:VCARD\nVERSION:3.0\nFN:A\nPHOTO;ENCODING=b:" + photo + "\nEND:VCARD\n");
+    ASSERT_THAT(content.cards, SizeIs(1));
+    EXPECT_LT(content.cards.front().card.photo.capacity(), 1000U);
+    EXPECT_THAT(content.cards.front().leftOut, ElementsAre("PHOTO"));
 }
 
 TEST_F(Imports, AFileWithoutBookmarksIsRefused) {
