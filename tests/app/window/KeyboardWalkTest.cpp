@@ -16,6 +16,7 @@
 #include "tests/support/HtmlDriver.h"
 #include "tests/support/MainDoubles.h"
 #include "tests/support/ScriptedAgent.h"
+#include "tests/support/ScriptedSite.h"
 #include "tests/support/WidgetTest.h"
 #include "tests/support/WindowDriver.h"
 #include "ui/kit/SkinDialog.h"
@@ -65,6 +66,8 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         agent_.AnswerPayload(AgentCommand::listAutoStart,
                              AutoStartPayload({{.event = 1}, {.event = 2}}).Get());
         services_.agent = AgentAddress(agent_.Port());
+        store_.AnswerPage("<html><a href='/1'>one</a> <a href='qvh:a.apk'>two</a></html>");
+        services_.deployment.storeRoot = store_.Root();
         MakeWindowOf(ThePageMakers());
         ShowActive(*window_);
         AwaitPage();
@@ -228,6 +231,7 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
     }
 
     ScriptedAgent agent_;
+    ScriptedSite store_;
 };
 
 TEST_F(KeyboardWalk, LeadsThroughAllPagesToEveryControlAndDoesNothingUnasked) {
