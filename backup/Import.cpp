@@ -246,7 +246,8 @@ ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, Im
             }
             ++result.added;
             if (const std::string left = LeftOutText(read); !left.empty()) {
-                result.leftOut.Add(name + ": " + left, u8"手机的新联系人不接受这些内容");
+                result.leftOut.Add(std::string(name).append(": ").append(left),
+                                   u8"手机的新联系人不接受这些内容");
             }
         }
         watch.Tell(++done, content.cards.size());
