@@ -68,7 +68,11 @@ TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
          {"bin/quorvi", "bin/quorvictl", "bin/quorvi-phone", "bin/quorvi-site", kModule,
           "share/quorvi/Data/deployment.json", "share/quorvi/com.quorvi.Quorvi.apk",
           "share/applications/quorvi.desktop", "share/icons/hicolor/scalable/apps/quorvi.svg",
-          "share/doc/quorvi/README.md"}) {
+          "share/doc/quorvi/README.md", "share/doc/quorvi/copyright",
+          "share/doc/quorvi/changelog.gz", "share/man/man1/quorvi.1.gz",
+          "share/man/man1/quorvictl.1.gz", "share/man/man1/quorvi-phone.1.gz",
+          "share/bash-completion/completions/quorvictl",
+          "share/metainfo/com.quorvi.Quorvi.metainfo.xml"}) {
         EXPECT_TRUE(QFile::exists(In(file))) << file;
     }
 }
@@ -84,6 +88,24 @@ TEST_F(Install, DesktopEntryIsValid) {
                                  {In("share/applications/quorvi.desktop")});
     EXPECT_EQ(ended.status, 0) << ended.output.toStdString();
     EXPECT_TRUE(ended.output.isEmpty()) << ended.output.toStdString();
+}
+
+TEST_F(Install, SoftwareCentresCanReadWhatTheSuiteIs) {
+    const Ended ended = RunToEnd(QStringLiteral("appstreamcli"),
+                                 {QStringLiteral("validate"), QStringLiteral("--no-net"),
+                                  In("share/metainfo/com.quorvi.Quorvi.metainfo.xml")});
+    EXPECT_EQ(ended.status, 0) << ended.output.toStdString();
+}
+
+TEST_F(Install, ManualsAreThoseOfEachProgram) {
+    for (const char* name : {"quorvi", "quorvictl", "quorvi-phone", "quorvi-site"}) {
+        const Ended ended =
+            RunToEnd(QStringLiteral("gzip"),
+                     {QStringLiteral("-dc"),
+                      In("share/man/man1/") + QLatin1String(name) + QStringLiteral(".1.gz")});
+        EXPECT_EQ(ended.status, 0) << name;
+        EXPECT_TRUE(ended.output.contains(QStringLiteral(".SH 名称"))) << name;
+    }
 }
 
 TEST_F(Install, DesktopEntryStartsTheInstalledProgramAndOpensItsLinks) {
