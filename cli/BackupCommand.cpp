@@ -1,6 +1,7 @@
 // Backing a phone up, bringing a backup back to it, and looking at a backup.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 #include <filesystem>
