@@ -9,8 +9,7 @@
 #include "base/Text.h"
 #include "pages/downloads/DownloadPage.h"
 #include "pages/kit/QueuePackage.h"
-#include "tests/support/PagesOnPhone.h"
-#include "tests/support/SiteServer.h"
+#include "tests/app/store/StoreDriver.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/kit/SkinTree.h"
@@ -36,10 +35,10 @@ enum Column { columnIcon, columnName, columnType, columnProgress, columnState, c
 constexpr const char* kInfoPath = "feedback/android_info.php";
 constexpr const char* kPackage = "com.example.tingshu";
 
-class DownloadStory : public PagesOnPhone {
+class DownloadStory : public StoreDriver {
   public:
     static void SetUpTestSuite() {
-        site_ = std::make_unique<SiteServer>(R"(
+        site_ = std::make_unique<SiteServer>(std::string(kStoreLocation) + R"(
             location /files/ { alias FILES/; }
             location /slow/ { alias FILES/; limit_rate 60k; }
         )");
@@ -73,7 +72,9 @@ class DownloadStory : public PagesOnPhone {
     }
 
     static void StartProgram() {
-        StandUp(MakersAt({.siteRoot = site_->Root(), .downloadRoot = site_->Root()}),
+        StandUp(MakersAt({.siteRoot = site_->Root(),
+                          .storeRoot = site_->Root(),
+                          .downloadRoot = site_->Root()}),
                 kept_->Path() / "Config.db");
     }
     // As when the process goes: what runs is cut off, and the table keeps what it holds.
@@ -168,10 +169,22 @@ class DownloadStory : public PagesOnPhone {
 std::unique_ptr<SiteServer> DownloadStory::site_;
 std::unique_ptr<TemporaryFolder> DownloadStory::kept_;
 
-TEST_F(DownloadStory, ALinkIsDownloadedPausedResumedByTheNextRunAndInstalled) {
+TEST_F(DownloadStory, APackageOfTheStoreIsDownloadedPausedResumedByTheNextRunAndInstalled) {
     EXPECT_THAT(Installed(), Not(HasSubstr(kPackage)));
     Offer("slow");
-    FollowTheLink();
+    site_->Serve("search.php", "<h1>found</h1> <a id=item href='/archives/7.html'>x</a>");
+    site_->Serve("archives/7.html",
+                 "<h1>item</h1> <a id=get href='qvh:com.example.tingshu.apk'>x</a>");
+
+    // A search, the item's page, and a click on its package.
+    Search(u8"听书");
+    ASSERT_TRUE(WaitForHeading("found"));
+    ClickHtml(View(), QStringLiteral("#item"));
+    ASSERT_TRUE(WaitForHeading("item"));
+    ClickHtml(View(), QStringLiteral("#get"));
+    ASSERT_TRUE(WaitFor([] { return Store().LoadTaskList(TaskFilter::all).tasks.size() == 1; }));
+
+    OpenPage(kDownloads);
     ASSERT_TRUE(WaitFor([] { return List().RowCount() == 1; }));
     EXPECT_EQ(Text(columnName), ToQString(u8"晨间听书"));
     ASSERT_TRUE(WaitFor([] { return Badge() == 1; }));

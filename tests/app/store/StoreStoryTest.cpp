@@ -2,14 +2,9 @@
 // package, and the package on the phone; with a real server as the site, the real engine, and adb.
 #include <gmock/gmock.h>
 
-#include "app/window/CaptionBar.h"
 #include "base/Text.h"
-#include "pages/store/StorePage.h"
-#include "tests/support/ControlDriver.h"
-#include "tests/support/PagesOnPhone.h"
-#include "tests/support/SiteServer.h"
+#include "tests/app/store/StoreDriver.h"
 #include "tests/support/TemporaryFolder.h"
-#include "ui/kit/SkinFields.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
@@ -21,15 +16,12 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-constexpr int kStore = 20;
 constexpr const char* kPackage = "com.example.tingshu";
 
-class StoreStory : public PagesOnPhone {
+class StoreStory : public StoreDriver {
   public:
     static void SetUpTestSuite() {
-        site_ = std::make_unique<SiteServer>(
-            "location ~ ^(/|/search.php|/archives/.*)$ { root FILES; default_type text/html;"
-            " index index.html; }");
+        site_ = std::make_unique<SiteServer>(kStoreLocation);
         kept_ = std::make_unique<TemporaryFolder>();
         StandUp(MakersAt({.siteRoot = site_->Root(),
                           .storeRoot = site_->Root(),
@@ -58,19 +50,6 @@ class StoreStory : public PagesOnPhone {
         site_->Serve("apk/tingshu.apk", "PK\x03\x04" + std::string(400'000, 'x'));
     }
 
-    static CHtmlCtrlFix& View() { return OnPage<CHtmlCtrlFix>(StorePage::kView); }
-    static bool WaitForHeading(const char* heading) {
-        return WaitFor([&] {
-            return Window().MainPage() == kStore && View().Browser() != nullptr &&
-                   AskHtml(View(), QStringLiteral("document.querySelector('h1')?.innerText"))
-                           .toString() == QLatin1StringView(heading);
-        });
-    }
-    static void Search(std::u8string_view words) {
-        auto& box = *Window().findChild<CaptionBar*>();
-        Type(box.Search(), ToQString(words));
-        QTest::keyClick(&box.Search(), Qt::Key_Return);
-    }
     static std::vector<std::string> Asked() {
         std::vector<std::string> lines;
         for (const SiteRequest& request : site_->Requests(0)) {
