@@ -49,6 +49,7 @@ bool WriteAlarms(BackupRun& run, const std::vector<AlarmRow>& rows) {
 
 bool WriteBookmarks(BackupRun& run, const std::vector<BookmarkRow>& rows) {
     std::vector<FileBookmark> bookmarks;
+    bookmarks.reserve(rows.size());
     for (const BookmarkRow& row : rows) {
         bookmarks.push_back({ToUtf8(row.title), ToUtf8(row.url), row.visits});
     }

@@ -12,8 +12,8 @@
 #include "base/Format.h"
 #include "base/Json.h"
 #include "base/Text.h"
+#include "base/os/Interrupt.h"
 #include "cli/Commands.h"
-#include "cli/InterruptStop.h"
 #include "cli/Output.h"
 
 namespace quorvi::cli {
@@ -187,11 +187,11 @@ Status RunBackup(const Arguments& arguments, const Context& context, Output& out
     if (!kinds) {
         return Status::wrongUsage;
     }
-    const InterruptStop stop;
+    const Interrupt interrupt;
     const std::string& target = arguments.operands.front();
     const BackupResult result = quorvi::RunBackup(
         context.agent, {.target = PathOf(target), .kinds = *kinds, .now = std::time(nullptr)},
-        [](const BackupProgress&) {}, stop.Signal());
+        [](const BackupProgress&) {}, interrupt.Signal());
     const bool whole = result.end == BackupEnd::whole;
     if (!whole) {
         output.Complain(result.why);
@@ -221,16 +221,16 @@ Status RunRestore(const Arguments& arguments, const Context& context, Output& ou
     if (!reader) {
         return Status::wrongUsage;
     }
-    const InterruptStop stop;
+    const Interrupt interrupt;
     Restore restore(context.agent, *reader, *kinds);
-    RestoreStatus status = restore.Prepare(stop.Signal());
+    RestoreStatus status = restore.Prepare(interrupt.Signal());
     if (status.end != RestoreEnd::whole) {
         output.Complain(status.why);
         return StatusOf(status.end);
     }
     const bool dryRun = arguments.Has("--dry-run");
     if (!dryRun) {
-        status = restore.Run([](std::size_t, std::size_t) {}, stop.Signal());
+        status = restore.Run([](std::size_t, std::size_t) {}, interrupt.Signal());
     }
     if (status.end != RestoreEnd::whole) {
         output.Complain(status.why);
@@ -256,9 +256,9 @@ Status RunVerify(const Arguments& arguments, const Context&, Output& output) {
     if (!reader) {
         return Status::wrongUsage;
     }
-    const InterruptStop stop;
-    const std::string why = reader->Verify(stop.Signal());
-    if (stop.Signal().IsStopped()) {
+    const Interrupt interrupt;
+    const std::string why = reader->Verify(interrupt.Signal());
+    if (interrupt.Signal().IsStopped()) {
         return Status::noLink;
     }
     const Manifest& manifest = reader->TheManifest();

@@ -4,7 +4,6 @@
 #include <signal.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <memory>
 
@@ -13,16 +12,16 @@
 namespace quorvi {
 namespace {
 
-constexpr std::array<int, 2> kSignals{SIGINT, SIGTERM};
+constexpr std::array<int, 3> kSignals{SIGINT, SIGTERM, SIGHUP};
 
 // What the handler touches.
-std::atomic<bool> hasCome = false;
+std::unique_ptr<StopSignal> come;
 std::unique_ptr<Wakeup> wakeup;
 std::array<struct sigaction, kSignals.size()> before;
 
 void Take(int) {
     const int error = errno;
-    hasCome = true;
+    come->Stop();
     wakeup->Raise();
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
         if (before[i].sa_handler != SIG_IGN) {
@@ -35,7 +34,7 @@ void Take(int) {
 }  // namespace
 
 Interrupt::Interrupt() {
-    hasCome = false;
+    come = std::make_unique<StopSignal>();
     wakeup = std::make_unique<Wakeup>();
     struct sigaction ours {};
     ours.sa_handler = Take;
@@ -55,7 +54,11 @@ Interrupt::~Interrupt() {
 }
 
 bool Interrupt::HasCome() const {
-    return hasCome;
+    return come->IsStopped();
+}
+
+const StopSignal& Interrupt::Signal() const {
+    return *come;
 }
 
 void Interrupt::WaitFor(std::chrono::milliseconds limit) const {

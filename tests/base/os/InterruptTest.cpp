@@ -23,11 +23,12 @@ int EndOf(const Work& work) {
 }
 
 TEST(Interrupt, TheFirstOneIsKeptForWhoAsks) {
-    for (const int number : {SIGINT, SIGTERM}) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
         const Interrupt interrupt;
         EXPECT_FALSE(interrupt.HasCome());
         raise(number);
         EXPECT_TRUE(interrupt.HasCome());
+        EXPECT_TRUE(interrupt.Signal().IsStopped());
     }
 }
 
