@@ -133,7 +133,8 @@ std::vector<RecipientChips::Placed> RecipientChips::PlacedOnLines() const {
     }
     // Those that are no number go first: it is they that the user has to see.
     std::vector<RecipientChip> order = chips_;
-    std::ranges::stable_partition(order, [](const RecipientChip& chip) { return !chip.isNumber; });
+    std::stable_partition(order.begin(), order.end(),
+                          [](const RecipientChip& chip) { return !chip.isNumber; });
     Lines lines(width());
     static_cast<void>(AddTo(lines, order));
     lines.AddLast(Measured({ToQString(u8"等 %1 个").arg(count_), true}));

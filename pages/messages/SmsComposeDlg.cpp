@@ -44,7 +44,7 @@ struct ConversationShown {
 std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& members) {
     std::vector<TreeNode> nodes;
     for (const RecipientGroup& group : RecipientTree(names, members)) {
-        TreeNode& node = nodes.emplace_back(ToQString(group.text));
+        TreeNode& node = nodes.emplace_back(TreeNode{.text = ToQString(group.text)});
         for (const std::string& member : group.members) {
             node.children.push_back({ToQString(member)});
         }

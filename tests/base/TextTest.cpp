@@ -92,7 +92,7 @@ TEST(Text, AZeroByteInsideATextIsKept) {
 }
 
 TEST(Text, ALongTextIsConvertedWholeWhereverItsPiecesEnd) {
-    for (const std::size_t shift : {0, 1, 2}) {
+    for (const std::size_t shift : {0U, 1U, 2U}) {
         std::string utf8(shift, 'x');
         std::string ansi(shift, 'x');
         for (int i = 0; i < 100'000; ++i) {

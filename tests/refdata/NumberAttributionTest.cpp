@@ -16,7 +16,7 @@ namespace {
 class NumberAttribution : public ::testing::Test {
   protected:
     // 1391234 is Changzhou, 1861235 is Beijing, all others have no record.
-    const ScratchDirectory scratch_;
+    const ScratchDirectory scratch_{};
     const CPhoneDb db_{scratch_.Path(), DatabaseOf({{1391234, 145}, {1861235, 2}})};
 
     struct Case {

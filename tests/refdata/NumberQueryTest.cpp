@@ -10,7 +10,7 @@ namespace {
 
 class NumberQuery : public ::testing::Test {
   protected:
-    const ScratchDirectory scratch_;
+    const ScratchDirectory scratch_{};
     const CPhoneDb db_{scratch_.Path(), DatabaseOf({{1391234, 145}})};
 };
 

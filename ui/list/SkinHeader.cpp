@@ -47,7 +47,7 @@ void CSkinHeader::paintEvent(QPaintEvent*) {
         const int inset = left ? Metric::cellPadding : Metric::hairline;
         const QRect area = cell.adjusted(inset, 0, -Metric::hairline, 0);
         painter.drawText(
-            area, Qt::AlignVCenter | (left ? Qt::AlignLeft : Qt::AlignHCenter),
+            area, static_cast<int>(Qt::AlignVCenter | (left ? Qt::AlignLeft : Qt::AlignHCenter)),
             fontMetrics().elidedText(ToQString(column.caption), Qt::ElideRight, area.width()));
     }
 }

@@ -116,7 +116,7 @@ class SuiteOnDoubles : public WidgetTest {
     [[nodiscard]] PageMakers NotedPages() {
         PageMakers makers = ProbePages();
         for (auto& [dialog, make] : makers) {
-            make = [this, make](PageHost& host, const Services& services, QWidget* parent) {
+            make = [this, make = make](PageHost& host, const Services& services, QWidget* parent) {
                 if (!madePages_) {
                     madePages_ = true;
                     steps_.Note("pages of " + parent->window()->windowTitle().toStdString());

@@ -85,7 +85,7 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         }));
         for (const auto& [page, element] : kFilled) {
             ASSERT_TRUE(
-                window_->MainPage() != page || WaitFor([&] {
+                window_->MainPage() != page || WaitFor([&, element = element] {
                     return !InnerHtml(*Views().constFirst(), QLatin1StringView(element)).isEmpty();
                 }));
         }

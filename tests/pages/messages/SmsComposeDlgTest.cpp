@@ -558,7 +558,7 @@ TEST_F(Composer, SendsSeveralLinesAsTheyStand) {
 TEST_F(Composer, TenThousandPeopleInTwoGroupsAreAllInTheField) {
     constexpr std::size_t kPeople = 10'000;
     WireBytes members = MembersPayload({});
-    for (const std::uint64_t group : {5, 9}) {
+    for (const std::uint64_t group : {5U, 9U}) {
         for (std::size_t i = 0; i < kPeople; ++i) {
             const std::string number = std::to_string(13'800'000'000 + i);
             members.U64(group).Text("林远舟 " + number).Text(number);
@@ -672,7 +672,7 @@ TEST_P(ComposerCut, MayBeClosedAtEveryStepOfAStalledReply) {
     reply.resize(came);
     agent_.Answer(command, {reply, ScriptedAgent::End::wait});
     OpenAt(agent_.Port(), 7);
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(command).empty(); }));
+    ASSERT_TRUE(WaitFor([&, command = command] { return !agent_.Requests(command).empty(); }));
     QTest::qWait(10);
     PressIn(kComposer, 1021);
     EXPECT_TRUE(Ended(QDialog::Rejected));

@@ -29,7 +29,7 @@ class NumberQueryDlgTest : public QtTest {
         ASSERT_TRUE(QTest::qWaitFor([this] { return Find<QWidget>(1124).isEnabled(); }, 30'000));
     }
 
-    const ScratchDirectory scratch_;
+    const ScratchDirectory scratch_{};
     QStringList opened_;
     int made_ = 0;
     NumberQueryDlg dialog_{[this] {

@@ -45,7 +45,7 @@ int Distance(const Colour& a, const Colour& b) {
 }
 
 TEST(OctreeQuantizer, LimitOutsideEightToTwoHundredAndFiftySixIsRefused) {
-    for (const std::size_t limit : {0, 1, 7, 257, 1000}) {
+    for (const std::size_t limit : {0U, 1U, 7U, 257U, 1000U}) {
         EXPECT_FALSE(OctreeQuantizer::WithLimit(limit)) << limit;
     }
     EXPECT_TRUE(OctreeQuantizer::WithLimit(8));
@@ -65,7 +65,7 @@ TEST(OctreeQuantizer, FewColoursStayAsTheyAre) {
 }
 
 TEST(OctreeQuantizer, PaletteNeverHasMoreColoursThanTheLimit) {
-    for (const std::size_t limit : {8, 9, 100, 256}) {
+    for (const std::size_t limit : {8U, 9U, 100U, 256U}) {
         const IndexedPicture indexed =
             OctreeQuantizer::WithLimit(limit)->Quantize(PictureOf(Noise(20'000)));
         EXPECT_LE(indexed.palette.size(), limit);

@@ -222,7 +222,7 @@ TEST(ScreenCapture, FrameOfFourGigabytesTakesWhatArrivesOfIt) {
 
 TEST(ScreenCapture, SilenceAtEachStepEndsTheCapture) {
     const Bytes whole = SmallFrame(RedAtZero());
-    for (const std::size_t count : {0, 4, 8, 12, 28, 44, 60, 64}) {
+    for (const std::size_t count : {0U, 4U, 8U, 12U, 28U, 44U, 60U, 64U}) {
         const Capture capture = CaptureOf({whole.begin(), whole.begin() + std::ptrdiff_t(count)},
                                           Answer::End::wait, milliseconds(20));
         ExpectNone(capture, CaptureResult::refused, CaptureFault::stalled);
