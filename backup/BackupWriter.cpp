@@ -14,6 +14,7 @@
 
 #include "backup/ZipWriter.h"
 #include "base/Text.h"
+#include "base/os/WriteAll.h"
 
 namespace quorvi {
 namespace {
@@ -77,15 +78,7 @@ void BackupFile::Write(std::string_view bytes) {
 }
 
 void BackupFile::WriteOut() {
-    std::string_view rest = waiting_;
-    while (!rest.empty() && !error_) {
-        const ssize_t count = write(file_.Get(), rest.data(), rest.size());
-        if (count > 0) {
-            rest.remove_prefix(static_cast<std::size_t>(count));
-        } else if (count == 0 || errno != EINTR) {
-            error_ = count == 0 ? std::make_error_code(std::errc::io_error) : LastError();
-        }
-    }
+    error_ = WriteAll(file_.Get(), waiting_);
     waiting_.clear();
 }
 

@@ -2,9 +2,10 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
+
+#include "base/os/WriteAll.h"
 
 namespace quorvi {
 namespace {
@@ -48,13 +49,8 @@ WholeFile::~WholeFile() {
 }
 
 void WholeFile::Append(std::string_view bytes) {
-    while (!bytes.empty() && !error_) {
-        const ssize_t written = write(descriptor_.Get(), bytes.data(), bytes.size());
-        if (written > 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written == 0 || errno != EINTR) {
-            error_ = written == 0 ? std::make_error_code(std::errc::io_error) : LastError();
-        }
+    if (!error_) {
+        error_ = WriteAll(descriptor_.Get(), bytes);
     }
 }
 
