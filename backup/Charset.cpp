@@ -2,6 +2,7 @@
 
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
+#include <unicode/utf8.h>
 
 #include <array>
 #include <limits>
@@ -84,23 +85,10 @@ std::optional<std::string> Convert(UConverter& converter, std::string_view bytes
 }  // namespace
 
 void AppendUtf8(char32_t character, std::string& utf8) {
-    const auto byte = [&](char32_t bits) { utf8 += static_cast<char>(bits); };
-    const auto more = [&](unsigned shift) { byte(0x80 | (character >> shift & 0x3F)); };
-    if (character < 0x80) {
-        byte(character);
-    } else if (character < 0x800) {
-        byte(0xC0 | character >> 6);
-        more(0);
-    } else if (character < 0x10000) {
-        byte(0xE0 | character >> 12);
-        more(6);
-        more(0);
-    } else {
-        byte(0xF0 | character >> 18);
-        more(12);
-        more(6);
-        more(0);
-    }
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t count = 0;
+    U8_APPEND_UNSAFE(bytes.data(), count, static_cast<UChar32>(character));
+    utf8.append(bytes.data(), count);
 }
 
 bool IsWellFormedUtf8(std::string_view text) {

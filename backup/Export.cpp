@@ -10,6 +10,7 @@
 #include "backup/ContactTable.h"
 #include "backup/FileEnding.h"
 #include "backup/MessageFile.h"
+#include "backup/PhoneLists.h"
 #include "backup/VCardWriter.h"
 #include "base/Text.h"
 #include "base/os/WholeFile.h"
@@ -64,10 +65,6 @@ TransferStatus Committed(WholeFile& file) {
 std::string_view BytesOf(const ReplyBytes& bytes) {
     const auto span = bytes.Bytes();
     return {reinterpret_cast<const char*>(span.data()), span.size()};
-}
-
-std::string NoAttribution(std::string_view) {
-    return {};
 }
 
 // Reads one contact after the other and hands each on; where one cannot be had, `result` tells.

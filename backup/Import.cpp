@@ -8,6 +8,7 @@
 
 #include "backup/ContactTable.h"
 #include "backup/FileEnding.h"
+#include "backup/PhoneLists.h"
 #include "backup/VCardReader.h"
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
@@ -218,8 +219,7 @@ ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, Im
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
-    const ContactListReply list =
-        FetchContactList(AgentSession(agent), [](std::string_view) { return std::string(); });
+    const ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
     if (!IsKnown(list, result.status)) {
         return result;
     }

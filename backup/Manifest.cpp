@@ -179,6 +179,18 @@ const BackedUpKind* Manifest::Find(BackupKind kind) const {
     return found == kinds.end() ? nullptr : &*found;
 }
 
+Json::Value SkippedDocument(const std::vector<SkippedItem>& items) {
+    Json::Value skipped(Json::arrayValue);
+    for (const SkippedItem& item : items) {
+        Json::Value row(Json::objectValue);
+        row["kind"] = std::string(WordOf(item.kind));
+        row["what"] = JsonText(item.what);
+        row["why"] = JsonText(item.why);
+        skipped.append(std::move(row));
+    }
+    return skipped;
+}
+
 std::string WriteManifest(const Manifest& manifest) {
     Json::Value document(Json::objectValue);
     document["version"] = kFormVersion;
@@ -190,14 +202,7 @@ std::string WriteManifest(const Manifest& manifest) {
         kinds.append(DocumentOf(kind));
     }
     document["skipped_count"] = manifest.skippedCount;
-    Json::Value& skipped = document["skipped"] = Json::Value(Json::arrayValue);
-    for (const SkippedItem& item : manifest.skipped) {
-        Json::Value row(Json::objectValue);
-        row["kind"] = std::string(WordOf(item.kind));
-        row["what"] = JsonText(item.what);
-        row["why"] = JsonText(item.why);
-        skipped.append(std::move(row));
-    }
+    document["skipped"] = SkippedDocument(manifest.skipped);
     return WriteJson(document, JsonForm::lines) + "\n";
 }
 

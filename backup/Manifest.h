@@ -2,6 +2,8 @@
 // other file of it is read.
 #pragma once
 
+#include <json/value.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -93,6 +95,9 @@ struct Manifest {
     [[nodiscard]] const BackedUpKind* Find(BackupKind kind) const;
     bool operator==(const Manifest&) const = default;
 };
+
+// A row {kind, what, why} an item, as the manifest and the command line show them.
+[[nodiscard]] Json::Value SkippedDocument(const std::vector<SkippedItem>& items);
 
 // UTF-8.
 [[nodiscard]] std::string WriteManifest(const Manifest& manifest);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "backup/Charset.h"
+#include "base/HtmlFragment.h"
 #include "base/Text.h"
 
 namespace quorvi {
@@ -61,27 +62,7 @@ std::optional<std::string> TextOfEntity(std::string_view name) {
 }  // namespace
 
 void AppendMarkupText(std::string_view utf8, std::string& html) {
-    for (const char c : utf8) {
-        switch (c) {
-            case '&':
-                html += "&amp;";
-                break;
-            case '<':
-                html += "&lt;";
-                break;
-            case '>':
-                html += "&gt;";
-                break;
-            case '"':
-                html += "&quot;";
-                break;
-            case '\'':
-                html += "&#39;";
-                break;
-            default:
-                html += c;
-        }
-    }
+    html += HtmlFragment().Text(utf8).Html();
 }
 
 std::string FromMarkupText(std::string_view html) {

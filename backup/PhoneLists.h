@@ -1,4 +1,4 @@
-// What a backup and a restore ask of a phone's lists beyond what pages ask.
+// What a backup, a restore, an export and an import ask of a phone's lists beyond what pages ask.
 #pragma once
 
 #include <string>
@@ -31,7 +31,7 @@ template <typename Fetch>
     return reply;
 }
 
-// What pages show beside a number, and a backup has no use for.
+// What pages show beside a number, and no file has a use for.
 [[nodiscard]] inline std::string NoAttribution(std::string_view) {
     return {};
 }

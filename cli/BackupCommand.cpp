@@ -57,25 +57,13 @@ Json::Value CountsOf(const Manifest& manifest) {
     return counts;
 }
 
-Json::Value SkippedOf(const Manifest& manifest) {
-    Json::Value skipped(Json::arrayValue);
-    for (const SkippedItem& item : manifest.skipped) {
-        Json::Value row(Json::objectValue);
-        row["kind"] = std::string(WordOf(item.kind));
-        row["what"] = JsonText(item.what);
-        row["why"] = JsonText(item.why);
-        skipped.append(std::move(row));
-    }
-    return skipped;
-}
-
 Json::Value DocumentOf(const Manifest& manifest) {
     Json::Value document(Json::objectValue);
     document["phone"] = JsonText(manifest.phone);
     document["made"] = JsonText(FormatUnixTime(manifest.made));
     document["counts"] = CountsOf(manifest);
     document["skipped_count"] = manifest.skippedCount;
-    document["skipped"] = SkippedOf(manifest);
+    document["skipped"] = SkippedDocument(manifest.skipped);
     return document;
 }
 
