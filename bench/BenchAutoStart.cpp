@@ -96,13 +96,6 @@ void AutoStartPage(benchmark::State& state) {
     }
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
-}
-
 void Judge(const Figures& figures, Verdict& verdict) {
     const double bare = figures.Time("BareLoop");
     const double page = figures.Time("AutoStartPage");
@@ -122,7 +115,7 @@ int main(int count, char** words) {
     const quorvi::AgentProcess agent(quorvi::Replies);
     quorvi::agent = &agent;
     const auto application = quorvi::MakeApplication(count, words);
-    quorvi::Register("BareLoop", quorvi::BareLoop);
-    quorvi::Register("AutoStartPage", quorvi::AutoStartPage);
+    quorvi::RegisterTimed("BareLoop", quorvi::BareLoop);
+    quorvi::RegisterTimed("AutoStartPage", quorvi::AutoStartPage);
     return quorvi::RunAndJudge(count, words, quorvi::kRepetitions, quorvi::Judge);
 }

@@ -29,7 +29,6 @@ constexpr double kMostMemory = 20;      // MB
 constexpr std::uintmax_t kFileBytes = 1 << 30;
 // Of a run that only looks whether all still runs; see .ci/benchmarks.
 constexpr std::uintmax_t kShortFileBytes = 16 << 20;
-constexpr std::string_view kShortRun = "--benchmark_min_time";
 constexpr std::chrono::minutes kPatience{5};
 
 constexpr const char* kLocations = "location /apk/ { alias FILES/; sendfile on; tcp_nopush on; }";
@@ -143,12 +142,6 @@ void Judge(const Figures& figures, Verdict& verdict) {
                    kMostHalfTime);
     verdict.AtMost("engine, memory of the process in MB", figures.MostOf("Engine", "peak_mb"),
                    kMostMemory);
-}
-
-bool IsShortRun(int count, char** words) {
-    return std::any_of(words, words + count, [](const char* word) {
-        return std::string_view(word).starts_with(kShortRun);
-    });
 }
 
 }  // namespace

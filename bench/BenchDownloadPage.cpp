@@ -35,7 +35,6 @@ constexpr QSize kPageSize(760, 462);
 constexpr std::uintmax_t kFileBytes = 1 << 30;
 // Of a run that only looks whether all still runs; see .ci/benchmarks.
 constexpr std::uintmax_t kShortFileBytes = 16 << 20;
-constexpr std::string_view kShortRun = "--benchmark_min_time";
 constexpr const char* kPackage = "com.example.large";
 constexpr const char* kLocations = "location /apk/ { alias FILES/; sendfile on; tcp_nopush on; }";
 
@@ -166,25 +165,12 @@ void Download(benchmark::State& state) {
     }
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
-}
-
 void Judge(const Figures& figures, Verdict& verdict) {
     const double first = figures.Time("FirstLoad");
     verdict.AtMost("10,000 tasks on the screen, ms", first, kMostTime);
     verdict.AtMost("a reload of them, ms", figures.Time("NextLoad"), kMostTime);
     verdict.AtMost("a download: away, ms", figures.Counter("Download", "away"), kMostAway);
     Verdict::Tell("  of it computing", figures.Counter("Download", "computed"));
-}
-
-bool IsShortRun(int count, char** words) {
-    return std::any_of(words, words + count, [](const char* word) {
-        return std::string_view(word).starts_with(kShortRun);
-    });
 }
 
 }  // namespace
@@ -199,8 +185,8 @@ int main(int count, char** words) {
     std::filesystem::resize_file(server.Files() / file,
                                  IsShortRun(count, words) ? kShortFileBytes : kFileBytes);
     const auto application = MakeApplication(count, words);
-    Register("FirstLoad", &FirstLoad);
-    Register("NextLoad", &NextLoad);
-    Register("Download", &Download);
+    RegisterTimed("FirstLoad", &FirstLoad);
+    RegisterTimed("NextLoad", &NextLoad);
+    RegisterTimed("Download", &Download);
     return RunAndJudge(count, words, kRepetitions, Judge);
 }

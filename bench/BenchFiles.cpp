@@ -103,13 +103,6 @@ void FilePage(benchmark::State& state) {
     }
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
-}
-
 void Judge(const Figures& figures, Verdict& verdict) {
     const double bare = figures.Time("BareLoop");
     Verdict::Tell("bare loop, ms", bare);
@@ -129,7 +122,7 @@ int main(int count, char** words) {
     const quorvi::AgentProcess agent(quorvi::Replies);
     quorvi::agent = &agent;
     const auto application = quorvi::MakeApplication(count, words);
-    quorvi::Register("BareLoop", quorvi::BareLoop);
-    quorvi::Register("FilePage", quorvi::FilePage);
+    quorvi::RegisterTimed("BareLoop", quorvi::BareLoop);
+    quorvi::RegisterTimed("FilePage", quorvi::FilePage);
     return quorvi::RunAndJudge(count, words, quorvi::kRepetitions, quorvi::Judge);
 }

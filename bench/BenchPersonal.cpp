@@ -361,13 +361,6 @@ void CallsScreen(benchmark::State& state) {
 
 // ---- the verdict -------------------------------------------------------------------------------
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
-}
-
 struct Promise {
     const char* what;
     const char* benchmark;
@@ -438,15 +431,15 @@ int main(int count, char** words) {
     quorvi::agent = &agent;
     quorvi::PrepareHtmlViews();
     const auto application = quorvi::MakeApplication(count, words);
-    quorvi::Register("BareConversations", quorvi::BareConversations);
-    quorvi::Register("SmsPage", quorvi::SmsPage);
-    quorvi::Register("BareConversation", quorvi::BareConversation);
-    quorvi::Register("ComposerConversation", quorvi::ComposerConversation);
-    quorvi::Register("ComposerTree", quorvi::ComposerTree);
-    quorvi::Register("BareField", quorvi::BareField);
-    quorvi::Register("CallLogPage", quorvi::CallLogPage);
-    quorvi::Register("CallsScreen<PlainCalls>", quorvi::CallsScreen<quorvi::PlainCalls>);
-    quorvi::Register("CallsScreen<KitCalls>", quorvi::CallsScreen<quorvi::KitCalls>);
+    quorvi::RegisterTimed("BareConversations", quorvi::BareConversations);
+    quorvi::RegisterTimed("SmsPage", quorvi::SmsPage);
+    quorvi::RegisterTimed("BareConversation", quorvi::BareConversation);
+    quorvi::RegisterTimed("ComposerConversation", quorvi::ComposerConversation);
+    quorvi::RegisterTimed("ComposerTree", quorvi::ComposerTree);
+    quorvi::RegisterTimed("BareField", quorvi::BareField);
+    quorvi::RegisterTimed("CallLogPage", quorvi::CallLogPage);
+    quorvi::RegisterTimed("CallsScreen<PlainCalls>", quorvi::CallsScreen<quorvi::PlainCalls>);
+    quorvi::RegisterTimed("CallsScreen<KitCalls>", quorvi::CallsScreen<quorvi::KitCalls>);
     std::_Exit(quorvi::RunAndJudge(count, words, quorvi::kRepetitions,
                                    quorvi::Judge));  // waits for no browser
 }

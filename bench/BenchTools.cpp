@@ -114,13 +114,6 @@ void Load(benchmark::State& state) {
     }
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(1);
-}
-
 void Judge(const Figures& figures, Verdict& verdict) {
     const auto beside = [&](const char* page, const char* bare, const std::string& what) {
         const double loop = figures.Time(bare);
@@ -142,9 +135,9 @@ int main(int count, char** words) {
     const AgentProcess process(&Replies);
     agent = &process;
     const auto application = MakeApplication(count, words);
-    Register("BareProcesses", &BareLoop<AgentCommand::listProcesses>);
-    Register("TaskPage", &Load<CTaskPage, TaskListCtrl>);
-    Register("BareCaches", &BareLoop<AgentCommand::scanForCleaning>);
-    Register("CleanerPage", &Load<CCleanerPage, CleanListCtrl>);
+    RegisterTimed("BareProcesses", &BareLoop<AgentCommand::listProcesses>);
+    RegisterTimed("TaskPage", &Load<CTaskPage, TaskListCtrl>);
+    RegisterTimed("BareCaches", &BareLoop<AgentCommand::scanForCleaning>);
+    RegisterTimed("CleanerPage", &Load<CCleanerPage, CleanListCtrl>);
     return RunAndJudge(count, words, kRepetitions, Judge);
 }

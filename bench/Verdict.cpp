@@ -1,11 +1,10 @@
 #include "bench/Verdict.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <string_view>
 
 namespace quorvi {
 namespace {
@@ -92,6 +91,19 @@ void Verdict::AtLeast(const char* what, double is, double least) {
 
 void Verdict::Tell(const char* what, double is) {
     std::printf("%-52s %9.3f\n", what, is);
+}
+
+void RegisterTimed(const char* name, void (*function)(benchmark::State&)) {
+    benchmark::RegisterBenchmark(name, function)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(1);
+}
+
+bool IsShortRun(int count, char** words) {
+    return std::any_of(words, words + count, [](const char* word) {
+        return std::string_view(word).starts_with("--benchmark_min_time");
+    });
 }
 
 int RunAndJudge(int count, char** words, int repetitions,

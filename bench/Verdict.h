@@ -2,6 +2,8 @@
 // and an exit status that says whether all were kept.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <functional>
 #include <map>
 #include <string>
@@ -47,6 +49,13 @@ class Verdict {
 
     int status_ = 0;
 };
+
+// Registers one that takes the time of each repetition itself, in milliseconds.
+void RegisterTimed(const char* name, void (*function)(benchmark::State&));
+
+// Whether the command line asks for a run that only shows that all still works, so that less will
+// do.
+[[nodiscard]] bool IsShortRun(int count, char** words);
 
 // Runs the benchmarks that are registered, `repetitions` times unless the command line tells
 // another number, and shows them as the library does; then `judge`. The program's exit status.
