@@ -4,8 +4,8 @@
 
 #include "pages/apps/AppActions.h"
 #include "tests/app/apps/AppsOnPhone.h"
+#include "tests/support/MenuDriver.h"
 #include "tests/support/SiteServer.h"
-#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 namespace {
@@ -38,18 +38,7 @@ class AppStory : public AppsOnPhone {
     }
     // Chooses from the menu of a row, as the user does by mouse and key.
     static void Choose(const std::string& package, int command) {
-        const QPoint at = PlaceOf(List(), RowOf(package), columnName);
-        QTest::mouseClick(List().viewport(), Qt::RightButton, {}, at);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, List().viewport()->mapToGlobal(at));
-        QApplication::sendEvent(List().viewport(), &event);
-        auto* menu = ThePage().findChild<CSkinMenu*>();
-        ASSERT_NE(menu, nullptr);
-        for (QAction* item : menu->actions()) {
-            if (CSkinMenu::CommandOf(item) == command) {
-                menu->setActiveAction(item);
-            }
-        }
-        QTest::keyClick(menu, Qt::Key_Return);
+        ChooseFrom(OpenRowMenu(ThePage(), List(), RowOf(package), columnName), command);
     }
     static std::size_t Listed() { return Requests(870802).size(); }
     static std::string Installed() {

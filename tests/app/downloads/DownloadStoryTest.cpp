@@ -10,8 +10,8 @@
 #include "pages/downloads/DownloadPage.h"
 #include "pages/kit/QueuePackage.h"
 #include "tests/app/store/StoreDriver.h"
+#include "tests/support/MenuDriver.h"
 #include "tests/support/TemporaryFolder.h"
-#include "ui/kit/SkinMenu.h"
 #include "ui/kit/SkinTree.h"
 #include "ui/page/Job.h"
 
@@ -120,18 +120,7 @@ class DownloadStory : public StoreDriver {
         ASSERT_TRUE(WaitAllEnded());
     }
     static void Choose(int command) {
-        const QPoint at = PlaceOf(List(), 0, columnName);
-        QTest::mouseClick(List().viewport(), Qt::RightButton, {}, at);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, List().viewport()->mapToGlobal(at));
-        QApplication::sendEvent(List().viewport(), &event);
-        auto* menu = Window().ShownPage()->findChild<CSkinMenu*>();
-        ASSERT_NE(menu, nullptr);
-        for (QAction* item : menu->actions()) {
-            if (CSkinMenu::CommandOf(item) == command) {
-                menu->setActiveAction(item);
-            }
-        }
-        QTest::keyClick(menu, Qt::Key_Return);
+        ChooseFrom(OpenRowMenu(*Window().ShownPage(), List(), 0, columnName), command);
     }
     static std::string Installed() {
         return Desk().Rig().Adb({"shell", "pm", "list", "packages"}).output;

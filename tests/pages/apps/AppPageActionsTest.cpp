@@ -6,7 +6,7 @@
 
 #include "tests/pages/apps/AppPageFixture.h"
 #include "tests/support/DialogDriver.h"
-#include "ui/kit/SkinMenu.h"
+#include "tests/support/MenuDriver.h"
 
 namespace quorvi {
 namespace {
@@ -26,24 +26,8 @@ class AppPageActions : public AppPageTest {
     using AppPageTest::AppPageTest;
 
     // Opens the menu of a row with the right button.
-    CSkinMenu& OpenMenu(int row) {
-        const QPoint at = PlaceOf(List(), row, columnName);
-        QTest::mouseClick(List().viewport(), Qt::RightButton, {}, at);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, List().viewport()->mapToGlobal(at));
-        QApplication::sendEvent(List().viewport(), &event);
-        return *page_->findChild<CSkinMenu*>();
-    }
-    void Choose(int row, int command) {
-        CSkinMenu& menu = OpenMenu(row);
-        for (QAction* item : menu.actions()) {
-            if (CSkinMenu::CommandOf(item) == command) {
-                menu.setActiveAction(item);
-                QTest::keyClick(&menu, Qt::Key_Return);
-                return;
-            }
-        }
-        FAIL() << command;
-    }
+    CSkinMenu& OpenMenu(int row) { return *OpenRowMenu(*page_, List(), row, columnName); }
+    void Choose(int row, int command) { ChooseFrom(&OpenMenu(row), command); }
     // Loads with store numbers for com.a.
     void OpenWithStore() {
         site_.AnswerPage(R"([{"pkg":"com.a","level":"4","id":"4711"}])");

@@ -19,12 +19,12 @@
 #include "tests/support/ControlDriver.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/FakeAdb.h"
+#include "tests/support/MenuDriver.h"
 #include "tests/support/PageTest.h"
 #include "tests/support/PrintQt.h"
 #include "tests/support/SiteServer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/kit/ControlNumber.h"
-#include "ui/kit/SkinMenu.h"
 #include "ui/kit/SkinTree.h"
 
 namespace quorvi {
@@ -126,25 +126,11 @@ class DownloadPageTest : public PageTest {
                           Tree().visualItemRect(node).center());
         Settle();
     }
-    CSkinMenu& OpenMenu(int row) {
-        const QPoint at = PlaceOf(List(), row, columnName);
-        QTest::mouseClick(List().viewport(), Qt::RightButton, {}, at);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, List().viewport()->mapToGlobal(at));
-        QApplication::sendEvent(List().viewport(), &event);
-        return *page_->findChild<CSkinMenu*>();
-    }
+    CSkinMenu& OpenMenu(int row) { return *OpenRowMenu(*page_, List(), row, columnName); }
     // Chooses from the menu of a row.
     void Choose(int row, int command) {
-        CSkinMenu& menu = OpenMenu(row);
-        for (QAction* item : menu.actions()) {
-            if (CSkinMenu::CommandOf(item) == command) {
-                menu.setActiveAction(item);
-                QTest::keyClick(&menu, Qt::Key_Return);
-                Settle();
-                return;
-            }
-        }
-        FAIL() << command;
+        ChooseFrom(&OpenMenu(row), command);
+        Settle();
     }
     void Command(int command) {
         page_->OnCommand(command);
