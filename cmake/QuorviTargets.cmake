@@ -155,24 +155,47 @@ function(quorvi_find_own_network)
 endfunction()
 quorvi_find_own_network()
 
-# quorvi_test(name [QT] [WHOLE] [OWN_NETWORK] SOURCES … LIBS … [LABEL l] [TIMEOUT s]
+# quorvi_test_part(name [QT] SOURCES … LIBS …): a main, or what GoogleTest finds by itself; compiled
+# once for all test programs that name it among their LIBS.
+function(quorvi_test_part name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS" ${ARGN})
+  add_library(${name} OBJECT ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC quorvi_test_flags ${ARG_LIBS} GTest::gmock GTest::gtest)
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PUBLIC quorvi_qt_flags)
+    quorvi_precompile(${name} quorvi_pch_window_tests)
+  else()
+    target_link_libraries(${name} PUBLIC quorvi_flags)
+    quorvi_precompile(${name} quorvi_pch_tests)
+  endif()
+endfunction()
+
+# quorvi_test(name [QT] [MOC] [WHOLE] [OWN_NETWORK] SOURCES … LIBS … [LABEL l] [TIMEOUT s]
 # [WRAPPER cmd…] [ENV k=v…]):
-# a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER,
-# the program is one (for suites whose set-up is dear). OWN_NETWORK: its tests use the suite's fixed
-# ports, so each process has a network of its own, and where the system has none to give, they hold
-# one lock, and run one at a time. LABEL: ctest's, and the target tests_<label> builds all programs
-# that bear it: `e2e` real adb and simulated phones, `browser` what shows an HTML view and `desktop`
-# what speaks with a session bus or a display, whose libraries' threads the thread sanitizer cannot
-# tell from ours; `quick`, where none is told, all else.
+# a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER, the
+# program is one (for suites whose set-up is dear). MOC: one of its sources declares a Q_OBJECT.
+# OWN_NETWORK: its tests use the suite's fixed ports, so each process has a network of its own, and
+# where the system has none to give, they hold one lock, and run one at a time. LABEL: ctest's, and
+# the target tests_<label> builds all programs that bear it: `e2e` real adb and simulated phones,
+# `browser` what shows an HTML view and `desktop` what speaks with a session bus or a display, whose
+# libraries' threads the thread sanitizer cannot tell from ours; `quick`, where none is told, all else.
 function(quorvi_test name)
   cmake_parse_arguments(ARG
-    "QT;WHOLE;OWN_NETWORK" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
+    "QT;MOC;WHOLE;OWN_NETWORK" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/test-bin")
+  if(ARG_MOC)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
   if(ARG_QT)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     target_link_libraries(${name} PRIVATE quorvi_qt_flags Qt6::Test)
     quorvi_precompile(${name} quorvi_pch_window_tests)
+    if(QUORVI_SANITIZE MATCHES "address")
+      # A plug-in of Qt's brings libjpeg while the program runs, and the leak checker crashes over
+      # thread-local variables that came so late: here it comes with the program.
+      target_link_options(${name} PRIVATE "LINKER:--push-state,--no-as-needed,-ljpeg,--pop-state")
+    endif()
     # A screen that has room for the window at its usual size.
     list(APPEND ARG_ENV
       "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json")
@@ -191,7 +214,7 @@ function(quorvi_test name)
   set(properties TIMEOUT ${ARG_TIMEOUT}
     ENVIRONMENT_MODIFICATION DBUS_SESSION_BUS_ADDRESS=set:disabled:)
   if(ARG_OWN_NETWORK)
-    target_sources(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests/support/OwnNetwork.cpp")
+    target_link_libraries(${name} PRIVATE quorvi_own_network)
     if(NOT QUORVI_OWN_NETWORK)
       list(APPEND properties RESOURCE_LOCK fixed_ports)
     endif()
