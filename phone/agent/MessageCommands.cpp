@@ -58,8 +58,10 @@ void SendMessage(Exchange& exchange) {
         exchange.Deviate("a message to nobody");
     }
     exchange.note = fmt::format("to {}: {}", fmt::join(numbers, ","), text);
+    // One message, sent at one moment to all.
+    const std::uint64_t now = MillisecondsNow();
     for (const std::string& number : numbers) {
-        exchange.data.messages.Send(number, text, MillisecondsNow());
+        exchange.data.messages.Send(number, text, now);
     }
 }
 
