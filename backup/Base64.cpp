@@ -25,21 +25,33 @@ constexpr unsigned kBitsAByte = 8;
 
 }  // namespace
 
-std::string ToBase64(std::string_view bytes) {
-    std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
-    std::uint32_t bits = 0;
-    unsigned count = 0;
-    for (const char byte : bytes) {
-        bits = bits << kBitsAByte | static_cast<unsigned char>(byte);
-        for (count += kBitsAByte; count >= kBitsADigit; count -= kBitsADigit) {
-            text += kDigits[bits >> (count - kBitsADigit) & 0x3F];
+char* PutBase64(std::string_view bytes, char* to) {
+    const auto put = [&to](std::uint32_t bits, unsigned digits) {
+        for (unsigned i = 0, shift = 3 * kBitsADigit; i < digits; ++i, shift -= kBitsADigit) {
+            *to++ = kDigits[bits >> shift & 0x3F];
         }
+    };
+    const auto byteAt = [bytes](std::size_t at) {
+        return std::uint32_t{static_cast<unsigned char>(bytes[at])};
+    };
+    std::size_t at = 0;
+    for (; at + 3 <= bytes.size(); at += 3) {
+        put(byteAt(at) << (2 * kBitsAByte) | byteAt(at + 1) << kBitsAByte | byteAt(at + 2), 4);
     }
-    if (count > 0) {
-        text += kDigits[bits << (kBitsADigit - count) & 0x3F];
+    if (at + 1 == bytes.size()) {
+        put(byteAt(at) << (2 * kBitsAByte), 2);
+        *to++ = kPadding;
+        *to++ = kPadding;
+    } else if (at + 2 == bytes.size()) {
+        put(byteAt(at) << (2 * kBitsAByte) | byteAt(at + 1) << kBitsAByte, 3);
+        *to++ = kPadding;
     }
-    text.append((4 - text.size() % 4) % 4, kPadding);
+    return to;
+}
+
+std::string ToBase64(std::string_view bytes) {
+    std::string text(Base64Size(bytes.size()), '\0');
+    PutBase64(bytes, text.data());
     return text;
 }
 

@@ -11,6 +11,7 @@ namespace quorvi {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kFold = "\r\n ";
 
 std::string Escaped(std::string_view text) {
     std::string escaped;
@@ -40,19 +41,44 @@ std::size_t EndOfPiece(std::string_view line, std::size_t most) {
     return end;
 }
 
+// Bytes of a card without its photo, but for few.
+constexpr std::size_t kMostOfACard = 1024;
+
 class Writer {
   public:
+    // `expected` is about how many bytes it will become.
+    explicit Writer(std::size_t expected) { text_.reserve(expected); }
+
     void Line(std::string_view line) {
-        std::size_t most = kVCardLineOctets;
-        while (!line.empty()) {
-            const std::size_t end = EndOfPiece(line, most);
-            text_.append(line.substr(0, end)).append(kLineEnd);
-            line.remove_prefix(end);
-            if (!line.empty()) {
-                text_ += ' ';
-                most = kVCardLineOctets - 1;
-            }
+        if (line.empty()) {
+            return;
         }
+        std::size_t end = EndOfPiece(line, kVCardLineOctets);
+        text_.append(line.substr(0, end));
+        for (line.remove_prefix(end); !line.empty(); line.remove_prefix(end)) {
+            end = EndOfPiece(line, kVCardLineOctets - 1);
+            text_.append(kFold).append(line.substr(0, end));
+        }
+        text_.append(kLineEnd);
+    }
+
+    // Photos are most of a file: straight from the bytes into folded lines of whole groups of four
+    // digits.
+    void Base64(std::string_view head, std::string_view bytes) {
+        text_ += head;
+        std::array<char, Base64Size(kVCardLineOctets)> piece{};
+        std::size_t most = (kVCardLineOctets - head.size()) / 4 * 3;
+        for (;;) {
+            const std::string_view next = bytes.substr(0, most);
+            text_.append(piece.data(), PutBase64(next, piece.data()));
+            bytes.remove_prefix(next.size());
+            if (bytes.empty()) {
+                break;
+            }
+            text_ += kFold;
+            most = (kVCardLineOctets - 1) / 4 * 3;
+        }
+        text_ += kLineEnd;
     }
 
     void Text(std::string_view property, std::string_view text) {
@@ -162,13 +188,13 @@ void WritePhoto(Writer& writer, const ContactCard& card) {
             line.append(";TYPE=").append(format.name);
         }
     }
-    writer.Line(line.append(":").append(ToBase64(card.photo)));
+    writer.Base64(line.append(":"), card.photo);
 }
 
 }  // namespace
 
 std::string WriteVCard(const ContactCard& card) {
-    Writer writer;
+    Writer writer(kMostOfACard + card.photo.size() / 2 * 3);
     writer.Line("BEGIN:VCARD");
     writer.Line("VERSION:3.0");
     writer.Line("N:" + Escaped(card.name) + ";;;;");

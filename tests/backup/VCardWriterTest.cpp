@@ -108,6 +108,18 @@ TEST(VCardWriter, ALineOf75OctetsIsNotFolded) {
     EXPECT_THAT(LinesOf(WriteVCard(card)), testing::Contains("NOTE:" + card.note));
 }
 
+TEST(VCardWriter, APhotoOfAnyLengthIsFoldedAndComesBack) {
+    ContactCard card = Named("a");
+    for (const std::string_view head : {"\xFF\xD8\xFF", "no image"}) {
+        card.photo = head;
+        for (int i = 0; i < 200; ++i) {
+            card.photo += static_cast<char>(i * 37);
+            EXPECT_THAT(LinesOf(WriteVCard(card)), Each(SizeIs(testing::Le(kVCardLineOctets))));
+            EXPECT_EQ(ReadBack(card), card) << card.photo.size();
+        }
+    }
+}
+
 TEST(VCardWriter, APhotoStandsInsideWithItsFormat) {
     ContactCard card = Named("a");
     card.photo = "\xFF\xD8\xFF\xE0";
