@@ -3,7 +3,7 @@
 #include "backup/ContactCard.h"
 #include "backup/Csv.h"
 #include "backup/FileEnding.h"
-#include "base/Json.h"
+#include "backup/JsonLine.h"
 #include "base/Text.h"
 
 namespace quorvi {
@@ -31,16 +31,17 @@ std::string AsCsv(std::span<const CallLogRow> calls) {
 std::string AsJson(std::span<const CallLogRow> calls) {
     std::string json = "[";
     for (const CallLogRow& call : calls) {
-        Json::Value item(Json::objectValue);
-        item["name"] = Utf8(call.name);
-        item["number"] = Utf8(call.number);
-        item["attribution"] = Utf8(call.attribution);
-        item["type"] = call.type;
-        item["type_text"] = Utf8(CallTypeText(call.type));
-        item["time"] = call.time;
-        item["duration"] = std::string(Trim(call.duration));
+        JsonLine line;
+        line.BeginObject();
+        line.Name("attribution").Text(Utf8(call.attribution));
+        line.Name("duration").Text(Trim(call.duration));
+        line.Name("name").Text(Utf8(call.name));
+        line.Name("number").Text(Utf8(call.number));
+        line.Name("time").Text(call.time);
+        line.Name("type").Number(call.type);
+        line.Name("type_text").Text(Utf8(CallTypeText(call.type)));
         json += json.size() == 1 ? "\n" : ",\n";
-        json += WriteJson(item, JsonForm::oneLine);
+        json += line.EndObject().Take();
     }
     return json += "\n]\n";
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "backup/JsonLine.h"
 #include "backup/Sha256.h"
 #include "base/Json.h"
 
@@ -12,13 +13,13 @@ std::string OneLine(const Json::Value& document) {
     return WriteJson(document, JsonForm::oneLine);
 }
 
-Json::Value SortedList(std::vector<std::string> texts) {
+void AddSorted(std::vector<std::string> texts, JsonLine& line) {
     std::ranges::sort(texts);
-    Json::Value list(Json::arrayValue);
+    line.BeginArray();
     for (const std::string& text : texts) {
-        list.append(text);
+        line.Text(text);
     }
-    return list;
+    line.EndArray();
 }
 
 }  // namespace
@@ -41,21 +42,22 @@ std::string ContentOf(const ContactCard& card) {
     if (!record) {
         return {};
     }
-    Json::Value document(Json::arrayValue);
+    JsonLine line;
+    line.BeginArray();
     // The name that it goes by: one without a name gets it when it is restored.
-    document.append(record->name.text);
-    document.append(card.favourite);
-    document.append(card.nickname);
-    document.append(record->note.text);
+    line.Text(record->name.text);
+    line.Flag(card.favourite);
+    line.Text(card.nickname);
+    line.Text(record->note.text);
     for (const CardList& list : kCardLists) {
         std::vector<std::string> items;
         for (const CardItem& item : card.*list.card) {
             items.push_back(std::to_string(item.type) + " " + item.text);
         }
-        document.append(SortedList(std::move(items)));
+        AddSorted(std::move(items), line);
     }
-    document.append(SortedList(card.groups));
-    return OneLine(document);
+    AddSorted(card.groups, line);
+    return line.EndArray().Take();
 }
 
 std::string ContentOf(const AlarmSettings& alarm) {

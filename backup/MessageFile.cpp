@@ -5,8 +5,8 @@
 #include "backup/ContactCard.h"
 #include "backup/Csv.h"
 #include "backup/FileEnding.h"
+#include "backup/JsonLine.h"
 #include "backup/MarkupText.h"
-#include "base/Json.h"
 #include "base/Text.h"
 
 namespace quorvi {
@@ -57,9 +57,10 @@ std::string AsText(std::size_t index, const Conversation& conversation,
 
 std::string AsCsv(const Conversation& conversation, std::span<const ConversationMessage> messages) {
     std::string csv;
+    const std::string name = Utf8(conversation.name);
     for (const ConversationMessage& message : messages) {
-        const CsvRow row{Utf8(conversation.name), Utf8(message.address),
-                         message.incoming ? "收到" : "发出", message.date, Utf8(message.text)};
+        const CsvRow row{name, Utf8(message.address), message.incoming ? "收到" : "发出",
+                         message.date, Utf8(message.text)};
         AppendCsvRow(row, csv);
     }
     return csv;
@@ -92,27 +93,25 @@ std::string AsHtml(const Conversation& conversation,
     return html += "</section>\n";
 }
 
-Json::Value Utf8Value(std::string_view ansi) {
-    return Utf8(ansi);
-}
-
 std::string AsJson(std::size_t index, const Conversation& conversation,
                    std::span<const ConversationMessage> messages) {
-    Json::Value document(Json::objectValue);
-    document["id"] = conversation.id;
-    document["name"] = Utf8Value(conversation.name);
-    document["number"] = Utf8Value(conversation.number);
-    document["attribution"] = Utf8Value(conversation.attribution);
-    Json::Value& list = document["messages"] = Json::Value(Json::arrayValue);
+    JsonLine line;
+    line.BeginObject();
+    line.Name("attribution").Text(Utf8(conversation.attribution));
+    line.Name("id").Number(conversation.id);
+    line.Name("messages").BeginArray();
     for (const ConversationMessage& message : messages) {
-        Json::Value item(Json::objectValue);
-        item["incoming"] = message.incoming;
-        item["address"] = Utf8Value(message.address);
-        item["date"] = message.date;
-        item["text"] = Utf8Value(message.text);
-        list.append(std::move(item));
+        line.BeginObject();
+        line.Name("address").Text(Utf8(message.address));
+        line.Name("date").Text(message.date);
+        line.Name("incoming").Flag(message.incoming);
+        line.Name("text").Text(Utf8(message.text));
+        line.EndObject();
     }
-    return (index == 0 ? "\n" : ",\n") + WriteJson(document, JsonForm::oneLine);
+    line.EndArray();
+    line.Name("name").Text(Utf8(conversation.name));
+    line.Name("number").Text(Utf8(conversation.number));
+    return (index == 0 ? "\n" : ",\n") + line.EndObject().Take();
 }
 
 // The reader's own colours, and measures of the text: the page looks the same in every browser, by
