@@ -14,8 +14,12 @@ bool LooksLikeFormula(std::string_view cell) {
            kFormulaBeginnings.find(cell[first]) != std::string_view::npos;
 }
 
+bool IsForQuotes(char c) {
+    return c == ',' || c == ';' || c == '\t' || c == '"' || c == '\r' || c == '\n';
+}
+
 bool NeedsQuotes(std::string_view cell) {
-    return cell.find_first_of(",;\t\"\r\n") != std::string_view::npos ||
+    return std::ranges::any_of(cell, IsForQuotes) ||
            (!cell.empty() && (cell.front() == ' ' || cell.back() == ' '));
 }
 
@@ -52,15 +56,17 @@ void AppendCsvRow(std::span<const std::string> cells, std::string& csv) {
         if (LooksLikeFormula(cell)) {
             csv += '\'';
         }
+        if (!quotes) {
+            csv += cell;
+            continue;
+        }
         for (const char c : cell) {
             if (c == '"') {
                 csv += '"';
             }
             csv += c;
         }
-        if (quotes) {
-            csv += '"';
-        }
+        csv += '"';
     }
     csv += "\r\n";
 }
