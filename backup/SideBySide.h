@@ -63,7 +63,10 @@ class SideBySide {
                 }
                 if (auto found = state.results.extract(state.taken); !found.empty()) {
                     ++state.taken;
-                    state.changed.notify_all();
+                    // Not for each: who waits for room is woken for half of it.
+                    if (state.next <= state.taken + kMostAhead / 2) {
+                        state.changed.notify_all();
+                    }
                     return std::move(found.mapped());
                 }
             }
@@ -76,7 +79,7 @@ class SideBySide {
 
   private:
     // Results that nobody has taken yet, and those on their way.
-    static constexpr std::size_t kMostAhead = 32;
+    static constexpr std::size_t kMostAhead = 16;
 
     struct State {
         State(std::size_t indices, std::size_t most, Run toRun, Failed hasFailed)
@@ -127,8 +130,12 @@ class SideBySide {
                 result = RunUnlocked(state, lock, index);
             }
             state.results.emplace(index, std::move(result));
-            state.arrived.Raise();
-            state.changed.notify_all();
+            if (index == state.taken) {
+                state.arrived.Raise();  // for any other nobody waits yet
+            }
+            if (state.width == 1) {
+                state.changed.notify_all();
+            }
         }
     }
 
