@@ -15,7 +15,15 @@
 namespace quorvi {
 namespace {
 
-bool BrokeOff(const ContactReply& reply) {
+// A contact as it stands in the file, and what of it can be restored; or why it cannot be had.
+struct CardReply {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    bool isRead = false;
+    std::string card;
+    std::string content;
+};
+
+bool BrokeOff(const CardReply& reply) {
     return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
 }
 
@@ -27,9 +35,19 @@ std::string Called(const ContactListRow& row) {
     return !row.name.empty() ? row.name : row.number;
 }
 
-void WriteCard(const ContactCard& card, BackupFile& file, ContentSum& content) {
-    file.Write(WriteVCard(card));
-    if (const std::string record = ContentOf(card); !record.empty()) {
+CardReply FetchCard(AgentAddress agent, const ContactListRow& row) {
+    const ContactReply detail = FetchContact(AgentSession(agent), row.contactId);
+    if (!detail.record || !IsDetailOf(*detail.record, row)) {
+        return {detail.outcome, false, {}, {}};
+    }
+    const ContactCard card = CardOf(*detail.record, TextOf(row.photo.Bytes()));
+    return {detail.outcome, true, WriteVCard(card), ContentOf(card)};
+}
+
+void WriteCard(const std::string& card, const std::string& record, BackupFile& file,
+               ContentSum& content) {
+    file.Write(card);
+    if (!record.empty()) {
         content.Add(record);
     }
 }
@@ -58,7 +76,7 @@ bool WriteCards(BackupRun& run, const std::vector<ContactCard>& cards) {
     BackupFile file = run.writer.Begin("contacts.vcf");
     ContentSum content;
     for (const ContactCard& card : cards) {
-        WriteCard(card, file, content);
+        WriteCard(WriteVCard(card), ContentOf(card), file, content);
         run.Step();
     }
     return run.End(content.Hex(), {&file});
@@ -68,15 +86,11 @@ bool WriteContacts(BackupRun& run, const std::vector<ContactListRow>& rows) {
     run.Begin(BackupKind::contacts, rows.size());
     BackupFile file = run.writer.Begin("contacts.vcf");
     ContentSum content;
-    auto ids = std::make_shared<std::vector<std::uint32_t>>();
-    for (const ContactListRow& row : rows) {
-        ids->push_back(row.contactId);
-    }
-    SideBySide<ContactReply> details(
+    // The cards are made beside the sessions too: photos take their time.
+    SideBySide<CardReply> details(
         rows.size(), kMostSideBySide,
-        [ids, agent = run.agent](std::size_t index) {
-            return FetchContact(AgentSession(agent), (*ids)[index]);
-        },
+        [owned = std::make_shared<const std::vector<ContactListRow>>(rows),
+         agent = run.agent](std::size_t index) { return FetchCard(agent, (*owned)[index]); },
         BrokeOff);
     for (const ContactListRow& row : rows) {
         const auto detail = details.Next(run.stop);
@@ -89,13 +103,13 @@ bool WriteContacts(BackupRun& run, const std::vector<ContactListRow>& rows) {
         if (file.Error()) {
             return run.FailDisk(file.Error());
         }
-        if (!detail->record || !IsDetailOf(*detail->record, row)) {
+        if (!detail->isRead) {
             run.Skip(Called(row), detail->outcome == SessionOutcome::noData
                                       ? u8"手机没有给出这个联系人的资料"
                                       : u8"手机给出的资料读不懂");
             run.CountOneLess();
         } else {
-            WriteCard(CardOf(*detail->record, TextOf(row.photo.Bytes())), file, content);
+            WriteCard(detail->card, detail->content, file, content);
         }
         run.Step();
     }

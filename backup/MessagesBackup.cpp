@@ -11,8 +11,27 @@
 namespace quorvi {
 namespace {
 
-bool BrokeOff(const ConversationReply& reply) {
+// A conversation as it stands in the files.
+struct ConversationTexts {
+    SessionOutcome outcome = SessionOutcome::connectFailed;
+    bool whole = false;
+    std::size_t messages = 0;
+    std::string json;
+    std::string csv;
+};
+
+bool BrokeOff(const ConversationTexts& reply) {
     return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
+}
+
+ConversationTexts FetchTexts(AgentAddress agent, std::size_t index,
+                             const Conversation& conversation) {
+    const ConversationReply reply = FetchConversation(AgentSession(agent), conversation.id);
+    const auto in = [&](MessageFormat format) {
+        return ConversationInFile(format, index, conversation, reply.messages);
+    };
+    return {reply.outcome, reply.whole, reply.messages.size(), in(MessageFormat::json),
+            in(MessageFormat::csv)};
 }
 
 std::string Called(const Conversation& conversation) {
@@ -27,17 +46,14 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
     BackupFile csv = run.writer.Begin("messages.csv");
     json.Write(MessageFileHead(MessageFormat::json));
     csv.Write(MessageFileHead(MessageFormat::csv));
-    auto ids = std::make_shared<std::vector<std::uint32_t>>();
-    for (const Conversation& conversation : conversations) {
-        ids->push_back(conversation.id);
-    }
-    SideBySide<ConversationReply> details(
+    // The texts are made beside the sessions too.
+    SideBySide<ConversationTexts> details(
         conversations.size(), kMostSideBySide,
-        [ids, agent = run.agent](std::size_t index) {
-            return FetchConversation(AgentSession(agent), (*ids)[index]);
+        [owned = std::make_shared<const std::vector<Conversation>>(conversations),
+         agent = run.agent](std::size_t index) {
+            return FetchTexts(agent, index, (*owned)[index]);
         },
         BrokeOff);
-    std::size_t index = 0;
     std::uint32_t count = 0;
     for (const Conversation& conversation : conversations) {
         const auto detail = details.Next(run.stop);
@@ -52,10 +68,9 @@ bool WriteConversations(BackupRun& run, const std::vector<Conversation>& convers
                                                ? u8"手机没有给出这个会话的短信"
                                                : u8"手机给出的短信读不懂");
         }
-        json.Write(ConversationInFile(MessageFormat::json, index, conversation, detail->messages));
-        csv.Write(ConversationInFile(MessageFormat::csv, index, conversation, detail->messages));
-        ++index;
-        count += static_cast<std::uint32_t>(detail->messages.size());
+        json.Write(detail->json);
+        csv.Write(detail->csv);
+        count += static_cast<std::uint32_t>(detail->messages);
         for (const BackupFile* file : {&json, &csv}) {
             if (file->Error()) {
                 return run.FailDisk(file->Error());
