@@ -1,6 +1,8 @@
 // Writes a backup: a folder, or a .zip, that gets its name when all of it is on the disk.
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -29,11 +31,13 @@ class BackupFile {
   private:
     friend class BackupWriter;
     BackupFile(std::string name, FileDescriptor file);
-    void WriteOut();
+    void WriteOut(std::string_view bytes);
 
     BackedUpFile written_;
     FileDescriptor file_;
     std::string waiting_;  // not written yet, so that small pieces cost no system call each
+    off_t given_ = 0;      // bytes that the system has
+    off_t begun_ = 0;      // of these, what it was told to bring to the disk
     std::unique_ptr<Sha256> sum_;
     std::error_code error_;
 };

@@ -57,6 +57,26 @@ class BackupTarget : public testing::TestWithParam<const char*> {
 INSTANTIATE_TEST_SUITE_P(Each, BackupTarget, testing::Values("phone", "phone.zip", "phone.ZIP"),
                          [](const auto& test) { return ReplaceAll(test.param, ".", ""); });
 
+TEST_P(BackupTarget, PiecesOfEverySizeComeInTheirOrder) {
+    std::string bytes;
+    BackupWriter writer(Target());
+    BackupFile file = writer.Begin("calls.csv");
+    // From less than what waits for others to more than what is sent to the disk at a time.
+    for (std::size_t size = 1; size < 6'000'000; size = size * 3 + 1) {
+        const std::string piece(size, static_cast<char>('a' + bytes.size() % 26));
+        file.Write(piece);
+        bytes += piece;
+    }
+    const BackedUpFile written = file.Close();
+    EXPECT_EQ(written.bytes, bytes.size());
+    ASSERT_EQ(writer.Finish(ManifestOf({written}), StopSignal()), std::error_code());
+    const OpenedBackup opened = BackupReader::Open(Target());
+    ASSERT_TRUE(opened.reader) << ToUtf8(opened.why);
+    EXPECT_EQ(opened.reader->Verify(StopSignal()), "");
+    std::string why;
+    EXPECT_TRUE(opened.reader->ReadWhole(written, bytes.size(), why) == bytes);
+}
+
 TEST_P(BackupTarget, IsReadBackAndVerified) {
     const std::string bytes(1'000'000, 'c');
     ASSERT_EQ(WriteBackup(Target(), bytes), std::error_code());
