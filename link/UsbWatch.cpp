@@ -4,6 +4,7 @@
 #include <poll.h>
 
 #include <array>
+#include <map>
 #include <set>
 #include <system_error>
 #include <thread>
@@ -85,6 +86,14 @@ std::set<std::string> AdbDevices(udev* context, udev_device* parent) {
     return found;
 }
 
+// The serial of a device that is there; empty where it tells none.
+std::string SerialOf(udev* context, const std::string& devicePath) {
+    const Udev<udev_device> device(udev_device_new_from_syspath(context, devicePath.c_str()));
+    const char* const serial =
+        device ? udev_device_get_sysattr_value(device.get(), "serial") : nullptr;
+    return std::string(Trim(OrEmpty(serial)));
+}
+
 bool HasAdbInterface(udev* context, udev_device* device) {
     return AdbDevices(context, device).contains(udev_device_get_syspath(device));
 }
@@ -120,7 +129,9 @@ class UsbWatch::Thread {
     Udev<udev> context_;
     Udev<udev_monitor> monitor_;
     Wakeup stop_;
-    std::set<std::string> phones_;  // what was seen at the arrivals, by path
+    // The serials of what was seen at the arrivals, by path: at a removal nothing tells them any
+    // more.
+    std::map<std::string, std::string> phones_;
     std::thread thread_;
 };
 
@@ -136,7 +147,9 @@ bool UsbWatch::Thread::Start() {
         return false;
     }
     // Asked behind the start of the watch, so that no phone falls between the two.
-    phones_ = AdbDevices(context_.get(), nullptr);
+    for (const std::string& path : AdbDevices(context_.get(), nullptr)) {
+        phones_.emplace(path, SerialOf(context_.get(), path));
+    }
     try {
         thread_ = std::thread([this] { Run(); });
     } catch (const std::system_error&) {
@@ -199,8 +212,9 @@ void UsbWatch::Thread::OnAdded(udev_device* device, bool isInterface) {
             return;
         }
     }
-    if (phones_.insert(path).second) {
-        listener_({UsbEvent::Kind::arrival, path});
+    const auto [phone, isNew] = phones_.emplace(path, SerialOf(context_.get(), path));
+    if (isNew) {
+        listener_({UsbEvent::Kind::arrival, path, phone->second});
     }
 }
 
@@ -215,11 +229,11 @@ void UsbWatch::Thread::OnRemoved(udev_device* device, bool isInterface) {
         if (!isAdb) {
             return;
         }
-        phones_.erase(path);
-    } else if (phones_.erase(path) == 0) {
+    } else if (!phones_.contains(path)) {
         return;
     }
-    listener_({UsbEvent::Kind::removal, path});
+    const auto phone = phones_.extract(path);
+    listener_({UsbEvent::Kind::removal, path, phone ? phone.mapped() : std::string()});
 }
 
 UsbWatch::UsbWatch() = default;

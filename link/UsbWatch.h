@@ -21,6 +21,8 @@ struct UsbEvent {
 
     Kind kind = Kind::arrival;
     std::string devicePath;
+    // As the device tells it, which is how adb names the phone; empty where it tells none.
+    std::string serial = {};
 };
 
 class UsbWatch {

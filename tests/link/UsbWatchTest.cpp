@@ -28,6 +28,7 @@ class Heard {
             const std::lock_guard lock(mutex_);
             events_.push_back((event.kind == UsbEvent::Kind::arrival ? "+" : "-") +
                               event.devicePath);
+            serials_.push_back(event.serial);
             changed_.notify_all();
         };
     }
@@ -48,10 +49,17 @@ class Heard {
         return events_;
     }
 
+    // Of each event.
+    std::vector<std::string> Serials() {
+        const std::lock_guard lock(mutex_);
+        return serials_;
+    }
+
   private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<std::string> events_;
+    std::vector<std::string> serials_;
 };
 
 struct Interface {
@@ -75,6 +83,9 @@ class UsbWatchTest : public testing::Test {
             "idVendor", "0bb4", "idProduct", "0c87", nullptr,  // attributes
             "DEVTYPE", "usb_device", nullptr);                 // properties
         return Take(path);
+    }
+    void SetSerial(const std::string& device, const char* serial) {
+        umockdev_testbed_set_attribute(testbed_, device.c_str(), "serial", serial);
     }
     std::string AddInterface(const std::string& device, const char* name, const Interface& is) {
         gchar* const path = umockdev_testbed_add_device(
@@ -206,6 +217,24 @@ TEST_F(UsbWatchTest, PhoneThatComesBackIsToldAgain) {
         ASSERT_TRUE(heard_.Came(expected.size()));
     }
     EXPECT_EQ(Told(), expected);
+}
+
+TEST_F(UsbWatchTest, BothEventsBearThePhonesSerial) {
+    const std::string before = AddDevice("1-1");
+    SetSerial(before, "HT04CPL00123\n");
+    AddInterface(before, "1-1:1.0", kAdb);
+    ASSERT_TRUE(watch_.Start(heard_.Listener()));
+    Remove(before + "/1-1:1.0");
+    Remove(before);
+    const std::string phone = AddDevice("1-2");
+    SetSerial(phone, "R58M12345AB\n");
+    const std::string interface = AddInterface(phone, "1-2:1.0", kAdb);
+    ASSERT_TRUE(heard_.Came(2));
+    Remove(interface);
+    Remove(phone);
+    EXPECT_THAT(Told(), ElementsAre("-" + before, "+" + phone, "-" + phone));
+    // The last one, which shows the end, tells none.
+    EXPECT_THAT(heard_.Serials(), ElementsAre("HT04CPL00123", "R58M12345AB", "R58M12345AB", ""));
 }
 
 TEST_F(UsbWatchTest, TwoPhonesAreToldApart) {
