@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "link/FindDevice.h"
+
 namespace quorvi {
 
 // The states of the ConnectionBanner: blue, red, green.
@@ -21,6 +23,9 @@ class LinkFace {
     // Several phones are there and the serial in DeviceContext is cleared: lets the user choose one
     // under this title, puts the choice into DeviceContext and returns when done. Blocks.
     virtual void ChooseDevice(std::string_view title) = 0;
+
+    // The search for a phone is over; a failed one shows its banner next.
+    virtual void Searched(FindDeviceResult /*result*/) {}
 
     // The link stands: timer 1 (the dashboard refreshes) and sound 656.
     virtual void LinkUp() = 0;

@@ -122,6 +122,7 @@ void PhoneLink::Procedure::RunWorker(bool delay) {
 bool PhoneLink::Procedure::TakesQuery() {
     const FindDeviceResult found = FindDevice(
         device_, [this](std::string_view title) { face_.ChooseDevice(title); }, environment_);
+    face_.Searched(found);
     if (found != FindDeviceResult::found) {
         ShowFailure(found);
         return false;
