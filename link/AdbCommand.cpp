@@ -19,6 +19,18 @@ AdbCommand DevicesCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "devices"};
 }
 
+AdbCommand MdnsServicesCommand(const LinkEnvironment& environment) {
+    return {environment.adbPath(), "mdns", "services"};
+}
+
+AdbCommand ConnectCommand(const LinkEnvironment& environment, std::string address) {
+    return {environment.adbPath(), "connect", std::move(address)};
+}
+
+AdbCommand PairCommand(const LinkEnvironment& environment, std::string address, std::string code) {
+    return {environment.adbPath(), "pair", std::move(address), std::move(code)};
+}
+
 AdbCommand ForwardListCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "forward", "--list"};
 }

@@ -17,6 +17,16 @@ using AdbCommand = std::vector<std::string>;
 // adb devices
 [[nodiscard]] AdbCommand DevicesCommand(const LinkEnvironment& environment);
 
+// adb mdns services
+[[nodiscard]] AdbCommand MdnsServicesCommand(const LinkEnvironment& environment);
+
+// adb connect ADDRESS. The address is one that NormalAddress gave, so that it is no option.
+[[nodiscard]] AdbCommand ConnectCommand(const LinkEnvironment& environment, std::string address);
+
+// adb pair ADDRESS CODE. The code is six digits.
+[[nodiscard]] AdbCommand PairCommand(const LinkEnvironment& environment, std::string address,
+                                     std::string code);
+
 // adb forward --list
 [[nodiscard]] AdbCommand ForwardListCommand(const LinkEnvironment& environment);
 

@@ -8,6 +8,7 @@
 #include "link/AdbCapture.h"
 #include "link/AdbCommand.h"
 #include "link/AdbNames.h"
+#include "link/TrackedDevices.h"
 
 namespace quorvi {
 
@@ -19,6 +20,7 @@ SerialList ListSerials(const LinkEnvironment& environment) {
 DeviceRow MakeDeviceRow(std::string serial, std::string_view getprop) {
     DeviceRow row;
     row.properties = ParseGetprop(getprop);
+    row.record.connectionKind = IsWirelessSerial(serial) ? 1 : 0;
     row.record.serial = std::move(serial);
     row.record.androidVersion = AndroidVersionName(row.properties.apiLevel);
     row.record.brandImage = BrandImageId(row.properties.manufacturer);

@@ -19,7 +19,7 @@ namespace quorvi {
 struct DeviceRecord {
     std::string serial;
     std::string androidVersion;
-    std::uint32_t connectionKind = 0;  // always 0: on a cable
+    std::uint32_t connectionKind = 0;  // 0 on a cable, 1 in the network
     int brandImage = 0;
 };
 

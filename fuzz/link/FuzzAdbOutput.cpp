@@ -1,12 +1,15 @@
 // Reads any text as each kind of adb's output, whole and joined of pieces.
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "link/AdbNames.h"
 #include "link/AdbOutput.h"
 #include "link/DeviceList.h"
+#include "link/WirelessAddress.h"
+#include "link/WirelessLink.h"
 
 namespace {
 
@@ -38,5 +41,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require((result == quorvi::InstallResult::success) ==
             (text.find("Success") != std::string_view::npos));
     Require(result != quorvi::InstallResult::noProcess);
+
+    // Whatever a neighbour calls itself, what comes of it is an address and no option.
+    for (const quorvi::FoundPhone& phone : quorvi::ParseMdnsServices(text)) {
+        Require(quorvi::NormalAddress(phone.address, std::nullopt) == phone.address);
+        Require(phone.address.front() != '-');
+        Require(phone.address.find_first_of(std::string_view(" \t\r\n;$'\"\0", 9)) ==
+                std::string::npos);
+    }
+    if (const auto address = quorvi::NormalAddress(text)) {
+        Require(quorvi::NormalAddress(*address, std::nullopt) == address);
+        Require(address->front() != '-');
+    }
+    Require(quorvi::ParseConnect(text) != quorvi::ConnectResult::noAdb);
+    Require(quorvi::ParsePair(text) != quorvi::PairResult::noAdb);
     return 0;
 }
