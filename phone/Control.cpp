@@ -187,6 +187,27 @@ Answer RunUnplug(Phone& phone, const Words&) {
     return {};
 }
 
+struct DebuggingWord {
+    std::string_view word;
+    Debugging debugging;
+};
+
+constexpr std::array<DebuggingWord, 3> kDebuggingWords{{
+    {"allowed", Debugging::allowed},
+    {"asks", Debugging::asks},
+    {"silent", Debugging::silent},
+}};
+
+Answer RunDebugging(Phone& phone, const Words& words) {
+    const auto* const row =
+        std::ranges::find(kDebuggingWords, words.size() == 2 ? words[1] : "", &DebuggingWord::word);
+    if (row == kDebuggingWords.end()) {
+        return Error("debugging allowed|asks|silent");
+    }
+    phone.SetDebugging(row->debugging);
+    return {};
+}
+
 Answer RunRelease(Phone& phone, const Words&) {
     phone.TheAgent().ReleaseStalled();
     return {};
@@ -212,7 +233,7 @@ struct ControlCommand {
     std::string_view help;
 };
 
-constexpr std::array<ControlCommand, 12> kCommands{{
+constexpr std::array<ControlCommand, 13> kCommands{{
     {"status", RunStatus, "status                   what the phone is and does"},
     {"fault", RunFault,
      "fault COMMAND|all FAULT  misbehave at a command, by code or name; \"none\" ends it"},
@@ -232,6 +253,9 @@ constexpr std::array<ControlCommand, 12> kCommands{{
      "                           stream behind the pixels); fault none|refuse, fault size N,\n"
      "                           width N or height N (what the header claims), fault cut N or\n"
      "                           hang N (after N bytes)"},
+    {"debugging", RunDebugging,
+     "debugging WORD           how it meets an adb server from its next connection on: asks its\n"
+     "                           user, is silent, or allowed, which those that wait are too"},
     {"unplug", RunUnplug, "unplug                   pull the cable"},
     {"plug", RunPlug, "plug                     put it in again"},
     {"log", RunLog, "log [clear]              every request that the agent took"},

@@ -98,6 +98,9 @@ constexpr auto kOptions = std::to_array<Option>({
          return true;
      },
      "wait for the command plug"},
+    {"--debugging", "WORD",
+     [](Parsing& p, const std::string& value) { return AddCommand(p, "debugging " + value); },
+     "how it meets an adb server: allowed, asks (its user first) or silent"},
     {"--serial", "TEXT", SetProfileText<&Profile::serial>, "ro.serialno"},
     {"--manufacturer", "TEXT", SetProfileText<&Profile::manufacturer>, "ro.product.manufacturer"},
     {"--brand", "TEXT", SetProfileText<&Profile::brand>, "ro.product.brand"},

@@ -110,6 +110,15 @@ void Phone::Unplug() {
     }
 }
 
+void Phone::SetDebugging(Debugging debugging) {
+    debugging_ = debugging;
+    if (debugging == Debugging::allowed) {
+        for (const auto& transport : transports_) {
+            transport->Allow();
+        }
+    }
+}
+
 std::string Phone::AdbSerial() const {
     return IsEmulatorPort(AdbPort()) ? fmt::format("emulator-{}", AdbPort() - 1)
                                      : fmt::format("127.0.0.1:{}", AdbPort());
@@ -153,6 +162,7 @@ void Phone::Accept(TcpSocket socket) {
             .version = options_.oldTransport ? kVersionWithChecksum : kVersionWithoutChecksum,
             .openService = [this](std::string_view name,
                                   Sink& sink) { return OpenService(name, sink); },
+            .debugging = debugging_,
             .gone =
                 [this, place] {
                     loop_.Post([self = self_, place] {

@@ -61,6 +61,9 @@ class Phone {
     // with them.
     bool Plug();
     void Unplug();
+    // How it meets an adb server from its next connection on; `allowed` goes for those that wait,
+    // too.
+    void SetDebugging(Debugging debugging);
     [[nodiscard]] bool IsPlugged() const { return adbListener_.Port() != 0; }
 
     // Zero until the phone was plugged in first; then it stays.
@@ -91,6 +94,7 @@ class Phone {
     Screen screen_;
     Listener adbListener_;
     Listener agentListener_;
+    Debugging debugging_ = Debugging::allowed;
     std::list<std::unique_ptr<Transport>> transports_;
     std::list<std::unique_ptr<PlainConnection>> plain_;
     // Lets a task on the loop know that the phone is gone.

@@ -24,10 +24,18 @@ namespace quorvi::phone {
 }
 
 inline constexpr std::uint32_t kConnect = FourLetters("CNXN");
+inline constexpr std::uint32_t kAuth = FourLetters("AUTH");
 inline constexpr std::uint32_t kOpen = FourLetters("OPEN");
 inline constexpr std::uint32_t kOkay = FourLetters("OKAY");
 inline constexpr std::uint32_t kWrite = FourLetters("WRTE");
 inline constexpr std::uint32_t kClose = FourLetters("CLSE");
+
+// What an AUTH carries, by its first argument: the phone's token, the server's signature of it, and
+// the server's public key, which the phone shows to its user.
+inline constexpr std::uint32_t kAuthToken = 1;
+inline constexpr std::uint32_t kAuthSignature = 2;
+inline constexpr std::uint32_t kAuthPublicKey = 3;
+inline constexpr std::size_t kAuthTokenBytes = 20;
 
 inline constexpr std::size_t kPacketHeaderBytes = 24;
 

@@ -149,6 +149,8 @@ void Transport::OnBytes(std::span<const std::byte> bytes) {
 void Transport::OnPacket(const Packet& packet) {
     if (packet.command == kConnect) {
         OnConnect(packet);
+    } else if (packet.command == kAuth) {
+        OnAuth(packet);
     } else if (!connected_) {
         return;
     } else if (packet.command == kOpen) {
@@ -165,18 +167,45 @@ void Transport::OnPacket(const Packet& packet) {
             Retire(stream->LocalId());
         }
     }
-    // Anything else (the server's offers to authenticate or to encrypt) needs no answer.
+    // Anything else (the server's offer to encrypt) needs no answer.
 }
 
 void Transport::OnConnect(const Packet& packet) {
     version_ = std::min(setup_.version, packet.arg0);
-    const std::uint32_t ours =
-        setup_.version < kVersionWithoutChecksum ? kOldMaxPayload : kMaxPayload;
-    maxPayload_ = std::clamp(packet.arg1, std::uint32_t{1}, ours);
+    maxPayload_ = std::clamp(packet.arg1, std::uint32_t{1}, OwnMaxPayload());
     reader_.SetVersion(version_);
+    greeted_ = true;
+    if (setup_.debugging == Debugging::allowed) {
+        Greet();
+    } else if (setup_.debugging == Debugging::asks) {
+        AskForSignature();
+    }
+}
+
+// Each signature is of a key that the phone does not know; behind the last one comes the public
+// key, about which it asks its user.
+void Transport::OnAuth(const Packet& packet) {
+    if (setup_.debugging == Debugging::asks && packet.arg0 == kAuthSignature) {
+        AskForSignature();
+    }
+}
+
+void Transport::AskForSignature() {
+    channel_.Write(EncodePacket({kAuth, kAuthToken, 0, Bytes(kAuthTokenBytes, std::byte{0x5a})},
+                                kVersionWithChecksum));
+}
+
+void Transport::Allow() {
+    setup_.debugging = Debugging::allowed;
+    if (greeted_ && !connected_ && !over_) {
+        Greet();
+    }
+}
+
+void Transport::Greet() {
     connected_ = true;
     // The answer always carries its sum, as the server does not know our version yet.
-    channel_.Write(EncodePacket({kConnect, setup_.version, ours, ToBytes(setup_.banner)},
+    channel_.Write(EncodePacket({kConnect, setup_.version, OwnMaxPayload(), ToBytes(setup_.banner)},
                                 kVersionWithChecksum));
 }
 

@@ -16,6 +16,13 @@ namespace quorvi::phone {
 // Streams that one server may hold open at once; further ones are refused.
 inline constexpr std::size_t kMaxStreams = 1024;
 
+// How a phone meets an adb server.
+enum class Debugging {
+    allowed,  // answers at once
+    asks,     // knows none of the server's keys, and asks its user
+    silent,   // does not answer
+};
+
 class Transport {
   public:
     struct Setup {
@@ -24,6 +31,7 @@ class Transport {
         // The newest version spoken, kVersionWithChecksum or kVersionWithoutChecksum.
         std::uint32_t version = kVersionWithoutChecksum;
         OpenService openService;
+        Debugging debugging = Debugging::allowed;
         // The connection is over; the transport may be destroyed once this has returned and the
         // loop has come round.
         std::function<void()> gone;
@@ -33,6 +41,10 @@ class Transport {
     ~Transport();
     Transport(const Transport&) = delete;
     Transport& operator=(const Transport&) = delete;
+
+    // The user has allowed the server, or the phone has found its tongue: answers what it has not
+    // answered yet.
+    void Allow();
 
     // Ends the connection as a pulled cable does; `gone` is told.
     void Drop();
@@ -45,6 +57,12 @@ class Transport {
     void OnBytes(std::span<const std::byte> bytes);
     void OnPacket(const Packet& packet);
     void OnConnect(const Packet& packet);
+    void OnAuth(const Packet& packet);
+    void AskForSignature();
+    void Greet();
+    [[nodiscard]] std::uint32_t OwnMaxPayload() const {
+        return setup_.version < kVersionWithoutChecksum ? kOldMaxPayload : kMaxPayload;
+    }
     void OnOpen(const Packet& packet);
     void OnWrite(const Packet& packet);
     void OnGone();
@@ -62,6 +80,7 @@ class Transport {
     std::uint32_t lastLocalId_ = 0;
     std::uint32_t version_ = kVersionWithChecksum;
     std::uint32_t maxPayload_ = kOldMaxPayload;
+    bool greeted_ = false;  // by the server
     bool connected_ = false;
     bool over_ = false;
     // Lets a task on the loop know that the transport is gone.

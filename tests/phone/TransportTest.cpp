@@ -64,6 +64,39 @@ TEST_F(TransportTest, PresentsItselfWithoutFeatures) {
               "device::ro.product.name=aurora_S2;ro.product.model=S2;ro.product.device=S2;");
 }
 
+TEST_F(TransportTest, APhoneThatAsksItsUserGreetsTheServerOnceItIsAllowed) {
+    ASSERT_EQ(phones_.Control(0, "debugging asks"), "ok\n");
+    Server server(phones_.AdbPort(0));
+    const Packet token = server.Connect(kVersionWithoutChecksum, kMaxPayload);
+    EXPECT_EQ(token.command, kAuth);
+    EXPECT_EQ(token.arg0, kAuthToken);
+    EXPECT_EQ(token.payload.size(), kAuthTokenBytes);
+    // It knows no key, whatever is signed.
+    server.Send({kAuth, kAuthSignature, 0, Bytes(256)});
+    EXPECT_EQ(server.Receive()->arg0, kAuthToken);
+    server.Send({kAuth, kAuthPublicKey, 0, ToBytes("QAAAAK user@pc")});
+    // Before its user has agreed it opens nothing.
+    server.Send({kOpen, kServerStream, 0, ToBytes(std::string("shell:echo hi\0", 14))});
+    ASSERT_EQ(phones_.Control(0, "debugging allowed"), "ok\n");
+    EXPECT_EQ(server.Receive()->command, kConnect);
+    server.Send({kOpen, kServerStream, 0, ToBytes(std::string("shell:echo hi\0", 14))});
+    EXPECT_EQ(server.Receive()->command, kOkay);
+}
+
+TEST_F(TransportTest, ASilentPhoneAnswersOnceItIsAllowed) {
+    ASSERT_EQ(phones_.Control(0, "debugging silent"), "ok\n");
+    Server server(phones_.AdbPort(0));
+    server.Send({kConnect, kVersionWithoutChecksum, kMaxPayload, ToBytes("host::")});
+    ASSERT_EQ(phones_.Control(0, "debugging allowed"), "ok\n");
+    EXPECT_EQ(server.Receive()->command, kConnect);
+}
+
+TEST_F(TransportTest, AWordThatIsNoWayToMeetAServerIsRefused) {
+    for (const char* line : {"debugging", "debugging maybe", "debugging asks now"}) {
+        EXPECT_EQ(phones_.Control(0, line), "error: debugging allowed|asks|silent\n");
+    }
+}
+
 TEST_F(TransportTest, RunsAShellCommandAndCloses) {
     server_.Connect(kVersionWithoutChecksum, kMaxPayload);
     server_.Send({kOpen, kServerStream, 0, ToBytes(std::string("shell:echo hi\0", 14))});
