@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTableView>
 #include <QTest>
@@ -10,10 +11,13 @@
 #include <fstream>
 #include <memory>
 
+#include "base/Text.h"
+#include "link/WirelessAddress.h"
 #include "pages/devices/DeviceManagerDlg.h"
 #include "tests/support/AwaitTimer.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/LoopbackAgent.h"
+#include "tests/support/MemorySettings.h"
 #include "tests/support/QtTest.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -34,6 +38,9 @@ class DeviceManagerDlgTest : public QtTest {
         "hold() { while test -e \"$dir/hold-$1\"; do sleep 0.02; done; }\n"
         "case \"$*\" in\n"
         "devices) hold list; cat \"$dir/devices\";;\n"
+        "'mdns services') cat \"$dir/services\";;\n"
+        "connect*) cat \"$dir/connect\";;\n"
+        "pair*) cat \"$dir/pair\";;\n"
         "*one*) hold one; printf '[ro.build.version.sdk]: [10]\\n"
         "[ro.product.manufacturer]: [HTC]\\n[ro.product.model]: [HTC Desire]\\n';;\n"
         "*two*) hold two; printf '[ro.build.version.sdk]: [8]\\n"
@@ -70,7 +77,7 @@ class DeviceManagerDlgTest : public QtTest {
     void Open(const QString& title = {}) {
         dialog_ = new CDeviceManagerDlg(
             device_, [this](const QString& text) { status_.append(text); }, title, &window_,
-            environment_);
+            environment_, &settings_);
         dialog_->Open([this](int result) { result_ = result; });
     }
     void OpenWithRows(int rows) {
@@ -85,6 +92,25 @@ class DeviceManagerDlgTest : public QtTest {
     template <typename Control = QAbstractButton>
     [[nodiscard]] Control* Find(int number) const {
         return FindControl<Control>(dialog_, number);
+    }
+    // A control that is known by its name.
+    template <typename Control>
+    [[nodiscard]] Control* Part(const char* name) const {
+        return dialog_->findChild<Control*>(QLatin1String(name));
+    }
+    // Opens with the rows of the network, and waits until adb has told who is there.
+    void OpenWireless() {
+        OpenWithRows(2);
+        Find<QComboBox>(1073)->setCurrentIndex(1);
+        ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+    }
+    [[nodiscard]] QStringList Known() const {
+        const auto* const known = Part<QComboBox>("known phones");
+        QStringList texts;
+        for (int i = 0; i < known->count(); ++i) {
+            texts.append(known->itemText(i));
+        }
+        return texts;
     }
     [[nodiscard]] QTableView* List() const { return Find<QTableView>(1214); }
     [[nodiscard]] int Rows() const { return List()->model()->rowCount(); }
@@ -109,6 +135,7 @@ class DeviceManagerDlgTest : public QtTest {
 
     const FakeAdb adb_{kScript};
     LinkEnvironment environment_;
+    MemorySettings settings_;
     DeviceContext device_;
     std::unique_ptr<LoopbackAgent> server_;
     QWidget window_;
@@ -124,8 +151,10 @@ TEST_F(DeviceManagerDlgTest, ControlsAreFoundByTheirNumbers) {
     EXPECT_EQ(Find(1215)->text(), ToQString(u8"连接"));
     EXPECT_EQ(Find(10200)->text(), ToQString(u8"关闭"));
     EXPECT_EQ(Find(1199)->text(), ToQString(u8"使用帮助"));
-    ASSERT_EQ(Find<QComboBox>(1073)->count(), 1);
+    ASSERT_EQ(Find<QComboBox>(1073)->count(), 2);
     EXPECT_EQ(Find<QComboBox>(1073)->currentText(), ToQString(u8"USB (数据线)"));
+    EXPECT_EQ(Find<QComboBox>(1073)->itemText(1), ToQString(u8"WiFi (无线网络)"));
+    EXPECT_FALSE(Part<QLineEdit>("address")->isVisible());
     const QStringList captions{ToQString(u8"品牌信息"), ToQString(u8"硬件信息"),
                                ToQString(u8"系统版本"), ToQString(u8"连接方式")};
     for (int column = 0; column < captions.size(); ++column) {
@@ -337,6 +366,118 @@ TEST_F(DeviceManagerDlgTest, DialogMayGoWhileAdbNeverEnds) {
     EXPECT_EQ(Runs("-s one shell getprop"), 0);
 }
 
+// ---- phones in the network ---------------------------------------------------------------------
+
+TEST_F(DeviceManagerDlgTest, TheSecondKindShowsItsRowsAndTheListKeepsItsHeight) {
+    OpenWithRows(2);
+    const int height = dialog_->height();
+    const int list = List()->height();
+    Find<QComboBox>(1073)->setCurrentIndex(1);
+    EXPECT_TRUE(Part<QLineEdit>("address")->isVisible());
+    EXPECT_TRUE(Reached([&] { return List()->height() == list; }));
+    EXPECT_GT(dialog_->height(), height);
+    Find<QComboBox>(1073)->setCurrentIndex(0);
+    EXPECT_FALSE(Part<QLineEdit>("address")->isVisible());
+    EXPECT_EQ(dialog_->height(), height);
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+}
+
+TEST_F(DeviceManagerDlgTest, PhonesNearbyAndRememberedOnesAreOffered) {
+    Print("services",
+          "adb-HT04\t_adb-tls-connect._tcp\t10.0.0.2:41234\n"
+          "adb-R58\t_adb-tls-pairing._tcp\t10.0.0.3:37123\n"
+          "evil\t_adb._tcp\t--help\n");
+    RememberAddress(settings_, "10.0.0.4:5555");
+    OpenWireless();
+    EXPECT_EQ(Known(), (QStringList{ToQString(u8"附近：adb-HT04"), ToQString(u8"等待配对：adb-R58"),
+                                    ToQString(u8"连接过：10.0.0.4:5555")}));
+    EXPECT_EQ(Part<QLineEdit>("address")->text(), QStringLiteral("10.0.0.2:41234"));
+    auto* const known = Part<QComboBox>("known phones");
+    known->setCurrentIndex(2);
+    Q_EMIT known->activated(2);
+    EXPECT_EQ(Part<QLineEdit>("address")->text(), QStringLiteral("10.0.0.4:5555"));
+}
+
+TEST_F(DeviceManagerDlgTest, AnAddressThatIsConnectedIsRememberedMarkedAndSelected) {
+    Print("connect", "connected to 10.0.0.9:5555\n");
+    OpenWireless();
+    EXPECT_EQ(Known(), QStringList{ToQString(u8"没有找到附近的手机")});
+    Print("devices", "List of devices attached\none\tdevice\n10.0.0.9:5555\tdevice\n\n");
+    Part<QLineEdit>("address")->setText(QStringLiteral(" 10.0.0.9 "));
+    Part<QAbstractButton>("connect address")->click();
+    EXPECT_FALSE(Part<QLineEdit>("address")->isEnabled());  // while adb runs
+    ASSERT_TRUE(Reached([this] { return Rows() == 2 && SelectedRow() == 1; }));
+    EXPECT_EQ(Words(1, 3), ToQString(u8"WiFi 无线网络"));
+    EXPECT_EQ(Words(0, 3), ToQString(u8"USB 数据线"));
+    EXPECT_EQ(Runs("connect 10.0.0.9:5555"), 1);
+    EXPECT_EQ(status_, QStringList{ToQString(u8"无线连接成功")});
+    EXPECT_EQ(RememberedAddresses(settings_), std::vector<std::string>{"10.0.0.9:5555"});
+    EXPECT_TRUE(Part<QLineEdit>("address")->isEnabled());
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+}
+
+TEST_F(DeviceManagerDlgTest, AnAddressWhereNobodyAnswersIsNotRemembered) {
+    Print("connect", "failed to connect to '10.0.0.9:5555': Connection refused\n");
+    OpenWireless();
+    Part<QLineEdit>("address")->setText(QStringLiteral("10.0.0.9"));
+    Part<QAbstractButton>("connect address")->click();
+    ASSERT_TRUE(Reached([this] { return !status_.isEmpty(); }));
+    EXPECT_TRUE(status_.back().startsWith(ToQString(u8"【错误】连不上这个地址")));
+    EXPECT_EQ(State(), status_.back());
+    EXPECT_TRUE(RememberedAddresses(settings_).empty());
+    EXPECT_EQ(result_, -1);
+}
+
+TEST_F(DeviceManagerDlgTest, WhatIsNoAddressIsSaidSoAndAdbIsNotRun) {
+    OpenWireless();
+    for (const char* typed : {"", "--help", "-s one", "$(reboot)"}) {
+        Part<QLineEdit>("address")->setText(QLatin1String(typed));
+        Part<QAbstractButton>("connect address")->click();
+        EXPECT_TRUE(State().startsWith(ToQString(u8"【错误】地址不对"))) << typed;
+        EXPECT_EQ(RunningJobs(), 0);
+    }
+}
+
+TEST_F(DeviceManagerDlgTest, SixDigitsPairAPhoneWhichIsThenOfferedForTheConnection) {
+    Print("pair", "Successfully paired to 10.0.0.3:37123 [guid=adb-R58]\n");
+    Print("services", "adb-R58\t_adb-tls-pairing._tcp\t10.0.0.3:37123\n");
+    OpenWireless();
+    Part<QLineEdit>("pairing code")->setText(QStringLiteral("012345"));
+    Print("services", "adb-R58\t_adb-tls-connect._tcp\t10.0.0.3:41000\n");
+    Part<QAbstractButton>("pair")->click();
+    ASSERT_TRUE(Reached(
+        [this] { return Part<QLineEdit>("address")->text() == QStringLiteral("10.0.0.3:41000"); }));
+    EXPECT_EQ(Runs("pair 10.0.0.3:37123 012345"), 1);
+    EXPECT_EQ(status_, QStringList{ToQString(u8"配对成功，可以连接了")});
+    EXPECT_EQ(Part<QLineEdit>("pairing code")->text(), QString());
+}
+
+TEST_F(DeviceManagerDlgTest, APairingThatCannotBeIsSaidSo) {
+    Print("pair", "adb: unknown command pair\n");
+    OpenWireless();
+    Part<QLineEdit>("address")->setText(QStringLiteral("10.0.0.3:37123"));
+    Part<QLineEdit>("pairing code")->setText(QStringLiteral("12345"));
+    Part<QAbstractButton>("pair")->click();
+    EXPECT_EQ(State(), ToQString(u8"【错误】配对码是六位数字"));
+    EXPECT_EQ(RunningJobs(), 0);
+    Part<QLineEdit>("pairing code")->setText(QStringLiteral("123456"));
+    QTest::keyClick(Part<QLineEdit>("pairing code"), Qt::Key_Return);
+    ASSERT_TRUE(
+        Reached([this] { return State().startsWith(ToQString(u8"【错误】这台电脑的 adb 太旧")); }));
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+    EXPECT_EQ(Runs("pair 10.0.0.3:37123 123456"), 1);
+    EXPECT_EQ(Runs("connect 10.0.0.3:37123"), 0);
+}
+
+TEST_F(DeviceManagerDlgTest, DialogMayGoWhileAdbConnects) {
+    OpenWireless();
+    Part<QLineEdit>("address")->setText(QStringLiteral("10.0.0.9"));
+    Part<QAbstractButton>("connect address")->click();
+    Find(10200)->click();
+    ASSERT_TRUE(Reached([this] { return dialog_.isNull(); }));
+    ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+}
+
 // Writes the dialog's picture where QUORVI_PICTURES names a directory.
 TEST_F(DeviceManagerDlgTest, LooksAsDrawn) {
     device_.SetSerial("one");
@@ -346,6 +487,10 @@ TEST_F(DeviceManagerDlgTest, LooksAsDrawn) {
     const QString directory = qEnvironmentVariable("QUORVI_PICTURES");
     if (!directory.isEmpty()) {
         EXPECT_TRUE(picture.save(directory + QStringLiteral("/device-manager.png")));
+        Find<QComboBox>(1073)->setCurrentIndex(1);
+        ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
+        QCoreApplication::processEvents();
+        dialog_->grab().save(directory + QStringLiteral("/device-manager-wireless.png"));
         Print("devices", "List of devices attached\n\n");
         Find(1047)->click();
         dialog_->grab().save(directory + QStringLiteral("/device-manager-loading.png"));
