@@ -1,0 +1,223 @@
+package com.quorvi.Quorvi.wire;
+
+import static org.junit.Assert.assertArrayEquals;
+import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertThrows;
+import static org.junit.Assert.assertTrue;
+
+import java.io.File;
+import java.io.IOException;
+import java.io.InputStream;
+import java.net.ConnectException;
+import java.net.InetAddress;
+import java.net.Socket;
+import java.net.SocketException;
+import java.net.SocketTimeoutException;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.concurrent.BlockingQueue;
+import java.util.concurrent.LinkedBlockingQueue;
+import java.util.concurrent.TimeUnit;
+
+import org.junit.After;
+import org.junit.Test;
+
+public class AgentServerTest {
+    private static final int SHORT_MILLIS = 200;
+    private static final int LONG_MILLIS = 60 * 1000;
+
+    private final BlockingQueue<Object> events = new LinkedBlockingQueue<>();
+    private final List<Socket> opened = new ArrayList<>();
+    private AgentServer server;
+    private volatile boolean isAdmitted = true;
+
+    @After
+    public void end() throws Exception {
+        for (Socket socket : opened) {
+            socket.close();
+        }
+        server.stop();
+    }
+
+    @Test
+    public void answersAndCloses() throws Exception {
+        start(LONG_MILLIS);
+        Socket socket = connect();
+        socket.getOutputStream().write(Bytes.u32(AgentCommand.AGENT_VERSION.code));
+        assertArrayEquals(Bytes.u32(20), everything(socket));
+        assertEquals(AgentCommand.AGENT_VERSION, event());
+    }
+
+    @Test
+    public void aMalformedRequestClosesItsConnectionAndNothingElse() throws Exception {
+        start(LONG_MILLIS);
+        Socket waiting = connect();
+        waiting.getOutputStream().write(0x00);
+        Socket malformed = connect();
+        malformed.getOutputStream().write(Bytes.u32(0xFFFFFFFFL));
+        assertEquals(0, everything(malformed).length);
+        assertTrue(event() instanceof MalformedRequest);
+        waiting.getOutputStream().write(Bytes.of(0x0D, 0x46, 0x73));
+        assertArrayEquals(Bytes.u32(20), everything(waiting));
+    }
+
+    @Test
+    public void aRequestThatStallsIsCut() throws Exception {
+        start(SHORT_MILLIS);
+        Socket socket = connect();
+        socket.getOutputStream().write(0x00);
+        assertEquals(0, everything(socket).length);
+        assertTrue(event() instanceof IOException);
+    }
+
+    @Test
+    public void aReplyThatNobodyTakesIsCut() throws Exception {
+        start(SHORT_MILLIS);
+        Socket socket = connect();
+        socket.getOutputStream().write(Bytes.u32(AgentCommand.LIST_CONTACTS.code));
+        // Eight megabytes are more than the kernel keeps for a peer that doesn't read.
+        assertTrue(event() instanceof IOException);
+    }
+
+    @Test
+    public void aPeerThatIsNotAdmittedGetsNothing() throws Exception {
+        isAdmitted = false;
+        start(LONG_MILLIS);
+        Socket socket = connect();
+        assertEquals(0, everything(socket).length);
+        isAdmitted = true;
+        Socket next = connect();
+        next.getOutputStream().write(Bytes.u32(AgentCommand.AGENT_VERSION.code));
+        assertArrayEquals(Bytes.u32(20), everything(next));
+    }
+
+    @Test
+    public void theNinthConnectionWaitsForARoom() throws Exception {
+        start(LONG_MILLIS);
+        for (int i = 0; i < AgentServer.MAX_CONNECTIONS; ++i) {
+            connect();
+        }
+        Socket ninth = connect();
+        ninth.getOutputStream().write(Bytes.u32(AgentCommand.AGENT_VERSION.code));
+        ninth.setSoTimeout(SHORT_MILLIS);
+        assertThrows(SocketTimeoutException.class, () -> ninth.getInputStream().read());
+        ninth.setSoTimeout(LONG_MILLIS);
+        opened.get(0).close();
+        assertArrayEquals(Bytes.u32(20), everything(ninth));
+    }
+
+    @Test
+    public void listensOnLoopbackOnly() throws Exception {
+        start(LONG_MILLIS);
+        for (InetAddress address : InetAddress.getAllByName(InetAddress.getLocalHost().getHostName())) {
+            if (!address.isLoopbackAddress()) {
+                assertThrows(ConnectException.class, () -> new Socket(address, server.port()));
+            }
+        }
+        assertThrows(
+                ConnectException.class,
+                () -> new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 2}), server.port()));
+    }
+
+    @Test
+    public void stoppingEndsWhatIsOpen() throws Exception {
+        start(LONG_MILLIS);
+        Socket socket = connect();
+        socket.getOutputStream().write(0x00);
+        server.stop();
+        assertEquals(0, everything(socket).length);
+        assertThrows(ConnectException.class, this::connect);
+    }
+
+    @Test
+    public void aThousandSessionsLeaveNoThreadAndNoDescriptor() throws Exception {
+        start(LONG_MILLIS);
+        ask();
+        int threads = agentThreads();
+        int descriptors = descriptors();
+        for (int i = 0; i < 1000; ++i) {
+            ask();
+        }
+        waitUntilAtMost(threads, true);
+        waitUntilAtMost(descriptors, false);
+        server.stop();
+        assertEquals(0, agentThreads());
+    }
+
+    private void ask() throws Exception {
+        Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port());
+        try {
+            socket.getOutputStream().write(Bytes.u32(AgentCommand.AGENT_VERSION.code));
+            assertArrayEquals(Bytes.u32(20), everything(socket));
+        } finally {
+            socket.close();
+        }
+    }
+
+    /** The last connection's thread may still be ending. */
+    private static void waitUntilAtMost(int count, boolean isThreads) {
+        while ((isThreads ? agentThreads() : descriptors()) > count) {
+            Thread.yield();
+        }
+    }
+
+    private static int agentThreads() {
+        int count = 0;
+        for (Thread thread : Thread.getAllStackTraces().keySet()) {
+            count += thread.getName().startsWith("agent-") ? 1 : 0;
+        }
+        return count;
+    }
+
+    private static int descriptors() {
+        String[] all = new File("/proc/self/fd").list();
+        assertFalse(all == null);
+        return all.length;
+    }
+
+    private void start(int stallMillis) throws IOException {
+        server =
+                new AgentServer(
+                        new CommandTable(new EchoGroup()),
+                        connection -> isAdmitted,
+                        Asked.temporary(),
+                        new AgentServer.Listener() {
+                            @Override
+                            public void answered(AgentCommand command) {
+                                events.add(command);
+                            }
+
+                            @Override
+                            public void failed(Exception why) {
+                                events.add(why);
+                            }
+                        },
+                        stallMillis);
+        server.start(0);
+    }
+
+    private Socket connect() throws IOException {
+        Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port());
+        opened.add(socket);
+        return socket;
+    }
+
+    private Object event() throws InterruptedException {
+        return events.poll(LONG_MILLIS, TimeUnit.MILLISECONDS);
+    }
+
+    /** All bytes to the end of the connection, which may be its reset. */
+    private static byte[] everything(Socket socket) throws IOException {
+        InputStream in = socket.getInputStream();
+        byte[] all = {};
+        try {
+            for (int next = in.read(); next >= 0; next = in.read()) {
+                all = Bytes.of(all, next);
+            }
+        } catch (SocketException e) {
+            return all;
+        }
+        return all;
+    }
+}
