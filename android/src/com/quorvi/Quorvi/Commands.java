@@ -1,0 +1,14 @@
+package com.quorvi.Quorvi;
+
+import android.content.Context;
+
+import com.quorvi.Quorvi.wire.CommandTable;
+
+/** The commands that the agent answers, one table; each group gives its own. */
+final class Commands {
+    private Commands() {}
+
+    static CommandTable of(Context context) {
+        return new CommandTable(new PhoneCommands(context));
+    }
+}

@@ -1,0 +1,116 @@
+package com.quorvi.Quorvi;
+
+import android.annotation.TargetApi;
+import android.app.Activity;
+import android.content.Intent;
+import android.content.pm.PackageManager;
+import android.os.Build;
+import android.os.Bundle;
+import android.view.View;
+import android.widget.Button;
+import android.widget.TextView;
+
+import java.util.ArrayList;
+import java.util.List;
+
+/** The agent's window: starts and stops it, asks for what it needs, asks whose the PC is. */
+public final class Quorvi extends Activity {
+    private final AgentState state = AgentState.PROCESS;
+    private final Runnable refresh = new Runnable() {
+        @Override
+        public void run() {
+            runOnUiThread(new Runnable() {
+                @Override
+                public void run() {
+                    show();
+                }
+            });
+        }
+    };
+
+    @Override
+    protected void onCreate(Bundle saved) {
+        super.onCreate(saved);
+        setContentView(R.layout.main);
+        answerBy(R.id.allow, true);
+        answerBy(R.id.refuse, false);
+        findViewById(R.id.stop).setOnClickListener(new View.OnClickListener() {
+            @Override
+            public void onClick(View button) {
+                if (isRunning()) {
+                    stopService(new Intent(Quorvi.this, AgentService.class));
+                } else {
+                    startAgent();
+                }
+            }
+        });
+        if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.M) {
+            askForPermissions();
+        }
+        startAgent();
+    }
+
+    /** The PC starts the activity anew each time that it links. */
+    @Override
+    protected void onNewIntent(Intent intent) {
+        super.onNewIntent(intent);
+        startAgent();
+    }
+
+    @Override
+    protected void onResume() {
+        super.onResume();
+        state.watch(refresh);
+        show();
+    }
+
+    @Override
+    protected void onPause() {
+        state.unwatch(refresh);
+        super.onPause();
+    }
+
+    private boolean isRunning() {
+        return state.link() == AgentState.Link.WAITING
+                || state.link() == AgentState.Link.CONNECTED;
+    }
+
+    private void startAgent() {
+        Intent service = new Intent(this, AgentService.class);
+        if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.O) {
+            startForegroundService(service);
+        } else {
+            startService(service);
+        }
+    }
+
+    private void show() {
+        ((TextView) findViewById(R.id.state)).setText(state.link().text);
+        ((Button) findViewById(R.id.stop)).setText(isRunning() ? R.string.stop : R.string.start);
+        findViewById(R.id.ask).setVisibility(state.asking() != null ? View.VISIBLE : View.GONE);
+    }
+
+    private void answerBy(int button, final boolean isAllowed) {
+        findViewById(button).setOnClickListener(new View.OnClickListener() {
+            @Override
+            public void onClick(View clicked) {
+                state.answered(isAllowed);
+            }
+        });
+    }
+
+    @TargetApi(Build.VERSION_CODES.M)
+    private void askForPermissions() {
+        List<String> missing = new ArrayList<>();
+        for (Permissions permission : Permissions.values()) {
+            if (permission.isAsked
+                    && checkSelfPermission(permission.androidName)
+                            != PackageManager.PERMISSION_GRANTED) {
+                missing.add(permission.androidName);
+            }
+        }
+        if (!missing.isEmpty()) {
+            requestPermissions(missing.toArray(new String[0]), 0);
+        }
+    }
+}
