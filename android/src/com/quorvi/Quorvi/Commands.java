@@ -9,6 +9,13 @@ final class Commands {
     private Commands() {}
 
     static CommandTable of(Context context) {
-        return new CommandTable(new PhoneCommands(context));
+        return new CommandTable(
+                new PhoneCommands(context),
+                new MessageCommands(context),
+                new CallCommands(context),
+                new FileCommands(),
+                new AppCommands(context),
+                new AutoStartCommands(context),
+                new ProcessCommands(context));
     }
 }

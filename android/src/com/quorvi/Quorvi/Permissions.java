@@ -10,7 +10,34 @@ import java.util.List;
 enum Permissions {
     /** The socket, without which there is no command at all. */
     INTERNET("android.permission.INTERNET", false, AgentCommand.values()),
-    FOREGROUND_SERVICE("android.permission.FOREGROUND_SERVICE", false, AgentCommand.values());
+    FOREGROUND_SERVICE("android.permission.FOREGROUND_SERVICE", false, AgentCommand.values()),
+    /** The names under which conversations are listed. */
+    READ_CONTACTS("android.permission.READ_CONTACTS", true, AgentCommand.LIST_CONVERSATIONS),
+    READ_SMS(
+            "android.permission.READ_SMS",
+            true,
+            AgentCommand.LIST_CONVERSATIONS,
+            AgentCommand.READ_CONVERSATION),
+    /** Until Android 4.4; after that nobody is asked, and nobody may. */
+    WRITE_SMS(
+            "android.permission.WRITE_SMS",
+            false,
+            AgentCommand.DELETE_CONVERSATION,
+            AgentCommand.SEND_MESSAGE),
+    SEND_SMS("android.permission.SEND_SMS", true, AgentCommand.SEND_MESSAGE),
+    READ_CALL_LOG("android.permission.READ_CALL_LOG", true, AgentCommand.LIST_CALLS),
+    WRITE_CALL_LOG(
+            "android.permission.WRITE_CALL_LOG",
+            true,
+            AgentCommand.DELETE_CALLS,
+            AgentCommand.DELETE_ALL_CALLS),
+    READ_EXTERNAL_STORAGE(
+            "android.permission.READ_EXTERNAL_STORAGE",
+            true,
+            AgentCommand.LIST_FILE_ROOTS,
+            AgentCommand.LIST_DIRECTORY),
+    KILL_BACKGROUND_PROCESSES(
+            "android.permission.KILL_BACKGROUND_PROCESSES", false, AgentCommand.END_PROCESSES);
 
     final String androidName;
 
