@@ -1,10 +1,10 @@
 // A user's story with the phone's screen: captured through the real adb, turned, and saved.
 #include <QAbstractButton>
-#include <QLineEdit>
 #include <filesystem>
 
 #include "base/SettingsStore.h"
 #include "tests/app/screen/ScreenOnPhone.h"
+#include "tests/support/FileDialogDriver.h"
 #include "tests/support/Process.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -13,15 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QFileDialog* OpenFileDialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* dialog = qobject_cast<QFileDialog*>(widget); dialog && dialog->isVisible()) {
-            return dialog;
-        }
-    }
-    return nullptr;
-}
-
 class ScreenStory : public ScreenOnPhone {
   protected:
     void SetUp() override {
@@ -29,9 +20,7 @@ class ScreenStory : public ScreenOnPhone {
         Window().Settings().WriteText(kSettingsKey, "screen_shot", folder_.Path().native());
     }
     void TearDown() override {
-        if (QFileDialog* dialog = OpenFileDialog()) {
-            dialog->close();
-        }
+        CloseFileDialog();
         ScreenOnPhone::TearDown();
     }
     void OpenWithPicture() {
@@ -61,9 +50,7 @@ class ScreenStory : public ScreenOnPhone {
     void SaveAs(const QString& name) {
         Command(kSave);
         ASSERT_TRUE(WaitFor([] { return OpenFileDialog() != nullptr; }));
-        QFileDialog& dialog = *OpenFileDialog();
-        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        static_cast<QDialog&>(dialog).accept();
+        AnswerFileDialog(name);
         ASSERT_TRUE(WaitIdle());
     }
 

@@ -2,9 +2,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
-#include <QFileDialog>
 #include <QImageReader>
-#include <QLineEdit>
 #include <QTimer>
 #include <QUrl>
 #include <filesystem>
@@ -15,6 +13,7 @@
 #include "pages/screen/PictureDrag.h"
 #include "pages/screen/SavePlace.h"
 #include "tests/pages/screen/ScreenshotFixture.h"
+#include "tests/support/FileDialogDriver.h"
 #include "tests/support/OpenedAddresses.h"
 #include "tests/support/PrintQt.h"
 
@@ -47,15 +46,6 @@ QByteArray FormatIn(const fs::path& file) {
     return reader.format();
 }
 
-QFileDialog* OpenFileDialog() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* dialog = qobject_cast<QFileDialog*>(widget); dialog && dialog->isVisible()) {
-            return dialog;
-        }
-    }
-    return nullptr;
-}
-
 class ScreenshotPageSaves : public ScreenshotFixture {
   protected:
     void SetUp() override {
@@ -64,9 +54,7 @@ class ScreenshotPageSaves : public ScreenshotFixture {
         fs::create_directories(Chosen());
     }
     void TearDown() override {
-        if (QFileDialog* dialog = OpenFileDialog()) {
-            dialog->close();
-        }
+        CloseFileDialog();
         ScreenshotFixture::TearDown();
         fs::current_path(workingDirectory_);
     }
@@ -97,13 +85,14 @@ class ScreenshotPageSaves : public ScreenshotFixture {
         EXPECT_NE(OpenFileDialog(), nullptr);
         return *OpenFileDialog();
     }
-    // Types a name into the dialog, and ends it as its button does.
-    void Accept(QFileDialog& dialog, const QString& name) {
-        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        static_cast<QDialog&>(dialog).accept();
+    void Answer(const QString& name) {
+        AnswerFileDialog(name);
         Settle();
     }
-    void SaveAs(const QString& name) { Accept(Ask(CScreenshotPage::commandSave), name); }
+    void SaveAs(const QString& name) {
+        Ask(CScreenshotPage::commandSave);
+        Answer(name);
+    }
 
     const fs::path workingDirectory_ = fs::current_path();
 };
@@ -183,7 +172,7 @@ TEST_F(ScreenshotPageSaves, ANameWithoutAnEndingGetsThatOfTheFilter) {
     QFileDialog& dialog = Ask(CScreenshotPage::commandSave);
     dialog.selectNameFilter(ToQString(u8"GIF图片 (*.gif)"));
     Q_EMIT dialog.filterSelected(ToQString(u8"GIF图片 (*.gif)"));
-    Accept(dialog, QStringLiteral("b"));
+    Answer(QStringLiteral("b"));
     EXPECT_EQ(FormatIn(Chosen() / "b.gif"), "gif");
 }
 
@@ -199,11 +188,11 @@ TEST_F(ScreenshotPageSaves, ThePictureIsSavedAsItIsTurned) {
 TEST_F(ScreenshotPageSaves, ThePictureThatWasOnShowAtThePressIsSaved) {
     OpenWithPicture();
     Keep(Chosen());
-    QFileDialog& dialog = Ask(CScreenshotPage::commandSave);
+    Ask(CScreenshotPage::commandSave);
     server_.Tell(ToldScreen{.width = 12, .height = 5});
     page_->Load();
     Settle();
-    Accept(dialog, QStringLiteral("a.png"));
+    Answer(QStringLiteral("a.png"));
     EXPECT_EQ(QImageReader(Shown(Chosen() / "a.png")).size(), QSize(6, 9));
 }
 
@@ -316,7 +305,8 @@ TEST_F(ScreenshotPageSaves, WithoutAStoredFolderTheDialogHasTheDefaultOne) {
 
 TEST_F(ScreenshotPageSaves, AChosenFolderIsKeptAndTheWorkingDirectoryChanges) {
     Open();
-    Accept(Ask(CScreenshotPage::commandChooseFolder), Shown(Chosen()));
+    Ask(CScreenshotPage::commandChooseFolder);
+    Answer(Shown(Chosen()));
     EXPECT_EQ(Kept(), ToAnsi(Chosen().native()));
     EXPECT_EQ(fs::current_path(), fs::canonical(Chosen()));
     page_->Load();
@@ -340,7 +330,8 @@ TEST_F(ScreenshotPageSaves, AFolderWhoseNameTheCodePageCannotHoldIsSaidNotToBeKe
     const fs::path folder = folder_.Path() / name.toStdString();
     fs::create_directories(folder);
     Open();
-    Accept(Ask(CScreenshotPage::commandChooseFolder), Shown(folder));
+    Ask(CScreenshotPage::commandChooseFolder);
+    Answer(Shown(folder));
     EXPECT_EQ(Kept(), std::nullopt);
     EXPECT_TRUE(host_.status.startsWith(ToQString(u8"【X】"))) << host_.status.toStdString();
     EXPECT_EQ(fs::current_path(), fs::canonical(folder));
