@@ -36,6 +36,15 @@ void AskWhereToSave(QWidget& parent, const SaveQuestion& question,
     Open(dialog, std::move(done));
 }
 
+void AskOpenFile(QWidget& parent, const OpenQuestion& question,
+                 std::function<void(const QString&)> done) {
+    auto* dialog = new QFileDialog(parent.window(), question.title, question.folder);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(question.filters);
+    Open(dialog, std::move(done));
+}
+
 void AskForFolder(QWidget& parent, const QString& title, const QString& folder,
                   std::function<void(const QString&)> done) {
     auto* dialog = new QFileDialog(parent.window(), title);

@@ -25,6 +25,17 @@ struct SaveQuestion {
 void AskWhereToSave(QWidget& parent, const SaveQuestion& question,
                     std::function<void(const QString& path)> done);
 
+// What a dialog that asks for a file opens with.
+struct OpenQuestion {
+    QString title;
+    QStringList filters;  // "通讯录 (*.vcf *.csv)"; the first one is chosen at first
+    QString folder;       // where it opens
+};
+
+// The same for a file that exists, and that is to be read.
+void AskOpenFile(QWidget& parent, const OpenQuestion& question,
+                 std::function<void(const QString& path)> done);
+
 // The same for a folder that exists; `folder` is selected when the dialog opens.
 void AskForFolder(QWidget& parent, const QString& title, const QString& folder,
                   std::function<void(const QString& path)> done);
