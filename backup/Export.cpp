@@ -28,19 +28,7 @@ bool HasFailed(SessionOutcome outcome) {
            outcome == SessionOutcome::receiveFailed;
 }
 
-// How a list was read. Only a whole one is written: a file of half the records would pass for all.
-template <typename Row>
-TransferStatus StatusOf(const ListReply<Row>& reply) {
-    if (HasFailed(reply.outcome)) {
-        return LinkLost(reply.outcome);
-    }
-    const bool whole =
-        reply.outcome == SessionOutcome::noData ||
-        (reply.outcome == SessionOutcome::complete && reply.IsWhole() && !reply.list.cut);
-    return whole ? TransferStatus() : NotWhole();
-}
-
-// The same of conversations and their messages.
+// How conversations and their messages were read: see StatusOfList.
 template <typename Reply>
 TransferStatus StatusOfMessages(const Reply& reply) {
     if (HasFailed(reply.outcome)) {
@@ -99,7 +87,7 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
 ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
                             const TransferWatch& watch) {
     const ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
-    ExportResult result{StatusOf(list)};
+    ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
@@ -162,7 +150,7 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
 ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
                          const std::filesystem::path& file, const TransferWatch& watch) {
     const CallLogReply list = FetchCallLog(AgentSession(agent), attribution);
-    ExportResult result{StatusOf(list)};
+    ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
@@ -178,7 +166,7 @@ ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
 ExportResult ExportBookmarks(AgentAddress agent, const std::filesystem::path& file,
                              const TransferWatch& watch) {
     const BookmarkListReply list = FetchBookmarkList(AgentSession(agent));
-    ExportResult result{StatusOf(list)};
+    ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }

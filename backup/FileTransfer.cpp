@@ -13,12 +13,13 @@ struct KindRow {
     FileKind kind;
     std::string_view exports;  // endings, "、" between them
     std::string_view imports;
+    std::u8string_view counted;
 };
 constexpr std::array<KindRow, 4> kKinds{{
-    {FileKind::contacts, "vcf、csv", "vcf、csv"},
-    {FileKind::messages, "txt、csv、html、htm、json", ""},
-    {FileKind::calls, "csv、json", ""},
-    {FileKind::bookmarks, "html、htm", "html、htm"},
+    {FileKind::contacts, "vcf、csv", "vcf、csv", u8" 个联系人"},
+    {FileKind::messages, "txt、csv、html、htm、json", "", u8" 条短信"},
+    {FileKind::calls, "csv、json", "", u8" 条通话记录"},
+    {FileKind::bookmarks, "html、htm", "html、htm", u8" 个书签"},
 }};
 
 const KindRow& RowOf(FileKind kind) {
@@ -54,6 +55,10 @@ std::string_view ExportEndings(FileKind kind) {
 
 std::string_view ImportEndings(FileKind kind) {
     return RowOf(kind).imports;
+}
+
+std::string CountedRecords(FileKind kind, std::size_t count) {
+    return std::to_string(count) + Ansi(RowOf(kind).counted);
 }
 
 void SkippedRecords::Add(std::string what, std::u8string_view why) {

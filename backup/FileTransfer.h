@@ -9,6 +9,7 @@
 
 #include "agent/AgentSession.h"
 #include "base/os/StopSignal.h"
+#include "pages/kit/ListReply.h"
 
 namespace quorvi {
 
@@ -22,6 +23,9 @@ enum class FileKind { contacts, messages, calls, bookmarks };
 // The endings that are known, for people: "vcf、csv". UTF-8.
 [[nodiscard]] std::string_view ExportEndings(FileKind kind);
 [[nodiscard]] std::string_view ImportEndings(FileKind kind);
+
+// "3 个联系人". ANSI.
+[[nodiscard]] std::string CountedRecords(FileKind kind, std::size_t count);
 
 enum class TransferEnd {
     whole,
@@ -61,6 +65,24 @@ struct TransferStatus {
 [[nodiscard]] TransferStatus NotWhole();
 [[nodiscard]] TransferStatus FileFailed(std::u8string_view why);
 [[nodiscard]] TransferStatus Stopped();
+
+// Of a list that was read: only a whole one will do, since half of the records would pass for all.
+template <typename Row>
+[[nodiscard]] TransferStatus StatusOfList(const ListReply<Row>& reply) {
+    switch (reply.outcome) {
+        case SessionOutcome::noData:
+            return {};
+        case SessionOutcome::complete:
+            return reply.IsWhole() && !reply.list.cut ? TransferStatus() : NotWhole();
+        case SessionOutcome::cut:
+            return NotWhole();
+        case SessionOutcome::connectFailed:
+        case SessionOutcome::noReply:
+        case SessionOutcome::receiveFailed:
+            break;
+    }
+    return LinkLost(reply.outcome);
+}
 
 // How a transfer is followed and ended. `stop` is looked at between two records.
 struct TransferWatch {

@@ -8,6 +8,7 @@
 
 #include "backup/ContactTable.h"
 #include "backup/FileEnding.h"
+#include "backup/ImportGroups.h"
 #include "backup/PhoneLists.h"
 #include "backup/VCardReader.h"
 #include "base/Text.h"
@@ -128,24 +129,16 @@ void ReadBookmarks(std::string_view text, ImportContent& content) {
     }
 }
 
-// By which two contacts are the same. ANSI.
-using ContactKey = std::pair<std::string, std::string>;
-
-ContactKey KeyOf(std::string name, std::string_view number) {
-    std::string digits;
-    std::ranges::copy_if(number, std::back_inserter(digits), [](char c) {
-        return std::string_view(" -().\t").find(c) == std::string_view::npos;
-    });
-    return {std::move(name), std::move(digits)};
+std::string FirstNumber(const ContactCard& card) {
+    return card.phones.empty() ? std::string() : ToAnsi(card.phones.front().text);
 }
 
 // Whether no contact of `known` is this one, which is among them from then on. A contact that has
 // no name has one after its import: it may be there as either.
 bool IsNew(const ContactCard& card, const std::string& name, std::set<ContactKey>& known) {
-    const std::string number =
-        card.phones.empty() ? std::string() : ToAnsi(card.phones.front().text);
-    const bool isThere = card.name.empty() && known.contains(KeyOf({}, number));
-    return known.insert(KeyOf(name, number)).second && !isThere;
+    const std::string number = FirstNumber(card);
+    const bool isThere = card.name.empty() && known.contains(KeyOfContact({}, number));
+    return known.insert(KeyOfContact(name, number)).second && !isThere;
 }
 
 // Adds one record; false when the import ends with it.
@@ -168,26 +161,44 @@ std::string LeftOutText(const ReadCard& read) {
     const auto add = [&](std::string_view word) {
         text.append(text.empty() ? "" : Ansi(u8"、")).append(word);
     };
-    for (const std::string& title : read.card.groups) {
-        add(Ansi(u8"分组 ") + ToAnsi(title));
-    }
     for (const std::string& name : read.leftOut) {
         add(name == "PHOTO" ? Ansi(u8"照片") : ToAnsi(name));
     }
     return text;
 }
 
-// The rows of the phone's list, in the status what went wrong.
-template <typename Reply>
-bool IsKnown(const Reply& reply, TransferStatus& status) {
-    const SessionOutcome outcome = reply.outcome;
-    if (outcome == SessionOutcome::noData ||
-        (outcome == SessionOutcome::complete && reply.IsWhole() && !reply.list.cut)) {
-        return true;
+// Adds what is not known, to the end or as far as it goes; those that it has added.
+std::vector<AddedContact> AddContacts(AgentAddress agent, const std::vector<ReadCard>& cards,
+                                      std::set<ContactKey>& known, ImportMode mode,
+                                      const TransferWatch& watch, ImportResult& result) {
+    std::vector<AddedContact> added;
+    std::size_t done = 0;
+    for (const ReadCard& read : cards) {
+        if (watch.IsStopped()) {
+            result.status = Stopped();
+            break;
+        }
+        const std::optional<ContactRecord> record = RecordOf(read.card);
+        const std::string name = record ? ToAnsi(record->name.text) : std::string();
+        if (!record) {
+            result.skipped.Add(name, WhyOf(CardFault::nothingInIt));
+        } else if (!IsNew(read.card, name, known)) {
+            ++result.there;
+        } else {
+            if (mode == ImportMode::send &&
+                !SendOne(agent, AddContactRequest(*record), name, result)) {
+                break;
+            }
+            ++result.added;
+            added.push_back({KeyOfContact(name, FirstNumber(read.card)), read.card.groups});
+            if (const std::string left = LeftOutText(read); !left.empty()) {
+                result.leftOut.Add(std::string(name).append(": ").append(left),
+                                   u8"手机的新联系人不接受这些内容");
+            }
+        }
+        watch.Tell(++done, cards.size());
     }
-    const bool broken = outcome == SessionOutcome::complete || outcome == SessionOutcome::cut;
-    status = broken ? NotWhole() : LinkLost(outcome);
-    return false;
+    return added;
 }
 
 }  // namespace
@@ -220,37 +231,25 @@ ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, Im
         return result;
     }
     const ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
-    if (!IsKnown(list, result.status)) {
+    result.status = StatusOfList(list);
+    if (result.status.end != TransferEnd::whole) {
         return result;
     }
     std::set<ContactKey> known;
+    std::set<std::uint32_t> before;
     for (const ContactListRow& row : list.list.rows) {
-        known.insert(KeyOf(row.name, row.number));
+        before.insert(row.contactId);
+        known.insert(KeyOfContact(row.name, row.number));
     }
-    std::size_t done = 0;
-    for (const ReadCard& read : content.cards) {
-        if (watch.IsStopped()) {
-            result.status = Stopped();
-            return result;
-        }
-        const std::optional<ContactRecord> record = RecordOf(read.card);
-        const std::string name = record ? ToAnsi(record->name.text) : std::string();
-        if (!record) {
-            result.skipped.Add(name, WhyOf(CardFault::nothingInIt));
-        } else if (!IsNew(read.card, name, known)) {
-            ++result.there;
-        } else {
-            if (mode == ImportMode::send &&
-                !SendOne(agent, AddContactRequest(*record), name, result)) {
-                return result;
-            }
-            ++result.added;
-            if (const std::string left = LeftOutText(read); !left.empty()) {
-                result.leftOut.Add(std::string(name).append(": ").append(left),
-                                   u8"手机的新联系人不接受这些内容");
-            }
-        }
-        watch.Tell(++done, content.cards.size());
+    const std::vector<AddedContact> added =
+        AddContacts(agent, content.cards, known, mode, watch, result);
+    if (mode == ImportMode::tellOnly) {
+        return result;
+    }
+    if (result.status.end == TransferEnd::whole) {
+        result.status = PutIntoGroups(agent, added, before, watch, result.leftOut);
+    } else {
+        TellNotInGroups(added, result.leftOut);
     }
     return result;
 }
@@ -262,7 +261,8 @@ ImportResult ImportBookmarks(AgentAddress agent, const ImportContent& content, I
         return result;
     }
     const BookmarkListReply list = FetchBookmarkList(AgentSession(agent));
-    if (!IsKnown(list, result.status)) {
+    result.status = StatusOfList(list);
+    if (result.status.end != TransferEnd::whole) {
         return result;
     }
     std::set<std::string> known;

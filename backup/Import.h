@@ -46,7 +46,8 @@ struct ImportResult {
     SkippedRecords leftOut{};
 };
 
-// Adds what the phone does not have, by the requests of the editors. A contact is there when one of
+// Adds what the phone does not have, by the requests of the editors, and puts new contacts into the
+// groups of their cards (see PutIntoGroups). A contact is there when one of
 // the same name has the same first number, signs between its digits aside; a bookmark, when one has
 // the same address. A request that the phone does not acknowledge ends the import: doing it again
 // then passes over what has come. Blocks, and runs on a worker.

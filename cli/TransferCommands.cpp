@@ -20,13 +20,12 @@ namespace {
 struct KindWord {
     std::string_view word;
     FileKind kind;
-    std::u8string_view counted;
 };
 constexpr std::array<KindWord, 4> kKinds{{
-    {"contacts", FileKind::contacts, u8" 个联系人"},
-    {"messages", FileKind::messages, u8" 条短信"},
-    {"calls", FileKind::calls, u8" 条通话记录"},
-    {"bookmarks", FileKind::bookmarks, u8" 个书签"},
+    {"contacts", FileKind::contacts},
+    {"messages", FileKind::messages},
+    {"calls", FileKind::calls},
+    {"bookmarks", FileKind::bookmarks},
 }};
 
 const KindWord* FindKind(std::string_view word) {
@@ -74,7 +73,7 @@ void PrintRecords(const SkippedRecords& records, std::u8string_view heading, Out
 }
 
 std::string Counted(std::u8string_view verb, std::size_t count, const KindWord& kind) {
-    return Ansi(verb) + " " + std::to_string(count) + Ansi(kind.counted);
+    return Ansi(verb) + " " + CountedRecords(kind.kind, count);
 }
 
 ExportResult Export(const KindWord& kind, std::optional<std::uint32_t> conversation,

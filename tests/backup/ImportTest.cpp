@@ -2,12 +2,15 @@
 
 #include "backup/BookmarkFile.h"
 #include "backup/ContactCard.h"
+#include "backup/ContactMatch.h"
 #include "backup/ContactTable.h"
 #include "backup/Import.h"
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
 #include "pages/bookmarks/BookmarkForm.h"
 #include "pages/contacts/ContactForm.h"
+#include "pages/contacts/ContactGroups.h"
+#include "pages/contacts/ContactRecord.h"
 #include "tests/backup/PhoneRecords.h"
 #include "tests/support/ScriptedAgent.h"
 #include "tests/support/TemporaryFolder.h"
@@ -31,6 +34,72 @@ class Imports : public testing::Test {
     void AnswerContacts() {
         agent_.AnswerPayload(AgentCommand::listContacts, test::TwoContacts());
         agent_.AnswerAcknowledged(AgentCommand::addContact);
+        agent_.AnswerAcknowledged(AgentCommand::addGroup);
+        agent_.AnswerAcknowledged(AgentCommand::updateContact);
+        agent_.AnswerPayload(AgentCommand::listGroups, TwoGroups());
+    }
+    // 家人 with the id 3, and 同事 with the id 4.
+    static Bytes TwoGroups() {
+        return WireBytes()
+            .U32(0)         // leading word
+            .U64(3)         // group id
+            .Text("家人")   // title
+            .Text("phone")  // account
+            .U32(1)         // visible
+            .U64(4)         // group id
+            .Text("同事")   // title
+            .Text("phone")  // account
+            .U32(1)         // visible
+            .Get();
+    }
+    // The list of the phone with Bo, whose id is 9, and what it gives of him.
+    void LetBoBeThere() {
+        agent_.AnswerPayload(AgentCommand::listContacts, WireBytes()
+                                                             .Add(test::TwoContacts())
+                                                             .U64(9)         // contact id
+                                                             .U64(9)         // second id
+                                                             .Text("Bo")     // name
+                                                             .U32(0)         // favourite
+                                                             .Text("010 1")  // number
+                                                             .U64(0)         // last contact
+                                                             .U32(0)         // reserved
+                                                             .U32(0)         // has photo
+                                                             .Get());
+        agent_.AnswerPayload(AgentCommand::readContact, WireBytes()
+                                                            .U32(0)         // leading word
+                                                            .U64(9)         // contact id
+                                                            .U32(0)         // favourite
+                                                            .U64(0)         // last contact
+                                                            .U64(0)         // times contacted
+                                                            .U32(0)         // has photo
+                                                            .U32(0)         // structured flag
+                                                            .U32(1)         // name flag
+                                                            .U64(90)        // name row id
+                                                            .U32(0)         // reserved
+                                                            .Text("Bo")     // name
+                                                            .U32(0)         // nickname flag
+                                                            .U32(0)         // note flag
+                                                            .U32(1)         // phones
+                                                            .U64(91)        // row id
+                                                            .U32(3)         // type: work
+                                                            .Text("010-1")  // number
+                                                            .U32(0)         // groups
+                                                            .U32(0)         // e-mails
+                                                            .U32(0)         // ims
+                                                            .U32(0)         // websites
+                                                            .U32(0)         // addresses
+                                                            .U32(0)         // organisations
+                                                            .Get());
+    }
+    // Imports, with Bo in the phone's list from the end of the cards on.
+    ImportResult ImportWithBo(std::string_view file) {
+        const ImportContent content = ReadCards(file);
+        return ImportContacts(agent_.Port(), content, ImportMode::send,
+                              {nullptr, [&](std::size_t done, std::size_t of) {
+                                   if (done == of) {
+                                       LetBoBeThere();
+                                   }
+                               }});
     }
 
     ScriptedAgent agent_;
@@ -62,9 +131,68 @@ TEST_F(Imports, ContactsThatAreNotThereAreAdded) {
 TEST_F(Imports, WhatANewContactCannotBeSentIsNamed) {
     AnswerContacts();
     const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send);
-    EXPECT_EQ(result.leftOut.list,
-              (std::vector<SkippedRecord>{{Ansi(u8"Bo: 分组 家人、分组 同事、照片"),
-                                           Ansi(u8"手机的新联系人不接受这些内容")}}));
+    EXPECT_EQ(result.leftOut.list, (std::vector<SkippedRecord>{
+                                       {Ansi(u8"Bo: 照片"), Ansi(u8"手机的新联系人不接受这些内容")},
+                                       {Ansi(u8"Bo: 分组 家人、分组 同事"),
+                                        Ansi(u8"在手机上没有找到这个新联系人，没有放进分组")}}));
+}
+
+TEST_F(Imports, ANewContactIsPutIntoItsGroups) {
+    AnswerContacts();
+    const ImportResult result = ImportWithBo(kThree);
+    EXPECT_EQ(result.status.end, TransferEnd::whole);
+    EXPECT_THAT(
+        result.leftOut.list,
+        ElementsAre(SkippedRecord{Ansi(u8"Bo: 照片"), Ansi(u8"手机的新联系人不接受这些内容")}));
+    const auto changes = agent_.Requests(AgentCommand::updateContact);
+    ASSERT_THAT(changes, SizeIs(1));
+    auto record = FetchContact(AgentSession(agent_.Port()), 9).record;
+    ASSERT_TRUE(record);
+    ContactCard groups;
+    groups.groups = {"家人", "同事"};
+    const auto listed = FetchContactGroups(AgentSession(agent_.Port())).list.rows;
+    EXPECT_EQ(changes[0], UpdateContactRequest(*RecordToComplete(*record, groups, listed)));
+    EXPECT_THAT(agent_.Requests(AgentCommand::addGroup), IsEmpty());
+}
+
+TEST_F(Imports, AGroupThatThePhoneDoesNotHaveIsMade) {
+    AnswerContacts();
+    ImportWithBo("BEGIN:VCARD\nFN:Bo\nTEL:010-1\nCATEGORIES:家人,球友\nEND:VCARD\n");
+    EXPECT_THAT(agent_.Requests(AgentCommand::addGroup),
+                ElementsAre(AddGroupRequest(Ansi(u8"球友"))));
+}
+
+TEST_F(Imports, WithoutGroupsThePhoneIsNotAskedForAny) {
+    AnswerContacts();
+    ImportWithBo("BEGIN:VCARD\nFN:Bo\nTEL:010-1\nEND:VCARD\n");
+    EXPECT_THAT(agent_.Requests(AgentCommand::listGroups), IsEmpty());
+    EXPECT_THAT(agent_.Requests(AgentCommand::listContacts), SizeIs(1));
+}
+
+TEST_F(Imports, GroupsThatCannotBeReadAreToldAndTheContactsStay) {
+    AnswerContacts();
+    agent_.Answer(AgentCommand::listGroups, {});  // closed without a word
+    const ImportResult result = ImportWithBo(kThree);
+    EXPECT_EQ(result.status.end, TransferEnd::linkLost);
+    EXPECT_EQ(result.added, 2U);
+    EXPECT_EQ(result.leftOut.list.back(),
+              (SkippedRecord{Ansi(u8"Bo: 分组 家人、分组 同事"),
+                             Ansi(u8"没有放进分组，请在手机上放进去")}));
+    EXPECT_THAT(agent_.Requests(AgentCommand::updateContact), IsEmpty());
+}
+
+TEST_F(Imports, AnImportThatEndsEarlyTellsWhoIsInNoGroup) {
+    AnswerContacts();
+    StopSignal stop;
+    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send,
+                                               {&stop, [&](std::size_t done, std::size_t) {
+                                                    if (done == 2) {
+                                                        stop.Stop();
+                                                    }
+                                                }});
+    EXPECT_EQ(result.status.end, TransferEnd::stopped);
+    EXPECT_EQ(result.leftOut.list.back().what, Ansi(u8"Bo: 分组 家人、分组 同事"));
+    EXPECT_THAT(agent_.Requests(AgentCommand::listGroups), IsEmpty());
 }
 
 TEST_F(Imports, TellingOnlySendsNothing) {
