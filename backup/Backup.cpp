@@ -54,6 +54,7 @@ bool BackupRun::Accept(SessionOutcome outcome) {
         case SessionOutcome::noData:
             return true;
         case SessionOutcome::connectFailed:
+            result.connected = false;
             return Fail(BackupEnd::linkLost, Ansi(u8"没有连接手机，请连接后重试"));
         case SessionOutcome::cut:
         case SessionOutcome::noReply:

@@ -37,7 +37,8 @@ enum class BackupEnd {
 
 struct BackupResult {
     BackupEnd end = BackupEnd::whole;
-    std::string why;  // of any end but `whole`; ANSI
+    std::string why;        // of any end but `whole`; ANSI
+    bool connected = true;  // with linkLost: false when there was no connection at all
     // What has been read: with `whole`, what the backup holds; else how far it came, and nothing
     // stands under the target's name.
     Manifest manifest;

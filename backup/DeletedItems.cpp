@@ -94,13 +94,14 @@ std::filesystem::path DeletedItems::NameFor(std::int64_t now) const {
     return name;
 }
 
-BackupResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
-                                const StopSignal& stop) const {
+KeepResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
+                              const StopSignal& stop) const {
     std::error_code failed;
     if (std::filesystem::create_directories(folder_, failed)) {
         std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, failed);
     }
-    BackupWriter writer(NameFor(now));
+    const std::filesystem::path backup = NameFor(now);
+    BackupWriter writer(backup);
     const BackupRun::Progress tellNobody = [](const BackupProgress&) {};
     BackupRun run(agent, writer, tellNobody, stop);
     run.result.manifest.made = now;
@@ -111,7 +112,7 @@ BackupResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::
             error == std::errc::operation_canceled ? run.FailStopped() : run.FailDisk(error);
         }
     }
-    return std::move(run.result);
+    return {std::move(run.result), backup};
 }
 
 std::vector<KeptDeletion> DeletedItems::List(std::int64_t now) const {
@@ -137,10 +138,10 @@ std::vector<KeptDeletion> DeletedItems::List(std::int64_t now) const {
     return kept;
 }
 
-bool DeletedItems::Forget(const KeptDeletion& deletion) const {
+bool DeletedItems::Forget(const std::filesystem::path& backup) const {
     std::error_code failed;
-    return deletion.backup.parent_path() == folder_ &&
-           std::filesystem::remove_all(deletion.backup, failed) > 0 && !failed;
+    return backup.parent_path() == folder_ && std::filesystem::remove_all(backup, failed) > 0 &&
+           !failed;
 }
 
 }  // namespace quorvi

@@ -34,6 +34,10 @@ struct KeptDeletion {
     Manifest manifest;             // when, of which kind, how many
 };
 
+struct KeepResult : BackupResult {
+    std::filesystem::path backup;  // where it stands, with the end `whole`
+};
+
 // A plain value; each call looks at the disk. On a worker.
 class DeletedItems {
   public:
@@ -44,15 +48,18 @@ class DeletedItems {
     // are read from the phone whole, of a group its title and, by name and number, its members.
     // Where the end is not `whole`, nothing is kept, and where the manifest names skipped items,
     // those are not: the user is to be asked again before they are deleted, with the reason.
-    [[nodiscard]] BackupResult Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
-                                    const StopSignal& stop) const;
+    [[nodiscard]] KeepResult Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
+                                  const StopSignal& stop) const;
 
     // The newest first. Those that are older than kKeptSeconds are gone from then on, and so is
     // what a killed program has left.
     [[nodiscard]] std::vector<KeptDeletion> List(std::int64_t now) const;
 
-    // Takes one off the disk, of those that List gave; false where that is not possible.
-    [[nodiscard]] bool Forget(const KeptDeletion& deletion) const;
+    // Takes one off the disk, of those that List or Keep gave; false where that is not possible.
+    [[nodiscard]] bool Forget(const KeptDeletion& deletion) const {
+        return Forget(deletion.backup);
+    }
+    [[nodiscard]] bool Forget(const std::filesystem::path& backup) const;
 
   private:
     [[nodiscard]] std::filesystem::path NameFor(std::int64_t now) const;

@@ -88,7 +88,7 @@ void CAlarmPage::EditSelected() {
 }
 
 void CAlarmPage::DeleteTicked() {
-    road_.Delete(list_->OfTickedRows(&AlarmRow::id, MarkedRow::leftOut),
+    road_.Delete(list_->OfTickedRows(&AlarmRow::id, MarkedRow::leftOut), list_->TickedRecords(),
                  u8"您真的要删除选择的【 %1 】条闹铃提醒吗？", &DeleteAlarmsRequest);
 }
 

@@ -207,7 +207,7 @@ void CBookmarkPage::EditSelected() {
 }
 
 void CBookmarkPage::DeleteTicked() {
-    road_.Delete(list_->OfTickedRows(&BookmarkRow::id, MarkedRow::leftOut),
+    road_.Delete(list_->OfTickedRows(&BookmarkRow::id, MarkedRow::leftOut), list_->TickedRecords(),
                  u8"您真的要删除选择的【 %1 】条浏览器书签项吗？", &DeleteBookmarksRequest);
 }
 

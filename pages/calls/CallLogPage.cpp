@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "backup/PhoneLists.h"
 #include "pages/kit/CountLine.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
@@ -55,12 +56,20 @@ void CCallLogPage::OnCommand(int index) {
 }
 
 void CCallLogPage::DeleteTicked() {
-    road_.Delete(list_->TickedIds(), u8"您真的要删除选择的【 %1 】条通话记录吗？",
-                 &DeleteCallsRequest);
+    road_.Delete(list_->TickedIds(), list_->TickedRecords(),
+                 u8"您真的要删除选择的【 %1 】条通话记录吗？", &DeleteCallsRequest);
 }
 
 void CCallLogPage::DeleteAll() {
-    road_.AskAndSend(ToQString(u8"您真的要删除【 所有 】通话记录吗？"), DeleteAllCallsRequest());
+    // The phone may have more of them by now than the list shows.
+    road_.AskAndDelete(
+        ToQString(u8"您真的要删除【 所有 】通话记录吗？"),
+        [](AgentAddress agent) {
+            return GoingOf(FetchSurely(agent, AgentCommand::listCalls, [&] {
+                return FetchCallLog(AgentSession(agent), NoAttribution);
+            }));
+        },
+        DeleteAllCallsRequest());
 }
 
 }  // namespace quorvi

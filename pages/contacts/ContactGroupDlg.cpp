@@ -131,7 +131,7 @@ void CContactGroupDlg::RunEditor(CGroupEditDlg* editor,
 }
 
 void CContactGroupDlg::DeleteTicked() {
-    road_->Delete(list_->OfTickedRows(&ContactGroup::id, MarkedRow::counts),
+    road_->Delete(list_->OfTickedRows(&ContactGroup::id, MarkedRow::counts), list_->TickedRecords(),
                   u8"您真的要删除选择的【 %1 】条联系人分组吗？", &DeleteGroupsRequest);
 }
 

@@ -207,17 +207,21 @@ void CContactPage::EndEditor(int result) {
 }
 
 void CContactPage::DeleteTicked() {
-    Delete(list_->OfTickedRows(&ContactListRow::contactId, MarkedRow::leftOut));
+    Delete(list_->TickedRecords());
 }
 
 void CContactPage::DeleteSelected() {
     if (const ContactListRow* contact = list_->CurrentRecord()) {
-        Delete({contact->contactId});
+        Delete({*contact});
     }
 }
 
-void CContactPage::Delete(const std::vector<std::uint32_t>& ids) {
-    road_.Delete(ids, u8"您真的要删除选择的【 %1 】条联系人吗？", &DeleteContactsRequest);
+void CContactPage::Delete(const std::vector<ContactListRow>& contacts) {
+    std::vector<std::uint32_t> ids;
+    for (const ContactListRow& contact : contacts) {
+        ids.push_back(contact.contactId);
+    }
+    road_.Delete(ids, contacts, u8"您真的要删除选择的【 %1 】条联系人吗？", &DeleteContactsRequest);
 }
 
 }  // namespace quorvi

@@ -60,7 +60,7 @@ class CContactPage : public Page, private HtmlListener {
     void OpenMenu(const QPoint& at);
     void OpenGroups();
     void EndEditor(int result);
-    void Delete(const std::vector<std::uint32_t>& ids);
+    void Delete(const std::vector<ContactListRow>& contacts);
 
     AgentAddress agent_;
     PageLoad detailLoad_{*this};

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "agent/AgentAddress.h"
+#include "pages/kit/KeptDelete.h"
 #include "pages/kit/ListReply.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/PageSession.h"
@@ -57,12 +58,13 @@ class ListRoad {
     // CallLogPageEarlyEnd.LeavesRedrawOffUntilALaterLoadGetsFurther).
     void Refresh() { refresh_(); }
 
-    // Deletes the things of these ids: asks `question`, in which %1 stands for their number, sends
-    // request(ids), and fetches the list again. Without an id it says that nothing is ticked.
-    void Delete(const std::vector<std::uint32_t>& ids, std::u8string_view question,
+    // Deletes the things of these ids: asks `question`, in which %1 stands for their number, keeps
+    // `rows`, what the list shows of them, and sends request(ids) (see SendKeptDelete); then
+    // fetches the list again. Without an id it says that nothing is ticked.
+    void Delete(const std::vector<std::uint32_t>& ids, GoingRows rows, std::u8string_view question,
                 Bytes (*request)(std::span<const std::uint32_t> ids));
-    // Asks, sends, and fetches the list again.
-    void AskAndSend(const QString& question, Bytes request);
+    // Asks, keeps what `find` gives, sends, and fetches the list again.
+    void AskAndDelete(const QString& question, FindGoing find, Bytes request);
 
   private:
     template <typename List, typename Fetch>

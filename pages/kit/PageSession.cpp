@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "ui/kit/QtText.h"
-#include "ui/page/FocusKeeper.h"
+#include "ui/page/DisabledJob.h"
 
 namespace quorvi {
 
@@ -47,16 +47,12 @@ void ForgetUnacknowledged(PageHost& host) {
 
 void SendChange(PageHost& host, QWidget& controls, AgentAddress agent, Bytes request,
                 std::function<void(const AcknowledgedReply& reply)> done) {
-    const FocusKeeper focus(controls);
-    controls.setEnabled(false);
-    RunJob(
-        &controls,
+    RunDisabled(
+        controls,
         [agent, request = std::move(request)] {
             return AgentSession(agent).RunAcknowledged(request);
         },
-        [&host, &controls, focus, done = std::move(done)](AcknowledgedReply&& reply) {
-            controls.setEnabled(true);
-            focus.GiveBack();
+        [&host, done = std::move(done)](const AcknowledgedReply& reply) {
             if (!reply.Connected()) {
                 ShowConnectError(host);
             }

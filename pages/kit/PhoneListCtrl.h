@@ -48,6 +48,11 @@ class PhoneListCtrl : public RecordListCtrl<Row> {
         return parts;
     }
 
+    // The records of the ticked rows, in their order.
+    [[nodiscard]] std::vector<Row> TickedRecords() const {
+        return OfTickedRows(std::identity{}, MarkedRow::leftOut);
+    }
+
     [[nodiscard]] Cell CellAt(int row, int column) const final {
         return RecordAt(row) != nullptr ? this->CellOf(this->At(row), column)
                                         : MarkedCell(this->At(row), column);

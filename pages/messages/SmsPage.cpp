@@ -1,9 +1,11 @@
 #include "pages/messages/SmsPage.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "agent/AgentSession.h"
+#include "pages/kit/KeptDelete.h"
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
 #include "pages/messages/Conversations.h"
@@ -23,7 +25,7 @@ enum { conversationView = 0, conversationDelete = 1 };
 
 struct CSmsPage::Loaded {
     SessionOutcome outcome;
-    bool shown;  // the fragment has been set
+    std::vector<Conversation> conversations;  // of which the fragment has been set, if any
 };
 
 CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
@@ -45,22 +47,22 @@ void CSmsPage::RefreshSms() {
     load_.Start([this] { frame_->SetState(ListState::loading); },
                 [agent = agent_, attribution = attribution_, frame = frame_,
                  document = view_->Document()](const LoadProgress& progress) {
-                    const ConversationListReply reply = FetchConversations(
+                    ConversationListReply reply = FetchConversations(
                         AgentSession(agent), attribution, ProgressTo(progress, frame));
-                    const bool shown = !reply.conversations.empty();
-                    if (shown) {
+                    if (!reply.conversations.empty()) {
                         document.SetInnerHtml("sms_ul", ConversationsFragment(reply.conversations),
                                               HtmlScroll::top);
                     }
-                    return Loaded{reply.outcome, shown};
+                    return Loaded{reply.outcome, std::move(reply.conversations)};
                 },
-                [this](const Loaded& loaded) { ShowLoaded(loaded); });
+                [this](Loaded&& loaded) { ShowLoaded(std::move(loaded)); });
 }
 
-void CSmsPage::ShowLoaded(const Loaded& loaded) {
+void CSmsPage::ShowLoaded(Loaded loaded) {
     const bool connected = loaded.outcome != SessionOutcome::connectFailed;
     ShowLoadOutcome(Host(), loaded.outcome);
-    if (loaded.shown) {
+    if (!loaded.conversations.empty()) {
+        shown_ = std::move(loaded.conversations);
         frame_->SetFilled();
     }
     frame_->SetState(connected ? ListState::idle : ListState::failed);
@@ -97,6 +99,16 @@ void CSmsPage::OnDelete(const std::string& text) {
     }
 }
 
+Conversation CSmsPage::Shown(std::uint32_t conversation) const {
+    if (const auto shown = std::ranges::find(shown_, conversation, &Conversation::id);
+        shown != shown_.end()) {
+        return *shown;
+    }
+    Conversation unknown;
+    unknown.id = conversation;
+    return unknown;
+}
+
 void CSmsPage::OnMessage(Message message, int first, int second) {
     if (message != Message::conversation || !isEnabled()) {
         return;
@@ -124,15 +136,21 @@ void CSmsPage::Compose(std::uint32_t conversation) {
     });
 }
 
-// Kept on purpose: it asks nothing before, unlike the deletes of the lists (test
-// SmsPage.ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain).
+// Kept on purpose: it asks nothing before, unlike the deletes of the lists, unless the conversation
+// cannot be kept on the PC (test SmsPage.ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain).
 void CSmsPage::Delete(std::uint32_t conversation) {
     if (conversation == kNoConversation) {
         RefreshSms();
         return;
     }
-    SendChange(Host(), *this, agent_, DeleteConversationRequest(conversation),
-               [this](const AcknowledgedReply&) { RefreshSms(); });
+    const Going going{std::vector{Shown(conversation)}};
+    SendKeptDelete({.host = Host(),
+                    .window = *this,
+                    .controls = *this,
+                    .agent = agent_,
+                    .find = [going](AgentAddress) { return going; },
+                    .request = DeleteConversationRequest(conversation),
+                    .done = [this](const AcknowledgedReply&) { RefreshSms(); }});
 }
 
 }  // namespace quorvi

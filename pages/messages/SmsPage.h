@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
@@ -16,8 +17,8 @@ namespace quorvi {
 
 class HtmlFrame;
 
-// Page 11, dialog 397, key 2 in PageLoadState. The fragment in the view is its only state: what is
-// done with a conversation is a link in it, which carries the conversation's id; Delete on a block
+// Page 11, dialog 397, key 2 in PageLoadState. What is done with a conversation is a link in
+// the fragment that the view shows, which carries the conversation's id; Delete on a block
 // does what its link for that does. One worker at most; a refresh while it runs is dropped. A load
 // that brings nothing to show leaves the view as it is.
 class CSmsPage : public Page, private HtmlListener {
@@ -44,7 +45,9 @@ class CSmsPage : public Page, private HtmlListener {
 
     void OnAppCmd(const std::string& text) override;
     void OnDelete(const std::string& text) override;
-    void ShowLoaded(const Loaded& loaded);
+    // What the view shows of a conversation; nothing but its id where it shows none.
+    [[nodiscard]] Conversation Shown(std::uint32_t conversation) const;
+    void ShowLoaded(Loaded loaded);
     void Delete(std::uint32_t conversation);
 
     AgentAddress agent_;
@@ -52,6 +55,7 @@ class CSmsPage : public Page, private HtmlListener {
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
+    std::vector<Conversation> shown_;                // what the view shows
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
 };
 

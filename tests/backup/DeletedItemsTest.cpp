@@ -19,7 +19,7 @@ constexpr std::int64_t kDay = 24 * 60 * 60;
 
 class DeletedItemsTest : public testing::Test {
   protected:
-    BackupResult Keep(const GoingRows& rows, std::int64_t now = kNow) {
+    KeepResult Keep(const GoingRows& rows, std::int64_t now = kNow) {
         return items_.Keep(agent_.Port(), rows, now, StopSignal());
     }
     static std::vector<AlarmRow> Alarms(const std::string& label) {
@@ -136,7 +136,12 @@ TEST_F(DeletedItemsTest, AContactThatCannotBeReadIsNamed) {
 TEST_F(DeletedItemsTest, NothingIsKeptWhenThePhoneIsGone) {
     ContactListRow row;
     row.contactId = 7;
-    EXPECT_EQ(Keep(std::vector{row}).end, BackupEnd::linkLost);
+    const KeepResult broken = Keep(std::vector{row});
+    EXPECT_EQ(broken.end, BackupEnd::linkLost);
+    EXPECT_TRUE(broken.connected);
+    const KeepResult gone = items_.Keep(UnusedPort(), std::vector{row}, kNow, StopSignal());
+    EXPECT_EQ(gone.end, BackupEnd::linkLost);
+    EXPECT_FALSE(gone.connected);
     EXPECT_TRUE(items_.List(kNow).empty());
 }
 
@@ -187,7 +192,9 @@ TEST_F(DeletedItemsTest, AForgottenOneIsGone) {
     ASSERT_EQ(Keep(Alarms("a")).end, BackupEnd::whole);
     EXPECT_TRUE(items_.Forget(items_.List(kNow)[0]));
     EXPECT_TRUE(items_.List(kNow).empty());
-    EXPECT_FALSE(items_.Forget({folder_.Path() / "data", {}})) << "outside of the store";
+    EXPECT_FALSE(items_.Forget(folder_.Path() / "data")) << "outside of the store";
+    EXPECT_TRUE(items_.Forget(Keep(Alarms("b")).backup));
+    EXPECT_TRUE(items_.List(kNow).empty());
 }
 
 }  // namespace

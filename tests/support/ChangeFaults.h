@@ -7,6 +7,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <tuple>
 #include <vector>
@@ -34,6 +35,9 @@ struct Change {
     std::function<void(QStringList& shown)> change;
     // The dialog that waits for the acknowledgement and ends; 0: the place itself waits.
     int dialog = 0;
+    // What of the phone is read in front of it, to be kept on the PC. The change asks once more
+    // where that fails.
+    std::optional<AgentCommand> reads = {};
 };
 
 inline void PrintTo(const Change& change, std::ostream* out) {
@@ -69,6 +73,8 @@ class ChangeFaults : public WindowFaults,
     [[nodiscard]] QStringList Shown() const;
     [[nodiscard]] ListState State() const;
     void Refresh() const;
+    // All that the user does behind the beginning.
+    void End() const;
     void ExpectNothingFetched(const QStringList& before) const;
 
     Change change_ = std::get<0>(GetParam());

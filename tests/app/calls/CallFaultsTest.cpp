@@ -38,7 +38,8 @@ std::vector<Change> CallChangeFaults::Changes() {
          },
          Pressing(kConfirm, kOk), FirstGone},
         {"DeleteAllCalls", AgentCommand::deleteAllCalls, kPlace, [] { Ask([] { Command(2); }); },
-         Pressing(kConfirm, kOk), [](QStringList& shown) { shown.clear(); }},
+         Pressing(kConfirm, kOk), [](QStringList& shown) { shown.clear(); }, 0,
+         AgentCommand::listCalls},
     };
 }
 

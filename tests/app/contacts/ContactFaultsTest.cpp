@@ -189,7 +189,7 @@ std::vector<Change> ContactChangeFaults::Changes() {
              ClickCell(ListAt(kPlace), 0, 4);
              Ask([] { Command(3); });
          },
-         Pressing(kConfirm, kOk), FirstGone},
+         Pressing(kConfirm, kOk), FirstGone, 0, AgentCommand::readContact},
     };
 }
 

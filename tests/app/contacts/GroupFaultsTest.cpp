@@ -56,7 +56,7 @@ std::vector<Change> GroupChangeFaults::Changes() {
              ClickCell(ListAt(kPlace), 0, 4);
              Ask(Pressing(kGroupDialog, 1049));
          },
-         Pressing(kConfirm, kOk), FirstGone},
+         Pressing(kConfirm, kOk), FirstGone, 0, AgentCommand::listGroupMembers},
     };
 }
 

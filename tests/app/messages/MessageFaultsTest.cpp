@@ -125,7 +125,7 @@ std::vector<Change> MessageChangeFaults::Changes() {
                        QStringLiteral("#sms_ul > li:first-child .tool a"));
              ASSERT_TRUE(WaitFor([&] { return note.Taken(); }));
          },
-         FirstGone},
+         FirstGone, 0, AgentCommand::readConversation},
     };
 }
 

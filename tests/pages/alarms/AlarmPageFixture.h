@@ -6,6 +6,7 @@
 #include "pages/alarms/AlarmPage.h"
 #include "tests/pages/alarms/AlarmReplies.h"
 #include "tests/support/EditorPageTest.h"
+#include "tests/support/KeptDeletes.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 
@@ -32,6 +33,7 @@ class AlarmPage
         return EditorPageTest::OpenLoaded(AlarmsPayload(alarms));
     }
 
+    KeptDeletes kept_;
     QLineEdit& Label() { return *FindControl<QLineEdit>(Editor(), 1257); }
     std::optional<std::uint32_t> Selected() { return host_.selection.Id(PageSelection::kAlarm); }
 };

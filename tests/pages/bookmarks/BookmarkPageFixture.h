@@ -7,6 +7,7 @@
 #include "pages/bookmarks/BookmarkPage.h"
 #include "tests/pages/bookmarks/BookmarkReplies.h"
 #include "tests/support/EditorPageTest.h"
+#include "tests/support/KeptDeletes.h"
 #include "tests/support/OpenedAddresses.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -36,6 +37,7 @@ class BookmarkPage : public EditorPageTest<CBookmarkPage, AgentCommand::listBook
         return EditorPageTest::OpenLoaded(BookmarksPayload(bookmarks));
     }
 
+    KeptDeletes kept_;
     QLineEdit& Title() { return *FindControl<QLineEdit>(Editor(), 1257); }
     std::optional<std::uint32_t> Selected() { return host_.selection.Id(PageSelection::kBookmark); }
 

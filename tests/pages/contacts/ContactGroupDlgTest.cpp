@@ -5,6 +5,7 @@
 #include "pages/contacts/GroupEditDlg.h"
 #include "tests/support/AgentDialogTest.h"
 #include "tests/support/DialogDriver.h"
+#include "tests/support/KeptDeletes.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/WireBytes.h"
 #include "ui/kit/ControlNumber.h"
@@ -34,6 +35,7 @@ class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
         agent_.AnswerAcknowledged(AgentCommand::addGroup);
         agent_.AnswerAcknowledged(AgentCommand::renameGroup);
         agent_.AnswerAcknowledged(AgentCommand::deleteGroups);
+        agent_.AnswerNoData(AgentCommand::listGroupMembers);
     }
 
     void AnswerTwoGroups() {
@@ -48,6 +50,7 @@ class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
         OpenAt(agent_.Port());
         WaitForLoads(1);
     }
+    KeptDeletes kept_;
     CSkinListCtrl& List() { return *FindControl<CSkinListCtrl>(dialog_, 1372); }
     std::size_t Loads() { return agent_.Requests(AgentCommand::listGroups).size(); }
     void WaitForLoads(std::size_t count) {
@@ -378,6 +381,45 @@ TEST_F(GroupDialog, EscapeInItsEditorAsksBeforeATitleThatWasTypedIsLost) {
     ASSERT_TRUE(WaitFor([] { return OpenDialog(kEditor) == nullptr; }));
     Settle();
     EXPECT_TRUE(agent_.Requests(AgentCommand::addGroup).empty());
+}
+
+// ---- what is kept of a delete ------------------------------------------------------------------
+
+TEST_F(GroupDialog, WhatIsDeletedIsKeptWithItsMembersBeforeTheRequestIsSent) {
+    agent_.AnswerPayload(AgentCommand::listGroupMembers, WireBytes()
+                                                             .U32(0)        // leading word
+                                                             .U64(5)        // group
+                                                             .Text("Anna")  // name
+                                                             .Text("110")   // number
+                                                             .Get());
+    OpenLoaded();
+    List().TickAll(true);
+    agent_.Hold(AgentCommand::deleteGroups);
+    PressIn(kGroups, 1049);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteGroups).empty(); }));
+    EXPECT_TRUE(kept_.IsOne(BackupKind::groups, 2));
+    EXPECT_EQ(kept_.List()[0].manifest.kinds[1].count, 1u);  // the member, as a contact
+    agent_.Release();
+    WaitForLoads(2);
+}
+
+TEST_F(GroupDialog, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
+    agent_.Answer(AgentCommand::listGroupMembers, {});  // closed without a word
+    OpenLoaded();
+    List().TickAll(true);
+    PressIn(kGroups, 1049);
+    PressIn(kConfirm, 1215);
+    Settle();
+    ASSERT_NE(OpenDialog(kConfirm), nullptr);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
+              ToQString(u8"要删除的内容没能先保存到电脑：和手机的连接断了，请重新连接后重试。"
+                        u8"这样删除以后就找不回来了，还要删除吗？"));
+    PressIn(kConfirm, 1021);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteGroups).empty());
+    EXPECT_TRUE(kept_.List().empty());
+    EXPECT_EQ(Loads(), 1u);
 }
 
 }  // namespace

@@ -167,6 +167,8 @@ TEST_F(ContactPage, DeleteNamesTheTickedContactsInRowOrderAndFetchesAgain) {
     EXPECT_EQ(FindControl<QLabel>(question, 1378)->text(),
               ToQString(u8"您真的要删除选择的【 2 】条联系人吗？"));
     PressIn(kConfirm, 1215);
+    Settle();
+    PressIn(kConfirm, 1215);  // the phone gives the same contact for both, so that one is not kept
     WaitForLoads(2);
     EXPECT_EQ(agent_.Requests(AgentCommand::deleteContacts),
               (std::vector<Bytes>{WireBytes()
@@ -192,6 +194,7 @@ TEST_F(ContactPage, DeleteThatIsNotConfirmedSendsNothing) {
 TEST_F(ContactPage, DeleteFromTheMenuNeedsNoTick) {
     OpenLoaded();
     Click(1);
+    agent_.AnswerPayload(AgentCommand::readContact, ContactPayload(12, "顾晓棠").Get());
     ChooseInMenu(2);
     PressIn(kConfirm, 1215);
     WaitForLoads(2);
@@ -235,6 +238,54 @@ TEST_F(ContactPage, DeleteThatCannotConnectIsToldAndTheListFetchedAgain) {
     ASSERT_TRUE(WaitFor([&] { return List().State() == ListState::failed; }));
     EXPECT_EQ(host_.statuses.value(0), kConnectError);
     EXPECT_EQ(host_.statuses.value(1), kConnectError);
+}
+
+// ---- what is kept of a delete ------------------------------------------------------------------
+
+TEST_F(ContactPage, WhatIsDeletedIsReadAndKeptBeforeTheRequestIsSent) {
+    CContactPage& page = OpenLoaded();
+    List().SetTicked(0, true);
+    agent_.Hold(AgentCommand::deleteContacts);
+    page.OnCommand(CContactPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteContacts).empty(); }));
+    EXPECT_TRUE(kept_.IsOne(BackupKind::contacts, 1));
+    EXPECT_EQ(Details(), 2u);  // that of the page, and that which is kept
+    agent_.Release();
+    WaitForLoads(2);
+}
+
+TEST_F(ContactPage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
+    kept_.Refuse();
+    CContactPage& page = OpenLoaded();
+    List().SetTicked(0, true);
+    page.OnCommand(CContactPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    Settle();
+    ASSERT_NE(OpenDialog(kConfirm), nullptr);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
+              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
+                        u8"这样删除以后就找不回来了，还要删除吗？"));
+    PressIn(kConfirm, 1021);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteContacts).empty());
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(ContactPage, AContactThatThePhoneDoesNotGiveIsNamedBeforeItGoes) {
+    CContactPage& page = OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::readContact);
+    List().SetTicked(1, true);
+    page.OnCommand(CContactPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    Settle();
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
+              ToQString(u8"要删除的内容没能先保存到电脑：顾晓棠: 手机没有给出这个联系人的资料。"
+                        u8"这样删除以后就找不回来了，还要删除吗？"));
+    PressIn(kConfirm, 1021);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteContacts).empty());
+    EXPECT_TRUE(kept_.List().empty());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "tests/support/ControlDriver.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/HtmlDriver.h"
+#include "tests/support/KeptDeletes.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/kit/ControlNumber.h"
 
@@ -52,6 +53,7 @@ class ContactPage : public AgentPageTest<CContactPage, AgentCommand::listContact
         return page;
     }
 
+    KeptDeletes kept_;
     CContactListCtrl& List() { return *FindControl<CContactListCtrl>(page_.get(), 1067); }
     CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(page_.get(), 1370); }
     HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }

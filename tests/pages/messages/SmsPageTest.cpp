@@ -1,74 +1,12 @@
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
 #include "base/Text.h"
-#include "pages/messages/SmsPage.h"
-#include "tests/pages/messages/MessageReplies.h"
-#include "tests/support/AgentPageTest.h"
-#include "tests/support/DialogDriver.h"
-#include "tests/support/HtmlDriver.h"
-#include "tests/support/LoopbackAgent.h"
-#include "ui/html/HtmlFrame.h"
-#include "ui/kit/ControlNumber.h"
-#include "ui/kit/QtText.h"
+#include "tests/pages/messages/SmsPageFixture.h"
 
 namespace quorvi {
 namespace {
-
-constexpr int kComposer = 550;
-
-class SmsPage : public AgentPageTest<CSmsPage, AgentCommand::listConversations> {
-  protected:
-    void SetUp() override {
-        agent_.AnswerPayload(AgentCommand::listConversations,
-                             ConversationsPayload({{}, {.id = 0xFFFFFFFE, .name = "10086"}}).Get());
-        agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload({{}}).Get());
-        agent_.AnswerNoData(AgentCommand::listGroupNames);
-        agent_.AnswerNoData(AgentCommand::listGroupMembers);
-        agent_.AnswerAcknowledged(AgentCommand::deleteConversation);
-        agent_.AnswerAcknowledged(AgentCommand::sendMessage);
-    }
-
-    // The page, shown, with its template loaded.
-    CSmsPage& OpenAt(std::uint16_t port) {
-        MakeAt(port);
-        ShowWithDocument(*page_, View());
-        return *page_;
-    }
-    CSmsPage& Open() { return OpenAt(agent_.Port()); }
-    CSmsPage& OpenLoaded() {
-        CSmsPage& page = Open();
-        page.Load();
-        WaitForLoads(1);
-        EXPECT_TRUE(WaitFor([&] { return !List().isEmpty(); }));
-        return page;
-    }
-
-    CHtmlCtrlBase& View() { return *FindControl<CHtmlCtrlBase>(page_.get(), 1361); }
-    HtmlFrame& Frame() { return *page_->findChild<HtmlFrame*>(); }
-    QString List() { return InnerHtml(View(), QStringLiteral("sms_ul")); }
-    std::vector<Bytes> Deletes() { return agent_.Requests(AgentCommand::deleteConversation); }
-    // Waits until the first element that the selector finds is in sight, and where it was before:
-    // what has come near is laid out by then.
-    bool LiesStill(const QString& selector) {
-        const QString where = QStringLiteral(
-                                  "(e => { const r = e.getBoundingClientRect();"
-                                  "const hit = document.elementFromPoint(r.x + r.width / 2,"
-                                  " r.y + r.height / 2);"
-                                  "return e.contains(hit) ? r.x + ',' + r.y : ''; })"
-                                  "(document.querySelector(\"%1\"))")
-                                  .arg(selector);
-        QString last;
-        return WaitFor([&] {
-            const QString now = AskHtml(View(), where).toString();
-            return !now.isEmpty() && std::exchange(last, now) == now;
-        });
-    }
-    // As a click on a private link tells the page.
-    void Follow(const char* link) {
-        ClickHtml(View(), QStringLiteral("a[href='qvh:%1']").arg(QLatin1String(link)));
-    }
-};
 
 TEST_F(SmsPage, NumbersAreTheControls) {
     CSmsPage& page = Open();
@@ -231,7 +169,7 @@ TEST_F(SmsPage, ADeleteLinkDeletesWithoutAQuestionAndLoadsAgain) {
     WaitForLoads(2);
     ASSERT_EQ(Deletes().size(), 1u);
     EXPECT_EQ(Deletes()[0], Join({Word(870206), Word(16), Word(1), Word(7)}));
-    EXPECT_EQ(OpenDialog(548), nullptr);
+    EXPECT_EQ(OpenDialog(kConfirm), nullptr);
 }
 
 // Where the Tab key stops in the list.
@@ -395,6 +333,44 @@ INSTANTIATE_TEST_SUITE_P(New_Answer, SmsPageUnsent, testing::Values(kNoConversat
 
 TEST_F(SmsPage, MayGoWhileItsPhoneStalls) {
     GoWhileThePhoneStalls();
+}
+
+// ---- what is kept of a delete ------------------------------------------------------------------
+
+TEST_F(SmsPage, AConversationIsReadAndKeptBeforeTheRequestIsSent) {
+    CSmsPage& page = OpenLoaded();
+    agent_.Hold(AgentCommand::deleteConversation);
+    page.OnMessage(Message::conversation, 1, 7);
+    ASSERT_TRUE(WaitFor([&] { return Deletes().size() == 1; }));
+    EXPECT_TRUE(kept_.IsOne(BackupKind::messages, 1));
+    agent_.Release();
+    WaitForLoads(2);
+}
+
+TEST_F(SmsPage, AConversationThatCannotBeKeptIsAskedAboutAndStaysWhenTheAnswerIsNo) {
+    CSmsPage& page = OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::readConversation);
+    page.OnMessage(Message::conversation, 1, 7);
+    Settle();
+    ASSERT_NE(OpenDialog(kConfirm), nullptr);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
+              ToQString(u8"要删除的内容没能先保存到电脑：林远舟: 手机没有给出这个会话的短信。"
+                        u8"这样删除以后就找不回来了，还要删除吗？"));
+    PressIn(kConfirm, 1021);
+    Settle();
+    EXPECT_TRUE(Deletes().empty());
+    EXPECT_TRUE(kept_.List().empty());
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(SmsPage, AConversationThatCannotBeKeptIsDeletedWhenTheUserWantsItAllTheSame) {
+    kept_.Refuse();
+    CSmsPage& page = OpenLoaded();
+    page.OnMessage(Message::conversation, 1, 7);
+    Settle();
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(Deletes().size(), 1u);
 }
 
 }  // namespace

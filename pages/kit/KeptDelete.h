@@ -1,0 +1,52 @@
+// Deletes that can be taken back: what goes from the phone is written to the PC first.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "agent/AgentSession.h"
+#include "backup/DeletedItems.h"
+#include "pages/kit/ListReply.h"
+#include "ui/page/Page.h"
+
+namespace quorvi {
+
+// What a delete takes from the phone.
+struct Going {
+    GoingRows rows;
+    std::string why{};      // why that is not all of it; ANSI, empty when it is
+    bool connected = true;  // false when the phone was asked for it and not reached
+};
+
+// Finds that out, by asking the phone where need be. On a worker.
+using FindGoing = std::function<Going(AgentAddress agent)>;
+
+// Of a list that goes as a whole. What is not read to its end is not all of it.
+[[nodiscard]] std::string WhyNotAll(SessionOutcome outcome, bool whole);
+template <typename Row>
+[[nodiscard]] Going GoingOf(ListReply<Row> reply) {
+    const bool whole = reply.IsWhole() && !reply.list.cut;
+    return {std::move(reply.list.rows), WhyNotAll(reply.outcome, whole), reply.Connected()};
+}
+
+// A delete that the user wants.
+struct KeptDelete {
+    PageHost& host;
+    QWidget& window;    // over which is asked
+    QWidget& controls;  // of it, disabled while the delete is on its way
+    AgentAddress agent;
+    FindGoing find;
+    Bytes request;
+    std::function<void(const AcknowledgedReply& reply)> done;
+};
+
+// Keeps what will go (DeletedItems, in the user's data folder), then sends the request, and calls
+// `done`. Where not all of it can be kept, it asks once more and says why: the phone is not
+// touched, and `done` not called, unless the user wants it all the same. What was kept is forgotten
+// when the phone was not reached, or when the user leaves it. A connection that is not to be had,
+// for either step, is shown in the status. The window's thread.
+void SendKeptDelete(KeptDelete deletion);
+
+}  // namespace quorvi
