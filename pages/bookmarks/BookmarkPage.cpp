@@ -61,7 +61,18 @@ CBookmarkPage::CBookmarkPage(PageHost& host, const Services& services, QWidget* 
              .agent = services.agent,
              .loadKey = kNumbers.loadKey},
             list_, &FetchBookmarkList),
-      unsaved_(services.device) {
+      unsaved_(services.device),
+      transfers_(
+          host, *this, FileKind::bookmarks,
+          {.write = [agent = agent_](
+                        const std::filesystem::path& file,
+                        const TransferWatch& watch) { return ExportBookmarks(agent, file, watch); },
+           .read =
+               [agent = agent_](const ImportContent& content, ImportMode mode,
+                                const TransferWatch& watch) {
+                   return ImportBookmarks(agent, content, mode, watch);
+               },
+           .refresh = [this] { RefreshBookmarks(); }}) {
     SayWhenEmpty(*list_, u8"手机上没有书签，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新书签项");
     ShowCount(*this, *list_);
@@ -150,18 +161,21 @@ void CBookmarkPage::OpenAddress(const QString& address) {
 }
 
 void CBookmarkPage::OpenMenu(int row, const QPoint& at) {
-    const BookmarkRow* bookmark = list_->RecordAt(row);
-    if (bookmark == nullptr) {
-        return;
-    }
     auto* menu = new CSkinMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->SetStrip({QStringLiteral("open-external"), QStringLiteral("edit")});
-    menu->AddItem(bookmark->url.empty() ? CSkinMenu::disabled : CSkinMenu::normal, menuVisit, 0,
-                  ToQString(u8"立即访问"));
-    menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
+    menu->SetStrip(QStringList{QStringLiteral("open-external"), QStringLiteral("edit")} +
+                   FileTransfers::Icons());
+    if (const BookmarkRow* bookmark = list_->RecordAt(row)) {
+        menu->AddItem(bookmark->url.empty() ? CSkinMenu::disabled : CSkinMenu::normal, menuVisit, 0,
+                      ToQString(u8"立即访问"));
+        menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
+    }
+    transfers_.AddItems(*menu, 2);
     connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
         const BookmarkRow* current = list_->CurrentRecord();
+        if (!isEnabled() || transfers_.Take(command)) {
+            return;
+        }
         if (command == menuVisit && current != nullptr) {
             Visit(*current);
         } else if (command == menuEdit) {

@@ -6,6 +6,7 @@
 
 #include "pages/bookmarks/BookmarkForm.h"
 #include "pages/bookmarks/BookmarkListCtrl.h"
+#include "pages/kit/FileTransfers.h"
 #include "pages/kit/FormEditor.h"
 #include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
@@ -59,6 +60,7 @@ class CBookmarkPage : public Page, private ListObserver {
     // BookmarkPage.TheEditorShowsTheBookmarkOfTheLastClickAfterARefreshToo).
     BookmarkForm selected_;
     UnsavedForms<BookmarkForm> unsaved_;
+    FileTransfers transfers_;
 };
 
 }  // namespace quorvi

@@ -7,6 +7,7 @@
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 namespace {
@@ -27,13 +28,33 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
             [attribution = services.attribution](const AgentSession& session,
                                                  const AgentSession::Progress& progress) {
                 return FetchCallLog(session, attribution, progress);
-            }) {
+            }),
+      transfers_(host, *this, FileKind::calls,
+                 {.write = [agent = services.agent, attribution = services.attribution](
+                               const std::filesystem::path& file, const TransferWatch& watch) {
+                     return ExportCalls(agent, attribution, file, watch);
+                 }}) {
     ShowCount(*this, *list_);
     SayWhenEmpty(*list_, u8"手机上没有通话记录，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新通话记录");
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(list_);
+    connect(list_, &CSkinListCtrl::menuAsked, this,
+            [this](int, const QPoint& at) { OpenMenu(at); });
+}
+
+void CCallLogPage::OpenMenu(const QPoint& at) {
+    auto* menu = new CSkinMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->SetStrip(FileTransfers::Icons());
+    transfers_.AddItems(*menu, 0);
+    connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
+        if (isEnabled()) {
+            transfers_.Take(command);
+        }
+    });
+    menu->popup(at);
 }
 
 void CCallLogPage::OnCommand(int index) {

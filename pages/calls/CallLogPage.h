@@ -2,6 +2,7 @@
 #pragma once
 
 #include "pages/calls/CallLogListCtrl.h"
+#include "pages/kit/FileTransfers.h"
 #include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
@@ -30,8 +31,11 @@ class CCallLogPage : public Page {
     void DeleteAll();
 
   private:
+    void OpenMenu(const QPoint& at);
+
     CCallLogListCtrl* list_;
     ListRoad road_;
+    FileTransfers transfers_;
 };
 
 }  // namespace quorvi

@@ -44,6 +44,17 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
               return FetchContactList(session, attribution, progress);
           },
           [this] { SelectFirst(); }),
+      transfers_(
+          host, *this, FileKind::contacts,
+          {.write = [agent = agent_](
+                        const std::filesystem::path& file,
+                        const TransferWatch& watch) { return ExportContacts(agent, file, watch); },
+           .read =
+               [agent = agent_](const ImportContent& content, ImportMode mode,
+                                const TransferWatch& watch) {
+                   return ImportContacts(agent, content, mode, watch);
+               },
+           .refresh = [this] { RefreshContacts(); }}),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
     ShowCount(*this, *list_);
@@ -140,12 +151,17 @@ void CContactPage::OnCommand(int index) {
 void CContactPage::OpenMenu(const QPoint& at) {
     auto* menu = new CSkinMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->SetStrip(
-        {QStringLiteral("add-contact"), QStringLiteral("edit"), QStringLiteral("delete")});
+    menu->SetStrip(QStringList{QStringLiteral("add-contact"), QStringLiteral("edit"),
+                               QStringLiteral("delete")} +
+                   FileTransfers::Icons());
     menu->AddItem(CSkinMenu::normal, menuAdd, 0, ToQString(u8"添加联系人"));
     menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
     menu->AddItem(CSkinMenu::normal, menuDelete, 2, ToQString(u8"删除选择的"));
+    transfers_.AddItems(*menu, 3);
     connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
+        if (!isEnabled() || transfers_.Take(command)) {
+            return;
+        }
         switch (command) {
             case menuAdd:
                 AddContact();

@@ -11,6 +11,7 @@
 #include "pages/contacts/ContactForm.h"
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/ContactListCtrl.h"
+#include "pages/kit/FileTransfers.h"
 #include "pages/kit/ListRoad.h"
 #include "pages/kit/OfEachPhone.h"
 #include "pages/kit/PageNumbers.h"
@@ -76,6 +77,7 @@ class CContactPage : public Page, private HtmlListener {
     QTimer detailTimer_;                     // timer 0: the detail after a fill
     CContactListCtrl* list_;
     ListRoad road_;
+    FileTransfers transfers_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
 };

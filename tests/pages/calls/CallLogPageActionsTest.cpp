@@ -1,6 +1,15 @@
-// What the call log page does with its calls: what is kept of those that it deletes.
+// What the call log page does with its calls: what is kept of those that it deletes, and its menu.
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+#include <filesystem>
+
+#include "base/os/SmallFile.h"
 #include "tests/pages/calls/CallLogPageFixture.h"
+#include "tests/support/FileDialogDriver.h"
 #include "tests/support/LoopbackAgent.h"
+#include "tests/support/MenuDriver.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
 namespace {
@@ -119,6 +128,94 @@ TEST_F(CallLogPage, ACallOfWhichOnlyTheIdCameIsAskedAboutAndForgottenWhenItStays
     Settle();
     EXPECT_TRUE(agent_.Requests(AgentCommand::deleteCalls).empty());
     EXPECT_TRUE(kept_.List().empty());
+}
+
+// ---- the menu ----------------------------------------------------------------------------------
+
+class CallLogMenu : public CallLogPage {
+  protected:
+    void TearDown() override { CloseFileDialog(); }
+    // Opens the menu and exports into a file of the test's folder.
+    void ExportTo(const char* name) {
+        Q_EMIT List().menuAsked(-1, QPoint(0, 0));
+        ChooseFrom(page_->findChild<CSkinMenu*>(), FileTransfers::menuExport);
+        ASSERT_NE(OpenFileDialog(), nullptr);
+        AnswerFileDialog(Path(name));
+        Settle();
+    }
+    [[nodiscard]] QString Path(const char* name) const {
+        return QString::fromStdString((folder_.Path() / name).native());
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(CallLogMenu, ExportsAllCallsIntoATableAndSaysWhere) {
+    OpenLoaded();
+    ExportTo("calls.csv");
+    EXPECT_EQ(host_.status, ToQString(u8"已导出 3 条通话记录：") + Path("calls.csv"));
+    const auto text = ReadSmallFile(folder_.Path() / "calls.csv", 10'000);
+    ASSERT_TRUE(text);
+    EXPECT_THAT(*text, testing::HasSubstr("林远舟,10086,"));
+}
+
+TEST_F(CallLogMenu, TheDialogOffersATableOfTheDay) {
+    OpenLoaded();
+    Q_EMIT List().menuAsked(0, QPoint(0, 0));
+    ChooseFrom(page_->findChild<CSkinMenu*>(), FileTransfers::menuExport);
+    const QFileDialog* dialog = OpenFileDialog();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowTitle(), ToQString(u8"导出通话记录"));
+    EXPECT_EQ(dialog->nameFilters(), QStringList(ToQString(u8"表格 (*.csv)")));
+    EXPECT_THAT(dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text().toStdString(),
+                testing::StartsWith("通话记录 "));
+}
+
+TEST_F(CallLogMenu, AnExportThatFindsNoPhoneSaysSoAndLeavesTheFileAsItWas) {
+    ASSERT_TRUE(ReplaceFile(folder_.Path() / "calls.csv", "mine"));
+    OpenAt(UnusedPort());
+    Q_EMIT List().menuAsked(-1, QPoint(0, 0));
+    ChooseFrom(page_->findChild<CSkinMenu*>(), FileTransfers::menuExport);
+    ASSERT_NE(OpenFileDialog(), nullptr);
+    OpenFileDialog()->setOption(QFileDialog::DontConfirmOverwrite);
+    AnswerFileDialog(Path("calls.csv"));
+    Settle();
+    EXPECT_EQ(host_.status, ToQString(u8"【X】通话记录没有导出：连接错误，请连接手机后再试"));
+    EXPECT_EQ(ReadSmallFile(folder_.Path() / "calls.csv", 10'000), "mine");
+}
+
+TEST_F(CallLogMenu, AnEndingOfAnotherKindSaysWhichOnesAreKnown) {
+    OpenLoaded();
+    ExportTo("calls.html");
+    EXPECT_EQ(host_.status, ToQString(u8"【X】通话记录没有导出：文件的扩展名应为 csv、json，"
+                                      u8"请换一个名字"));
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+    EXPECT_EQ(Loads(), 1u);
+}
+
+TEST_F(CallLogMenu, AFolderThatIsGoneIsSaid) {
+    OpenLoaded();
+    ExportTo("missing/calls.csv");
+    EXPECT_EQ(host_.status, ToQString(u8"【X】通话记录没有导出：文件写不进去，请换一个文件夹再试"));
+}
+
+TEST_F(CallLogMenu, WhileAnExportIsUnderWayNoneCanBeBegun) {
+    OpenLoaded();
+    agent_.Hold(AgentCommand::listCalls);
+    Q_EMIT List().menuAsked(-1, QPoint(0, 0));
+    ChooseFrom(page_->findChild<CSkinMenu*>(), FileTransfers::menuExport);
+    AnswerFileDialog(Path("calls.csv"));
+    ASSERT_TRUE(WaitFor([&] { return Loads() == 2; }));
+    EXPECT_TRUE(page_->isEnabled());
+    DrainWindow();  // the first menu is gone
+    Q_EMIT List().menuAsked(-1, QPoint(0, 0));
+    auto* menu = page_->findChild<CSkinMenu*>();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_FALSE(menu->actions().at(0)->isEnabled());
+    menu->close();
+    agent_.Release();
+    Settle();
+    EXPECT_TRUE(std::filesystem::exists(folder_.Path() / "calls.csv"));
 }
 
 }  // namespace
