@@ -8,6 +8,7 @@
 
 #include "backup/Backup.h"
 #include "backup/BackupReader.h"
+#include "backup/BackupTexts.h"
 #include "backup/Restore.h"
 #include "base/Format.h"
 #include "base/Json.h"
@@ -87,17 +88,6 @@ Status StatusOf(RestoreEnd end) {
     return end == RestoreEnd::whole       ? Status::done
            : end == RestoreEnd::backupBad ? Status::wrongUsage
                                           : Status::noLink;
-}
-
-// "已读取 联系人分组 8，联系人 12/48".
-std::string ReachedText(const BackupResult& result) {
-    std::string text = CountsText(result.manifest);
-    const BackupProgress& reached = result.reached;
-    if (reached.of > 0 && result.manifest.Find(reached.kind) == nullptr) {
-        text += text.empty() ? std::string() : Ansi(u8"，");
-        text += fmt::format("{} {}/{}", NameOf(reached.kind), reached.done, reached.of);
-    }
-    return text.empty() ? text : Ansi(u8"已读取 ") + text;
 }
 
 std::unique_ptr<BackupReader> OpenOrComplain(const std::string& operand, Output& output) {
