@@ -42,6 +42,13 @@ RingFrame* FrameOf(QWidget* window) {
     return frame != nullptr ? frame : new RingFrame(window);
 }
 
+// The frame that was laid around a control last. It is not looked for again when that control loses
+// the focus: it may be losing it because its window's parts are being deleted.
+QPointer<RingFrame>& Worn() {
+    static QPointer<RingFrame> frame;
+    return frame;
+}
+
 bool IsModifier(int key) {
     return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
            key == Qt::Key_Meta || key == Qt::Key_AltGr || key == Qt::Key_CapsLock;
@@ -87,10 +94,8 @@ void FocusRing::Set(bool shown) {
 
 void FocusRing::Update() {
     QWidget* widget = QApplication::focusWidget();
-    if (repainted_ && repainted_ != widget) {
-        if (QFocusFrame* old = FrameOf(repainted_->window()); old->widget() != nullptr) {
-            old->setWidget(nullptr);
-        }
+    if (repainted_ && repainted_ != widget && Worn()) {
+        Worn()->setWidget(nullptr);
     }
     repainted_ = widget;
     if (widget == nullptr) {
@@ -99,6 +104,7 @@ void FocusRing::Update() {
     const auto* shape = dynamic_cast<const RingShape*>(widget);
     const bool around = shape != nullptr && !shape->RingRect().isEmpty();
     RingFrame* frame = FrameOf(widget->window());
+    Worn() = frame;
     frame->setWidget(around && shown_ ? widget : nullptr);
     if (frame->widget() != nullptr) {
         frame->show();
