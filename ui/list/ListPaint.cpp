@@ -447,7 +447,7 @@ QRect CSkinListCtrl::LinkRect(int row, int column) const {
     };
     switch (Column(column).kind) {
         case CellKind::link:
-            return words(cell);
+            return CellAt(row, column).off ? QRect() : words(cell);
         case CellKind::twoLinesLink:
             return words(Lines(cell).second);
         case CellKind::imageLink: {
