@@ -2,9 +2,11 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "base/CodePageChoice.h"
+#include "pages/settings/BackupGroup.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -63,7 +65,8 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
       progress_(new CSkinProgress),
       repairText_(new CSkinStateLabel(ToQString(u8"就绪"))),
       gb18030_(new SkinRadio(ToQString(u8"GB18030（所有字符都能显示和保存）"))),
-      gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))) {
+      gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))),
+      backup_(new BackupGroup(host, services.agent)) {
     for (const auto& [button, number] :
          std::initializer_list<std::pair<QAbstractButton*, int>>{{autoRun_, kAutoRun},
                                                                  {autoRunOnUsb_, kAutoRunOnUsb},
@@ -93,6 +96,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     startRows->addWidget(Hidden(Line(u8"关闭主窗口时", Color::ink)));
     startRows->addWidget(Hidden(exitHide_));
     startRows->addWidget(Hidden(exitQuit_));
+    startRows->addStretch();
 
     auto* codePage = new CSkinGroupBox(ToQString(u8"文字编码"));
     auto* codePageRows = new QVBoxLayout(codePage);
@@ -108,22 +112,40 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     auto* repairRows = new QVBoxLayout(repair);
     repairRows->setContentsMargins({});
     repairRows->setSpacing(Metric::gap3);
-    repairRows->addWidget(
-        Line(u8"重新建立桌面快捷方式，并让 Quorvi 链接由本程序打开", Color::ink2));
+    repair_->setToolTip(ToQString(u8"重新建立桌面快捷方式，并让 Quorvi 链接由本程序打开"));
     auto* action = new QHBoxLayout;
     action->setSpacing(Metric::gap4);
     action->addWidget(repair_);
     action->addWidget(progress_, 1);
     repairRows->addLayout(action);
     repairRows->addWidget(repairText_);
+    repairRows->addStretch();
 
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins({});
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(Metric::gap3);
+    halves->addWidget(start, 1);
+    halves->addWidget(repair, 1);
+    auto* groups = new QWidget;
+    auto* rows = new QVBoxLayout(groups);
+    rows->setContentsMargins(0, 0, Metric::gap2, 0);
     rows->setSpacing(Metric::gap3);
-    rows->addWidget(start);
+    rows->addLayout(halves);
+    rows->addWidget(backup_);
     rows->addWidget(codePage);
-    rows->addWidget(repair);
     rows->addStretch();
+
+    auto* view = new QScrollArea(this);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setWidgetResizable(true);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setWidget(groups);
+    // The ground is the page's.
+    view->viewport()->setAutoFillBackground(false);
+    groups->setAutoFillBackground(false);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(view);
 
     connect(autoRun_, &QAbstractButton::clicked, this, &SettingsPage::OnAutoRun);
     connect(exitHide_, &QAbstractButton::clicked, this, &SettingsPage::OnExitHide);
@@ -139,6 +161,15 @@ void SettingsPage::OnInitDialog() {
     progress_->setRange(0, kRepaired);
     progress_->setValue(0);
     LoadSettings();
+}
+
+void SettingsPage::showEvent(QShowEvent* event) {
+    Page::showEvent(event);
+    backup_->Refresh();
+}
+
+bool SettingsPage::IsAtWork() const {
+    return Page::IsAtWork() || job_.Running() || backup_->IsAtWork();
 }
 
 template <typename Work, typename Done>

@@ -1,5 +1,5 @@
-// The settings of the suite: the start with the desktop, the code page, and the repair of what ties
-// the program to the desktop.
+// The settings of the suite: the start with the desktop, the repair of what ties the program to the
+// desktop, the backups of the phone and the way back, and the code page.
 #pragma once
 
 #include <memory>
@@ -17,6 +17,7 @@ class QAbstractButton;
 
 namespace quorvi {
 
+class BackupGroup;
 class CSkinButton;
 class CSkinCheck;
 class CSkinProgress;
@@ -33,6 +34,11 @@ class SettingsPage : public Page {
     static constexpr const PageNumbers& kNumbers = kSettingsPage;
 
     SettingsPage(PageHost& host, const Services& services, QWidget* parent = nullptr);
+
+    [[nodiscard]] bool IsAtWork() const override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 
   private:
     void OnInitDialog();
@@ -64,6 +70,7 @@ class SettingsPage : public Page {
     CSkinStateLabel* repairText_;
     SkinRadio* gb18030_;
     SkinRadio* gbk_;
+    BackupGroup* backup_;
 };
 
 }  // namespace quorvi

@@ -1,7 +1,10 @@
 #include "ui/kit/SkinPanels.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <utility>
+
+#include "ui/kit/SkinLabels.h"
 
 namespace quorvi {
 
@@ -25,6 +28,23 @@ PanelRule::PanelRule(Qt::Orientation orientation, int length, QWidget* parent) :
 void PanelRule::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     look::fill(painter, rect(), look::color(Color::line2));
+}
+
+GroupHead::GroupHead(const QString& caption, const QString& remark, QWidget* parent)
+    : QWidget(parent) {
+    setFixedHeight(Metric::groupHead);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, Metric::hairline);
+    row->addWidget(new PlainLabel(caption, look::Size::s13, Color::ink, this, true));
+    row->addStretch();
+    if (!remark.isEmpty()) {
+        row->addWidget(new RemarkLabel(remark, this));
+    }
+}
+
+void GroupHead::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    look::bottomLine(painter, rect(), look::color(Color::line));
 }
 
 IconLabel::IconLabel(QString name, int side, Color ink, QWidget* parent)

@@ -28,6 +28,18 @@ class PanelRule : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 };
 
+// The head of a part of a group: its caption in bold, a remark at the right, and a thin line
+// beneath.
+class GroupHead : public QWidget {
+    Q_OBJECT
+  public:
+    explicit GroupHead(const QString& caption, const QString& remark = {},
+                       QWidget* parent = nullptr);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 // A named icon. It tells a screen reader nothing: the words stand beside it.
 class IconLabel : public QWidget {
     Q_OBJECT

@@ -322,6 +322,7 @@ struct Metric {
     static constexpr int groupCaption = 32;
     static constexpr int groupPadding = 16;
     static constexpr int groupFoot = 12;
+    static constexpr int groupHead = 28;  // of a part of a group
     static constexpr int factGap = 48;  // between a value with its caption and the next one
     static constexpr int progressHeight = 18;
     // menu
@@ -493,6 +494,27 @@ struct Metric {
     static constexpr int settingsDate = 336;
     static constexpr int settingsList = 180;
     static constexpr int settingsDateList = 164;
+    // backup and restore
+    static constexpr int backupPane = 342;
+    static constexpr int backupPaneGap = 24;
+    static constexpr int backupCaption = 44;
+    static constexpr int backupKind = 26;  // the line of a kind
+    static constexpr int deletedTime = 150;
+    static constexpr int deletedKind = 96;
+    static constexpr int deletedWhat = 276;
+    static constexpr int deletedLeft = 80;
+    static constexpr int deletedAction = 92;
+    static constexpr int deletedRows = 4;  // in view
+    static constexpr int planWidth = 680;
+    static constexpr int planHeight = 500;
+    static constexpr int planCounter = 52;
+    static constexpr int planCounterInset = 14;
+    static constexpr int planCounterGap = 9;
+    static constexpr int planResult = 96;
+    static constexpr int planKind = 96;
+    static constexpr int planName = 140;
+    static constexpr int planWhy = 280;
+    static constexpr int planProgress = 420;
     // screen capture
     static constexpr int screenGround = 512;
     static constexpr int screenPadding = 24;   // of the ground, around the picture

@@ -6,6 +6,7 @@
 #include "base/CodePageChoice.h"
 #include "pages/settings/SettingsPage.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/PrintQt.h"
 #include "tests/support/TestServices.h"
 #include "tests/support/WidgetTest.h"
 #include "ui/kit/ControlNumber.h"
@@ -27,7 +28,7 @@ class SettingsPageTest : public WidgetTest {
         Rest();
     }
     void Rest() {
-        ASSERT_TRUE(WaitFor([&] { return Control<CSkinButton>(1355).isEnabled(); }));
+        ASSERT_TRUE(WaitFor([&] { return !page_->IsAtWork(); }));
     }
     template <typename T>
     T& Control(int number) {
@@ -196,12 +197,16 @@ TEST_F(SettingsPageTest, TabGoesFromTheTopToTheBottom) {
     ShowActive(*page_);
     Control<CSkinCheck>(1016).setFocus();
     QStringList order;
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 17; ++i) {
         order.append(page_->focusWidget()->objectName());
         QTest::keyClick(page_->focusWidget(), Qt::Key_Tab);
     }
     // Of a choice, what is chosen; the arrow keys choose.
-    EXPECT_EQ(order.join(QLatin1Char(' ')), QStringLiteral("1016 codePageGbk 1355"));
+    EXPECT_EQ(order.join(QLatin1Char(' ')),
+              QStringLiteral("1016 1355 backupKind0 backupKind1 backupKind2 backupKind3 "
+                             "backupKind4 backupKind5 backupKind6 backupKind7 backupFolder "
+                             "backupChoose backupZip backupStart restoreBrowse deletedList "
+                             "codePageGbk"));
 }
 
 TEST_F(SettingsPageTest, AnyOtherStoredChoiceCountsAsHiding) {

@@ -1,0 +1,56 @@
+#include "pages/settings/BackupGroup.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "pages/settings/BackupPane.h"
+#include "pages/settings/DeletedPane.h"
+#include "pages/settings/RestorePane.h"
+#include "pages/settings/RestorePlanDlg.h"
+#include "ui/kit/QtText.h"
+
+namespace quorvi {
+
+using look::Metric;
+
+BackupGroup::BackupGroup(PageHost& host, AgentAddress agent, QWidget* parent)
+    : CSkinGroupBox(ToQString(u8"备份与恢复"), parent),
+      agent_(agent),
+      backup_(new BackupPane(host, agent)),
+      restore_(new RestorePane),
+      deleted_(new DeletedPane) {
+    auto* panes = new QHBoxLayout;
+    panes->setSpacing(Metric::backupPaneGap);
+    backup_->setMinimumWidth(Metric::backupPane);
+    panes->addWidget(backup_, 1);
+    panes->addWidget(restore_, 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins({});
+    rows->setSpacing(Metric::gap3);
+    rows->addLayout(panes);
+    rows->addWidget(deleted_);
+
+    connect(backup_, &BackupPane::runningChanged, this, [this](bool running) {
+        restore_->SetHeld(running);
+        deleted_->SetHeld(running);
+    });
+    connect(backup_, &BackupPane::folderChanged, this,
+            [this] { restore_->LookFor(backup_->Folder()); });
+    connect(restore_, &RestorePane::planAsked, this, &BackupGroup::ShowPlan);
+    connect(deleted_, &DeletedPane::planAsked, this, &BackupGroup::ShowPlan);
+}
+
+void BackupGroup::Refresh() {
+    restore_->LookFor(backup_->Folder());
+    deleted_->Refresh();
+}
+
+bool BackupGroup::IsAtWork() const {
+    return backup_->Running() || restore_->IsAtWork() || deleted_->IsAtWork();
+}
+
+void BackupGroup::ShowPlan(const std::filesystem::path& backup) {
+    (new RestorePlanDlg(agent_, backup, this))->Open();
+}
+
+}  // namespace quorvi
