@@ -1,5 +1,5 @@
-// Writes a JSON document straight into a line of text: of a backup's many records, to put a document
-// of the JSON library together and to take it apart again would take longer than all else.
+// Writes a JSON document straight into a line of text: of a backup's many records, to put a
+// document of the JSON library together and to take it apart again would take longer than all else.
 #pragma once
 
 #include <cstdint>
