@@ -22,6 +22,7 @@ using look::Metric;
 namespace {
 
 constexpr int kNextCapture = 100;  // ms, of auto refresh
+constexpr int kLasting = 100;      // ms
 
 constexpr std::u8string_view kFailed = u8"没有截到手机的屏幕";
 
@@ -40,21 +41,35 @@ void ScreenCaptureCtrl::Show(ScreenPicture picture) {
     if (observer_ != nullptr) {
         observer_->OnScreenSize(picture.frame.width, picture.frame.height);
     }
+    const QRect before = PictureRect();
     showSize_ =
         ShowSizeOf(showSize_, ready_, picture.frame.width, picture.frame.height, picture.rotation);
     previousRotation_ = std::exchange(rotation_, picture.rotation);
     picture_ = std::move(picture);
     scaled_ = {};
     Describe();
-    update();
+    if (const QRect place = PictureRect(); place == before) {
+        update(place.adjusted(-1, -1, 1, 1));  // with the line around it
+    } else {
+        update();
+    }
     if (autoRefresh_) {
         next_.start(kNextCapture, this);
     }
 }
 
 void ScreenCaptureCtrl::SetState(ListState state) {
-    status_->Set(state);
-    Describe();
+    if (state == ListState::loading && picture_) {
+        if (State() != ListState::loading) {
+            lasting_.start(kLasting, this);
+        }
+        return;
+    }
+    lasting_.stop();
+    if (state != status_->Get()) {
+        status_->Set(state);
+        Describe();
+    }
 }
 
 void ScreenCaptureCtrl::SetFailedText(const QString& sentence) {
@@ -82,6 +97,9 @@ void ScreenCaptureCtrl::timerEvent(QTimerEvent* event) {
     if (event->timerId() == next_.timerId()) {
         next_.stop();
         Q_EMIT refreshDue(rotation_);
+    } else if (event->timerId() == lasting_.timerId()) {
+        lasting_.stop();
+        status_->Set(ListState::loading);
     } else {
         QWidget::timerEvent(event);
     }
@@ -124,11 +142,15 @@ QRect ScreenCaptureCtrl::PictureRect() const {
 
 // Each painting begins with the ground, which wipes what a picture that stood the other way has
 // left (ScreenCaptureCtrl.NothingIsLeftOfAPictureThatStoodTheOtherWay).
-void ScreenCaptureCtrl::paintEvent(QPaintEvent*) {
+void ScreenCaptureCtrl::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    look::plate(painter, rect(), Metric::radiusPanel, look::color(Color::fieldOff),
-                look::color(Color::line));
-    const bool loading = State() == ListState::loading;
+    if (Ground().contains(event->rect())) {
+        painter.fillRect(event->rect(), look::color(Color::fieldOff));
+    } else {
+        look::plate(painter, rect(), Metric::radiusPanel, look::color(Color::fieldOff),
+                    look::color(Color::line));
+    }
+    const bool loading = status_->Get() == ListState::loading;
     if (picture_) {
         PaintPicture(painter);
     } else if (loading) {

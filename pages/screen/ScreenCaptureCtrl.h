@@ -51,9 +51,13 @@ class ScreenCaptureCtrl : public QWidget, public RingShape {
     void SetAutoRefresh(bool on) { autoRefresh_ = on; }
     [[nodiscard]] bool AutoRefresh() const { return autoRefresh_; }
 
-    // What it says and shows beside the picture, or where there is none.
+    // What it says and shows beside the picture, or where there is none. Above a picture the bar of
+    // `loading` appears only where that lasts: it would flicker at each capture, and painting it
+    // takes time from the capture.
     void SetState(ListState state);
-    [[nodiscard]] ListState State() const { return status_->Get(); }
+    [[nodiscard]] ListState State() const {
+        return lasting_.isActive() ? ListState::loading : status_->Get();
+    }
     // Why nothing was captured, shown in the place of a picture that never came.
     void SetFailedText(const QString& sentence);
 
@@ -97,6 +101,7 @@ class ScreenCaptureCtrl : public QWidget, public RingShape {
     std::optional<ScreenPicture> picture_;
     QPixmap scaled_;  // the picture as it was painted last
     QBasicTimer next_;
+    QBasicTimer lasting_;  // until the bar appears
     std::optional<QPoint> pressed_;
 };
 

@@ -85,8 +85,12 @@ bool ScreenOptions::SavesWithoutAsking() const {
 }
 
 void ScreenOptions::ShowScreenSize(int width, int height) {
+    const QString size = QStringLiteral("%1x%2").arg(width).arg(height);
+    if (size == size_->currentText()) {
+        return;  // as at nearly every capture, and nothing to paint
+    }
     size_->clear();
-    size_->addItem(QStringLiteral("%1x%2").arg(width).arg(height));
+    size_->addItem(size);
     size_->setCurrentIndex(0);
 }
 

@@ -4,9 +4,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QPaintEvent>
+#include <QRegion>
 #include <QSignalSpy>
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "pages/screen/AccessiblePicture.h"
@@ -318,10 +321,49 @@ TEST_F(ScreenCaptureControl, WhileItLoadsABarRunsAboveWhatIsThere) {
         control_.SetState(ListState::idle);
         EXPECT_EQ(Accents(Painted(), 0), 0);
         control_.SetState(ListState::loading);
-        EXPECT_GT(Accents(Painted(), 0), 50);
+        EXPECT_EQ(control_.State(), ListState::loading);
+        EXPECT_TRUE(WaitFor([&] { return Accents(Painted(), 0) > 50; }));
     }
     EXPECT_EQ(PaintedAt(control_.PictureRect().center()), kRed);
     look::SetLessMotion(false);
+}
+
+// Where a widget is painted.
+class PaintedPlaces : public QObject {
+  public:
+    explicit PaintedPlaces(QWidget& widget) { widget.installEventFilter(this); }
+    [[nodiscard]] QRect Take() { return std::exchange(places_, {}).boundingRect(); }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            places_ += static_cast<const QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+
+  private:
+    QRegion places_;
+};
+
+TEST_F(ScreenCaptureControl, ACaptureThatDoesNotLastPaintsThePictureAlone) {
+    PaintedPlaces places(control_);
+    control_.show();
+    Show(48, 80);
+    ASSERT_TRUE(WaitFor([&] { return places.Take() == control_.rect(); }));
+    QCoreApplication::processEvents();
+    static_cast<void>(places.Take());
+    control_.SetState(ListState::loading);
+    EXPECT_EQ(control_.State(), ListState::loading);
+    Show(48, 80);
+    control_.SetState(ListState::idle);
+    QRect painted;
+    ASSERT_TRUE(WaitFor([&] {
+        painted |= places.Take();
+        return !painted.isEmpty();
+    }));
+    EXPECT_EQ(painted, control_.PictureRect().adjusted(-1, -1, 1, 1));
+    EXPECT_EQ(control_.State(), ListState::idle);
 }
 
 TEST_F(ScreenCaptureControl, WithoutAPictureItSaysSoAndThatItFailed) {
