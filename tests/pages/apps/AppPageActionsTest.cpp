@@ -272,12 +272,14 @@ TEST_F(AppPageActions, BehindAnUninstallThatWasCutOffNoneReadsTheListAnyMore) {
     Choose(1, CAppPage::menuUninstall);
     Settle();
     EXPECT_FALSE(adb_.IsRunning("stuck"));
-    for (int i = 0; i < 3; ++i) {
+    // Each is waited for: the next one would cut it off before it has written that it runs.
+    ASSERT_TRUE(WaitFor([&] { return adb_.Runs().size() == 2; }));
+    for (std::size_t runs = 3; runs <= 5; ++runs) {
         page_->Uninstall({{"again", "com.c"}});
         Settle();
+        ASSERT_TRUE(WaitFor([&] { return adb_.Runs().size() == runs; }));
     }
     // What ends next would read the list. A failure shows that it has ended.
-    ASSERT_TRUE(WaitFor([&] { return adb_.Runs().size() == 5; }));
     page_->Uninstall({{"bad", "com.fails"}});
     ASSERT_TRUE(WaitFor([&] { return !host_.statuses.isEmpty(); }));
     Settle();
