@@ -21,6 +21,10 @@ namespace {
 
 constexpr std::u8string_view kUnreadable = u8"手机给出的内容不完整，为免重复，没有继续，请重试";
 
+// A change that is on its way when the user stops is waited for: the next restore, which may follow
+// at once, would not find it on the phone yet, and would make it a second time.
+constexpr std::chrono::seconds kGraceForChange{5};
+
 bool BrokeOff(const ContactReply& reply) {
     return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
 }
@@ -66,8 +70,9 @@ bool Restore::Accept(SessionOutcome outcome) {
 }
 
 template <typename Reply>
-std::optional<Reply> Restore::Await(std::function<Reply()> session) {
-    auto reply = RunUntilStopped<Reply>(std::move(session), *stop_);
+std::optional<Reply> Restore::Await(std::function<Reply()> session,
+                                    std::chrono::milliseconds grace) {
+    auto reply = RunUntilStopped<Reply>(std::move(session), *stop_, grace);
     if (!reply) {
         Fail(RestoreEnd::stopped, u8"已停止");
     }
@@ -282,7 +287,8 @@ bool Restore::DoItem(const RestoreItem& item) {
 
 bool Restore::Send(const Bytes& request) {
     const auto reply = Await<AcknowledgedReply>(
-        [request, agent = agent_] { return AgentSession(agent).RunAcknowledged(request); });
+        [request, agent = agent_] { return AgentSession(agent).RunAcknowledged(request); },
+        kGraceForChange);
     return reply && Accept(reply->outcome);
 }
 

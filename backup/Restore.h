@@ -2,6 +2,7 @@
 // by the requests of the editors. It never deletes.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -58,7 +59,8 @@ class Restore {
     bool Fail(RestoreEnd end, std::u8string_view why);
     bool Accept(SessionOutcome outcome);
     template <typename Reply>
-    std::optional<Reply> Await(std::function<Reply()> session);
+    std::optional<Reply> Await(std::function<Reply()> session,
+                               std::chrono::milliseconds grace = {});
     template <typename Row>
     std::optional<std::vector<Row>> FetchRows(AgentCommand list,
                                               std::function<ListReply<Row>()> fetch);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <functional>
@@ -52,13 +53,27 @@ class SideBySide {
     SideBySide(const SideBySide&) = delete;
     SideBySide& operator=(const SideBySide&) = delete;
 
-    // The result of the next index; nothing after the last, and when stopped.
-    [[nodiscard]] std::optional<Result> Next(const StopSignal& stop) {
+    // The result of the next index; nothing after the last, and when stopped. What is on its way at
+    // a stop is still waited for, but for no longer than `grace`.
+    [[nodiscard]] std::optional<Result> Next(const StopSignal& stop,
+                                             std::chrono::milliseconds grace = {}) {
+        using Clock = std::chrono::steady_clock;
         State& state = *state_;
+        std::optional<Clock::time_point> end;
         for (;;) {
+            int wait = -1;
+            if (stop.IsStopped()) {
+                const auto now = Clock::now();
+                end = end.value_or(now + grace);
+                if (now >= *end) {
+                    return std::nullopt;
+                }
+                wait = static_cast<int>(
+                    std::chrono::ceil<std::chrono::milliseconds>(*end - now).count());
+            }
             {
                 const std::lock_guard lock(state.mutex);
-                if (stop.IsStopped() || state.taken == state.count) {
+                if (state.taken == state.count) {
                     return std::nullopt;
                 }
                 if (auto found = state.results.extract(state.taken); !found.empty()) {
@@ -72,7 +87,7 @@ class SideBySide {
             }
             std::array<pollfd, 2> waiting{
                 {{state.arrived.Descriptor(), POLLIN, 0}, {stop.Descriptor(), POLLIN, 0}}};
-            poll(waiting.data(), waiting.size(), -1);
+            poll(waiting.data(), end ? 1 : waiting.size(), wait);
             state.arrived.Take();
         }
     }
@@ -142,14 +157,15 @@ class SideBySide {
     std::shared_ptr<State> state_;
 };
 
-// One session, whose wait ends with a stop: nothing then.
+// One session, whose wait ends with a stop, or `grace` after it: nothing then.
 template <typename Result>
 [[nodiscard]] std::optional<Result> RunUntilStopped(std::function<Result()> run,
-                                                    const StopSignal& stop) {
+                                                    const StopSignal& stop,
+                                                    std::chrono::milliseconds grace = {}) {
     SideBySide<Result> one(
         1, 1, [run = std::move(run)](std::size_t) { return run(); },
         [](const Result&) { return false; });
-    return one.Next(stop);
+    return one.Next(stop, grace);
 }
 
 }  // namespace quorvi

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -96,6 +97,29 @@ TEST(SideBySide, AStopEndsTheWaitForASessionThatIsStuck) {
     std::thread stopper([&] { stop.Stop(); });
     EXPECT_FALSE(runs.Next(stop));
     stopper.join();
+    stuck->Stop();
+}
+
+TEST(SideBySide, WhatIsOnItsWayAtAStopIsWaitedForWhenAsked) {
+    const auto stop = std::make_shared<StopSignal>();
+    const auto answer = [stop] {
+        stop->WaitFor(std::chrono::minutes(2));  // so the answer comes after the stop
+        return 7;
+    };
+    std::thread stopper([stop] { stop->Stop(); });
+    EXPECT_EQ(RunUntilStopped<int>(answer, *stop, std::chrono::minutes(1)), 7);
+    stopper.join();
+}
+
+TEST(SideBySide, AStopIsWaitedForNoLongerThanAsked) {
+    const auto stuck = std::make_shared<StopSignal>();
+    StopSignal stop;
+    stop.Stop();
+    const auto never = [stuck] {
+        stuck->WaitFor(std::chrono::minutes(2));
+        return 7;
+    };
+    EXPECT_FALSE(RunUntilStopped<int>(never, stop, std::chrono::milliseconds(1)));
     stuck->Stop();
 }
 

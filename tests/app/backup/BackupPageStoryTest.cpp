@@ -17,6 +17,7 @@ namespace {
 // Numbers of the dialog with the plan and its controls.
 constexpr int kPlan = 690;
 constexpr int kGo = 1215;
+constexpr int kStop = 1216;
 constexpr int kClose = 1021;
 constexpr int kState = 1220;
 
@@ -115,6 +116,25 @@ TEST_F(BackupPageStory, WhatWasBackedUpComesBackToAnEmptiedPhone) {
     EXPECT_EQ(names(Listed("contacts")), contacts);
     EXPECT_EQ(names(Listed("alarms")), alarms);
     EXPECT_EQ(names(Listed("bookmarks")), bookmarks);
+    ExpectNothingToRestore();
+}
+
+TEST_F(BackupPageStory, AStoppedRestoreGoesOnWithoutDoublingAnything) {
+    BackUp();
+    const std::string contacts = Listed("contacts");
+    Tell("data contacts 0");
+    ShowPlan();
+    PressIn(kPlan, kGo);
+    ASSERT_TRUE(WaitFor([] { return CanBePressed(kStop); }));
+    PressIn(kPlan, kStop);
+    ASSERT_TRUE(WaitFor([] { return CanBePressed(kClose); }));
+    if (CanBePressed(kGo)) {
+        PressIn(kPlan, kGo);
+        ASSERT_TRUE(WaitFor([] { return CanBePressed(kClose) && !CanBePressed(kGo); }));
+    }
+    EXPECT_TRUE(State().startsWith(ToQString(u8"恢复完成"))) << State().toStdString();
+    ClosePlan();
+    EXPECT_EQ(Listed("contacts").size(), contacts.size());
     ExpectNothingToRestore();
 }
 
