@@ -16,6 +16,7 @@
 #include "pages/downloads/DuplicateTaskDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/numbers/NumberQueryDlg.h"
+#include "pages/settings/RestorePlanDlg.h"
 #include "pages/weather/WeatherCityDlg.h"
 #include "tests/pages/contacts/ContactReplies.h"
 #include "tests/pages/messages/MessageReplies.h"
@@ -123,6 +124,10 @@ std::vector<SuiteDialog> SuiteDialogs() {
          }},
         {"WeatherCity", "province city 1 2",
          [](DialogGround& g) { return new WeatherCityDlg({}, &g.window); }},
+        {"RestorePlan", "planCounter0 planCounter1 planCounter2 planCounter3 1074 1215 1021",
+         [](DialogGround& g) {
+             return new RestorePlanDlg(g.agent.Port(), g.scratch.Path() / "none.zip", &g.window);
+         }},
         {"DownloadSettings", "1383 1216 1217 1215",
          [](DialogGround& g) {
              return new DownloadSettingsDlg(
