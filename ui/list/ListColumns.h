@@ -60,8 +60,8 @@ struct Cell {
     look::Color iconInk = look::Color::plum6;  // of a state, its dot
     int iconSide = look::Metric::rowIcon;      // of an icon that stands on no plate
     int value = -1;                            // star, rating, progress
-    // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot. Of
-    // a link: a text that leads nowhere.
+    // Of a plate: drawn like what is switched off. Of a state: an empty ring in place of the dot.
+    // Of a link: a text that leads nowhere.
     bool off = false;
     // What is to be known of the cell beside what it shows: its tool tip says it, and it is read
     // out.

@@ -323,7 +323,7 @@ struct Metric {
     static constexpr int groupPadding = 16;
     static constexpr int groupFoot = 12;
     static constexpr int groupHead = 28;  // of a part of a group
-    static constexpr int factGap = 48;  // between a value with its caption and the next one
+    static constexpr int factGap = 48;    // between a value with its caption and the next one
     static constexpr int progressHeight = 18;
     // menu
     static constexpr int menuGutter = 32;

@@ -1,10 +1,9 @@
-#include "ui/page/LatestPost.h"
-
 #include <memory>
 #include <thread>
 #include <vector>
 
 #include "tests/support/QtTest.h"
+#include "ui/page/LatestPost.h"
 
 namespace quorvi {
 namespace {
