@@ -111,8 +111,15 @@ BackupPane::BackupPane(PageHost& host, AgentAddress agent, QWidget* parent)
             ShowWhetherToStart();
         });
     }
-    connect(zip_, &QAbstractButton::clicked, this, &BackupPane::KeepChoices);
-    connect(plain_, &QAbstractButton::clicked, this, &BackupPane::KeepChoices);
+    for (SkinRadio* radio : {zip_, plain_}) {
+        connect(radio, &QAbstractButton::clicked, this, &BackupPane::KeepChoices);
+        // The Tab key comes to what is chosen.
+        const auto takeTab = [radio](bool chosen) {
+            radio->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+        };
+        connect(radio, &QAbstractButton::toggled, radio, takeTab);
+        takeTab(radio->isChecked());
+    }
     connect(choose_, &QAbstractButton::clicked, this, [this] {
         AskForFolder(*this, ToQString(u8"备份保存到"), PathText(folder_),
                      [this](const QString& path) { ChooseFolder(path); });

@@ -48,7 +48,11 @@ class BackupPageStory : public PageTest {
 
     static void Tell(std::string_view line) { rig_->Control(0, line); }
     // What the phone lists, without the ids that it gives anew.
-    static std::string Listed(const char* what) { return rig_->Suite({what, "list"}).output; }
+    // So many of them the phone lists.
+    static auto CountOf(const char* what) {
+        const std::string listed = rig_->Suite({what, "list"}).output;
+        return std::count(listed.begin(), listed.end(), '\n');
+    }
     [[nodiscard]] bool WaitForPage() const {
         return WaitFor([&] { return !page_->IsAtWork(); });
     }
@@ -94,18 +98,15 @@ class BackupPageStory : public PageTest {
 std::unique_ptr<e2e::PhoneRig> BackupPageStory::rig_;
 
 TEST_F(BackupPageStory, WhatWasBackedUpComesBackToAnEmptiedPhone) {
-    const auto names = [](const std::string& listed) {
-        return std::count(listed.begin(), listed.end(), '\n');
-    };
-    const auto contacts = names(Listed("contacts"));
-    const auto alarms = names(Listed("alarms"));
-    const auto bookmarks = names(Listed("bookmarks"));
+    const auto contacts = CountOf("contacts");
+    const auto alarms = CountOf("alarms");
+    const auto bookmarks = CountOf("bookmarks");
     ASSERT_GT(contacts, 10);
     BackUp();
     ExpectNothingToRestore();
 
     Tell("data contacts 0 alarms 0 bookmarks 0");
-    ASSERT_LT(names(Listed("contacts")), contacts);
+    ASSERT_LT(CountOf("contacts"), contacts);
     ShowPlan();
     EXPECT_EQ(State(), ToQString(u8"还没有写入任何内容"));
     PressIn(kPlan, kGo);
@@ -113,28 +114,28 @@ TEST_F(BackupPageStory, WhatWasBackedUpComesBackToAnEmptiedPhone) {
     EXPECT_TRUE(State().startsWith(ToQString(u8"恢复完成"))) << State().toStdString();
     ClosePlan();
 
-    EXPECT_EQ(names(Listed("contacts")), contacts);
-    EXPECT_EQ(names(Listed("alarms")), alarms);
-    EXPECT_EQ(names(Listed("bookmarks")), bookmarks);
+    EXPECT_EQ(CountOf("contacts"), contacts);
+    EXPECT_EQ(CountOf("alarms"), alarms);
+    EXPECT_EQ(CountOf("bookmarks"), bookmarks);
     ExpectNothingToRestore();
 }
 
 TEST_F(BackupPageStory, AStoppedRestoreGoesOnWithoutDoublingAnything) {
     BackUp();
-    const std::string contacts = Listed("contacts");
+    const auto contacts = CountOf("contacts");
     Tell("data contacts 0");
     ShowPlan();
     PressIn(kPlan, kGo);
     ASSERT_TRUE(WaitFor([] { return CanBePressed(kStop); }));
     PressIn(kPlan, kStop);
-    ASSERT_TRUE(WaitFor([] { return CanBePressed(kClose); }));
+    const auto isDone = [] { return State().startsWith(ToQString(u8"恢复完成")); };
+    ASSERT_TRUE(WaitFor([&] { return CanBePressed(kGo) || isDone(); }));
     if (CanBePressed(kGo)) {
         PressIn(kPlan, kGo);
-        ASSERT_TRUE(WaitFor([] { return CanBePressed(kClose) && !CanBePressed(kGo); }));
+        ASSERT_TRUE(WaitFor(isDone)) << State().toStdString();
     }
-    EXPECT_TRUE(State().startsWith(ToQString(u8"恢复完成"))) << State().toStdString();
     ClosePlan();
-    EXPECT_EQ(Listed("contacts").size(), contacts.size());
+    EXPECT_EQ(CountOf("contacts"), contacts);
     ExpectNothingToRestore();
 }
 
