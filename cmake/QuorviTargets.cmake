@@ -205,8 +205,6 @@ function(quorvi_test name)
   endif()
   target_link_libraries(${name} PRIVATE
     quorvi_test_flags ${ARG_LIBS} GTest::gmock GTest::gtest quorvi_test_main)
-  target_compile_definitions(${name} PRIVATE
-    QUORVI_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUORVI_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()

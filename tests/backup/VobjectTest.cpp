@@ -6,6 +6,7 @@
 #include "backup/VCardWriter.h"
 #include "base/Json.h"
 #include "tests/backup/Cards.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/Process.h"
 
 namespace quorvi {

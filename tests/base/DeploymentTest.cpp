@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Deployment.h"
+#include "tests/support/BuildPlaces.h"
 
 namespace quorvi {
 namespace {

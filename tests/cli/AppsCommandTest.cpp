@@ -9,6 +9,7 @@
 #include "base/Json.h"
 #include "tests/pages/apps/AppReplies.h"
 #include "tests/support/AgentFixture.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/RunProgram.h"

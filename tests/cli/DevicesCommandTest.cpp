@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Json.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/ToldAdb.h"
 

@@ -5,6 +5,7 @@
 
 #include "base/Json.h"
 #include "base/Text.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/RunProgram.h"
 #include "tests/support/ToldAdb.h"
 

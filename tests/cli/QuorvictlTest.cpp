@@ -1,6 +1,7 @@
 // Runs the built program with no phone about.
 #include <gtest/gtest.h>
 
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {

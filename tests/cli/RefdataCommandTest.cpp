@@ -1,6 +1,7 @@
 // The commands that need no phone: numbers and dates.
 #include <gtest/gtest.h>
 
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/RunProgram.h"
 
 namespace quorvi::cli {

@@ -6,6 +6,7 @@
 #include "base/Json.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/LoopbackPort.h"
 #include "tests/support/TemporaryFolder.h"
 

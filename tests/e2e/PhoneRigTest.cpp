@@ -3,6 +3,7 @@
 
 #include <fstream>
 
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {

@@ -9,6 +9,7 @@
 
 #include "online/HttpTransfer.h"
 #include "tests/support/Await.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/PhoneRig.h"
 #include "tests/support/Process.h"

@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "refdata/PhoneSpecs.h"
+#include "tests/support/BuildPlaces.h"
 
 namespace quorvi {
 namespace {

@@ -10,6 +10,7 @@
 #include "site/Catalogue.h"
 #include "site/Pages.h"
 #include "site/StorePages.h"
+#include "tests/support/BuildPlaces.h"
 
 namespace quorvi::site {
 namespace {

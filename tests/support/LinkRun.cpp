@@ -4,6 +4,7 @@
 
 #include "agent/Wire.h"
 #include "base/Text.h"
+#include "tests/support/BuildPlaces.h"
 
 namespace quorvi::e2e {
 

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <system_error>
 
+#include "tests/support/BuildPlaces.h"
+
 namespace quorvi {
 namespace {
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pages/devices/DeviceManagerDlg.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/WaitFor.h"
 
 namespace quorvi {

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "base/os/TcpSocket.h"
 #include "phone/adb/Packet.h"
+#include "tests/support/BuildPlaces.h"
 
 namespace quorvi::e2e {
 namespace {

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "tests/support/BuildPlaces.h"
+
 namespace quorvi::cli {
 
 Ended RunLine(const std::string& line) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/BuildPlaces.h"
+
 namespace quorvi {
 namespace {
 

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "app/process/ProcessEnd.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/WidgetTest.h"
 

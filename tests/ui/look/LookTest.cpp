@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/QtTest.h"
 #include "ui/look/DesktopWishes.h"
