@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 #include <json/json.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
 #include <random>
@@ -221,15 +224,40 @@ int Kills() {
     return told != nullptr ? std::atoi(told) : 10;
 }
 
-using KilledInTheMiddle = FaultyPhone;
+class KilledInTheMiddle : public FaultyPhone {
+  protected:
+    // The least time in which three runs came to their end, so that a moment before it is within a
+    // run on a quick machine as on a slow one. `before` stands before each run, unmeasured.
+    milliseconds TimeOfOne(const std::vector<std::string>& arguments,
+                           const std::function<void()>& before) {
+        milliseconds least = milliseconds::max();
+        for (int i = 0; i < 3; ++i) {
+            before();
+            const auto start = std::chrono::steady_clock::now();
+            EXPECT_EQ(Run(arguments).status, 0);
+            const auto taken = std::chrono::steady_clock::now() - start;
+            least = std::min(least, std::chrono::duration_cast<milliseconds>(taken));
+        }
+        return std::max(least, milliseconds(2));
+    }
+
+    milliseconds MomentWithin(milliseconds whole) {
+        const auto last = static_cast<int>(whole.count());
+        return milliseconds(std::uniform_int_distribution<int>(1, last)(random_));
+    }
+
+  private:
+    std::mt19937 random_{20261122};
+};
 
 TEST_F(KilledInTheMiddle, ABackupIsWholeOrNotThere) {
     const auto before = BackedUpContent("before");
-    std::mt19937 random(20261122);
+    const milliseconds whole = TimeOfOne({"backup", Target("timed")},
+                                         [this] { std::filesystem::remove_all(Target("timed")); });
     int made = 0;
     for (int i = 0; i < Kills(); ++i) {
         const std::string name = "killed" + std::string(i % 2 == 0 ? "" : ".zip");
-        const milliseconds moment(std::uniform_int_distribution<int>(1, 600)(random));
+        const milliseconds moment = MomentWithin(whole);
         static_cast<void>(Run({"backup", Target(name)}, moment));
         if (IsThere(name)) {
             ++made;
@@ -247,12 +275,12 @@ TEST_F(KilledInTheMiddle, ABackupIsWholeOrNotThere) {
 
 TEST_F(KilledInTheMiddle, ARestoreIsFinishedByTheNextOne) {
     const auto before = BackedUpContent("before");
-    std::mt19937 random(20261122);
+    const milliseconds whole =
+        TimeOfOne({"restore", Target("before")}, [this] { EmptyThePhone(); });
     EmptyThePhone();
     int finished = 0;
     for (int i = 0; i < Kills(); ++i) {
-        const milliseconds moment(std::uniform_int_distribution<int>(1, 900)(random));
-        if (!Run({"restore", Target("before")}, moment).timedOut) {
+        if (!Run({"restore", Target("before")}, MomentWithin(whole)).timedOut) {
             ++finished;
             EmptyThePhone();
         }
