@@ -16,7 +16,7 @@ using look::Metric;
 
 namespace {
 
-// After this time a list that is locked is drawn so.
+// After this time a list that is locked is disabled.
 constexpr std::chrono::milliseconds kLasting{100};
 
 }  // namespace
@@ -52,8 +52,8 @@ ScreenOptions::ScreenOptions(QWidget* parent)
     quality_->setCurrentIndex(kFirstQuality);
     lasting_.setSingleShot(true);
     lasting_.setInterval(kLasting);
-    connect(&lasting_, &QTimer::timeout, this, [this] { rotation_->setUpdatesEnabled(true); });
-    connect(rotation_, &QComboBox::currentIndexChanged, this, &ScreenOptions::rotationChanged);
+    connect(&lasting_, &QTimer::timeout, this, &ScreenOptions::DisableRotation);
+    connect(rotation_, &QComboBox::currentIndexChanged, this, &ScreenOptions::OnRotationChosen);
     connect(autoRefresh_, &QAbstractButton::clicked, this, &ScreenOptions::autoRefreshClicked);
 }
 
@@ -94,19 +94,30 @@ void ScreenOptions::ShowScreenSize(int width, int height) {
     size_->setCurrentIndex(0);
 }
 
-void ScreenOptions::LockRotation() {
-    if (rotation_->hasFocus()) {
-        focus_.emplace(*this);
+void ScreenOptions::OnRotationChosen(int index) {
+    if (!locked_) {
+        Q_EMIT rotationChanged();
+    } else if (index != *locked_) {
+        rotation_->setCurrentIndex(*locked_);
     }
-    rotation_->setUpdatesEnabled(false);
-    rotation_->setEnabled(false);
+}
+
+void ScreenOptions::LockRotation() {
+    locked_ = rotation_->currentIndex();
     lasting_.start();
 }
 
+void ScreenOptions::DisableRotation() {
+    if (rotation_->hasFocus()) {
+        focus_.emplace(*this);
+    }
+    rotation_->setEnabled(false);
+}
+
 void ScreenOptions::UnlockRotation() {
+    locked_.reset();
     lasting_.stop();
     rotation_->setEnabled(true);
-    rotation_->setUpdatesEnabled(true);
     if (focus_) {
         focus_->GiveBack();
         focus_.reset();

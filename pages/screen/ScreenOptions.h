@@ -39,7 +39,8 @@ class ScreenOptions : public CSkinGroupBox {
     void ShowScreenSize(int width, int height);
 
     // While a capture runs no other rotation can be chosen: the list would show another one than
-    // the picture has. The list is drawn so when it lasts: it would flicker at each capture.
+    // the picture has. At first it only takes none, and it is disabled when the capture lasts: it
+    // would flicker at each capture, and painting it takes time from the capture.
     void LockRotation();
     void UnlockRotation();
 
@@ -48,6 +49,8 @@ class ScreenOptions : public CSkinGroupBox {
     void autoRefreshClicked(bool on);
 
   private:
+    void OnRotationChosen(int index);
+    void DisableRotation();
     CSkinCombo* AddList(QVBoxLayout& rows, std::u8string_view caption, int number);
 
     CSkinCombo* rotation_;
@@ -56,7 +59,8 @@ class ScreenOptions : public CSkinGroupBox {
     CSkinCombo* size_;
     CSkinCheck* autoRefresh_;
     CSkinCheck* batchSave_;
-    QTimer lasting_;
+    QTimer lasting_;             // until the list is disabled
+    std::optional<int> locked_;  // the entry of the capture that runs
     std::optional<FocusKeeper> focus_;
 };
 
