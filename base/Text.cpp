@@ -10,6 +10,8 @@
 #include <limits>
 #include <memory>
 
+#include "base/Utf8.h"
+
 namespace quorvi {
 namespace {
 
@@ -175,7 +177,7 @@ bool FitsCodePage(std::string_view utf8) {
 }
 
 std::string Ansi(std::u8string_view text) {
-    return ToAnsi({reinterpret_cast<const char*>(text.data()), text.size()});
+    return ToAnsi(Utf8View(text));
 }
 
 std::vector<std::string_view> SplitAt(std::string_view text, char separator) {

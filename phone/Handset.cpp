@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "phone/adb/Packet.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
+#include "base/Utf8.h"
 #include "phone/agent/AppIcons.h"
 #include "phone/agent/Applications.h"
 #include "phone/agent/HostileTexts.h"
 #include "phone/agent/LocalTime.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -9,7 +9,7 @@
 #include <iterator>
 
 #include "base/Text.h"
-#include "site/Texts.h"
+#include "base/Utf8.h"
 
 namespace quorvi::site {
 namespace {

@@ -10,10 +10,10 @@
 
 #include "base/Json.h"
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "online/CheckSum.h"
 #include "online/ServiceRequest.h"
 #include "site/Catalogue.h"
-#include "site/Texts.h"
 
 namespace quorvi::site {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "base/HtmlFragment.h"
 #include "base/Text.h"
-#include "site/Texts.h"
+#include "base/Utf8.h"
 
 namespace quorvi::site {
 namespace {

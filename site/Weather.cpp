@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "base/Json.h"
+#include "base/Utf8.h"
 #include "online/WeatherCities.h"
-#include "site/Texts.h"
 
 namespace quorvi::site {
 namespace {

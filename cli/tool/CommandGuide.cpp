@@ -5,12 +5,10 @@
 #include <map>
 #include <vector>
 
+#include "base/Utf8.h"
+
 namespace quorvi::cli {
 namespace {
-
-std::string Utf8(std::u8string_view text) {
-    return {reinterpret_cast<const char*>(text.data()), text.size()};
-}
 
 // What the formatter would take for its own: a backslash, a hyphen that is typed, and a point or an
 // apostrophe at the start of a line.

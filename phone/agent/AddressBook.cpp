@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/Utf8.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

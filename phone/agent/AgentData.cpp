@@ -1,6 +1,6 @@
 #include "phone/agent/AgentData.h"
 
-#include "phone/agent/Texts.h"
+#include "base/Utf8.h"
 
 namespace quorvi::phone {
 namespace {

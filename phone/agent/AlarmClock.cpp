@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "phone/agent/HostileTexts.h"
 #include "phone/agent/LocalTime.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "agent/StartEvents.h"
+#include "base/Utf8.h"
 #include "phone/agent/Applications.h"
 #include "phone/agent/HostileTexts.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

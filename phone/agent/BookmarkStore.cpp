@@ -6,10 +6,10 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "phone/agent/HostileTexts.h"
 #include "phone/agent/LocalTime.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -5,8 +5,8 @@
 #include <array>
 #include <string_view>
 
+#include "base/Utf8.h"
 #include "phone/agent/LocalTime.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

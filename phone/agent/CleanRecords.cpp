@@ -4,11 +4,11 @@
 
 #include <utility>
 
+#include "base/Utf8.h"
 #include "phone/agent/AppIcons.h"
 #include "phone/agent/Applications.h"
 #include "phone/agent/HostileTexts.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -3,10 +3,10 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "base/Utf8.h"
 #include "phone/agent/AddressBook.h"
 #include "phone/agent/LocalTime.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -1,9 +1,9 @@
 // What a person's phone holds in files.
 #include <fmt/format.h>
 
+#include "base/Utf8.h"
 #include "phone/agent/FileSystem.h"
 #include "phone/agent/LocalTime.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -2,9 +2,9 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "base/Utf8.h"
 #include "phone/agent/LocalTime.h"
 #include "phone/agent/MessageStore.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/Utf8.h"
 #include "phone/agent/AgentData.h"
 #include "phone/agent/Commands.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "phone/agent/Texts.h"
+#include "base/Utf8.h"
 
 namespace quorvi::phone {
 

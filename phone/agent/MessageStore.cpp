@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "base/Utf8.h"
 #include "phone/agent/AddressBook.h"
 #include "phone/agent/LocalTime.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

@@ -6,11 +6,11 @@
 #include <string_view>
 
 #include "agent/ProcessImportance.h"
+#include "base/Utf8.h"
 #include "phone/agent/AppIcons.h"
 #include "phone/agent/Applications.h"
 #include "phone/agent/HostileTexts.h"
 #include "phone/agent/Photos.h"
-#include "phone/agent/Texts.h"
 
 namespace quorvi::phone {
 namespace {

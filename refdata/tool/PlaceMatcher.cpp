@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Utf8.h"
+
 namespace quorvi::phonedb {
 namespace {
 
@@ -27,11 +29,8 @@ constexpr SupplementRow kSupplement[] = {
 #include "refdata/data/PlaceSupplement.inc"
 };
 
-std::string_view Utf8(std::u8string_view text) {
-    return {reinterpret_cast<const char*>(text.data()), text.size()};
-}
-const std::string_view kProvince = Utf8(u8"省");
-const std::string_view kJoint = Utf8(u8"、");
+const std::string_view kProvince = Utf8View(u8"省");
+const std::string_view kJoint = Utf8View(u8"、");
 
 }  // namespace
 
@@ -94,7 +93,7 @@ int PlaceMatcher::CodeByName(std::string_view place) const {
     const std::string plain = WithoutProvinceSuffix(place);
     const AreaRow* nearest = nullptr;
     for (const AreaRow& row : kAreas) {
-        if (regionOfCode_.contains(row.code) && plain.starts_with(Utf8(row.place)) &&
+        if (regionOfCode_.contains(row.code) && plain.starts_with(Utf8View(row.place)) &&
             (nearest == nullptr || row.place.size() > nearest->place.size())) {
             nearest = &row;
         }
@@ -110,7 +109,7 @@ int PlaceMatcher::CodeByLandLine(std::string_view place) const {
 int PlaceMatcher::CodeBySupplement(std::string_view place) const {
     const auto* row =
         std::find_if(std::begin(kSupplement), std::end(kSupplement),
-                     [&](const SupplementRow& each) { return Utf8(each.place) == place; });
+                     [&](const SupplementRow& each) { return Utf8View(each.place) == place; });
     return row == std::end(kSupplement) ? 0 : row->code;
 }
 

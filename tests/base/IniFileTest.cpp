@@ -3,13 +3,10 @@
 #include <string>
 
 #include "base/IniFile.h"
+#include "base/Utf8.h"
 
 namespace quorvi {
 namespace {
-
-std::string U8(std::u8string_view text) {
-    return {reinterpret_cast<const char*>(text.data()), text.size()};
-}
 
 // The value of one line "k=…".
 std::optional<std::string> ValueOf(std::string_view written) {
@@ -35,12 +32,12 @@ TEST(IniValue, TheLastOfSeveralCounts) {
 
 TEST(IniValue, EscapesAreRead) {
     EXPECT_EQ(ValueOf("a\\tb\\n\\\\\\\"c"), "a\tb\n\\\"c");
-    EXPECT_EQ(ValueOf("\\x5317\\x4eac"), U8(u8"北京"));        // as older files have it
-    EXPECT_EQ(ValueOf("\\xd840\\xdc00"), U8(u8"\U00020000"));  // a pair
-    EXPECT_EQ(ValueOf("\\xd840!"), U8(u8"\uFFFD!"));           // half of one
+    EXPECT_EQ(ValueOf("\\x5317\\x4eac"), Utf8(u8"北京"));        // as older files have it
+    EXPECT_EQ(ValueOf("\\xd840\\xdc00"), Utf8(u8"\U00020000"));  // a pair
+    EXPECT_EQ(ValueOf("\\xd840!"), Utf8(u8"\uFFFD!"));           // half of one
     EXPECT_EQ(ValueOf("\\101\\x41"), "AA");
     EXPECT_EQ(ValueOf("\\q\\"), "next=1");  // the line goes on
-    EXPECT_EQ(IniValue("[%U5317]\n%41%20b=1", U8(u8"北/A b")), "1");
+    EXPECT_EQ(IniValue("[%U5317]\n%41%20b=1", Utf8(u8"北/A b")), "1");
     EXPECT_EQ(IniValue("[G]\n%4=1", "G/%4"), "1");
 }
 
@@ -88,7 +85,7 @@ TEST(WithIniValue, JoinsTheGroupOrMakesIt) {
 
 TEST(WithIniValue, WritesSoThatItIsReadBack) {
     for (const std::string& value :
-         {U8(u8"北京, 海淀"), std::string(" a "), std::string("a;b=c,\"d\"\\"),
+         {Utf8(u8"北京, 海淀"), std::string(" a "), std::string("a;b=c,\"d\"\\"),
           std::string("x\0f\1", 4), std::string("@Size(1 2)"), std::string("\n\r\t")}) {
         EXPECT_EQ(IniValue(WithIniValue("", "G/k", value), "G/k"), value);
     }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "link/PhoneLink.h"
 #include "tests/support/Await.h"
 #include "tests/support/FakeAdb.h"
@@ -107,10 +108,6 @@ class RecordingClock : public Clock {
     bool held_ = false;
 };
 
-std::string U8(std::u8string_view text) {
-    return {reinterpret_cast<const char*>(text.data()), text.size()};
-}
-
 Bytes Okay() {
     const auto bytes = std::as_bytes(std::span(std::string_view("OKAY")));
     return {bytes.begin(), bytes.end()};
@@ -195,8 +192,8 @@ class PhoneLinkTest : public testing::Test {
 TEST_F(PhoneLinkTest, GoodAgentTurnsTheBannerGreen) {
     AgentHasVersion(20);
     Connect();
-    EXPECT_THAT(face.Banners(), ElementsAre(Pair(U8(u8"连接设备中..."), kWorking),
-                                            Pair(U8(u8"连接成功:)"), kSuccess)));
+    EXPECT_THAT(face.Banners(), ElementsAre(Pair(Utf8(u8"连接设备中..."), kWorking),
+                                            Pair(Utf8(u8"连接成功:)"), kSuccess)));
     EXPECT_EQ(face.LinkUps(), 1);
     EXPECT_EQ(device.Serial(), "HT04CPL00123");
     EXPECT_THAT(clock.Sleeps(), ElementsAre(3000ms));
@@ -223,15 +220,15 @@ TEST_F(PhoneLinkTest, ArrivalWaitsForTheServerFirst) {
 TEST_F(PhoneLinkTest, NoPhoneIsAnError) {
     Print("devices", "List of devices attached\n\n");
     Connect();
-    EXPECT_THAT(face.Banners(), ElementsAre(Pair(U8(u8"连接设备中..."), kWorking),
-                                            Pair(U8(u8"【错误】没有找到Android设备"), kError)));
+    EXPECT_THAT(face.Banners(), ElementsAre(Pair(Utf8(u8"连接设备中..."), kWorking),
+                                            Pair(Utf8(u8"【错误】没有找到Android设备"), kError)));
     EXPECT_THAT(adb.Runs(), ElementsAre("devices"));
 }
 
 TEST_F(PhoneLinkTest, MissingAdbIsAnError) {
     environment.adbPath = [] { return std::string("/nonexistent/adb"); };
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【组件丢失，请重新安装"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【组件丢失，请重新安装"), kError));
 }
 
 TEST_F(PhoneLinkTest, AdbThatIsGoneAtThePackageQueryIsAnError) {
@@ -240,7 +237,7 @@ TEST_F(PhoneLinkTest, AdbThatIsGoneAtThePackageQueryIsAnError) {
         return ++asked == 2 ? std::string("/nonexistent/adb") : path;
     };
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【组件丢失，请重新安装"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【组件丢失，请重新安装"), kError));
 }
 
 TEST_F(PhoneLinkTest, WorkerThatCannotBeMadeIsAnError) {
@@ -248,12 +245,12 @@ TEST_F(PhoneLinkTest, WorkerThatCannotBeMadeIsAnError) {
         const NoMoreThreads none;
         Connect();
     }
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【内部错误】，请重新安装"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【内部错误】，请重新安装"), kError));
     AgentHasVersion(20);
     PhoneLink link = MakeLink(device, face);
     link.ConnectPhone(false);
     ASSERT_TRUE(face.Ended(2));
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
 }
 
 TEST_F(PhoneLinkTest, SeveralPhonesAskForAChoice) {
@@ -261,36 +258,36 @@ TEST_F(PhoneLinkTest, SeveralPhonesAskForAChoice) {
     Print("devices", "List of devices attached\none\tdevice\ntwo\tdevice\n\n");
     face.choose = [this] { device.SetSerial("two"); };
     Connect();
-    EXPECT_THAT(face.titles, ElementsAre(U8(u8"连接管理器 - Quorvi")));
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_THAT(face.titles, ElementsAre(Utf8(u8"连接管理器 - Quorvi")));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
     EXPECT_EQ(adb.Runs().at(1), "-s two shell pm list package");
 }
 
 TEST_F(PhoneLinkTest, SeveralPhonesAndNoChoiceIsAnError) {
     Print("devices", "List of devices attached\none\tdevice\ntwo\tdevice\n\n");
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】没有选择任何设备"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【错误】没有选择任何设备"), kError));
 }
 
 TEST_F(PhoneLinkTest, RefusedForwardEndsTheProcedure) {
     ServerAnswers(Text("FAIL"));
     Connect();
-    EXPECT_THAT(face.Banners(), ElementsAre(Pair(U8(u8"连接设备中..."), kWorking),
-                                            Pair(U8(u8"【错误】连接协议失败"), kError)));
+    EXPECT_THAT(face.Banners(), ElementsAre(Pair(Utf8(u8"连接设备中..."), kWorking),
+                                            Pair(Utf8(u8"【错误】连接协议失败"), kError)));
     EXPECT_TRUE(clock.Sleeps().empty());
 }
 
 TEST_F(PhoneLinkTest, ServerThatDoesNotRunEndsTheProcedure) {
     environment.hostPort = UnusedPort();
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接协议失败"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【错误】连接协议失败"), kError));
 }
 
 TEST_F(PhoneLinkTest, AgentThatIsNotThereIsAnError) {
     ServerAnswers(Okay());
     agentPort = UnusedPort();
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【错误】连接手机端失败"), kError));
     EXPECT_EQ(face.LinkUps(), 0);
 }
 
@@ -298,13 +295,13 @@ TEST_F(PhoneLinkTest, AgentThatClosesWithoutAReplyIsAnError) {
     ServerAnswers(Okay());
     AgentAnswers({{}, Answer::End::close});
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【错误】连接手机端失败"), kError));
 }
 
 TEST_F(PhoneLinkTest, NegativeVersionIsAnError) {
     AgentHasVersion(0x80000014);
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"【错误】连接手机端失败"), kError));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"【错误】连接手机端失败"), kError));
 }
 
 // A longer name passes for the agent's: kept on purpose, see HoldsPackage.
@@ -312,7 +309,7 @@ TEST_F(PhoneLinkTest, LongerPackageNamePassesForTheAgent) {
     AgentHasVersion(20);
     Print("packages", "package:com.quorvi.Quorvi.plugin\n");
     Connect();
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
 }
 
 TEST_F(PhoneLinkTest, MissingAgentIsInstalledAndTheLinkTriedOnceMore) {
@@ -320,11 +317,11 @@ TEST_F(PhoneLinkTest, MissingAgentIsInstalledAndTheLinkTriedOnceMore) {
     Print("packages", "package:com.android.phone\n");
     Print("packages.after", "package:com.quorvi.Quorvi\n");
     Connect();
-    EXPECT_THAT(face.Banners(),
-                ElementsAre(Pair(U8(u8"连接设备中..."), kWorking),
-                            Pair(U8(u8"【提示】正在安装手机端..."), kWorking),
-                            Pair(U8(u8"安装成功"), kSuccess), Pair(U8(u8"连接设备中..."), kWorking),
-                            Pair(U8(u8"连接成功:)"), kSuccess)));
+    EXPECT_THAT(face.Banners(), ElementsAre(Pair(Utf8(u8"连接设备中..."), kWorking),
+                                            Pair(Utf8(u8"【提示】正在安装手机端..."), kWorking),
+                                            Pair(Utf8(u8"安装成功"), kSuccess),
+                                            Pair(Utf8(u8"连接设备中..."), kWorking),
+                                            Pair(Utf8(u8"连接成功:)"), kSuccess)));
     EXPECT_EQ(adb.Runs().at(2),
               "-s HT04CPL00123 install -r " + (adb.Directory() / "com.quorvi.Quorvi.apk").string());
 }
@@ -341,9 +338,9 @@ TEST_F(PhoneLinkTest, OldAgentIsReplacedOnceInTheProcess) {
     AgentHasVersion(19);
     Print("install", "Failure [INSTALL_FAILED_OLDER_SDK]\n");
     Connect();
-    const auto upgrading = Pair(U8(u8"【提示】正在升级手机端..."), kWorking);
-    const auto failed = Pair(U8(u8"【错误】安装失败，请到官网重下"), kError);
-    const auto connecting = Pair(U8(u8"连接设备中..."), kWorking);
+    const auto upgrading = Pair(Utf8(u8"【提示】正在升级手机端..."), kWorking);
+    const auto failed = Pair(Utf8(u8"【错误】安装失败，请到官网重下"), kError);
+    const auto connecting = Pair(Utf8(u8"连接设备中..."), kWorking);
     // The second pass installs again and leaves its text.
     EXPECT_THAT(face.Banners(),
                 ElementsAre(connecting, upgrading, failed, connecting, upgrading, failed));
@@ -363,16 +360,16 @@ TEST_F(PhoneLinkTest, VersionsOneToNineteenAreOld) {
         PhoneLink link = MakeLink(fresh, heard);
         link.ConnectPhone(false);
         ASSERT_TRUE(heard.Ended());
-        EXPECT_EQ(heard.Banners().at(1).first, U8(u8"【提示】正在升级手机端..."));
+        EXPECT_EQ(heard.Banners().at(1).first, Utf8(u8"【提示】正在升级手机端..."));
     }
 }
 
 TEST_F(PhoneLinkTest, EachInstallResultHasItsText) {
     const std::pair<const char*, std::string> kResults[] = {
         {"Failure [INSTALL_PARSE_FAILED_INCONSISTENT_CERTIFICATES]",
-         U8(u8"【错误】签名错误，先卸载老版本")},
-        {"Failure [INSTALL_FAILED_INSUFFICIENT_STORAGE]", U8(u8"【错误】安装失败，手机空间不足")},
-        {"", U8(u8"【错误】安装失败，请到官网重下")},
+         Utf8(u8"【错误】签名错误，先卸载老版本")},
+        {"Failure [INSTALL_FAILED_INSUFFICIENT_STORAGE]", Utf8(u8"【错误】安装失败，手机空间不足")},
+        {"", Utf8(u8"【错误】安装失败，请到官网重下")},
     };
     Print("packages", "package:com.android.phone\n");
     int ends = 0;
@@ -395,7 +392,7 @@ TEST_F(PhoneLinkTest, AdbThatIsGoneAtTheInstallHasItsText) {
         return ++asked % 3 == 0 ? std::string("/nonexistent/adb") : path;
     };
     Connect();
-    EXPECT_EQ(face.Banners().at(2), std::pair(U8(u8"【错误】组件丢失，请到官网重下"), kError));
+    EXPECT_EQ(face.Banners().at(2), std::pair(Utf8(u8"【错误】组件丢失，请到官网重下"), kError));
 }
 
 TEST_F(PhoneLinkTest, ConnectDuringAConnectDoesNothing) {
@@ -428,7 +425,7 @@ TEST_F(PhoneLinkTest, ArrivalWhileTheAgentComesUpStopsAtThePackageQuery) {
     EXPECT_EQ(runs("-s HT04CPL00123 shell pm list package"), 1);
     clock.Hold(false);
     ASSERT_TRUE(face.Ended());
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
 }
 
 // What comes of the query may connect again, however long the worker is kept from its own end.
@@ -447,8 +444,8 @@ TEST_F(PhoneLinkTest, TheWayIsFreeForTheNextConnectBeforeTheQueryStarts) {
     link.ConnectPhone(false);
     ASSERT_TRUE(face.Ended());
     // The second either stops at the query or, being late, has one of its own.
-    EXPECT_EQ(face.Banners().at(1), std::pair(U8(u8"连接设备中..."), kWorking));
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_EQ(face.Banners().at(1), std::pair(Utf8(u8"连接设备中..."), kWorking));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
 }
 
 TEST_F(PhoneLinkTest, WorkerOutlivesTheLinkThatStartedIt) {
@@ -461,7 +458,7 @@ TEST_F(PhoneLinkTest, WorkerOutlivesTheLinkThatStartedIt) {
     }
     clock.Hold(false);
     ASSERT_TRUE(face.Ended());
-    EXPECT_EQ(face.Banners().back(), std::pair(U8(u8"连接成功:)"), kSuccess));
+    EXPECT_EQ(face.Banners().back(), std::pair(Utf8(u8"连接成功:)"), kSuccess));
 }
 
 TEST_F(PhoneLinkTest, ReaderOutlivesTheLinkThatStartedIt) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Utf8.h"
 #include "phone/adb/Packet.h"
-#include "phone/agent/Texts.h"
 #include "tests/support/Ask.h"
 #include "tests/support/Bytes.h"
 

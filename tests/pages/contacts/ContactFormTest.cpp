@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "base/Utf8.h"
 #include "pages/contacts/ContactForm.h"
 
 namespace quorvi {
 namespace {
 
 using namespace std::string_literals;
-
-std::string Utf8(std::u8string_view text) {
-    return {text.begin(), text.end()};
-}
 
 ContactItem Loaded(std::uint32_t id, std::int32_t type, std::u8string_view text) {
     return {id, ContactItemOp::leave, type, Ansi(text)};
