@@ -23,6 +23,12 @@ TEST(ParseCommandLine, OptionsAreForThePhoneInFrontOfThem) {
     EXPECT_EQ(line.server.phones[1].commands, std::vector<std::string>{"fault 870101 cut 9"});
 }
 
+TEST(ParseCommandLine, AnOptionThatIsForNoPhoneMakesNone) {
+    const CommandLine line = ParseCommandLine({"--control", "0", "--phone", "--model", "A1"});
+    ASSERT_EQ(line.server.phones.size(), 1u);
+    EXPECT_EQ(line.server.phones[0].profile.model, "A1");
+}
+
 TEST(ParseCommandLine, CountsPhones) {
     EXPECT_EQ(ParseCommandLine({"--phones", "3"}).server.phones.size(), 3u);
     EXPECT_EQ(ParseCommandLine({"--phones", "0"}).error, "--phones cannot be 0");
