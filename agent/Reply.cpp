@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "agent/Wire.h"
+#include "base/ByteText.h"
 #include "base/Text.h"
 
 namespace quorvi {
@@ -110,7 +111,7 @@ std::optional<std::string_view> ReplyCursor::TakeUtf8() {
     if (!blob) {
         return std::nullopt;
     }
-    return std::string_view(reinterpret_cast<const char*>(blob->data()), blob->size());
+    return AsText(*blob);
 }
 
 std::optional<std::string> ReplyCursor::TakeText() {

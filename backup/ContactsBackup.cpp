@@ -8,6 +8,7 @@
 #include "backup/Content.h"
 #include "backup/RecordFiles.h"
 #include "backup/VCardWriter.h"
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "pages/contacts/ContactList.h"
 #include "pages/contacts/ContactRecord.h"
@@ -27,10 +28,6 @@ bool BrokeOff(const CardReply& reply) {
     return reply.outcome != SessionOutcome::complete && reply.outcome != SessionOutcome::noData;
 }
 
-std::string_view TextOf(std::span<const std::byte> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 std::string Called(const ContactListRow& row) {
     return !row.name.empty() ? row.name : row.number;
 }
@@ -40,7 +37,7 @@ CardReply FetchCard(AgentAddress agent, const ContactListRow& row) {
     if (!detail.record || !IsDetailOf(*detail.record, row)) {
         return {detail.outcome, false, {}, {}};
     }
-    const ContactCard card = CardOf(*detail.record, TextOf(row.photo.Bytes()));
+    const ContactCard card = CardOf(*detail.record, AsText(row.photo.Bytes()));
     return {detail.outcome, true, WriteVCard(card), ContentOf(card)};
 }
 

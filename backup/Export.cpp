@@ -12,6 +12,7 @@
 #include "backup/MessageFile.h"
 #include "backup/PhoneLists.h"
 #include "backup/VCardWriter.h"
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "base/os/WholeFile.h"
 #include "pages/bookmarks/BookmarkList.h"
@@ -50,11 +51,6 @@ TransferStatus Committed(WholeFile& file) {
     return FileFailed(u8"文件写不进去，请换一个文件夹再试");
 }
 
-std::string_view BytesOf(const ReplyBytes& bytes) {
-    const auto span = bytes.Bytes();
-    return {reinterpret_cast<const char*>(span.data()), span.size()};
-}
-
 // Reads one contact after the other and hands each on; where one cannot be had, `result` tells.
 template <typename Take>
 void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
@@ -71,7 +67,7 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
             return;
         }
         if (reply.outcome == SessionOutcome::complete && reply.record) {
-            take(CardOf(*reply.record, BytesOf(row.photo)));
+            take(CardOf(*reply.record, AsText(row.photo.Bytes())));
             ++result.exported;
         } else {
             result.skipped.Add(row.name, reply.outcome == SessionOutcome::noData

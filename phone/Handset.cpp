@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/ByteText.h"
 #include "base/Utf8.h"
 #include "phone/adb/Packet.h"
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <future>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "phone/Control.h"
 #include "phone/adb/Packet.h"

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "phone/adb/Packet.h"
 

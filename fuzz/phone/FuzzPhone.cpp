@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "base/ByteText.h"
 #include "phone/Shell.h"
 #include "phone/adb/Packet.h"
 #include "phone/adb/SyncService.h"

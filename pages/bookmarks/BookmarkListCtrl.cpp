@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 
+#include "base/ByteText.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {
@@ -64,7 +65,7 @@ RowPicture CBookmarkListCtrl::PictureOf(const BookmarkRow& row) const {
     // Its address in the reply is what the picture is cached by: it is unique as long as the rows
     // stand, while a phone may give two bookmarks one id.
     return {.id = std::bit_cast<std::uintptr_t>(thumbnail.data()),
-            .bytes = {reinterpret_cast<const char*>(thumbnail.data()), thumbnail.size()},
+            .bytes = AsText(thumbnail),
             .plate = u"file-web"};
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 
+#include "base/ByteText.h"
 #include "ui/kit/QtText.h"
 
 namespace quorvi {
@@ -49,8 +50,7 @@ RowPicture CContactListCtrl::PictureOf(const ContactListRow& row) const {
     const auto photo = row.photo.Bytes();
     // Its address in the reply is what the picture is cached by: it is unique as long as the rows
     // stand, while a phone may give two contacts one id.
-    return {.id = std::bit_cast<std::uintptr_t>(photo.data()),
-            .bytes = {reinterpret_cast<const char*>(photo.data()), photo.size()}};
+    return {.id = std::bit_cast<std::uintptr_t>(photo.data()), .bytes = AsText(photo)};
 }
 
 }  // namespace quorvi

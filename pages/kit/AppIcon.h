@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "agent/Reply.h"
+#include "base/ByteText.h"
 #include "ui/list/ListColumns.h"
 
 namespace quorvi {
@@ -14,7 +15,7 @@ namespace quorvi {
 [[nodiscard]] inline RowPicture AppIconOf(const ReplyBytes& icon) {
     const auto bytes = icon.Bytes();
     return {.id = std::bit_cast<std::uintptr_t>(bytes.data()),
-            .bytes = {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
+            .bytes = AsText(bytes),
             .fallback = u"app-default",
             .rounded = false};
 }

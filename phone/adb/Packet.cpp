@@ -25,15 +25,6 @@ std::uint32_t ReadLittleEndian(const std::byte* in) {
     return word;
 }
 
-Bytes ToBytes(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
-std::string_view AsText(std::span<const std::byte> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 std::uint32_t PayloadChecksum(std::span<const std::byte> payload) {
     return std::accumulate(
         payload.begin(), payload.end(), std::uint32_t{0},

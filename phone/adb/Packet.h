@@ -87,8 +87,4 @@ class PacketReader {
 void AppendLittleEndian(Bytes& out, std::uint32_t word);
 [[nodiscard]] std::uint32_t ReadLittleEndian(const std::byte* in);
 
-// A text's bytes, and bytes as a text.
-[[nodiscard]] Bytes ToBytes(std::string_view text);
-[[nodiscard]] std::string_view AsText(std::span<const std::byte> bytes);
-
 }  // namespace quorvi::phone

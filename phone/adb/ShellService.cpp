@@ -1,5 +1,6 @@
 #include "phone/adb/ShellService.h"
 
+#include "base/ByteText.h"
 #include "phone/Shell.h"
 #include "phone/adb/Packet.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/ByteText.h"
 #include "phone/adb/Packet.h"
 
 namespace quorvi::phone {

@@ -4,6 +4,8 @@
 #include <deque>
 #include <utility>
 
+#include "base/ByteText.h"
+
 namespace quorvi::phone {
 
 // One stream. The peer must say OKAY to each message before the next one goes out.

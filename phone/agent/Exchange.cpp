@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "base/ByteText.h"
 #include "phone/adb/Packet.h"
 
 namespace quorvi::phone {

@@ -4,6 +4,7 @@
 
 #include "agent/Reply.h"
 #include "agent/Wire.h"
+#include "base/ByteText.h"
 #include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
@@ -242,8 +243,7 @@ TEST(ReplyBytes, OutliveTheParse) {
         }
         held = reply;
     }
-    const auto bytes = photo.Bytes();
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()), "photo");
+    EXPECT_EQ(AsText(photo.Bytes()), "photo");
     EXPECT_EQ(held.use_count(), 1);
     photo = {};
     EXPECT_TRUE(held.expired());

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "tests/download/EngineTest.h"
 #include "tests/download/ScriptedPeer.h"
 #include "tests/support/StuckListener.h"
@@ -59,7 +60,7 @@ TEST_F(HttpDownloaderStop, EndsACircleOfRedirects) {
     // Its own address is known before it listens there: it is asked for again and again.
     const std::uint16_t port = PortOf(ListenOn(0));
     const std::string url = fmt::format("http://127.0.0.1:{}/a", port);
-    LoopbackAgent site({.bytes = BytesOf(MovedTo(url)), .end = Answer::End::close}, port);
+    LoopbackAgent site({.bytes = ToBytes(MovedTo(url)), .end = Answer::End::close}, port);
     ASSERT_EQ(site.Port(), port);
     StopWhen(url, [&site] { return site.Accepted() > 20; });
     EXPECT_THAT(sink_->All(), ElementsAre(kStopped));

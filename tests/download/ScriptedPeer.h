@@ -6,19 +6,15 @@
 #include <string>
 #include <string_view>
 
+#include "base/ByteText.h"
 #include "tests/support/LoopbackAgent.h"
 
 namespace quorvi {
 
-inline Bytes BytesOf(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
 class ScriptedPeer {
   public:
     explicit ScriptedPeer(std::string_view answer, Answer::End end = Answer::End::close)
-        : agent_({.bytes = BytesOf(answer), .end = end}) {}
+        : agent_({.bytes = ToBytes(answer), .end = end}) {}
 
     [[nodiscard]] std::string Url() const {
         return fmt::format("http://127.0.0.1:{}/a.apk", agent_.Port());
@@ -28,7 +24,7 @@ class ScriptedPeer {
         const auto exchanges = agent_.Exchanges(n + 1);
         std::string text;
         for (const Bytes* part : {&exchanges.at(n).firstPiece, &exchanges.at(n).rest}) {
-            text.append(reinterpret_cast<const char*>(part->data()), part->size());
+            text += AsText(*part);
         }
         return text;
     }

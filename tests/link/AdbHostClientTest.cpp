@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "link/AdbHostClient.h"
 #include "link/LinkText.h"
@@ -17,15 +18,6 @@ namespace quorvi {
 namespace {
 
 using testing::ElementsAre;
-
-Bytes Raw(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
-std::string AsText(const Bytes& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
 
 std::vector<ForwardEvent> Forward(const AdbHostClient& client, std::string_view serial) {
     std::vector<ForwardEvent> events;
@@ -42,7 +34,7 @@ TEST(AdbHostClient, LengthPrefixCountsBytesInUpperCase) {
 }
 
 TEST(AdbHostClient, ForwardIsOneFrameInOneSend) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     EXPECT_THAT(Forward(AdbHostClient(server.Port()), "HT04CPL00123"),
                 ElementsAre(ForwardEvent::standing));
     const Exchange exchange = server.Exchanges(1).front();
@@ -55,12 +47,12 @@ TEST(AdbHostClient, ForwardIsOneFrameInOneSend) {
 }
 
 TEST(AdbHostClient, SecondStatusWordIsLeftUnread) {
-    LoopbackAgent server({Raw("OKAYOKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAYOKAY"), Answer::End::wait});
     EXPECT_THAT(Forward(AdbHostClient(server.Port()), "x"), ElementsAre(ForwardEvent::standing));
 }
 
 TEST(AdbHostClient, ForwardThatStandsIsSetAgainWithoutHarm) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(server.Port());
     EXPECT_THAT(Forward(client, "x"), ElementsAre(ForwardEvent::standing));
     EXPECT_THAT(Forward(client, "x"), ElementsAre(ForwardEvent::standing));
@@ -69,14 +61,14 @@ TEST(AdbHostClient, ForwardThatStandsIsSetAgainWithoutHarm) {
 
 TEST(AdbHostClient, EveryOtherWordIsAFailure) {
     for (const char* const word : {"FAIL0012device 'x' not found", "okay", "OKA", "", "OKAX"}) {
-        LoopbackAgent server({Raw(word), Answer::End::close});
+        LoopbackAgent server({ToBytes(word), Answer::End::close});
         EXPECT_THAT(Forward(AdbHostClient(server.Port()), "x"), ElementsAre(ForwardEvent::refused))
             << word;
     }
 }
 
 TEST(AdbHostClient, ConnectionThatBreaksIsAFailure) {
-    LoopbackAgent server({Raw(""), Answer::End::reset});
+    LoopbackAgent server({ToBytes(""), Answer::End::reset});
     EXPECT_THAT(Forward(AdbHostClient(server.Port()), "x"), ElementsAre(ForwardEvent::refused));
 }
 
@@ -87,7 +79,7 @@ TEST(AdbHostClient, ServerThatDoesNotRunIsAFailure) {
 // Both texts are shown, the second in place of the first; kept on purpose,
 // since both are told as they happen.
 TEST(AdbHostClient, EmptySerialIsToldAndThenRefused) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     EXPECT_THAT(Forward(AdbHostClient(server.Port()), ""),
                 ElementsAre(ForwardEvent::noSerial, ForwardEvent::refused));
     EXPECT_TRUE(server.Exchanges(1).front().firstPiece.empty());
@@ -95,7 +87,7 @@ TEST(AdbHostClient, EmptySerialIsToldAndThenRefused) {
 
 // As for the empty serial.
 TEST(AdbHostClient, SendOfNothingIsToldAndThenRefused) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(
         server.Port(),
         [](const TcpSocket&, std::span<const std::byte>) -> std::ptrdiff_t { return 0; });
@@ -103,7 +95,7 @@ TEST(AdbHostClient, SendOfNothingIsToldAndThenRefused) {
 }
 
 TEST(AdbHostClient, SerialWithABlankIsSentAsItStands) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     Forward(AdbHostClient(server.Port()), "a b");
     EXPECT_EQ(AsText(server.Exchanges(1).front().firstPiece),
               "002Bhost-serial:a b:forward:tcp:50505;tcp:50505");
@@ -112,7 +104,7 @@ TEST(AdbHostClient, SerialWithABlankIsSentAsItStands) {
 TEST(AdbHostClient, LongestSerialIsWhatFitsIntoTheRequest) {
     // 4 for the length, 12 for "host-serial:", 28 for ":forward:tcp:50505;tcp:50505" and the serial
     constexpr std::size_t kRest = 4 + 12 + 28;
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(server.Port());
     EXPECT_THAT(Forward(client, std::string(kHostRequestBytes - kRest, 's')),
                 ElementsAre(ForwardEvent::standing));
@@ -131,7 +123,7 @@ int DelayOption(const TcpSocket& socket) {
 }
 
 TEST(AdbHostClient, DelayIsKeptWhereToldSo) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(server.Port());
     EXPECT_EQ(DelayOption(client.Open(TcpSocket::Delay::keep)), 0);
     EXPECT_EQ(DelayOption(client.Open()), 1);
@@ -139,7 +131,7 @@ TEST(AdbHostClient, DelayIsKeptWhereToldSo) {
 
 TEST(AdbHostClient, LengthIsInLowerCaseWhereToldSo) {
     EXPECT_EQ(AdbHostClient::Frame("framebuffer:", LengthDigits::lowerCase), "000cframebuffer:");
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(server.Port());
     {
         const TcpSocket socket = client.Open();

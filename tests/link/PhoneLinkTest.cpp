@@ -12,6 +12,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "base/Utf8.h"
 #include "link/PhoneLink.h"
@@ -109,8 +110,7 @@ class RecordingClock : public Clock {
 };
 
 Bytes Okay() {
-    const auto bytes = std::as_bytes(std::span(std::string_view("OKAY")));
-    return {bytes.begin(), bytes.end()};
+    return ToBytes("OKAY");
 }
 
 // While it lives no thread can be made: none has room for such a stack.

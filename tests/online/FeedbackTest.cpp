@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "base/os/KernelRelease.h"
 #include "online/CheckSum.h"
@@ -110,7 +111,7 @@ class FeedbackFaults : public testing::TestWithParam<SiteFault> {};
 
 TEST_P(FeedbackFaults, AreAFailedPost) {
     const SiteFault& fault = GetParam();
-    LoopbackAgent site({.bytes = BytesOf(fault.answer), .end = fault.end});
+    LoopbackAgent site({.bytes = ToBytes(fault.answer), .end = fault.end});
     EXPECT_EQ(SendFeedback({.siteRoot = fmt::format("http://127.0.0.1:{}/", site.Port())},
                            WholeForm(), 0, fault.limits),
               FeedbackOutcome::failed);

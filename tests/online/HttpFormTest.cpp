@@ -5,6 +5,7 @@
 #include <chrono>
 #include <fstream>
 
+#include "base/ByteText.h"
 #include "online/HttpForm.h"
 #include "tests/online/SiteFaults.h"
 #include "tests/support/EnvironmentVariable.h"
@@ -19,7 +20,7 @@ using namespace std::chrono_literals;
 std::string TextOf(const Exchange& exchange) {
     std::string text;
     for (const Bytes* part : {&exchange.firstPiece, &exchange.rest}) {
-        text.append(reinterpret_cast<const char*>(part->data()), part->size());
+        text += AsText(*part);
     }
     return text;
 }
@@ -31,7 +32,7 @@ std::string UrlOf(std::uint16_t port) {
 // What a form with one field makes of this answer.
 std::string ReplyTo(std::string_view answer, Answer::End end = Answer::End::close,
                     HttpLimits limits = {}) {
-    LoopbackAgent site({.bytes = BytesOf(answer), .end = end});
+    LoopbackAgent site({.bytes = ToBytes(answer), .end = end});
     CHttpForm form(limits);
     form.AddField("a", "1");
     return form.Post(UrlOf(site.Port()));
@@ -58,7 +59,7 @@ TEST(HttpForm, AValueWithMarksOfItsOwnGoesOutUnchanged) {
 }
 
 TEST(HttpForm, SendsItsHeadersWithThreeBlanks) {
-    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok"),
+    LoopbackAgent site({.bytes = ToBytes("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok"),
                         .end = Answer::End::close});
     CHttpForm form;
     form.AddField("a", "1");
@@ -153,7 +154,7 @@ TEST(HttpForm, SpeaksHttpAlone) {
 }
 
 TEST(HttpForm, GoesOverTheProxyOfTheSystem) {
-    LoopbackAgent proxy({.bytes = BytesOf("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok"),
+    LoopbackAgent proxy({.bytes = ToBytes("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok"),
                          .end = Answer::End::close});
     const EnvironmentVariable told("http_proxy", fmt::format("http://127.0.0.1:{}", proxy.Port()));
     CHttpForm form;

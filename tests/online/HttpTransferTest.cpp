@@ -4,6 +4,7 @@
 
 #include <chrono>
 
+#include "base/ByteText.h"
 #include "online/HttpTransfer.h"
 #include "tests/online/SiteFaults.h"
 #include "tests/support/SiteServer.h"
@@ -42,7 +43,7 @@ TEST(HttpGetTest, APageThatIsNotThereIsNone) {
 }
 
 TEST(HttpGetTest, HalfAPageIsNone) {
-    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf"),
+    LoopbackAgent site({.bytes = ToBytes("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf"),
                         .end = Answer::End::close});
     const HttpReply reply = HttpGet(UrlOf(site.Port()));
     EXPECT_EQ(reply.body, "half");
@@ -51,7 +52,7 @@ TEST(HttpGetTest, HalfAPageIsNone) {
 
 TEST(HttpGetTest, TakesNoMoreThanItsLimit) {
     LoopbackAgent site(
-        {.bytes = BytesOf(HttpAnswer("200 OK", "0123456789")), .end = Answer::End::close});
+        {.bytes = ToBytes(HttpAnswer("200 OK", "0123456789")), .end = Answer::End::close});
     const HttpReply reply = HttpGet(UrlOf(site.Port()), {.reply = 4});
     EXPECT_EQ(reply.body, "0123");
     EXPECT_FALSE(reply.IsPage());
@@ -67,14 +68,14 @@ TEST(HttpGetTest, GivesUpWhereNobodyAnswers) {
 
 TEST(HttpGetTest, SpeaksHttpAlone) {
     EXPECT_EQ(HttpGet("file:///etc/hostname").body, "");
-    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
+    LoopbackAgent site({.bytes = ToBytes("HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
                                          "Content-Length: 0\r\n\r\n"),
                         .end = Answer::End::close});
     EXPECT_EQ(HttpGet(UrlOf(site.Port())).body, "");
 }
 
 TEST(HttpGetTest, StopsInACircleOfRedirects) {
-    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 302 Found\r\nLocation: /page\r\n"
+    LoopbackAgent site({.bytes = ToBytes("HTTP/1.1 302 Found\r\nLocation: /page\r\n"
                                          "Content-Length: 0\r\nConnection: close\r\n\r\n"),
                         .end = Answer::End::close});
     EXPECT_FALSE(HttpGet(UrlOf(site.Port())).IsPage());

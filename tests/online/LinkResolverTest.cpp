@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "online/LinkResolver.h"
 #include "online/ServiceRequest.h"
@@ -134,7 +135,7 @@ class LinkResolverFaults : public testing::TestWithParam<SiteFault> {};
 
 TEST_P(LinkResolverFaults, AreNoAnswer) {
     const SiteFault& fault = GetParam();
-    LoopbackAgent site({.bytes = BytesOf(fault.answer), .end = fault.end});
+    LoopbackAgent site({.bytes = ToBytes(fault.answer), .end = fault.end});
     const Deployment deployment{.siteRoot = fmt::format("http://127.0.0.1:{}/", site.Port())};
     EXPECT_EQ(ResolvePackage(deployment, "com.example.tingshu", fault.limits).outcome,
               ResolveOutcome::noAnswer);

@@ -20,11 +20,6 @@ inline std::string HttpAnswer(std::string_view status, std::string_view body) {
     return fmt::format("HTTP/1.1 {}\r\nContent-Length: {}\r\n\r\n{}", status, body.size(), body);
 }
 
-inline Bytes BytesOf(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
 struct SiteFault {
     std::string name;
     std::string answer;

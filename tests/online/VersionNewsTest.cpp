@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "online/VersionNews.h"
 #include "tests/online/SiteFaults.h"
@@ -110,7 +111,7 @@ class VersionNewsFaults : public testing::TestWithParam<SiteFault> {};
 
 TEST_P(VersionNewsFaults, BreakItAndLeaveNoRow) {
     const SiteFault& fault = GetParam();
-    LoopbackAgent site({.bytes = BytesOf(fault.answer), .end = fault.end});
+    LoopbackAgent site({.bytes = ToBytes(fault.answer), .end = fault.end});
     const VersionNews news = FetchVersionNews(
         {.siteRoot = fmt::format("http://127.0.0.1:{}/", site.Port())}, fault.limits);
     EXPECT_TRUE(news.broken);

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <set>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "online/Weather.h"
 #include "online/WeatherCities.h"
@@ -136,7 +137,7 @@ class WeatherFaults : public testing::TestWithParam<SiteFault> {};
 
 TEST_P(WeatherFaults, GiveNoReport) {
     const SiteFault& fault = GetParam();
-    LoopbackAgent site({.bytes = BytesOf(fault.answer), .end = fault.end});
+    LoopbackAgent site({.bytes = ToBytes(fault.answer), .end = fault.end});
     EXPECT_FALSE(FetchWeather({.weatherHost = fmt::format("127.0.0.1:{}", site.Port())},
                               DefaultCity(), fault.limits)
                      .has_value());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/ByteText.h"
 #include "base/Utf8.h"
 #include "phone/adb/Packet.h"
 #include "tests/support/Ask.h"

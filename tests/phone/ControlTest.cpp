@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "phone/Control.h"
 #include "phone/PhoneServer.h"
 #include "phone/adb/Packet.h"

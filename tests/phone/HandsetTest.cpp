@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "phone/Handset.h"
 #include "phone/adb/Packet.h"
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "phone/Shell.h"
 #include "phone/adb/Packet.h"
 

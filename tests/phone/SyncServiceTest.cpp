@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "phone/adb/Packet.h"
 #include "phone/adb/SyncService.h"
 #include "tests/support/Bytes.h"

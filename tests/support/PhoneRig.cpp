@@ -6,6 +6,7 @@
 #include <chrono>
 #include <thread>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "base/os/TcpSocket.h"
 #include "phone/adb/Packet.h"
@@ -47,7 +48,7 @@ std::string ReadToEnd(const TcpSocket& socket) {
     std::string text;
     std::array<std::byte, 4096> piece;
     for (std::ptrdiff_t count; (count = socket.Receive(piece)) > 0;) {
-        text += phone::AsText(std::span(piece).first(static_cast<std::size_t>(count)));
+        text += AsText(std::span(piece).first(static_cast<std::size_t>(count)));
     }
     return text;
 }
@@ -98,7 +99,7 @@ std::optional<std::string> PhoneRig::AskServer(std::string_view service) const {
     if (!socket.IsOpen()) {
         return std::nullopt;
     }
-    socket.Send(phone::ToBytes(fmt::format("{:04X}{}", service.size(), service)));
+    socket.Send(ToBytes(fmt::format("{:04X}{}", service.size(), service)));
     const std::string answer = ReadToEnd(socket);
     return answer.starts_with("OKAY") ? std::optional(answer.substr(4)) : std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "base/Format.h"
 #include "pages/apps/AppList.h"
 #include "pages/kit/ReplyPicture.h"
@@ -14,8 +15,7 @@ AppList Parse(const WireBytes& bytes) {
 }
 
 std::string IconOf(const AppRecord& row) {
-    const auto bytes = row.icon.Bytes();
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    return std::string(AsText(row.icon.Bytes()));
 }
 
 TEST(AppListReading, ReadsEachFieldOfARow) {

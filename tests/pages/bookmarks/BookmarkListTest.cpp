@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "pages/bookmarks/BookmarkList.h"
 #include "pages/kit/ReplyPicture.h"
@@ -25,8 +26,7 @@ BookmarkList Parse(const WireBytes& bytes) {
 }
 
 std::string ThumbnailOf(const BookmarkRow& row) {
-    const auto bytes = row.thumbnail.Bytes();
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    return std::string(AsText(row.thumbnail.Bytes()));
 }
 
 TEST_F(BookmarkReading, ReadsEachFieldOfARow) {

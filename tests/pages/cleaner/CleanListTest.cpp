@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "pages/cleaner/CleanList.h"
 #include "pages/kit/ReplyPicture.h"
@@ -18,8 +19,7 @@ CleanList Parse(const WireBytes& bytes) {
 }
 
 std::string IconOf(const CleanItem& row) {
-    const auto bytes = row.icon.Bytes();
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    return std::string(AsText(row.icon.Bytes()));
 }
 
 TEST(CleanListReading, ReadsEachFieldOfARowBehindTheFixedOnes) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "pages/contacts/ContactList.h"
 #include "tests/support/WireBytes.h"
@@ -43,10 +44,6 @@ ContactList Parse(const WireBytes& bytes) {
     return ParseContactList(bytes.Shared(), Mark);
 }
 
-std::string Text(std::span<const std::byte> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 TEST(ContactListReading, ReadsEachFieldOfARow) {
     setenv("TZ", "Asia/Shanghai", 1);
     tzset();
@@ -66,7 +63,7 @@ TEST(ContactListReading, ReadsEachFieldOfARow) {
     EXPECT_EQ(row.number, "13861234567");
     EXPECT_EQ(row.attribution, "<13861234567>");
     EXPECT_EQ(row.lastContact, "2011-06-18 09:42:10");
-    EXPECT_EQ(Text(row.photo.Bytes()), "photo");
+    EXPECT_EQ(AsText(row.photo.Bytes()), "photo");
 }
 
 TEST(ContactListReading, RunEndsWithTheReply) {
@@ -147,7 +144,7 @@ TEST(ContactListReading, OfAPhotoLengthTheLowHalfCounts) {
     AddPhotoless(bytes, {.id = 2});
     const ContactList list = Parse(bytes);
     ASSERT_EQ(list.rows.size(), 2u);
-    EXPECT_EQ(Text(list.rows[0].photo.Bytes()), "ab");
+    EXPECT_EQ(AsText(list.rows[0].photo.Bytes()), "ab");
 }
 
 TEST(ContactListReading, PhotosAreTheReplysOwnBytesAndKeepThem) {
@@ -159,7 +156,7 @@ TEST(ContactListReading, PhotosAreTheReplysOwnBytesAndKeepThem) {
     reply.reset();
     const auto photo = list.rows.at(0).photo.Bytes();
     EXPECT_EQ(photo.data(), end - 5);
-    EXPECT_EQ(Text(photo), "photo");
+    EXPECT_EQ(AsText(photo), "photo");
 }
 
 TEST(ContactListReading, RowsWithoutAPhotoLetTheReplyGo) {

@@ -11,6 +11,7 @@
 #include <fstream>
 #include <memory>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "link/WirelessAddress.h"
 #include "pages/devices/DeviceManagerDlg.h"
@@ -69,9 +70,7 @@ class DeviceManagerDlgTest : public QtTest {
     void Release(const std::string& name) const { fs::remove(adb_.Directory() / ("hold-" + name)); }
 
     void ServerAnswers(std::string_view text) {
-        const auto bytes = std::as_bytes(std::span(text));
-        server_ = std::make_unique<LoopbackAgent>(
-            Answer{Bytes(bytes.begin(), bytes.end()), Answer::End::wait});
+        server_ = std::make_unique<LoopbackAgent>(Answer{ToBytes(text), Answer::End::wait});
         environment_.hostPort = server_->Port();
     }
     void Open(const QString& title = {}) {

@@ -7,15 +7,12 @@
 #include <span>
 #include <utility>
 
+#include "base/ByteText.h"
+
 namespace quorvi {
 namespace {
 
 constexpr std::size_t kLengthDigits = 4;
-
-Bytes BytesOf(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
 
 }  // namespace
 
@@ -129,7 +126,7 @@ void FrameServer::Serve(const TcpSocket& socket) {
         if (!Take(socket, connection)) {
             return;
         }
-        socket.Send(BytesOf(word));
+        socket.Send(ToBytes(word));
         if (word != "OKAY") {
             return;
         }

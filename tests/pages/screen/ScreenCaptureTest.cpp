@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/ByteText.h"
 #include "base/Text.h"
 #include "pages/screen/ScreenCapture.h"
 #include "tests/pages/screen/FrameWords.h"
@@ -13,15 +14,6 @@ namespace quorvi {
 namespace {
 
 using std::chrono::milliseconds;
-
-Bytes Raw(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
-
-std::string AsText(const Bytes& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
 
 Bytes Pixels(std::initializer_list<int> values) {
     Bytes out;
@@ -38,7 +30,7 @@ Bytes PixelsOf(const Capture& capture) {
 
 // Two pixels of 32 bits beside each other: all that the server sends from its first word on.
 Bytes SmallFrame(const Bytes& channels) {
-    return Join({Raw("OKAY"), Raw("OKAY"),
+    return Join({ToBytes("OKAY"), ToBytes("OKAY"),
                  Words({1,    // version
                         32,   // bits
                         8,    // bytes of the frame
@@ -65,7 +57,7 @@ TEST(ScreenCapture, LengthsAreInUpperAndThenInLowerCase) {
     const Capture capture = CaptureScreen(AdbHostClient(server.Port()), "HT04CPL0012");
     EXPECT_EQ(capture.result, CaptureResult::shown);
     const Exchange exchange = server.Exchanges(1).front();
-    EXPECT_EQ(AsText(exchange.firstPiece) + AsText(exchange.rest),
+    EXPECT_EQ(std::string(AsText(exchange.firstPiece)).append(AsText(exchange.rest)),
               "001Ahost:transport:HT04CPL0012"  // which phone
               "000cframebuffer:"                // which service
               "0");                             // the first character of the last request
@@ -97,7 +89,7 @@ TEST(ScreenCapture, FrameWithBlueAtZeroIsNotSwapped) {
 }
 
 TEST(ScreenCapture, Version2HasOneWordMore) {
-    const Capture capture = CaptureOf(Join({Raw("OKAYOKAY"),
+    const Capture capture = CaptureOf(Join({ToBytes("OKAYOKAY"),
                                             Words({2,    // version
                                                    32,   // bits
                                                    7,    // colour space
@@ -112,7 +104,7 @@ TEST(ScreenCapture, Version2HasOneWordMore) {
 TEST(ScreenCapture, SixteenBitsAndAnUnknownDepthAreBothRgb565) {
     for (const std::uint32_t bits : {16U, 15U, 8U}) {
         const Capture capture = CaptureOf(
-            Join({Raw("OKAYOKAY"), Words({1, bits, 4, 2, 1}), Rgb565(), Pixels({1, 2, 3, 4})}));
+            Join({ToBytes("OKAYOKAY"), Words({1, bits, 4, 2, 1}), Rgb565(), Pixels({1, 2, 3, 4})}));
         ASSERT_EQ(capture.result, CaptureResult::shown) << bits;
         EXPECT_EQ(capture.frame->layout, PixelLayout::rgb565);
         EXPECT_EQ(PixelsOf(capture), Pixels({1, 2, 3, 4}));
@@ -120,21 +112,21 @@ TEST(ScreenCapture, SixteenBitsAndAnUnknownDepthAreBothRgb565) {
 }
 
 TEST(ScreenCapture, TwentyFourBitsHaveThreeBytes) {
-    const Capture capture = CaptureOf(
-        Join({Raw("OKAYOKAY"), Words({1, 24, 6, 2, 1}), BlueAtZero(), Pixels({1, 2, 3, 4, 5, 6})}));
+    const Capture capture = CaptureOf(Join(
+        {ToBytes("OKAYOKAY"), Words({1, 24, 6, 2, 1}), BlueAtZero(), Pixels({1, 2, 3, 4, 5, 6})}));
     ASSERT_EQ(capture.result, CaptureResult::shown);
     EXPECT_EQ(capture.frame->layout, PixelLayout::bgr24);
     EXPECT_EQ(capture.frame->Stride(), 6U);
 }
 
 TEST(ScreenCapture, SwapOfACountThatFourDoesNotDivideGivesUp) {
-    ExpectNone(CaptureOf(Join({Raw("OKAYOKAY"), Words({1, 16, 6, 3, 1}), RedAtZero(),
+    ExpectNone(CaptureOf(Join({ToBytes("OKAYOKAY"), Words({1, 16, 6, 3, 1}), RedAtZero(),
                                Pixels({1, 2, 3, 4, 5, 6})})),
                CaptureResult::oddCount, CaptureFault::oddCount);
 }
 
 TEST(ScreenCapture, WithoutAPhoneNothingIsSentBehindTheConnect) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     ExpectNone(CaptureScreen(AdbHostClient(server.Port()), ""), CaptureResult::noPhone,
                CaptureFault::noPhone);
     const Exchange exchange = server.Exchanges(1).front();
@@ -142,7 +134,7 @@ TEST(ScreenCapture, WithoutAPhoneNothingIsSentBehindTheConnect) {
 }
 
 TEST(ScreenCapture, SendOfNothingIsToldApart) {
-    LoopbackAgent server({Raw("OKAY"), Answer::End::wait});
+    LoopbackAgent server({ToBytes("OKAY"), Answer::End::wait});
     const AdbHostClient client(
         server.Port(),
         [](const TcpSocket&, std::span<const std::byte>) -> std::ptrdiff_t { return 0; });
@@ -156,18 +148,18 @@ TEST(ScreenCapture, ServerThatDoesNotRunIsToldApart) {
 
 TEST(ScreenCapture, EveryOtherFirstWordIsARefusal) {
     for (const char* const word : {"FAIL0012device 'x' not found", "okay", "OKA", ""}) {
-        ExpectNone(CaptureOf(Raw(word)), CaptureResult::refused, CaptureFault::phoneRefused);
+        ExpectNone(CaptureOf(ToBytes(word)), CaptureResult::refused, CaptureFault::phoneRefused);
     }
 }
 
 TEST(ScreenCapture, EveryOtherSecondWordIsARefusal) {
     for (const char* const word : {"OKAYFAIL0006closed", "OKAYOKA", "OKAY"}) {
-        ExpectNone(CaptureOf(Raw(word)), CaptureResult::refused, CaptureFault::serviceRefused);
+        ExpectNone(CaptureOf(ToBytes(word)), CaptureResult::refused, CaptureFault::serviceRefused);
     }
 }
 
 TEST(ScreenCapture, ConnectionThatBreaksIsARefusal) {
-    ExpectNone(CaptureOf(Raw(""), Answer::End::reset), CaptureResult::refused,
+    ExpectNone(CaptureOf(ToBytes(""), Answer::End::reset), CaptureResult::refused,
                CaptureFault::phoneRefused);
 }
 
@@ -198,19 +190,19 @@ TEST(ScreenCapture, SwapOfACutFrameGivesUpByItsCount) {
 }
 
 TEST(ScreenCapture, WidthOfZeroKeepsTheOldPicture) {
-    ExpectNone(CaptureOf(Join({Raw("OKAYOKAY"), Words({1, 32, 8, 0, 1}), RedAtZero()})),
+    ExpectNone(CaptureOf(Join({ToBytes("OKAYOKAY"), Words({1, 32, 8, 0, 1}), RedAtZero()})),
                CaptureResult::refused, CaptureFault::impossibleFrame);
 }
 
 TEST(ScreenCapture, SizeThatDoesNotFitKeepsTheOldPicture) {
     for (const std::uint32_t size : {0U, 7U, 9U, 16U, 0xFFFFFFFFU}) {
-        ExpectNone(CaptureOf(Join({Raw("OKAYOKAY"), Words({1, 32, size, 2, 1}), RedAtZero()})),
+        ExpectNone(CaptureOf(Join({ToBytes("OKAYOKAY"), Words({1, 32, size, 2, 1}), RedAtZero()})),
                    CaptureResult::refused, CaptureFault::impossibleFrame);
     }
 }
 
 TEST(ScreenCapture, FrameOfFourGigabytesTakesWhatArrivesOfIt) {
-    ExpectNone(CaptureOf(Join({Raw("OKAYOKAY"),
+    ExpectNone(CaptureOf(Join({ToBytes("OKAYOKAY"),
                                Words({1,                     // version
                                       32,                    // bits
                                       4U * 32'767 * 32'767,  // bytes of the frame

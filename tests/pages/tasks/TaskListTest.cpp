@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/ByteText.h"
 #include "base/Format.h"
 #include "base/Text.h"
 #include "pages/kit/ReplyPicture.h"
@@ -18,8 +19,7 @@ TaskList Parse(const WireBytes& bytes) {
 }
 
 std::string IconOf(const TaskRecord& row) {
-    const auto bytes = row.icon.Bytes();
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    return std::string(AsText(row.icon.Bytes()));
 }
 
 TEST(TaskListReading, ReadsEachFieldOfARow) {

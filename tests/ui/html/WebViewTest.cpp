@@ -1,5 +1,6 @@
 // Views that show a web site.
 #include "agent/Request.h"
+#include "base/ByteText.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/ui/html/WebViewFixture.h"
 
@@ -12,11 +13,6 @@ struct SiteFault {
     std::string answer;
     Answer::End end;
 };
-
-Bytes BytesOf(std::string_view text) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {bytes.begin(), bytes.end()};
-}
 
 TEST_F(WebView, GoesBackAndHome) {
     CHtmlCtrlFix& view = Open("<p>page</p>");
@@ -76,7 +72,7 @@ class WebViewFault : public WebView, public testing::WithParamInterface<SiteFaul
 
 TEST_P(WebViewFault, IsASiteThatDoesNotAnswer) {
     CHtmlCtrlFix& view = Open("<p>page</p>");
-    LoopbackAgent site({.bytes = BytesOf(GetParam().answer), .end = GetParam().end});
+    LoopbackAgent site({.bytes = ToBytes(GetParam().answer), .end = GetParam().end});
     owner_.visits.clear();
     view.Navigate2(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(site.Port())));
     ExpectUnreachable(view);
@@ -99,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(WebView, AnErrorPageOfTheSitesOwnIsShown) {
     CHtmlCtrlFix& view = Open("<p>page</p>");
-    LoopbackAgent site({.bytes = BytesOf("HTTP/1.1 404 Not Found\r\nContent-Type: text/html\r\n"
+    LoopbackAgent site({.bytes = ToBytes("HTTP/1.1 404 Not Found\r\nContent-Type: text/html\r\n"
                                          "Content-Length: 12\r\n\r\n<h1>gone</h1>"),
                         .end = Answer::End::close});
     owner_.visits.clear();
