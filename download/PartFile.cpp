@@ -8,6 +8,9 @@
 #include <system_error>
 #include <utility>
 
+#include "base/ByteText.h"
+#include "base/os/WriteAll.h"
+
 namespace quorvi {
 namespace {
 
@@ -50,15 +53,8 @@ PartFile::Written PartFile::Open(std::int64_t offset) {
 }
 
 PartFile::Written PartFile::Write(std::span<const std::byte> bytes) const {
-    while (!bytes.empty()) {
-        const ssize_t count = write(file_.Get(), bytes.data(), bytes.size());
-        if (count >= 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        } else if (errno != EINTR) {
-            return Judge(errno);
-        }
-    }
-    return Written::all;
+    const std::error_code failed = WriteAll(file_.Get(), AsText(bytes));
+    return failed ? Judge(failed.value()) : Written::all;
 }
 
 PartFile::Written PartFile::Close() {
