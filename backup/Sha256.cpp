@@ -1,9 +1,11 @@
 #include "backup/Sha256.h"
 
-#include <fmt/format.h>
 #include <openssl/evp.h>
 
 #include <array>
+#include <span>
+
+#include "base/Hex.h"
 
 namespace quorvi {
 
@@ -23,11 +25,7 @@ std::string Sha256::Hex() {
     std::array<unsigned char, EVP_MAX_MD_SIZE> sum{};
     unsigned int length = 0;
     EVP_DigestFinal_ex(context_.get(), sum.data(), &length);
-    std::string hex;
-    for (unsigned int i = 0; i < length; ++i) {
-        hex += fmt::format("{:02x}", sum[i]);
-    }
-    return hex;
+    return HexOf(std::as_bytes(std::span(sum).first(length)));
 }
 
 std::string Sha256Hex(std::string_view bytes) {

@@ -1,10 +1,11 @@
 #include "online/Md5.h"
 
-#include <fmt/format.h>
 #include <openssl/evp.h>
 
 #include <array>
 #include <span>
+
+#include "base/Hex.h"
 
 namespace quorvi {
 
@@ -15,10 +16,7 @@ const std::string& CMd5::Hash(std::string_view text) {
         result_ = "Error hashing data";
         return result_;
     }
-    result_.clear();
-    for (const unsigned char byte : std::span(digest).first(length)) {
-        fmt::format_to(std::back_inserter(result_), "{:02x}", byte);
-    }
+    result_ = HexOf(std::as_bytes(std::span(digest).first(length)));
     return result_;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "agent/Wire.h"
+#include "base/Hex.h"
 #include "phone/agent/Frame.h"
 
 namespace quorvi::phone {
@@ -14,10 +15,7 @@ namespace {
 constexpr std::size_t kLoggedBytes = 512;
 
 std::string Hex(std::span<const std::byte> bytes) {
-    std::string text;
-    for (const std::byte b : bytes.first(std::min(bytes.size(), kLoggedBytes))) {
-        text += fmt::format("{:02x}", std::to_integer<unsigned>(b));
-    }
+    const std::string text = HexOf(bytes.first(std::min(bytes.size(), kLoggedBytes)));
     return bytes.size() > kLoggedBytes ? text + "..." : text;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Hex.h"
 #include "base/Text.h"
 #include "tests/support/AtWork.h"
 
@@ -156,11 +157,7 @@ QString PagesOnPhone::ConfirmDelete() {
 }
 
 std::string Hex(const WireBytes& request) {
-    std::string text;
-    for (const std::byte b : request.Get()) {
-        text += fmt::format("{:02x}", std::to_integer<unsigned>(b));
-    }
-    return text;
+    return HexOf(request.Get());
 }
 
 }  // namespace quorvi
