@@ -65,7 +65,7 @@ QWidget* MakeLink(int number, const QString& icon, std::u8string_view caption,
 }
 
 // Fills a box in, unless the user has put something there.
-void FillIn(CSkinEdit& box, const QString& text) {
+void FillInEmpty(CSkinEdit& box, const QString& text) {
     if (box.text().isEmpty() && !text.isEmpty()) {
         box.setText(text);
     }
@@ -158,8 +158,8 @@ void HelpPage::Load() {
 
 void HelpPage::FillIn(const DeviceIdentity& identity) {
     client_ = identity.client;
-    quorvi::FillIn(*model_, ToQString(identity.model));
-    quorvi::FillIn(*firmware_, ToQString(AndroidVersionOf(identity.api)));
+    FillInEmpty(*model_, ToQString(identity.model));
+    FillInEmpty(*firmware_, ToQString(AndroidVersionOf(identity.api)));
 }
 
 FeedbackForm HelpPage::Form() const {
