@@ -13,7 +13,7 @@
 #include "ui/kit/QuestionDlg.h"
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinMenu.h"
-#include "ui/page/FocusKeeper.h"
+#include "ui/page/DisabledJob.h"
 
 namespace quorvi {
 
@@ -251,10 +251,8 @@ void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
     }
     // To start a run means to wait for the end of the one before it. Of the workers that do so
     // there is one at a time, as the page is disabled meanwhile.
-    const FocusKeeper focus(*this);
-    setEnabled(false);
-    RunJob(
-        this,
+    RunDisabled(
+        *this,
         [uninstaller = uninstaller_, named = std::move(named)] {
             std::vector<InstalledApp> failed;
             for (const InstalledApp& app : named) {
@@ -264,9 +262,7 @@ void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
             }
             return failed;
         },
-        [this, focus](std::vector<InstalledApp>&& failed) {
-            setEnabled(true);
-            focus.GiveBack();
+        [this](std::vector<InstalledApp>&& failed) {
             if (!failed.empty()) {
                 SayNotUninstalled(failed.back().name,
                                   ToQString(UninstallReason(UninstallOutcome::noAdb, {})));

@@ -17,7 +17,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/kit/SkinTree.h"
-#include "ui/page/FocusKeeper.h"
+#include "ui/page/DisabledJob.h"
 #include "ui/page/OpenOnDesktop.h"
 
 namespace quorvi {
@@ -317,18 +317,13 @@ void CDownloadPage::FindTarget(const CDownloadTask& task) {
 }
 
 void CDownloadPage::Change(std::function<void()> what) {
-    const FocusKeeper focus(*this);
-    setEnabled(false);
-    RunJob(
-        this,
+    RunDisabled(
+        *this,
         [what = std::move(what)] {
             what();
             return true;
         },
-        [this, focus](bool) {
-            setEnabled(true);
-            focus.GiveBack();
-        });
+        [](bool) {});
 }
 
 }  // namespace quorvi
