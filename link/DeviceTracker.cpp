@@ -2,14 +2,12 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include "base/os/HostSocket.h"
-#include "base/os/StopSignal.h"
 
 namespace quorvi {
 namespace {
@@ -25,53 +23,32 @@ constexpr std::size_t kReadBytes = 4096;
 
 }  // namespace
 
-class DeviceTracker::Thread {
+class DeviceTracker::Follower {
   public:
-    Thread(std::uint16_t port, std::chrono::milliseconds pause, Listener listener)
+    Follower(std::uint16_t port, std::chrono::milliseconds pause, Listener listener)
         : port_(port), pause_(pause), listener_(std::move(listener)) {}
-    ~Thread();
-    Thread(const Thread&) = delete;
-    Thread& operator=(const Thread&) = delete;
 
-    bool Start();
+    // Until it is stopped.
+    void Run(const StopSignal& stop) const;
 
   private:
-    void Run();
     // One connection, from its start to its end.
-    void Follow();
-    [[nodiscard]] bool Asks(const HostSocket& server) const;
+    void Follow(const StopSignal& stop) const;
+    [[nodiscard]] static bool Asks(const HostSocket& server);
 
     const std::uint16_t port_;
     const std::chrono::milliseconds pause_;
     const Listener listener_;
-    StopSignal stop_;
-    std::thread thread_;
 };
 
-bool DeviceTracker::Thread::Start() {
-    try {
-        thread_ = std::thread([this] { Run(); });
-    } catch (const std::system_error&) {
-        return false;
-    }
-    return true;
-}
-
-DeviceTracker::Thread::~Thread() {
-    if (thread_.joinable()) {
-        stop_.Stop();
-        thread_.join();
+void DeviceTracker::Follower::Run(const StopSignal& stop) const {
+    while (!stop.IsStopped()) {
+        Follow(stop);
+        stop.WaitFor(pause_);
     }
 }
 
-void DeviceTracker::Thread::Run() {
-    while (!stop_.IsStopped()) {
-        Follow();
-        stop_.WaitFor(pause_);
-    }
-}
-
-bool DeviceTracker::Thread::Asks(const HostSocket& server) const {
+bool DeviceTracker::Follower::Asks(const HostSocket& server) {
     const std::string frame = AdbHostClient::Frame(kService);
     if (!server.Send(std::as_bytes(std::span(frame)), kAnswerLimit)) {
         return false;
@@ -88,8 +65,8 @@ bool DeviceTracker::Thread::Asks(const HostSocket& server) const {
     return std::string_view(word.data(), word.size()) == kOkay;
 }
 
-void DeviceTracker::Thread::Follow() {
-    HostSocket server(stop_);
+void DeviceTracker::Follower::Follow(const StopSignal& stop) const {
+    HostSocket server(stop);
     if (!server.Connect(kServerHost, port_) || !Asks(server)) {
         return;
     }
@@ -103,7 +80,7 @@ void DeviceTracker::Thread::Follow() {
         }
         reader.Feed(std::string_view(bytes.data(), static_cast<std::size_t>(count)));
         while (const std::optional<TrackedDevices> devices = reader.Take()) {
-            if (stop_.IsStopped()) {
+            if (stop.IsStopped()) {
                 return;
             }
             listener_(*devices);
@@ -114,22 +91,9 @@ void DeviceTracker::Thread::Follow() {
 DeviceTracker::DeviceTracker(std::uint16_t port, std::chrono::milliseconds pause)
     : port_(port), pause_(pause) {}
 
-DeviceTracker::~DeviceTracker() {
-    Stop();
-}
-
 bool DeviceTracker::Start(Listener listener) {
-    Stop();
-    auto thread = std::make_unique<Thread>(port_, pause_, std::move(listener));
-    if (!thread->Start()) {
-        return false;
-    }
-    thread_ = std::move(thread);
-    return true;
-}
-
-void DeviceTracker::Stop() {
-    thread_.reset();
+    const auto follower = std::make_shared<const Follower>(port_, pause_, std::move(listener));
+    return thread_.Start([follower](const StopSignal& stop) { follower->Run(stop); });
 }
 
 }  // namespace quorvi

@@ -7,8 +7,8 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <memory>
 
+#include "base/os/StoppableThread.h"
 #include "link/AdbHostClient.h"
 #include "link/TrackedDevices.h"
 
@@ -27,22 +27,19 @@ class DeviceTracker {
     // Port and pause differ in tests only.
     explicit DeviceTracker(std::uint16_t port = AdbServerPort(),
                            std::chrono::milliseconds pause = kTrackPause);
-    ~DeviceTracker();
-    DeviceTracker(const DeviceTracker&) = delete;
-    DeviceTracker& operator=(const DeviceTracker&) = delete;
 
     // Stops what ran, and follows the list from now on. False where no thread is to be had.
     bool Start(Listener listener);
 
     // Ends at once. The listener is not called any more when it returns.
-    void Stop();
+    void Stop() { thread_.Stop(); }
 
   private:
-    class Thread;
+    class Follower;
 
     std::uint16_t port_;
     std::chrono::milliseconds pause_;
-    std::unique_ptr<Thread> thread_;
+    StoppableThread thread_;
 };
 
 }  // namespace quorvi

@@ -5,13 +5,11 @@
 
 #include <array>
 #include <map>
+#include <memory>
 #include <set>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include "base/Text.h"
-#include "base/os/Wakeup.h"
 
 namespace quorvi {
 namespace {
@@ -110,17 +108,16 @@ bool IsAdbUsbDevice(std::string_view devicePath) {
     return device && HasAdbInterface(context.get(), device.get());
 }
 
-class UsbWatch::Thread {
+class UsbWatch::Monitor {
   public:
-    explicit Thread(Listener listener) : listener_(std::move(listener)) {}
-    ~Thread();
-    Thread(const Thread&) = delete;
-    Thread& operator=(const Thread&) = delete;
+    explicit Monitor(Listener listener) : listener_(std::move(listener)) {}
 
-    bool Start();
+    // False where the system has no udev to ask.
+    [[nodiscard]] bool Open();
+    // Until it is stopped.
+    void Run(const StopSignal& stop);
 
   private:
-    void Run();
     void OnEvent(udev_device* device);
     void OnAdded(udev_device* device, bool isInterface);
     void OnRemoved(udev_device* device, bool isInterface);
@@ -128,20 +125,18 @@ class UsbWatch::Thread {
     Listener listener_;
     Udev<udev> context_;
     Udev<udev_monitor> monitor_;
-    Wakeup stop_;
     // The serials of what was seen at the arrivals, by path: at a removal nothing tells them any
     // more.
     std::map<std::string, std::string> phones_;
-    std::thread thread_;
 };
 
-bool UsbWatch::Thread::Start() {
+bool UsbWatch::Monitor::Open() {
     context_.reset(udev_new());
     if (!context_) {
         return false;
     }
     monitor_.reset(udev_monitor_new_from_netlink(context_.get(), "udev"));
-    if (!monitor_ || !stop_.IsOpen() ||
+    if (!monitor_ ||
         udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), kSubsystem, nullptr) < 0 ||
         udev_monitor_enable_receiving(monitor_.get()) < 0) {
         return false;
@@ -150,25 +145,13 @@ bool UsbWatch::Thread::Start() {
     for (const std::string& path : AdbDevices(context_.get(), nullptr)) {
         phones_.emplace(path, SerialOf(context_.get(), path));
     }
-    try {
-        thread_ = std::thread([this] { Run(); });
-    } catch (const std::system_error&) {
-        return false;
-    }
     return true;
 }
 
-UsbWatch::Thread::~Thread() {
-    if (thread_.joinable()) {
-        stop_.Raise();
-        thread_.join();
-    }
-}
-
-void UsbWatch::Thread::Run() {
+void UsbWatch::Monitor::Run(const StopSignal& stop) {
     for (;;) {
         std::array<pollfd, 2> waits{
-            {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stop_.Descriptor(), POLLIN, 0}}};
+            {{udev_monitor_get_fd(monitor_.get()), POLLIN, 0}, {stop.Descriptor(), POLLIN, 0}}};
         const int ready = poll(waits.data(), waits.size(), -1);
         if (ready > 0 && waits[1].revents != 0) {
             return;
@@ -183,7 +166,7 @@ void UsbWatch::Thread::Run() {
     }
 }
 
-void UsbWatch::Thread::OnEvent(udev_device* device) {
+void UsbWatch::Monitor::OnEvent(udev_device* device) {
     const std::string_view action = OrEmpty(udev_device_get_action(device));
     const std::string_view type = OrEmpty(udev_device_get_devtype(device));
     const bool isInterface = type == kInterfaceType;
@@ -199,7 +182,7 @@ void UsbWatch::Thread::OnEvent(udev_device* device) {
 
 // A device comes with its interfaces behind it: whichever event shows the adb interface first
 // raises the one arrival.
-void UsbWatch::Thread::OnAdded(udev_device* device, bool isInterface) {
+void UsbWatch::Monitor::OnAdded(udev_device* device, bool isInterface) {
     std::string path = udev_device_get_syspath(device);
     if (isInterface) {
         if (!IsAdbInterface(device)) {
@@ -220,7 +203,7 @@ void UsbWatch::Thread::OnAdded(udev_device* device, bool isInterface) {
 
 // The interfaces go before their device. Attributes are gone by now: what was remembered counts, or
 // what the event itself says of the interface.
-void UsbWatch::Thread::OnRemoved(udev_device* device, bool isInterface) {
+void UsbWatch::Monitor::OnRemoved(udev_device* device, bool isInterface) {
     std::string path = udev_device_get_syspath(device);
     if (isInterface) {
         path = DeviceOf(path);
@@ -236,24 +219,11 @@ void UsbWatch::Thread::OnRemoved(udev_device* device, bool isInterface) {
     listener_({UsbEvent::Kind::removal, path, phone ? phone.mapped() : std::string()});
 }
 
-UsbWatch::UsbWatch() = default;
-
-UsbWatch::~UsbWatch() {
-    Stop();
-}
-
 bool UsbWatch::Start(Listener listener) {
-    Stop();
-    auto thread = std::make_unique<Thread>(std::move(listener));
-    if (!thread->Start()) {
-        return false;
-    }
-    thread_ = std::move(thread);
-    return true;
-}
-
-void UsbWatch::Stop() {
-    thread_.reset();
+    Stop();  // before the next monitor asks what is there
+    const auto monitor = std::make_shared<Monitor>(std::move(listener));
+    return monitor->Open() &&
+           thread_.Start([monitor](const StopSignal& stop) { monitor->Run(stop); });
 }
 
 }  // namespace quorvi

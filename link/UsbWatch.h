@@ -6,9 +6,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
+
+#include "base/os/StoppableThread.h"
 
 namespace quorvi {
 
@@ -31,21 +32,17 @@ class UsbWatch {
     // only. It posts what it hears and does not stop the watch.
     using Listener = std::function<void(const UsbEvent& event)>;
 
-    UsbWatch();
-    ~UsbWatch();
-    UsbWatch(const UsbWatch&) = delete;
-    UsbWatch& operator=(const UsbWatch&) = delete;
-
     // Watches from now on; phones that are there already raise no arrival, but their removal is
     // told. False where the system has no udev to ask: nothing will be heard then.
     bool Start(Listener listener);
 
     // Ends the watch at once. The listener is not called any more when it returns.
-    void Stop();
+    void Stop() { thread_.Stop(); }
 
   private:
-    class Thread;
-    std::unique_ptr<Thread> thread_;
+    class Monitor;
+
+    StoppableThread thread_;
 };
 
 }  // namespace quorvi

@@ -18,6 +18,8 @@ class StopSignal {
     [[nodiscard]] bool IsStopped() const { return stopped_; }
     // Waits for Stop, at most so long.
     void WaitFor(std::chrono::milliseconds limit) const;
+    // Not open when the system has no more wakeups: waits would not end then.
+    [[nodiscard]] bool IsOpen() const { return wakeup_.IsOpen(); }
     // Readable from Stop on; for poll.
     [[nodiscard]] int Descriptor() const { return wakeup_.Descriptor(); }
 
