@@ -1,5 +1,6 @@
 #include "link/DeviceTracker.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <memory>
@@ -21,6 +22,14 @@ constexpr std::chrono::milliseconds kAnswerLimit{5000};
 
 constexpr std::size_t kReadBytes = 4096;
 
+// Not every server tells when a phone that it is still speaking with turns out to wait for its
+// user: such a list has to be asked for again.
+bool MayChangeUntold(const TrackedDevices& devices) {
+    return std::ranges::any_of(devices, [](const TrackedDevice& device) {
+        return device.state == DeviceState::offline || device.state == DeviceState::other;
+    });
+}
+
 }  // namespace
 
 class DeviceTracker::Follower {
@@ -29,19 +38,22 @@ class DeviceTracker::Follower {
         : port_(port), pause_(pause), listener_(std::move(listener)) {}
 
     // Until it is stopped.
-    void Run(const StopSignal& stop) const;
+    void Run(const StopSignal& stop);
 
   private:
-    // One connection, from its start to its end.
-    void Follow(const StopSignal& stop) const;
+    // One connection, from its start to its end, or until the list has to be asked for again.
+    void Follow(const StopSignal& stop);
+    void Tell(const TrackedDevices& devices);
     [[nodiscard]] static bool Asks(const HostSocket& server);
 
     const std::uint16_t port_;
     const std::chrono::milliseconds pause_;
     const Listener listener_;
+    TrackedDevices last_;
+    bool isAskedAgain_ = false;  // the next list may be the one that was told last
 };
 
-void DeviceTracker::Follower::Run(const StopSignal& stop) const {
+void DeviceTracker::Follower::Run(const StopSignal& stop) {
     while (!stop.IsStopped()) {
         Follow(stop);
         stop.WaitFor(pause_);
@@ -65,17 +77,26 @@ bool DeviceTracker::Follower::Asks(const HostSocket& server) {
     return std::string_view(word.data(), word.size()) == kOkay;
 }
 
-void DeviceTracker::Follower::Follow(const StopSignal& stop) const {
+void DeviceTracker::Follower::Tell(const TrackedDevices& devices) {
+    if (!std::exchange(isAskedAgain_, false) || devices != last_) {
+        last_ = devices;
+        listener_(devices);
+    }
+}
+
+void DeviceTracker::Follower::Follow(const StopSignal& stop) {
     HostSocket server(stop);
     if (!server.Connect(kServerHost, port_) || !Asks(server)) {
         return;
     }
     TrackReader reader;
+    std::chrono::milliseconds limit = HostSocket::kNoLimit;
     std::array<char, kReadBytes> bytes;
     while (!reader.Broken()) {
         const std::ptrdiff_t count =
-            server.Receive(std::as_writable_bytes(std::span(bytes)), HostSocket::kNoLimit);
+            server.Receive(std::as_writable_bytes(std::span(bytes)), limit);
         if (count <= 0) {
+            isAskedAgain_ = count < 0 && limit != HostSocket::kNoLimit;
             return;
         }
         reader.Feed(std::string_view(bytes.data(), static_cast<std::size_t>(count)));
@@ -83,7 +104,8 @@ void DeviceTracker::Follower::Follow(const StopSignal& stop) const {
             if (stop.IsStopped()) {
                 return;
             }
-            listener_(*devices);
+            Tell(*devices);
+            limit = MayChangeUntold(*devices) ? pause_ : HostSocket::kNoLimit;
         }
     }
 }
@@ -92,7 +114,7 @@ DeviceTracker::DeviceTracker(std::uint16_t port, std::chrono::milliseconds pause
     : port_(port), pause_(pause) {}
 
 bool DeviceTracker::Start(Listener listener) {
-    const auto follower = std::make_shared<const Follower>(port_, pause_, std::move(listener));
+    const auto follower = std::make_shared<Follower>(port_, pause_, std::move(listener));
     return thread_.Start([follower](const StopSignal& stop) { follower->Run(stop); });
 }
 

@@ -20,8 +20,9 @@ inline constexpr std::chrono::milliseconds kTrackPause{1000};
 class DeviceTracker {
   public:
     // Called on the tracker's own thread with the whole list, at the start of each connection to
-    // the server and at each change. It posts what it hears and does not stop the tracker. A server
-    // that is gone is not told: its phones count as they were until the next list.
+    // the server and at each change, which may be told a moment late. It posts what it hears and
+    // does not stop the tracker. A server that is gone is not told: its phones count as they were
+    // until the next list.
     using Listener = std::function<void(const TrackedDevices& devices)>;
 
     // Port and pause differ in tests only.

@@ -84,6 +84,25 @@ TEST_F(DeviceTrackerTest, AServerThatEndsIsAskedAgainAndItsEndIsNotTold) {
     EXPECT_EQ(Lists()[1], (TrackedDevices{{"two", DeviceState::ready}}));
 }
 
+// adb 29 does not tell that a phone, with which it still speaks, waits for its user.
+TEST_F(DeviceTrackerTest, APhoneThatIsNotReadyYetIsAskedForAgainUntilItIsOrWaitsForItsUser) {
+    ToldServer server;
+    DeviceTracker tracker(server.Port(), kShortPause);
+    ASSERT_TRUE(tracker.Start(Listener()));
+    for (const char* list : {"0010one\tauthorizing\n", "0010one\tauthorizing\n",
+                             "000Cone\toffline\n", "0011one\tunauthorized\n"}) {
+        server.Accept();
+        server.Say("OKAY" + std::string(list));
+    }
+    ASSERT_TRUE(AwaitLists(3));
+    server.Say("000Bone\tdevice\n");  // over the connection that stays
+    ASSERT_TRUE(AwaitLists(4));
+    EXPECT_EQ(Lists(), (std::vector<TrackedDevices>{{{"one", DeviceState::other}},
+                                                    {{"one", DeviceState::offline}},
+                                                    {{"one", DeviceState::unauthorized}},
+                                                    {{"one", DeviceState::ready}}}));
+}
+
 TEST_F(DeviceTrackerTest, AServerThatStartsLaterIsFound) {
     const std::uint16_t port = ToldServer().Port();  // gone again
     DeviceTracker tracker(port, kShortPause);
