@@ -38,6 +38,8 @@ MachineParts DesktopMachine::Parts() {
         .agent = AgentPort,
         .taskDatabase = [] { return ThePlaces().TaskDatabase(); },
         .watchUsb = [this](UsbWatch::Listener listener) { usb_.Start(std::move(listener)); },
+        .trackDevices =
+            [this](DeviceTracker::Listener listener) { tracker_.Start(std::move(listener)); },
         .endProcess = [] { EndProcess(0); },
     };
 }

@@ -10,6 +10,7 @@
 #include "app/process/Suite.h"
 #include "base/Places.h"
 #include "base/SettingsFile.h"
+#include "link/DeviceTracker.h"
 #include "link/UsbWatch.h"
 
 namespace quorvi {
@@ -30,6 +31,7 @@ class DesktopMachine {
     BusNotifier notifier_;
     EffectSounds sounds_;
     UsbWatch usb_;
+    DeviceTracker tracker_;
 };
 
 }  // namespace quorvi

@@ -52,7 +52,7 @@ MainParts Suite::WindowParts(PageMakers makers) {
         .makers = std::move(makers),
         .siteAddress = QString::fromStdString(machine_.deployment.siteRoot),
         .connectPhone = [this](bool delay) { link_.ConnectPhone(delay); },
-        .watchUsb = [this] { machine_.watchUsb([this](const UsbEvent& event) { OnUsb(event); }); },
+        .watchUsb = [this] { WatchPhones(); },
         .openDeviceManager =
             [this](QWidget* parent, const QString& title, std::function<void()> done) {
                 OpenDeviceManager(parent, title, std::move(done));
@@ -61,21 +61,31 @@ MainParts Suite::WindowParts(PageMakers makers) {
     };
 }
 
-// On the watch's thread.
-void Suite::OnUsb(const UsbEvent& event) {
-    PostToWindow(&window_, [this, kind = event.kind] {
-        if (kind == UsbEvent::Kind::arrival) {
-            window_.Link().OnUsbArrival();
-        } else {
-            window_.Link().OnUsbRemoval();
-        }
+// Both tell on threads of their own.
+void Suite::WatchPhones() {
+    machine_.watchUsb([this](const UsbEvent& event) {
+        PostToWindow(&window_, [this, event] { window_.Link().OnUsb(event); });
     });
+    if (machine_.trackDevices) {
+        machine_.trackDevices([this](const TrackedDevices& devices) {
+            PostToWindow(&window_, [this, devices] { window_.Link().OnDevices(devices); });
+        });
+    }
 }
 
+// A choice that is asked for while the dialog is open is made in that one: a phone that was
+// connected in it may be what raised the question.
 void Suite::OpenDeviceManager(QWidget* parent, const QString& title, std::function<void()> done) {
-    auto* dialog = new CDeviceManagerDlg(
-        device_, [this](const QString& text) { window_.SetStatus(text); }, title, parent);
-    dialog->Open([done = std::move(done)](int) { done(); });
+    if (manager_ && manager_->isVisible()) {
+        QObject::connect(manager_, &QDialog::finished, &window_,
+                         [done = std::move(done)] { done(); });
+        manager_->Refresh();
+        return;
+    }
+    manager_ = new CDeviceManagerDlg(
+        device_, [this](const QString& text) { window_.SetStatus(text); }, title, parent,
+        machine_.link, &machine_.settings);
+    manager_->Open([done = std::move(done)](int) { done(); });
 }
 
 }  // namespace quorvi

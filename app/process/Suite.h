@@ -1,6 +1,7 @@
 // The suite put together: the window on its parts, and the link and the USB events that reach it.
 #pragma once
 
+#include <QPointer>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -11,6 +12,7 @@
 #include "base/Deployment.h"
 #include "download/TaskStore.h"
 #include "link/DeviceContext.h"
+#include "link/DeviceTracker.h"
 #include "link/LinkEnvironment.h"
 #include "link/PackageInstaller.h"
 #include "link/PhoneLink.h"
@@ -18,6 +20,7 @@
 
 namespace quorvi {
 
+class CDeviceManagerDlg;
 class Clock;
 
 // What of the suite touches the machine that it runs on: a DesktopMachine, or doubles in tests. All
@@ -37,6 +40,9 @@ struct MachineParts {
     std::function<std::filesystem::path()> taskDatabase;
     // Watches for USB events from now on, and tells them on a thread of its own.
     std::function<void(UsbWatch::Listener)> watchUsb;
+    // Follows adb's list of phones from now on, and tells it on a thread of its own. None: it is
+    // not followed.
+    std::function<void(DeviceTracker::Listener)> trackDevices;
     // Ends the process, waiting for nobody.
     std::function<void()> endProcess;
 };
@@ -56,7 +62,7 @@ class Suite {
 
   private:
     [[nodiscard]] MainParts WindowParts(PageMakers makers);
-    void OnUsb(const UsbEvent& event);
+    void WatchPhones();
     void OpenDeviceManager(QWidget* parent, const QString& title, std::function<void()> done);
 
     MachineParts machine_;
@@ -65,6 +71,7 @@ class Suite {
     std::shared_ptr<TaskStore> taskStore_;
     CMainDlg window_;
     WindowLinkFace face_;
+    QPointer<CDeviceManagerDlg> manager_;  // the one that is open
     PhoneLink link_;
 };
 

@@ -102,7 +102,9 @@ CMainDlg::CMainDlg(MainParts parts)
              .balloons = balloons_,
              .sounds = parts_.sounds,
              .connectPhone = parts_.connectPhone,
-             .refreshDashboard = [this] { pages_.PageOf(kDashboardPage).Load(); }}) {
+             .refreshDashboard = [this] { pages_.PageOf(kDashboardPage).Load(); },
+             .serial = [this] { return parts_.services.device.Serial(); },
+             .trouble = parts_.services.linkTrouble}) {
     QAccessible::installFactory(&MakeAccessible);
     SetDialogNumber(*this, kDialog);
     BuildFrame();
@@ -194,7 +196,7 @@ void CMainDlg::OnInitDialog() {
     ShowPage(FindPage(kDashboardPage.page));
     place_->Restore();
     parts_.watchUsb();
-    parts_.connectPhone(false);
+    link_.ConnectPhone(false);
 }
 
 void CMainDlg::EndDialog() {

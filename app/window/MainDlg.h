@@ -40,8 +40,8 @@ struct MainParts {
 
     // Starts the link procedure and returns at once; `delay`: wait before, as after a USB arrival.
     std::function<void(bool delay)> connectPhone;
-    // Starts the watch for USB events, which tells them to Link(). Where that fails the program
-    // goes on without them.
+    // Starts the watch for phones, on the cable and in adb's list, which tells what it sees to
+    // Link(). Where that fails the program goes on without it.
     std::function<void()> watchUsb;
     // Opens the device manager dialog, modal to the window, and returns at once; an empty title
     // leaves the dialog's own. `done` is called when it has ended.

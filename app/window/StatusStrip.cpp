@@ -51,6 +51,10 @@ void StatusStrip::SetBanner(const QString& text, BannerState state) {
     banner_->SetState(static_cast<int>(state), text);
 }
 
+void StatusStrip::SetBannerTip(const QString& tip) {
+    banner_->SetTip(tip);
+}
+
 QString StatusStrip::BannerText() const {
     return banner_->text();
 }

@@ -22,6 +22,8 @@ class StatusStrip : public QWidget {
     void TakeBackStatus(const QString& text);
     // The ConnectionBanner.
     void SetBanner(const QString& text, BannerState state);
+    // What the pointer over the banner says beside its text; empty for nothing.
+    void SetBannerTip(const QString& tip);
     [[nodiscard]] QString BannerText() const;
     [[nodiscard]] BannerState Banner() const { return state_; }
 

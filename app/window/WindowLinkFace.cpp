@@ -27,6 +27,10 @@ void WindowLinkFace::ChooseDevice(std::string_view title) {
     done.wait();
 }
 
+void WindowLinkFace::Searched(FindDeviceResult result) {
+    PostToWindow(guard_, [window = window_, result] { window->Link().Searched(result); });
+}
+
 void WindowLinkFace::LinkUp() {
     PostToWindow(guard_, [window = window_] { window->Link().LinkUp(); });
 }

@@ -17,6 +17,7 @@ class WindowLinkFace : public LinkFace {
     void ShowBanner(std::string text, BannerState state) override;
     // Waits for the user's choice in the device manager dialog.
     void ChooseDevice(std::string_view title) override;
+    void Searched(FindDeviceResult result) override;
     void LinkUp() override;
     void LinkEnded() override;
 

@@ -11,6 +11,7 @@
 #include "download/TaskStore.h"
 #include "download/WaitingPackages.h"
 #include "link/PackageInstaller.h"
+#include "link/PhonePresence.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -31,8 +32,9 @@ struct Services {
     // The table of the downloads, and the queue that works it off.
     std::shared_ptr<TaskStore> taskStore;
     TaskQueue taskQueue;
-    Observed<int> taskCount{};          // rows of the download page at its last load
-    WaitingPackages waitingPackages{};  // see QueuePackage
+    Observed<int> taskCount{};            // rows of the download page at its last load
+    WaitingPackages waitingPackages{};    // see QueuePackage
+    Observed<LinkTrouble> linkTrouble{};  // why a phone that is there cannot be used
 };
 
 }  // namespace quorvi

@@ -5,6 +5,7 @@
 #include "base/Text.h"
 #include "pages/kit/PageSession.h"
 #include "pages/phoneinfo/DashboardLink.h"
+#include "pages/phoneinfo/NoPhone.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
 
@@ -32,6 +33,17 @@ CHomePage::CHomePage(PageHost& host, const Services& services, QWidget* parent)
     layout->setContentsMargins({});
     layout->addWidget(view_);
     view_->LoadFromResource(kDashboardTemplate);
+    trouble_ =
+        services.linkTrouble.Observe([this, guard = QPointer<QObject>(this)](LinkTrouble trouble) {
+            PostToWindow(guard, [this, trouble] { ShowTrouble(trouble); });
+        });
+    if (const LinkTrouble trouble = services.linkTrouble.Get(); trouble != LinkTrouble::none) {
+        ShowTrouble(trouble);
+    }
+}
+
+void CHomePage::ShowTrouble(LinkTrouble trouble) {
+    view_->SetInnerHtml(kNoPhoneElement, NoPhoneFragment(trouble));
 }
 
 void CHomePage::Refresh() {

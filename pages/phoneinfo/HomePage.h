@@ -13,7 +13,8 @@
 namespace quorvi {
 
 // Page 0, dialog 130. Refreshed when the link comes up and by its own link; PageLoadState knows
-// nothing of it. It holds the state it was given last, also when the phone is gone.
+// nothing of it. It holds the state it was given last, also when the phone is gone. Before the
+// first it says how a phone is connected, or what keeps one that is there from being used.
 class CHomePage : public Page, private HtmlListener {
     Q_OBJECT
   public:
@@ -33,10 +34,12 @@ class CHomePage : public Page, private HtmlListener {
   private:
     void OnAppCmd(const std::string& text) override { OnLink(text); }
     void Show(const SystemInfoReply& reply);
+    void ShowTrouble(LinkTrouble trouble);
 
     AgentAddress agent_;
     PageLoad load_{*this};
     bool again_ = false;
+    Subscription trouble_;
     CHtmlCtrlFix* view_;
 };
 

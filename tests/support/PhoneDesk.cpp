@@ -8,6 +8,7 @@
 #include "pages/devices/DeviceManagerDlg.h"
 #include "tests/support/BuildPlaces.h"
 #include "tests/support/WaitFor.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -47,8 +48,22 @@ PhoneDesk::PhoneDesk(std::size_t phones, PageMakers makers,
     });
 }
 
+bool PhoneDesk::FollowDevices() {
+    tracker_ = std::make_unique<DeviceTracker>(rig_.AdbServerPort());
+    const auto isTold = std::make_shared<bool>(false);
+    const bool follows = tracker_->Start(
+        [this, isTold, guard = QPointer<QObject>(window_.get())](const TrackedDevices& devices) {
+            PostToWindow(guard, [this, isTold, devices] {
+                window_->Link().OnDevices(devices);
+                *isTold = true;
+            });
+        });
+    return follows && WaitFor([&] { return *isTold; });
+}
+
 // No worker of the link may outlive what it stands on.
 PhoneDesk::~PhoneDesk() {
+    tracker_.reset();
     if (link_) {
         EXPECT_TRUE(WaitForLink());
     }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/window/WindowLinkFace.h"
+#include "link/DeviceTracker.h"
 #include "link/PhoneLink.h"
 #include "tests/support/LinkRun.h"
 #include "tests/support/MainDoubles.h"
@@ -39,6 +40,10 @@ class PhoneDesk : private MainDoubles {
     // How often the window has asked for the end of the process.
     [[nodiscard]] int Ended() const { return ended_; }
 
+    // Has the window follow adb's list of phones, as the program does from its start, and waits
+    // until it has heard the first one.
+    [[nodiscard]] bool FollowDevices();
+
     // Until nothing of the link procedure runs any more.
     [[nodiscard]] bool WaitForLink();
 
@@ -48,13 +53,17 @@ class PhoneDesk : private MainDoubles {
       public:
         using WindowLinkFace::WindowLinkFace;
         std::atomic<bool> ended = false;
-        void LinkEnded() override { ended = true; }
+        void LinkEnded() override {
+            WindowLinkFace::LinkEnded();
+            ended = true;
+        }
     };
 
     e2e::PhoneRig rig_;
     e2e::EagerClock clock_{rig_};
     std::unique_ptr<NotedFace> face_;
     std::unique_ptr<PhoneLink> link_;
+    std::unique_ptr<DeviceTracker> tracker_;
 };
 
 }  // namespace quorvi

@@ -23,6 +23,8 @@ struct TestServices {
     // The downloads' table: there is none, unless a test makes one.
     std::shared_ptr<TaskStore> taskStore = NoTaskStore();
 
+    Observed<LinkTrouble> linkTrouble;
+
     // Where the site is; as delivered it is nowhere.
     Deployment deployment;
 
@@ -35,7 +37,8 @@ struct TestServices {
                 .installer = installer,
                 .deployment = deployment,
                 .taskStore = taskStore,
-                .taskQueue = TaskQueue(taskStore, installer, [this] { return device.Serial(); })};
+                .taskQueue = TaskQueue(taskStore, installer, [this] { return device.Serial(); }),
+                .linkTrouble = linkTrouble};
     }
 };
 

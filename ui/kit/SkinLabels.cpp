@@ -49,6 +49,11 @@ void CSkinStateLabel::SetState(int state, const QString& text) {
     SetState(state);
 }
 
+void CSkinStateLabel::SetTip(const QString& tip) {
+    tip_ = tip;
+    setAccessibleDescription(tip);
+}
+
 QSize CSkinStateLabel::sizeHint() const {
     return {Metric::dot + Metric::dotGap + TextWidth(*this), Metric::stateHeight};
 }
@@ -77,9 +82,19 @@ void CSkinStateLabel::paintEvent(QPaintEvent*) {
 }
 
 bool CSkinStateLabel::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && sizeHint().width() > width()) {
-        ShowPlainTip(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
-        return true;
+    if (event->type() == QEvent::ToolTip) {
+        QStringList lines;
+        if (sizeHint().width() > width()) {
+            lines.append(text());
+        }
+        if (!tip_.isEmpty()) {
+            lines.append(tip_);
+        }
+        if (!lines.isEmpty()) {
+            ShowPlainTip(static_cast<QHelpEvent*>(event)->globalPos(),
+                         lines.join(QLatin1Char('\n')), this);
+            return true;
+        }
     }
     return QLabel::event(event);
 }

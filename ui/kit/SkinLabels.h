@@ -24,6 +24,9 @@ class CSkinStateLabel : public QLabel {
     void SetState(int state);
     void SetState(int state, const QString& text);
     [[nodiscard]] int State() const { return state_; }
+    // A sentence more in the tool tip, under the text where that is cut off. Assistive tools read
+    // it as the label's description.
+    void SetTip(const QString& tip);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -34,6 +37,7 @@ class CSkinStateLabel : public QLabel {
 
   private:
     int state_ = kBlue;
+    QString tip_;
 };
 
 // The link's state in the main window: the same, at the right.

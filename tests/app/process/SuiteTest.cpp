@@ -99,6 +99,8 @@ class SuiteOnDoubles : public WidgetTest {
                         steps_.Note("usb watch on page " + std::to_string(ShownPage()));
                         usb_ = std::move(listener);
                     },
+                .trackDevices =
+                    [this](DeviceTracker::Listener listener) { track_ = std::move(listener); },
                 .endProcess = [this] { steps_.Note("end"); },
             },
             NotedPages());
@@ -140,6 +142,10 @@ class SuiteOnDoubles : public WidgetTest {
         std::thread([&] { usb_({kind, "/sys/devices/usb1/1-1"}); }).join();
     }
 
+    void TellDevices(const TrackedDevices& devices) {
+        std::thread([&] { track_(devices); }).join();
+    }
+
     Steps steps_;
     NotedTray tray_{steps_};
     FakeNotifier notifier_;
@@ -149,6 +155,7 @@ class SuiteOnDoubles : public WidgetTest {
     MemorySettings settings_;
     FakeAdb adb_{"echo 'List of devices attached'"};
     UsbWatch::Listener usb_;
+    DeviceTracker::Listener track_;
     bool madePages_ = false;
     std::unique_ptr<Suite> suite_;
 };
@@ -191,6 +198,18 @@ TEST_F(SuiteOnDoubles, ARemovalReachesTheWindowAndNothingElse) {
     EXPECT_EQ(sounds_.played, std::vector{Sound::removal});
     EXPECT_EQ(BannerOf(Window()), ToQString(u8"【提示】检测到一个设备断开"));
     EXPECT_EQ(steps_.Noted(), std::vector<std::string>{"balloon 奎维掌上工坊"});
+}
+
+TEST_F(SuiteOnDoubles, APhoneThatAdbListsIsLinkedToOnceItAllowsTheComputer) {
+    Start();
+    AwaitLinksEnd();
+    TellDevices({{"one", DeviceState::unauthorized}});
+    steps_.Clear();
+    TellDevices({{"one", DeviceState::ready}});
+    EXPECT_TRUE(steps_.Noted().empty());  // not on the tracker's thread
+    ASSERT_TRUE(WaitFor([&] { return !steps_.Noted().empty(); }));
+    EXPECT_EQ(steps_.Noted(), std::vector<std::string>{"adb"});  // at once: no wait before it
+    EXPECT_TRUE(WaitFor([&] { return adb_.Runs().size() == 2; }));
 }
 
 TEST_F(SuiteOnDoubles, TheLinksBannersReachTheWindow) {

@@ -1,8 +1,10 @@
 // The main window's life: start, tray, USB events, keys, end.
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QToolTip>
 
 #include "app/platform/BalloonCard.h"
 #include "app/window/MainDlg.h"
@@ -250,6 +252,71 @@ TEST_F(MainWindow, AnotherPhoneDoesNotReloadPagesThatWereVisited) {
     Send(Message::goToPage, 1, 11);
     Send(Message::goToPage, 1, 10);
     EXPECT_EQ(Probe(10).loads, 1);
+}
+
+TEST_F(MainWindow, APhoneThatOnlyAdbSeesArrivesAndGoesAsOneOnACableDoes) {
+    MakeWindow();
+    window_->Link().OnDevices({});
+    tray_.balloons.clear();
+    steps_.clear();
+    window_->Link().OnDevices({{"emulator-5554", DeviceState::ready}});
+    EXPECT_EQ(tray_.balloons,
+              (std::vector{Balloon{kTitle, ToQString(u8"检测到Android设备，正在尝试连接...")}}));
+    EXPECT_EQ(steps_, std::vector<std::string>{"connect later"});
+    tray_.balloons.clear();
+    window_->Link().OnDevices({});
+    EXPECT_EQ(BannerText(), ToQString(u8"【提示】检测到一个设备断开"));
+    EXPECT_EQ(tray_.balloons,
+              (std::vector{Balloon{kTitle, ToQString(u8"Android设备已经断开USB连接")}}));
+    EXPECT_EQ(sounds_.played, std::vector{Sound::removal});
+}
+
+TEST_F(MainWindow, APhoneInTheNetworkGoesWithASentenceOfItsOwn) {
+    MakeWindow();
+    window_->Link().OnDevices({{"192.168.1.23:5555", DeviceState::ready}});
+    tray_.balloons.clear();
+    window_->Link().OnDevices({});
+    EXPECT_EQ(tray_.balloons,
+              (std::vector{Balloon{kTitle, ToQString(u8"Android设备已经断开无线连接")}}));
+}
+
+TEST_F(MainWindow, AnArrivalThatBothTellShowsOneBalloon) {
+    MakeWindow();
+    window_->Link().OnDevices({});
+    tray_.balloons.clear();
+    steps_.clear();
+    window_->Link().OnUsb({UsbEvent::Kind::arrival, "/sys/devices/1-1", "HT04CPL00123"});
+    window_->Link().OnDevices({{"HT04CPL00123", DeviceState::ready}});
+    EXPECT_EQ(tray_.balloons.size(), 1U);
+    EXPECT_EQ(steps_, std::vector<std::string>{"connect later"});
+}
+
+TEST_F(MainWindow, WhatAPhoneWaitsForStandsInTheBannersToolTip) {
+    MakeWindow();
+    window_->Link().OnDevices({{"HT04CPL00123", DeviceState::unauthorized}});
+    EXPECT_EQ(services_.linkTrouble.Get(), LinkTrouble::unauthorized);
+    auto* banner = window_->findChild<QLabel*>(QStringLiteral("banner"));
+    EXPECT_EQ(banner->accessibleDescription(), ToQString(u8"手机在等你允许“USB 调试”"));
+    QHelpEvent help(QEvent::ToolTip, banner->rect().center(),
+                    banner->mapToGlobal(banner->rect().center()));
+    QApplication::sendEvent(banner, &help);
+    EXPECT_TRUE(QToolTip::text().contains(ToQString(u8"手机在等你允许“USB 调试”")));
+    QToolTip::hideText();
+    window_->Link().OnDevices({{"HT04CPL00123", DeviceState::ready}});
+    EXPECT_EQ(banner->accessibleDescription(), QString());
+    EXPECT_EQ(services_.linkTrouble.Get(), LinkTrouble::none);
+}
+
+TEST_F(MainWindow, TheLinkIsBroughtUpOnceThePhoneAllowsIt) {
+    MakeWindow();
+    window_->Link().Searched(FindDeviceResult::noDevice);
+    window_->Link().LinkEnded();
+    window_->Link().OnDevices({{"HT04CPL00123", DeviceState::unauthorized}});
+    tray_.balloons.clear();
+    steps_.clear();
+    window_->Link().OnDevices({{"HT04CPL00123", DeviceState::ready}});
+    EXPECT_EQ(steps_, std::vector<std::string>{"connect"});
+    EXPECT_TRUE(tray_.balloons.empty());
 }
 
 // ---- caption and keys --------------------------------------------------------------------------

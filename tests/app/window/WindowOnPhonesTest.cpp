@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QDialog>
+#include <QLabel>
 
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/PhoneDesk.h"
@@ -56,6 +57,44 @@ TEST_F(WindowOnPhones, PluggedInAgainThePhoneIsLinkedAgain) {
     desk_->Window().Link().OnUsbArrival();
     ASSERT_TRUE(desk_->WaitForLink());
     EXPECT_EQ(BannerText(), ToQString(u8"连接成功:)"));
+    EXPECT_TRUE(WaitForDashboardLoads(2));
+}
+
+TEST_F(WindowOnPhones, APhoneThatAsksItsUserIsLinkedToByItselfOnceItsUserAllowsIt) {
+    Start(1);
+    ASSERT_TRUE(desk_->WaitForLink());
+    ASSERT_TRUE(WaitForDashboardLoads(1));
+    ASSERT_TRUE(desk_->FollowDevices());
+    const auto tip = [&] {
+        return desk_->Window()
+            .findChild<QLabel*>(QStringLiteral("banner"))
+            ->accessibleDescription();
+    };
+    ASSERT_EQ(desk_->Rig().Control(0, "unplug"), "ok\n");
+    ASSERT_TRUE(WaitFor([&] { return BannerText() == ToQString(u8"【提示】检测到一个设备断开"); }));
+    ASSERT_EQ(desk_->Rig().Control(0, "debugging asks"), "ok\n");
+    ASSERT_EQ(desk_->Rig().Control(0, "plug"), "ok\n");
+    ASSERT_TRUE(WaitFor([&] { return tip() == ToQString(u8"手机在等你允许“USB 调试”"); }));
+    ASSERT_TRUE(
+        WaitFor([&] { return BannerText() == ToQString(u8"【错误】没有找到Android设备"); }));
+    EXPECT_EQ(desk_->Tray().balloons.back().text,
+              ToQString(u8"检测到Android设备，正在尝试连接..."));
+
+    ASSERT_EQ(desk_->Rig().Control(0, "debugging allowed"), "ok\n");
+    ASSERT_TRUE(WaitFor([&] { return BannerText() == ToQString(u8"连接成功:)"); }));
+    EXPECT_EQ(tip(), QString());
+    EXPECT_TRUE(WaitForDashboardLoads(2));
+}
+
+TEST_F(WindowOnPhones, APhoneThatIsPluggedInIsLinkedToWithoutAUsbEvent) {
+    Start(1);
+    ASSERT_TRUE(desk_->WaitForLink());
+    ASSERT_TRUE(WaitForDashboardLoads(1));
+    ASSERT_TRUE(desk_->FollowDevices());
+    ASSERT_EQ(desk_->Rig().Control(0, "unplug"), "ok\n");
+    ASSERT_TRUE(WaitFor([&] { return BannerText() == ToQString(u8"【提示】检测到一个设备断开"); }));
+    ASSERT_EQ(desk_->Rig().Control(0, "plug"), "ok\n");
+    ASSERT_TRUE(WaitFor([&] { return BannerText() == ToQString(u8"连接成功:)"); }));
     EXPECT_TRUE(WaitForDashboardLoads(2));
 }
 

@@ -60,6 +60,35 @@ TEST_F(HomePage, RefreshFillsTheTwoElementsFromThePhone) {
     EXPECT_FALSE(host_.loadState.Contains(10));
 }
 
+// The template has what a page without a trouble shows, so that it stands there from the first
+// paint.
+TEST_F(HomePage, ATroubleIsExplainedInThePlaceOfTheStateAndGoesAsItCame) {
+    services_.linkTrouble.Set(LinkTrouble::unauthorized);  // before the page is made
+    Open(UnusedPort());
+    const auto headline = [&] {
+        return AskHtml(View(), QStringLiteral("document.querySelector('#no_phone h1').innerText"))
+            .toString();
+    };
+    ASSERT_TRUE(WaitFor([&] { return headline() == ToQString(u8"手机还没有允许这台电脑"); }));
+    EXPECT_TRUE(WaitFor([&] {
+        return AskHtml(View(),
+                       QStringLiteral("document.querySelector('#no_phone img').naturalWidth > 0"))
+            .toBool();
+    }));
+    // All of it stands in its frame.
+    EXPECT_TRUE(AskHtml(View(), QStringLiteral("(e => e.scrollHeight <= e.clientHeight && "
+                                               "e.scrollWidth <= e.clientWidth)"
+                                               "(document.getElementById('no_phone'))"))
+                    .toBool());
+    services_.linkTrouble.Set(LinkTrouble::noPermissions);
+    EXPECT_TRUE(WaitFor([&] { return headline() == ToQString(u8"系统不让 adb 打开这部手机"); }));
+    services_.linkTrouble.Set(LinkTrouble::none);
+    ASSERT_TRUE(WaitFor([&] { return headline() == ToQString(u8"还没有连接手机"); }));
+    const QString shown = InnerHtml(View(), QStringLiteral("no_phone"));
+    Open(UnusedPort());
+    EXPECT_EQ(InnerHtml(View(), QStringLiteral("no_phone")), shown);
+}
+
 TEST_F(HomePage, TilesKeepTheirHeightInALargerWindow) {
     LoopbackAgent agent(Replying(WholeSystemInfo()));
     CHomePage& page = Open(agent.Port());
