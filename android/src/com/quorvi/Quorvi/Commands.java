@@ -11,6 +11,7 @@ final class Commands {
     static CommandTable of(Context context) {
         return new CommandTable(
                 new PhoneCommands(context),
+                new ContactCommands(context),
                 new MessageCommands(context),
                 new CallCommands(context),
                 new FileCommands(),

@@ -11,8 +11,20 @@ enum Permissions {
     /** The socket, without which there is no command at all. */
     INTERNET("android.permission.INTERNET", false, AgentCommand.values()),
     FOREGROUND_SERVICE("android.permission.FOREGROUND_SERVICE", false, AgentCommand.values()),
-    /** The names under which conversations are listed. */
-    READ_CONTACTS("android.permission.READ_CONTACTS", true, AgentCommand.LIST_CONVERSATIONS),
+    /** Conversations are listed by the names of contacts. */
+    READ_CONTACTS(
+            "android.permission.READ_CONTACTS",
+            true,
+            AgentCommand.LIST_CONTACTS,
+            AgentCommand.READ_CONTACT,
+            AgentCommand.UPDATE_CONTACT,
+            AgentCommand.LIST_CONVERSATIONS),
+    WRITE_CONTACTS(
+            "android.permission.WRITE_CONTACTS",
+            true,
+            AgentCommand.ADD_CONTACT,
+            AgentCommand.UPDATE_CONTACT,
+            AgentCommand.DELETE_CONTACTS),
     READ_SMS(
             "android.permission.READ_SMS",
             true,

@@ -1,13 +1,19 @@
 package com.quorvi.Quorvi;
 
 import android.content.ContentProviderClient;
+import android.content.ContentProviderOperation;
 import android.content.ContentResolver;
 import android.content.ContentValues;
 import android.content.Context;
+import android.content.OperationApplicationException;
 import android.database.Cursor;
 import android.database.MatrixCursor;
 import android.net.Uri;
+import android.os.RemoteException;
 import android.util.Log;
+
+import java.util.ArrayList;
+import java.util.List;
 
 /**
  * Asks the phone's own databases. What a phone refuses or does not have reads as an empty table and
@@ -45,6 +51,35 @@ final class Provider {
         } catch (RuntimeException e) {
             Log.w(TAG, table + " takes no row", e);
             return null;
+        }
+    }
+
+    /**
+     * Inserts a row and those that belong to it, all or none.
+     *
+     * @param owner the column by which these name the first
+     */
+    void insertWithRows(
+            Uri table, ContentValues first, Uri rowTable, String owner, List<ContentValues> rows) {
+        ArrayList<ContentProviderOperation> all = new ArrayList<>();
+        all.add(ContentProviderOperation.newInsert(table).withValues(first).build());
+        for (ContentValues row : rows) {
+            all.add(
+                    ContentProviderOperation.newInsert(rowTable)
+                            .withValueBackReference(owner, 0)
+                            .withValues(row)
+                            .build());
+        }
+        try {
+            if (isThere(table)) {
+                resolver.applyBatch(table.getAuthority(), all);
+            }
+        } catch (RuntimeException e) {
+            Log.w(TAG, table + " takes no rows", e);
+        } catch (RemoteException e) {
+            Log.w(TAG, table + " takes no rows", e);
+        } catch (OperationApplicationException e) {
+            Log.w(TAG, table + " takes no rows", e);
         }
     }
 

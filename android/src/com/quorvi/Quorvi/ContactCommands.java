@@ -1,0 +1,337 @@
+package com.quorvi.Quorvi;
+
+import android.content.ContentUris;
+import android.content.ContentValues;
+import android.content.Context;
+import android.database.Cursor;
+import android.provider.ContactsContract.CommonDataKinds.Phone;
+import android.provider.ContactsContract.CommonDataKinds.Photo;
+import android.provider.ContactsContract.Contacts;
+import android.provider.ContactsContract.Data;
+import android.provider.ContactsContract.Groups;
+import android.provider.ContactsContract.RawContacts;
+
+import com.quorvi.Quorvi.ContactFields.Field;
+import com.quorvi.Quorvi.wire.AgentCommand;
+import com.quorvi.Quorvi.wire.CommandGroup;
+import com.quorvi.Quorvi.wire.Exchange;
+import com.quorvi.Quorvi.wire.MalformedRequest;
+import com.quorvi.Quorvi.wire.ReplyWriter;
+
+import java.io.IOException;
+import java.util.HashMap;
+import java.util.List;
+import java.util.Map;
+
+/** Contacts: the list with photos, one contact whole, adding, changing by difference, deleting. */
+@SuppressWarnings("deprecation") // phones up to Android 9 count contacts, and later ones say 0
+final class ContactCommands implements CommandGroup {
+    /** So many photos are in memory at once. */
+    private static final int PHOTOS_AT_ONCE = 100;
+
+    private static final String[] LIST_COLUMNS = {
+        Contacts._ID,
+        Contacts.DISPLAY_NAME,
+        Contacts.STARRED,
+        Contacts.LAST_TIME_CONTACTED,
+        Contacts.PHOTO_ID,
+    };
+
+    private final Provider provider;
+
+    ContactCommands(Context context) {
+        provider = new Provider(context);
+    }
+
+    @Override
+    public AgentCommand[] commands() {
+        return new AgentCommand[] {
+            AgentCommand.LIST_CONTACTS,
+            AgentCommand.READ_CONTACT,
+            AgentCommand.ADD_CONTACT,
+            AgentCommand.UPDATE_CONTACT,
+            AgentCommand.DELETE_CONTACTS,
+        };
+    }
+
+    @Override
+    public void answer(AgentCommand command, Exchange exchange)
+            throws IOException, MalformedRequest {
+        switch (command) {
+            case LIST_CONTACTS:
+                list(exchange.reply);
+                break;
+            case READ_CONTACT:
+                exchange.expectOneItem();
+                long contact = exchange.request.id();
+                exchange.request.end();
+                read(contact, exchange.reply);
+                break;
+            case ADD_CONTACT:
+                exchange.expectOneItem();
+                add(ContactChange.readNew(exchange.request));
+                exchange.done();
+                break;
+            case UPDATE_CONTACT:
+                exchange.expectOneItem();
+                update(exchange.request.id(), ContactChange.readUpdate(exchange.request));
+                exchange.done();
+                break;
+            default:
+                for (long id : exchange.ids()) {
+                    provider.delete(
+                            ContentUris.withAppendedId(Contacts.CONTENT_URI, id),
+                            null,
+                            (String[]) null);
+                }
+                exchange.done();
+        }
+    }
+
+    private void list(ReplyWriter reply) throws IOException {
+        Map<Long, String> numbers = firstNumbers();
+        Cursor contacts =
+                provider.rows(
+                        Contacts.CONTENT_URI, LIST_COLUMNS, null, null, "sort_key, " + Contacts._ID);
+        try {
+            Map<Long, byte[]> photos = new HashMap<>();
+            for (int row = 0; contacts.moveToPosition(row); ++row) {
+                if (row % PHOTOS_AT_ONCE == 0) {
+                    photos = photosFrom(contacts);
+                    contacts.moveToPosition(row);
+                }
+                long id = contacts.getLong(0);
+                // The second id is the first's again; no reader uses it.
+                reply.uint64(id)
+                        .uint64(id)
+                        .text(contacts.getString(1))
+                        .flag(contacts.getInt(2) == 1)
+                        .text(numbers.get(id))
+                        .uint64(contacts.getLong(3))
+                        .uint32(0)
+                        .optionalPicture(photos.get(contacts.getLong(4)));
+            }
+        } finally {
+            contacts.close();
+        }
+    }
+
+    /** By contact, the number that its owner calls it by, else the one that was put in first. */
+    private Map<Long, String> firstNumbers() {
+        Map<Long, String> numbers = new HashMap<>();
+        String[] columns = {Data.CONTACT_ID, Phone.NUMBER};
+        String[] kind = {Phone.CONTENT_ITEM_TYPE};
+        Cursor rows =
+                provider.rows(
+                        Data.CONTENT_URI,
+                        columns,
+                        Data.MIMETYPE + "=?",
+                        kind,
+                        Data.IS_SUPER_PRIMARY + " DESC, " + Data._ID);
+        try {
+            while (rows.moveToNext()) {
+                if (!numbers.containsKey(rows.getLong(0))) {
+                    numbers.put(rows.getLong(0), rows.getString(1));
+                }
+            }
+        } finally {
+            rows.close();
+        }
+        return numbers;
+    }
+
+    /** By row, the photos of the contacts from here on; moves the cursor. */
+    private Map<Long, byte[]> photosFrom(Cursor contacts) {
+        StringBuilder some = new StringBuilder();
+        for (int i = 0; i < PHOTOS_AT_ONCE && !contacts.isAfterLast(); ++i) {
+            if (!contacts.isNull(4)) {
+                some.append(some.length() == 0 ? "" : ",").append(contacts.getLong(4));
+            }
+            contacts.moveToNext();
+        }
+        Map<Long, byte[]> photos = new HashMap<>();
+        if (some.length() == 0) {
+            return photos;
+        }
+        Cursor rows =
+                provider.rows(
+                        Data.CONTENT_URI,
+                        new String[] {Data._ID, Photo.PHOTO},
+                        Data._ID + " IN (" + some + ")",
+                        null,
+                        null);
+        try {
+            while (rows.moveToNext()) {
+                photos.put(rows.getLong(0), rows.getBlob(1));
+            }
+        } finally {
+            rows.close();
+        }
+        return photos;
+    }
+
+    /** A contact that is gone has no data. */
+    private void read(long contact, ReplyWriter reply) throws IOException {
+        String[] columns = {
+            Contacts.STARRED, Contacts.LAST_TIME_CONTACTED, Contacts.TIMES_CONTACTED,
+        };
+        String[] id = {Long.toString(contact)};
+        Cursor row =
+                provider.rows(Contacts.CONTENT_URI, columns, Contacts._ID + "=?", id, null);
+        try {
+            if (!row.moveToFirst()) {
+                return;
+            }
+            reply.uint64(contact)
+                    .flag(row.getInt(0) == 1)
+                    .uint64(row.getLong(1))
+                    .uint64(row.getLong(2));
+        } finally {
+            row.close();
+        }
+        writePhoto(contact, reply);
+        reply.flag(false); // the structured field, which the phone does not have
+        for (Field field : ContactFields.TEXTS) {
+            writeText(contact, field, reply);
+        }
+        for (Field field : ContactFields.LISTS) {
+            writeList(contact, field, reply);
+        }
+    }
+
+    private Cursor rowsOf(long contact, String kind, String... columns) {
+        return provider.rows(
+                Data.CONTENT_URI,
+                columns,
+                Data.CONTACT_ID + "=? AND " + Data.MIMETYPE + "=?",
+                new String[] {Long.toString(contact), kind},
+                Data._ID);
+    }
+
+    private void writePhoto(long contact, ReplyWriter reply) throws IOException {
+        Cursor rows = rowsOf(contact, Photo.CONTENT_ITEM_TYPE, Data._ID, Photo.PHOTO);
+        try {
+            boolean hasPhoto = rows.moveToFirst() && !rows.isNull(1);
+            reply.flag(hasPhoto);
+            if (hasPhoto) {
+                byte[] photo = rows.getBlob(1);
+                reply.uint64(rows.getLong(0)).uint32(photo.length).raw(photo);
+            }
+        } finally {
+            rows.close();
+        }
+    }
+
+    private void writeText(long contact, Field field, ReplyWriter reply) throws IOException {
+        Cursor rows = rowsOf(contact, field.kind, Data._ID, field.text);
+        try {
+            boolean isThere = rows.moveToFirst();
+            reply.flag(isThere);
+            if (isThere) {
+                reply.uint64(rows.getLong(0)).uint32(0).text(rows.getString(1));
+            }
+        } finally {
+            rows.close();
+        }
+    }
+
+    private void writeList(long contact, Field field, ReplyWriter reply) throws IOException {
+        boolean isGroups = field == ContactFields.GROUPS;
+        Cursor rows =
+                rowsOf(
+                        contact,
+                        field.kind,
+                        Data._ID,
+                        field.type,
+                        isGroups ? field.type : field.text);
+        try {
+            reply.uint32(rows.getCount());
+            while (rows.moveToNext()) {
+                reply.uint64(rows.getLong(0))
+                        .uint32(rows.getInt(1))
+                        .text(isGroups ? titleOf(rows.getLong(1)) : rows.getString(2));
+            }
+        } finally {
+            rows.close();
+        }
+    }
+
+    /** Empty for a group that is gone. */
+    private String titleOf(long group) {
+        Cursor row =
+                provider.rows(
+                        Groups.CONTENT_URI,
+                        new String[] {Groups.TITLE},
+                        Groups._ID + "=?",
+                        new String[] {Long.toString(group)},
+                        null);
+        try {
+            return row.moveToFirst() ? row.getString(0) : "";
+        } finally {
+            row.close();
+        }
+    }
+
+    private void add(ContactChange change) {
+        List<ContentValues> rows = change.newRows();
+        ContentValues contact = new ContentValues();
+        contact.put(RawContacts.STARRED, change.isFavourite ? 1 : 0);
+        contact.putNull(RawContacts.ACCOUNT_TYPE);
+        contact.putNull(RawContacts.ACCOUNT_NAME);
+        provider.insertWithRows(
+                RawContacts.CONTENT_URI, contact, Data.CONTENT_URI, Data.RAW_CONTACT_ID, rows);
+    }
+
+    /** A contact that is gone stays so. */
+    private void update(long contact, ContactChange change) {
+        Long raw = rawContactOf(contact);
+        if (raw == null) {
+            return;
+        }
+        ContentValues starred = new ContentValues();
+        starred.put(Contacts.STARRED, change.isFavourite ? 1 : 0);
+        provider.update(
+                Contacts.CONTENT_URI, starred, Contacts._ID + "=?", Long.toString(contact));
+        String ofContact = " AND " + Data.CONTACT_ID + "=" + contact;
+        for (String kind : change.clearedKinds) {
+            provider.delete(Data.CONTENT_URI, Data.MIMETYPE + "=?" + ofContact, kind);
+        }
+        for (ContactChange.Row row : change.rows) {
+            String[] id = {Long.toString(row.id), row.field.kind};
+            String where = Data._ID + "=? AND " + Data.MIMETYPE + "=?" + ofContact;
+            switch (row.operation) {
+                case ADD:
+                    ContentValues added = row.values();
+                    added.put(Data.RAW_CONTACT_ID, raw);
+                    provider.insert(Data.CONTENT_URI, added);
+                    break;
+                case REMOVE:
+                    provider.delete(Data.CONTENT_URI, where, id);
+                    break;
+                case UPDATE:
+                    ContentValues changed = row.values();
+                    changed.remove(Data.MIMETYPE);
+                    provider.update(Data.CONTENT_URI, changed, where, id);
+                    break;
+                default:
+                    break;
+            }
+        }
+    }
+
+    /** The part of the contact that takes new rows: of several accounts the one that was first. */
+    private Long rawContactOf(long contact) {
+        Cursor rows =
+                provider.rows(
+                        RawContacts.CONTENT_URI,
+                        new String[] {RawContacts._ID},
+                        RawContacts.CONTACT_ID + "=? AND " + RawContacts.DELETED + "=0",
+                        new String[] {Long.toString(contact)},
+                        RawContacts._ID);
+        try {
+            return rows.moveToFirst() ? rows.getLong(0) : null;
+        } finally {
+            rows.close();
+        }
+    }
+}
