@@ -12,6 +12,7 @@ final class Commands {
         return new CommandTable(
                 new PhoneCommands(context),
                 new ContactCommands(context),
+                new GroupCommands(context),
                 new MessageCommands(context),
                 new CallCommands(context),
                 new FileCommands(),

@@ -27,7 +27,9 @@ final class ContactsProvider extends TableProvider {
         // Each contact has one part here: its id is that of the part plus 100.
         database.execSQL(
                 "CREATE VIEW data AS SELECT d.*,"
-                        + " CAST(d.raw_contact_id + 100 AS INTEGER) AS contact_id"
+                        + " CAST(d.raw_contact_id + 100 AS INTEGER) AS contact_id,"
+                        + " (SELECT data1 FROM data_rows n WHERE n.raw_contact_id = r._id"
+                        + " AND n.mimetype LIKE '%/name') AS display_name"
                         + " FROM data_rows d JOIN raw_contacts r ON d.raw_contact_id = r._id"
                         + " WHERE r.deleted = 0");
         database.execSQL(
