@@ -15,6 +15,7 @@ final class Commands {
                 new GroupCommands(context),
                 new MessageCommands(context),
                 new CallCommands(context),
+                new AlarmCommands(context),
                 new FileCommands(),
                 new AppCommands(context),
                 new AutoStartCommands(context),

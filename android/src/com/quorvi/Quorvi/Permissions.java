@@ -49,9 +49,12 @@ enum Permissions {
             true,
             AgentCommand.DELETE_CALLS,
             AgentCommand.DELETE_ALL_CALLS),
+    SET_ALARM("com.android.alarm.permission.SET_ALARM", false, AgentCommand.ADD_ALARM),
+    /** Alarms are listed by the titles of their tones. */
     READ_EXTERNAL_STORAGE(
             "android.permission.READ_EXTERNAL_STORAGE",
             true,
+            AgentCommand.LIST_ALARMS,
             AgentCommand.LIST_FILE_ROOTS,
             AgentCommand.LIST_DIRECTORY),
     KILL_BACKGROUND_PROCESSES(
