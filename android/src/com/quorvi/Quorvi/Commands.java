@@ -16,6 +16,7 @@ final class Commands {
                 new MessageCommands(context),
                 new CallCommands(context),
                 new AlarmCommands(context),
+                new BookmarkCommands(context),
                 new FileCommands(),
                 new AppCommands(context),
                 new AutoStartCommands(context),

@@ -50,6 +50,17 @@ enum Permissions {
             AgentCommand.DELETE_CALLS,
             AgentCommand.DELETE_ALL_CALLS),
     SET_ALARM("com.android.alarm.permission.SET_ALARM", false, AgentCommand.ADD_ALARM),
+    /** Until Android 5.1, with the last browser that shows others its bookmarks. */
+    READ_BOOKMARKS(
+            "com.android.browser.permission.READ_HISTORY_BOOKMARKS",
+            false,
+            AgentCommand.LIST_BOOKMARKS),
+    WRITE_BOOKMARKS(
+            "com.android.browser.permission.WRITE_HISTORY_BOOKMARKS",
+            false,
+            AgentCommand.ADD_BOOKMARK,
+            AgentCommand.UPDATE_BOOKMARK,
+            AgentCommand.DELETE_BOOKMARKS),
     /** Alarms are listed by the titles of their tones. */
     READ_EXTERNAL_STORAGE(
             "android.permission.READ_EXTERNAL_STORAGE",
