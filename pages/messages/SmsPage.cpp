@@ -12,6 +12,7 @@
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 namespace {
@@ -20,6 +21,8 @@ constexpr int kView = 1361;
 
 // First arguments of Message::conversation.
 enum { conversationView = 0, conversationDelete = 1 };
+
+enum MenuCommand { menuView = 1, menuDelete, menuExportOne };
 
 }  // namespace
 
@@ -34,7 +37,12 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       attribution_(services.attribution),
       load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
-      frame_(new HtmlFrame(*view_, this)) {
+      frame_(new HtmlFrame(*view_, this)),
+      transfers_(host, *this, FileKind::messages,
+                 {.write = [agent = agent_, attribution = attribution_](
+                               const std::filesystem::path& file, const TransferWatch& watch) {
+                     return ExportMessages(agent, attribution, std::nullopt, file, watch);
+                 }}) {
     view_->setAccessibleName(ToQString(u8"短信会话"));
     view_->LoadFromResource(kConversationsTemplate);
     SayWhenFailed(*frame_, u8"刷新列表");
@@ -96,6 +104,57 @@ void CSmsPage::OnAppCmd(const std::string& text) {
 void CSmsPage::OnDelete(const std::string& text) {
     if (const auto link = ReadConversationLink(text)) {
         OnMessage(Message::conversation, conversationDelete, static_cast<int>(link->id));
+    }
+}
+
+void CSmsPage::OnMenu(const std::string& text, const QPoint& at) {
+    if (isEnabled()) {
+        const auto link = ReadConversationLink(text);
+        OpenMenu(link ? link->id : kNoConversation, at);
+    }
+}
+
+void CSmsPage::OpenMenu(std::uint32_t conversation, const QPoint& at) {
+    auto* menu = new CSkinMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->SetStrip(QStringList{QStringLiteral("message-read"), QStringLiteral("delete"),
+                               QStringLiteral("save")} +
+                   FileTransfers::Icons());
+    if (conversation != kNoConversation) {
+        menu->AddItem(CSkinMenu::normal, menuView, 0, ToQString(u8"查看会话"));
+        menu->AddItem(CSkinMenu::normal, menuDelete, 1, ToQString(u8"删除会话"));
+        menu->AddItem(transfers_.AtWork() ? CSkinMenu::disabled : CSkinMenu::normal, menuExportOne,
+                      2, ToQString(u8"导出会话…"));
+    }
+    transfers_.AddItems(*menu, 3);
+    connect(menu, &CSkinMenu::commandChosen, this,
+            [this, conversation](int command) { TakeFromMenu(command, conversation); });
+    menu->popup(at);
+}
+
+void CSmsPage::TakeFromMenu(int command, std::uint32_t conversation) {
+    if (!isEnabled() || transfers_.Take(command)) {
+        return;
+    }
+    switch (command) {
+        case menuView:
+            Compose(conversation);
+            break;
+        case menuDelete:
+            Delete(conversation);
+            break;
+        case menuExportOne: {
+            const Conversation one = Shown(conversation);
+            transfers_.AskAndExport(
+                ToQString(u8"短信 ") + AsFileName(one.name.empty() ? one.number : one.name),
+                [agent = agent_, attribution = attribution_, conversation](
+                    const std::filesystem::path& file, const TransferWatch& watch) {
+                    return ExportMessages(agent, attribution, conversation, file, watch);
+                });
+            break;
+        }
+        default:
+            break;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "pages/kit/FileTransfers.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "pages/messages/SmsComposeDlg.h"
@@ -45,6 +46,10 @@ class CSmsPage : public Page, private HtmlListener {
 
     void OnAppCmd(const std::string& text) override;
     void OnDelete(const std::string& text) override;
+    void OnMenu(const std::string& text, const QPoint& at) override;
+    // Of one conversation, or of kNoConversation.
+    void OpenMenu(std::uint32_t conversation, const QPoint& at);
+    void TakeFromMenu(int command, std::uint32_t conversation);
     // What the view shows of a conversation; nothing but its id where it shows none.
     [[nodiscard]] Conversation Shown(std::uint32_t conversation) const;
     void ShowLoaded(Loaded loaded);
@@ -55,6 +60,7 @@ class CSmsPage : public Page, private HtmlListener {
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
+    FileTransfers transfers_;
     std::vector<Conversation> shown_;                // what the view shows
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
 };

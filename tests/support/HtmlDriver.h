@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWebEnginePage>
@@ -39,12 +41,9 @@ inline void ShowWithDocument(QWidget& window, const CHtmlCtrlBase& view) {
         .toString();
 }
 
-// A press with the mouse in the middle of the first element that the selector finds, scrolled into
-// view. Waits for the element: a view that a link has led away from its document shows it again
-// soon.
-inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
-                      Qt::MouseButton button = Qt::LeftButton,
-                      Qt::KeyboardModifiers modifiers = {}) {
+// The middle of the first element that the selector finds, scrolled into view. Waits for the
+// element: a view that a link has led away from its document shows it again soon.
+inline QPoint MiddleOf(const CHtmlCtrlBase& view, const QString& selector) {
     const QString script = QStringLiteral(
                                "(e => { e.scrollIntoView({block: 'nearest'});"
                                "const r = e.getBoundingClientRect();"
@@ -56,9 +55,25 @@ inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
         middle = AskHtml(view, script).toList();
         return middle.size() == 2;
     };
-    ASSERT_TRUE(WaitFor(found)) << selector.toStdString();
-    QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers,
-                      QPoint(middle[0].toInt(), middle[1].toInt()));
+    EXPECT_TRUE(WaitFor(found)) << selector.toStdString();
+    return middle.size() == 2 ? QPoint(middle[0].toInt(), middle[1].toInt()) : QPoint();
+}
+
+// A press with the mouse there.
+inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
+                      Qt::MouseButton button = Qt::LeftButton,
+                      Qt::KeyboardModifiers modifiers = {}) {
+    const QPoint middle = MiddleOf(view, selector);
+    ASSERT_FALSE(middle.isNull());
+    QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers, middle);
+}
+
+// Asks for a menu, as the right button does at a place, or the menu key anywhere.
+inline void OpenMenuOf(const CHtmlCtrlBase& view, const QPoint& at,
+                       QContextMenuEvent::Reason reason) {
+    QWidget& keys = *view.Browser()->focusProxy();
+    QContextMenuEvent event(reason, at, keys.mapToGlobal(at));
+    QApplication::sendEvent(&keys, &event);
 }
 
 }  // namespace quorvi

@@ -1,5 +1,6 @@
 #include "ui/html/HtmlCtrl.h"
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QTimer>
@@ -225,6 +226,10 @@ bool CHtmlCtrlBase::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
+    if (event->type() == QEvent::ContextMenu && content_ == HtmlContent::local) {
+        TellOfMenu(*static_cast<QContextMenuEvent*>(event));
+        return true;
+    }
     if (event->type() == QEvent::Wheel &&
         static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier)) {
         return true;  // the browser would change its size of letters
@@ -238,6 +243,20 @@ void CHtmlCtrlBase::TellOfDelete() {
                       const auto text = PrivateLinkText(url.toString().toStdString());
                       if (self && text) {
                           self->OnDelete(*text);
+                      }
+                  });
+}
+
+void CHtmlCtrlBase::TellOfMenu(const QContextMenuEvent& event) {
+    const QString under =
+        event.reason() == QContextMenuEvent::Keyboard
+            ? QStringLiteral("document.activeElement")
+            : QStringLiteral("document.elementFromPoint(%1, %2)").arg(event.x()).arg(event.y());
+    browser_->Run(QStringLiteral("%1?.closest('a')?.href ?? ''").arg(under),
+                  [self = QPointer(this), at = event.globalPos()](const QVariant& url) {
+                      if (self) {
+                          self->OnMenu(PrivateLinkText(url.toString().toStdString()).value_or(""),
+                                       at);
                       }
                   });
 }

@@ -43,10 +43,10 @@ class WatchedDocumentCookie {
 };
 
 // The window's thread, WatchedDocumentCookie excepted. In a local view Enter opens the link that
-// has the focus and goes no further, Delete is told of with it (OnDelete), and Space scrolls. No
-// view changes its size of letters by the wheel. The browser itself is made when the control has
-// been shown and the engine is there; what is asked of it before is kept until then. Where the
-// engine can't be loaded the control stays empty.
+// has the focus and goes no further, Delete is told of with it (OnDelete), as is the wish for a
+// menu (OnMenu), and Space scrolls. No view changes its size of letters by the wheel. The browser
+// itself is made when the control has been shown and the engine is there; what is asked of it
+// before is kept until then. Where the engine can't be loaded the control stays empty.
 class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     Q_OBJECT
   public:
@@ -92,6 +92,9 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     virtual void OnAppCmd(const std::string& text) = 0;
     // Delete was pressed while a private link of this text had the focus.
     virtual void OnDelete(const std::string& /*text*/) {}
+    // A menu was asked for at a place on the screen: of the private link of this text, which is
+    // under the pointer or, asked for by key, has the focus; empty where there is none.
+    virtual void OnMenu(const std::string& /*text*/, const QPoint& /*at*/) {}
     // How far a visit to a site has come; of a web view.
     virtual void OnVisit(HtmlVisit /*visit*/) {}
 
@@ -116,6 +119,7 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void Edit(HtmlEdit edit);
     void TakeKeys(QWidget& keys);
     void TellOfDelete();
+    void TellOfMenu(const QContextMenuEvent& event);
     void NameUnreachable();
 
     HtmlContent content_;
@@ -140,6 +144,7 @@ class HtmlListener {
     virtual ~HtmlListener() = default;
     virtual void OnAppCmd(const std::string& text) = 0;
     virtual void OnDelete(const std::string& /*text*/) {}
+    virtual void OnMenu(const std::string& /*text*/, const QPoint& /*at*/) {}
     virtual void OnVisit(HtmlVisit /*visit*/) {}
 };
 
@@ -156,6 +161,7 @@ class CHtmlCtrlFix : public CHtmlCtrlBase {
   protected:
     void OnAppCmd(const std::string& text) override { listener_.OnAppCmd(text); }
     void OnDelete(const std::string& text) override { listener_.OnDelete(text); }
+    void OnMenu(const std::string& text, const QPoint& at) override { listener_.OnMenu(text, at); }
     void OnVisit(HtmlVisit visit) override { listener_.OnVisit(visit); }
 
   private:

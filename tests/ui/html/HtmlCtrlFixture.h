@@ -55,9 +55,15 @@ class Owner : public HtmlListener {
   public:
     void OnAppCmd(const std::string& text) override { commands.push_back(text); }
     void OnDelete(const std::string& text) override { deletes.push_back(text); }
+    void OnMenu(const std::string& text, const QPoint& at) override {
+        menus.push_back(text);
+        menuAt = at;
+    }
     void OnVisit(HtmlVisit visit) override { visits.push_back(visit); }
     std::vector<std::string> commands;
     std::vector<std::string> deletes;
+    std::vector<std::string> menus;
+    QPoint menuAt;
     std::vector<HtmlVisit> visits;
 };
 

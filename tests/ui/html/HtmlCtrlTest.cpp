@@ -280,6 +280,27 @@ TEST_F(HtmlKeys, DeleteTellsOfTheLinkThatHasTheFocus) {
     EXPECT_TRUE(owner_.commands.empty());
 }
 
+TEST_F(HtmlKeys, TheMenuKeyTellsOfTheLinkThatHasTheFocus) {
+    ShowLinks();
+    TabTo("1");
+    TabTo("2");
+    OpenMenuOf(*view_, {}, QContextMenuEvent::Keyboard);
+    ASSERT_TRUE(WaitFor([&] { return !owner_.menus.empty(); }));
+    EXPECT_EQ(owner_.menus, std::vector<std::string>{"2"});
+    EXPECT_TRUE(owner_.commands.empty());
+}
+
+TEST_F(HtmlKeys, TheRightButtonTellsOfTheLinkUnderThePointerOrOfNone) {
+    ShowLinks();
+    const QPoint link = MiddleOf(*view_, QStringLiteral("a[href='qvh:2']"));
+    OpenMenuOf(*view_, link, QContextMenuEvent::Mouse);
+    ASSERT_TRUE(WaitFor([&] { return owner_.menus.size() == 1; }));
+    EXPECT_EQ(owner_.menuAt, view_->Browser()->focusProxy()->mapToGlobal(link));
+    OpenMenuOf(*view_, QPoint(600, 470), QContextMenuEvent::Mouse);
+    ASSERT_TRUE(WaitFor([&] { return owner_.menus.size() == 2; }));
+    EXPECT_EQ(owner_.menus, (std::vector<std::string>{"2", ""}));
+}
+
 // Where the template names its stops.
 TEST_F(HtmlCtrl, TheTabKeyStopsAtTheLinksThatTheTemplateNames) {
     CHtmlCtrlFix& view = Show();

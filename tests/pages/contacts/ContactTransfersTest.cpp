@@ -1,0 +1,114 @@
+// Contacts to a file and from one, through the page's menu.
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <filesystem>
+
+#include "base/os/SmallFile.h"
+#include "tests/pages/contacts/ContactPageFixture.h"
+#include "tests/support/FileDialogDriver.h"
+#include "tests/support/MenuDriver.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorvi {
+namespace {
+
+using testing::HasSubstr;
+
+// The question before an import.
+constexpr int kQuestion = 0;
+constexpr int kYes = 1;
+
+class ContactTransfers : public ContactPage {
+  protected:
+    void TearDown() override { CloseFileDialog(); }
+    void Choose(int command) {
+        Q_EMIT List().menuAsked(List().CurrentRow(), QPoint(0, 0));
+        ChooseFrom(page_->findChild<CSkinMenu*>(), command);
+        ASSERT_NE(OpenFileDialog(), nullptr);
+    }
+    void ExportTo(const char* name) {
+        Choose(FileTransfers::menuExport);
+        AnswerFileDialog(Path(name));
+        Settle();
+    }
+    void ImportFrom(const char* name, std::string_view text) {
+        ASSERT_TRUE(ReplaceFile(folder_.Path() / name, text));
+        Choose(FileTransfers::menuImport);
+        AnswerFileDialog(Path(name));
+        Settle();
+    }
+    [[nodiscard]] std::string TextOf(const char* name) const {
+        return ReadSmallFile(folder_.Path() / name, 100'000).value_or("");
+    }
+    std::size_t Added() { return agent_.Requests(AgentCommand::addContact).size(); }
+    [[nodiscard]] QString Path(const char* name) const {
+        return QString::fromStdString((folder_.Path() / name).native());
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(ContactTransfers, ExportWritesACardOfEachContactAndSaysWhere) {
+    OpenLoaded();
+    ExportTo("mine.vcf");
+    EXPECT_EQ(host_.status, ToQString(u8"已导出 3 个联系人：") + Path("mine.vcf"));
+    EXPECT_THAT(TextOf("mine.vcf"), HasSubstr("FN:林远舟"));
+    EXPECT_TRUE(page_->isEnabled());
+}
+
+TEST_F(ContactTransfers, ExportWritesATableWhereTheNameSaysSo) {
+    OpenLoaded();
+    ExportTo("mine.csv");
+    EXPECT_EQ(host_.status, ToQString(u8"已导出 3 个联系人：") + Path("mine.csv"));
+    EXPECT_THAT(TextOf("mine.csv"), HasSubstr("林远舟"));
+}
+
+TEST_F(ContactTransfers, AContactThatIsGoneMeanwhileIsNamed) {
+    OpenLoaded();
+    agent_.AnswerNoData(AgentCommand::readContact);
+    ExportTo("mine.vcf");
+    EXPECT_EQ(host_.status,
+              ToQString(u8"已导出 0 个联系人，3 项没有导出（林远舟: 手机上已经没有这个联系人）：") +
+                  Path("mine.vcf"));
+}
+
+TEST_F(ContactTransfers, AnExportThatBreaksOffWritesNothing) {
+    OpenLoaded();
+    agent_.Answer(AgentCommand::readContact, {});  // closed without a word
+    ExportTo("mine.vcf");
+    EXPECT_EQ(host_.status, ToQString(u8"【X】联系人没有导出：手机端没有回答，"
+                                      u8"请重新连接手机后再试"));
+    EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
+TEST_F(ContactTransfers, ImportSaysWhatItWillDoAndAddsWhatThePhoneDoesNotHave) {
+    OpenLoaded();
+    ImportFrom("a.vcf",
+               "BEGIN:VCARD\nFN:林远舟\nTEL:10086\nEND:VCARD\n"
+               "BEGIN:VCARD\nFN:Bo\nTEL:10-1\nPHOTO;ENCODING=b:/9j/\nEND:VCARD\n"
+               "BEGIN:VCARD\nEND:VCARD\n");
+    ASSERT_NE(OpenDialog(kQuestion), nullptr);
+    const QString question = FindControl<QLabel>(OpenDialog(kQuestion), 65535)->text();
+    EXPECT_THAT(question.toStdString(), testing::StartsWith("要把 1 个联系人导入到手机吗？"));
+    EXPECT_THAT(question.toStdString(), HasSubstr("手机上已有 1 个联系人"));
+    EXPECT_THAT(question.toStdString(), HasSubstr("1 项读不出来"));
+    EXPECT_THAT(question.toStdString(), HasSubstr("1 项的一部分内容不会导入（Bo: 照片"));
+    EXPECT_EQ(Added(), 0u);
+    PressIn(kQuestion, kYes);
+    Settle();
+    EXPECT_EQ(Added(), 1u);
+    EXPECT_TRUE(host_.status.startsWith(ToQString(u8"已导入 1 个联系人，手机上已有 1 个联系人")))
+        << host_.status.toStdString();
+    EXPECT_EQ(Loads(), 4u);  // the page's, the plan's, the import's, and the new list
+}
+
+TEST_F(ContactTransfers, AFileWithoutACardIsSaid) {
+    OpenLoaded();
+    ImportFrom("a.vcf", "");
+    EXPECT_EQ(host_.status, ToQString(u8"【X】联系人没有导入：文件里没有名片"));
+    EXPECT_EQ(Loads(), 1u);
+}
+
+}  // namespace
+}  // namespace quorvi
