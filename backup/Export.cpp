@@ -1,5 +1,6 @@
 #include "backup/Export.h"
 
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +24,8 @@
 
 namespace quorvi {
 namespace {
+
+constexpr std::u8string_view kContactIsGone = u8"手机上已经没有这个联系人";
 
 bool HasFailed(SessionOutcome outcome) {
     return outcome == SessionOutcome::connectFailed || outcome == SessionOutcome::noReply ||
@@ -51,6 +54,19 @@ TransferStatus Committed(WholeFile& file) {
     return FileFailed(u8"文件写不进去，请换一个文件夹再试");
 }
 
+void KeepOnly(const std::vector<std::uint32_t>& ids, std::vector<ContactListRow>& rows,
+              ExportResult& result) {
+    const std::set<std::uint32_t> wanted(ids.begin(), ids.end());
+    std::erase_if(rows, [&](const ContactListRow& row) { return !wanted.contains(row.contactId); });
+    std::set<std::uint32_t> gone = wanted;
+    for (const ContactListRow& row : rows) {
+        gone.erase(row.contactId);
+    }
+    for (const std::uint32_t id : gone) {
+        result.skipped.Add(std::to_string(id), kContactIsGone);
+    }
+}
+
 // Reads one contact after the other and hands each on; where one cannot be had, `result` tells.
 template <typename Take>
 void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
@@ -71,7 +87,7 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
             ++result.exported;
         } else {
             result.skipped.Add(row.name, reply.outcome == SessionOutcome::noData
-                                             ? u8"手机上已经没有这个联系人"
+                                             ? kContactIsGone
                                              : u8"没有读全这个联系人的资料");
         }
         watch.Tell(i + 1, rows.size());
@@ -81,11 +97,14 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
 }  // namespace
 
 ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
-                            const TransferWatch& watch) {
-    const ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
+                            const TransferWatch& watch, const std::vector<std::uint32_t>& only) {
+    ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
     ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
         return result;
+    }
+    if (!only.empty()) {
+        KeepOnly(only, list.list.rows, result);
     }
     WholeFile out(file);
     if (EndingOf(file.native()) == "csv") {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "agent/AgentAddress.h"
 #include "backup/FileTransfer.h"
@@ -23,9 +24,11 @@ struct ExportResult {
 // with any end but `whole` what stood there is as it was. A phone without such records gives a file
 // without any. They block, and run on a worker.
 
-// Contacts with their photos, in the order of the list: vCards, or a table.
+// Contacts with their photos, in the order of the list: vCards, or a table. Those of these ids; all
+// where there is none.
 [[nodiscard]] ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
-                                          const TransferWatch& watch = {});
+                                          const TransferWatch& watch = {},
+                                          const std::vector<std::uint32_t>& only = {});
 // All conversations, or the one of this id. What is counted are messages.
 [[nodiscard]] ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution,
                                           std::optional<std::uint32_t> conversation,

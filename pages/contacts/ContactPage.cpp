@@ -23,7 +23,15 @@ namespace {
 constexpr int kList = 1067;
 constexpr int kView = 1370;
 
-enum MenuCommand { menuAdd = 1, menuEdit, menuDelete };
+enum MenuCommand { menuAdd = 1, menuEdit, menuDelete, menuExportTicked };
+
+std::vector<std::uint32_t> IdsOf(const std::vector<ContactListRow>& contacts) {
+    std::vector<std::uint32_t> ids;
+    for (const ContactListRow& contact : contacts) {
+        ids.push_back(contact.contactId);
+    }
+    return ids;
+}
 
 }  // namespace
 
@@ -157,6 +165,10 @@ void CContactPage::OpenMenu(const QPoint& at) {
     menu->AddItem(CSkinMenu::normal, menuAdd, 0, ToQString(u8"添加联系人"));
     menu->AddItem(CSkinMenu::normal, menuEdit, 1, ToQString(u8"修改选择的"));
     menu->AddItem(CSkinMenu::normal, menuDelete, 2, ToQString(u8"删除选择的"));
+    if (const std::size_t ticked = list_->TickedRecords().size(); ticked > 0) {
+        menu->AddItem(transfers_.AtWork() ? CSkinMenu::disabled : CSkinMenu::normal,
+                      menuExportTicked, 3, ToQString(u8"导出勾选的 %1 个联系人…").arg(ticked));
+    }
     transfers_.AddItems(*menu, 3);
     connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
         if (!isEnabled() || transfers_.Take(command)) {
@@ -172,11 +184,22 @@ void CContactPage::OpenMenu(const QPoint& at) {
             case menuDelete:
                 DeleteSelected();
                 break;
+            case menuExportTicked:
+                ExportTicked();
+                break;
             default:
                 break;
         }
     });
     menu->popup(at);
+}
+
+void CContactPage::ExportTicked() {
+    transfers_.AskAndExport(ToQString(u8"联系人"),
+                            [agent = agent_, ids = IdsOf(list_->TickedRecords())](
+                                const std::filesystem::path& file, const TransferWatch& watch) {
+                                return ExportContacts(agent, file, watch, ids);
+                            });
 }
 
 void CContactPage::AddContact() {
@@ -233,11 +256,8 @@ void CContactPage::DeleteSelected() {
 }
 
 void CContactPage::Delete(const std::vector<ContactListRow>& contacts) {
-    std::vector<std::uint32_t> ids;
-    for (const ContactListRow& contact : contacts) {
-        ids.push_back(contact.contactId);
-    }
-    road_.Delete(ids, contacts, u8"您真的要删除选择的【 %1 】条联系人吗？", &DeleteContactsRequest);
+    road_.Delete(IdsOf(contacts), contacts, u8"您真的要删除选择的【 %1 】条联系人吗？",
+                 &DeleteContactsRequest);
 }
 
 }  // namespace quorvi

@@ -60,6 +60,7 @@ class CContactPage : public Page, private HtmlListener {
     bool FetchDetail();
     void OpenMenu(const QPoint& at);
     void OpenGroups();
+    void ExportTicked();
     void EndEditor(int result);
     void Delete(const std::vector<ContactListRow>& contacts);
 

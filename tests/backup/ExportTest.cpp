@@ -70,6 +70,17 @@ TEST_F(Exports, ContactsBecomeATable) {
     EXPECT_THAT(ReadContactTable(Text("a.CSV")).cards, SizeIs(2));
 }
 
+TEST_F(Exports, OfContactsThoseOfTheIdsAreExportedAndWhatIsNotThereIsNamed) {
+    AnswerContacts();
+    const ExportResult result = ExportContacts(agent_.Port(), File("a.vcf"), {}, {99, 8});
+    EXPECT_EQ(result.exported, 1U);
+    EXPECT_EQ(agent_.Requests(AgentCommand::readContact),
+              std::vector<Bytes>{ReadContactRequest(8)});
+    ASSERT_THAT(result.skipped.list, SizeIs(1));
+    EXPECT_EQ(result.skipped.list.front(),
+              (SkippedRecord{"99", Ansi(u8"手机上已经没有这个联系人")}));
+}
+
 TEST_F(Exports, AContactThatIsGoneByNowIsNamed) {
     agent_.AnswerPayload(AgentCommand::listContacts, test::TwoContacts());
     agent_.AnswerNoData(AgentCommand::readContact);
