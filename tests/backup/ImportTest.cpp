@@ -65,31 +65,17 @@ class Imports : public testing::Test {
                                                              .U32(0)         // reserved
                                                              .U32(0)         // has photo
                                                              .Get());
-        agent_.AnswerPayload(AgentCommand::readContact, WireBytes()
-                                                            .U32(0)         // leading word
-                                                            .U64(9)         // contact id
-                                                            .U32(0)         // favourite
-                                                            .U64(0)         // last contact
-                                                            .U64(0)         // times contacted
-                                                            .U32(0)         // has photo
-                                                            .U32(0)         // structured flag
-                                                            .U32(1)         // name flag
-                                                            .U64(90)        // name row id
-                                                            .U32(0)         // reserved
-                                                            .Text("Bo")     // name
-                                                            .U32(0)         // nickname flag
-                                                            .U32(0)         // note flag
-                                                            .U32(1)         // phones
-                                                            .U64(91)        // row id
-                                                            .U32(3)         // type: work
-                                                            .Text("010-1")  // number
-                                                            .U32(0)         // groups
-                                                            .U32(0)         // e-mails
-                                                            .U32(0)         // ims
-                                                            .U32(0)         // websites
-                                                            .U32(0)         // addresses
-                                                            .U32(0)         // organisations
-                                                            .Get());
+        agent_.AnswerPayload(AgentCommand::readContact, test::ContactReply(9, "Bo", 3, "010-1"));
+    }
+    // Imports, and stops when it has done two.
+    ImportResult ImportAndStopBehindTwo(std::string_view file) {
+        StopSignal stop;
+        return ImportContacts(agent_.Port(), ReadCards(file), ImportMode::send,
+                              {&stop, [&](std::size_t done, std::size_t) {
+                                   if (done == 2) {
+                                       stop.Stop();
+                                   }
+                               }});
     }
     // Imports, with Bo in the phone's list from the end of the cards on.
     ImportResult ImportWithBo(std::string_view file) {
@@ -183,13 +169,7 @@ TEST_F(Imports, GroupsThatCannotBeReadAreToldAndTheContactsStay) {
 
 TEST_F(Imports, AnImportThatEndsEarlyTellsWhoIsInNoGroup) {
     AnswerContacts();
-    StopSignal stop;
-    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send,
-                                               {&stop, [&](std::size_t done, std::size_t) {
-                                                    if (done == 2) {
-                                                        stop.Stop();
-                                                    }
-                                                }});
+    const ImportResult result = ImportAndStopBehindTwo(kThree);
     EXPECT_EQ(result.status.end, TransferEnd::stopped);
     EXPECT_EQ(result.leftOut.list.back().what, Ansi(u8"Bo: 分组 家人、分组 同事"));
     EXPECT_THAT(agent_.Requests(AgentCommand::listGroups), IsEmpty());
@@ -261,13 +241,7 @@ TEST_F(Imports, AnEmptyPhoneTakesAll) {
 
 TEST_F(Imports, AStopEndsBetweenTwoRecords) {
     AnswerContacts();
-    StopSignal stop;
-    const ImportResult result = ImportContacts(agent_.Port(), ReadCards(kThree), ImportMode::send,
-                                               {&stop, [&](std::size_t done, std::size_t) {
-                                                    if (done == 2) {
-                                                        stop.Stop();
-                                                    }
-                                                }});
+    const ImportResult result = ImportAndStopBehindTwo(kThree);
     EXPECT_EQ(result.status.end, TransferEnd::stopped);
     EXPECT_EQ(result.added, 1U);
 }

@@ -30,36 +30,49 @@ inline Bytes TwoContacts() {
         .Get();
 }
 
-// The contact that command 870102 gives, whichever is asked for.
-inline Bytes OneContact() {
-    return WireBytes()
-        .U32(0)                 // leading word
-        .U64(7)                 // contact id
-        .U32(1)                 // favourite
-        .U64(0)                 // last contact
-        .U64(27)                // times contacted
-        .U32(0)                 // has photo
-        .U32(0)                 // structured flag
-        .U32(1)                 // name flag
-        .U64(70)                // name row id
-        .U32(0)                 // reserved
-        .Text("林远舟")         // name
-        .U32(0)                 // nickname flag
-        .U32(0)                 // note flag
-        .U32(1)                 // phones
-        .U64(80)                // row id
-        .U32(2)                 // type: mobile
-        .Text("138 0013-8000")  // number
-        .U32(1)                 // groups
-        .U64(81)                // row id
-        .U32(3)                 // group id
-        .Text("家人")           // title
-        .U32(0)                 // e-mails
-        .U32(0)                 // ims
-        .U32(0)                 // websites
-        .U32(0)                 // addresses
-        .U32(0)                 // organisations
+// The contact that command 870102 gives, of one number, and of one group or none.
+inline Bytes ContactReply(std::uint32_t id, std::string_view name, std::uint32_t numberType,
+                          std::string_view number, std::string_view group = {}) {
+    WireBytes bytes;
+    bytes
+        .U32(0)           // leading word
+        .U64(id)          // contact id
+        .U32(1)           // favourite
+        .U64(0)           // last contact
+        .U64(27)          // times contacted
+        .U32(0)           // has photo
+        .U32(0)           // structured flag
+        .U32(1)           // name flag
+        .U64(70)          // name row id
+        .U32(0)           // reserved
+        .Text(name)       // name
+        .U32(0)           // nickname flag
+        .U32(0)           // note flag
+        .U32(1)           // phones
+        .U64(80)          // row id
+        .U32(numberType)  // type
+        .Text(number);    // number
+    if (group.empty()) {
+        bytes.U32(0);  // groups
+    } else {
+        bytes
+            .U32(1)        // groups
+            .U64(81)       // row id
+            .U32(3)        // group id
+            .Text(group);  // title
+    }
+    return bytes
+        .U32(0)  // e-mails
+        .U32(0)  // ims
+        .U32(0)  // websites
+        .U32(0)  // addresses
+        .U32(0)  // organisations
         .Get();
+}
+
+// Whichever contact is asked for.
+inline Bytes OneContact() {
+    return ContactReply(7, "林远舟", 2, "138 0013-8000", "家人");
 }
 
 inline Bytes OneConversation() {
