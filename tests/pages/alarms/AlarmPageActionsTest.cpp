@@ -2,6 +2,7 @@
 // the phone before.
 #include "phone/agent/HostileTexts.h"
 #include "tests/pages/alarms/AlarmPageFixture.h"
+#include "tests/support/KeptDeletePageTest.h"
 
 namespace quorvi {
 namespace {
@@ -179,64 +180,9 @@ TEST_F(AlarmPage, HostileTextsAreShownInOneLineAndGoBackAsTheyCame) {
 
 // ---- what is kept of a delete ------------------------------------------------------------------
 
-TEST_F(AlarmPage, WhatIsDeletedIsKeptBeforeTheRequestIsSent) {
-    CAlarmPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    List().SetTicked(2, true);
-    agent_.Hold(AgentCommand::deleteAlarms);
-    page.OnCommand(CAlarmPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteAlarms).empty(); }));
-    EXPECT_TRUE(kept_.IsOne(BackupKind::alarms, 2));
-    agent_.Release();
-    WaitForLoads(2);
-    EXPECT_EQ(kept_.List().size(), 1u);
-}
-
-TEST_F(AlarmPage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
-    kept_.Refuse();
-    CAlarmPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CAlarmPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    ASSERT_NE(OpenDialog(kConfirm), nullptr);
-    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
-              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
-                        u8"这样删除以后就找不回来了，还要删除吗？"));
-    EXPECT_TRUE(page.isEnabled());
-    PressIn(kConfirm, 1021);
-    Settle();
-    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteAlarms).empty());
-    EXPECT_EQ(Loads(), 1u);
-    EXPECT_TRUE(List().IsTicked(0));
-}
-
-TEST_F(AlarmPage, WhatCannotBeKeptIsDeletedWhenTheUserWantsItAllTheSame) {
-    kept_.Refuse();
-    CAlarmPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CAlarmPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    PressIn(kConfirm, 1215);
-    WaitForLoads(2);
-    EXPECT_EQ(agent_.Requests(AgentCommand::deleteAlarms).size(), 1u);
-}
-
-TEST_F(AlarmPage, WhatWasKeptOfADeleteThatFindsNoPhoneIsForgotten) {
-    auto phone = std::make_unique<ScriptedAgent>();
-    phone->AnswerPayload(AgentCommand::listAlarms, AlarmsPayload(three_).Get());
-    CAlarmPage& page = OpenAt(phone->Port());
-    page.Load();
-    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
-    phone.reset();
-    List().SetTicked(0, true);
-    page.OnCommand(CAlarmPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return host_.statuses.size() == 2; }));
-    EXPECT_TRUE(kept_.List().empty());
-}
+using AlarmDelete = TickedDelete<AlarmPage, CAlarmPage::commandDelete, AgentCommand::listAlarms,
+                                 AgentCommand::deleteAlarms, BackupKind::alarms, 2>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Alarms, KeptDeletePage, AlarmDelete);
 
 }  // namespace
 }  // namespace quorvi

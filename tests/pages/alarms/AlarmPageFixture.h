@@ -22,7 +22,7 @@ class AlarmPage
     };
 
     void SetUp() override {
-        agent_.AnswerPayload(AgentCommand::listAlarms, AlarmsPayload(three_).Get());
+        agent_.AnswerPayload(AgentCommand::listAlarms, ListBytes());
         agent_.AnswerAcknowledged(AgentCommand::addAlarm);
         agent_.AnswerAcknowledged(AgentCommand::updateAlarm);
         agent_.AnswerAcknowledged(AgentCommand::deleteAlarms);
@@ -32,6 +32,9 @@ class AlarmPage
     CAlarmPage& OpenLoaded(const std::vector<ListedAlarm>& alarms) {
         return EditorPageTest::OpenLoaded(AlarmsPayload(alarms));
     }
+
+    // What the phone lists.
+    [[nodiscard]] Bytes ListBytes() const { return AlarmsPayload(three_).Get(); }
 
     KeptDeletes kept_;
     QLineEdit& Label() { return *FindControl<QLineEdit>(Editor(), 1257); }

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "phone/agent/HostileTexts.h"
 #include "tests/pages/bookmarks/BookmarkPageFixture.h"
+#include "tests/support/KeptDeletePageTest.h"
 
 namespace quorvi {
 namespace {
@@ -281,64 +282,10 @@ TEST_F(BookmarkPage, AChangeThatThePhoneHasByNowIsNotResumed) {
 
 // ---- what is kept of a delete ------------------------------------------------------------------
 
-TEST_F(BookmarkPage, WhatIsDeletedIsKeptBeforeTheRequestIsSent) {
-    CBookmarkPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    List().SetTicked(2, true);
-    agent_.Hold(AgentCommand::deleteBookmarks);
-    page.OnCommand(CBookmarkPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteBookmarks).empty(); }));
-    EXPECT_TRUE(kept_.IsOne(BackupKind::bookmarks, 2));
-    agent_.Release();
-    WaitForLoads(2);
-    EXPECT_EQ(kept_.List().size(), 1u);
-}
-
-TEST_F(BookmarkPage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
-    kept_.Refuse();
-    CBookmarkPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CBookmarkPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    ASSERT_NE(OpenDialog(kConfirm), nullptr);
-    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
-              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
-                        u8"这样删除以后就找不回来了，还要删除吗？"));
-    EXPECT_TRUE(page.isEnabled());
-    PressIn(kConfirm, 1021);
-    Settle();
-    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteBookmarks).empty());
-    EXPECT_EQ(Loads(), 1u);
-    EXPECT_TRUE(List().IsTicked(0));
-}
-
-TEST_F(BookmarkPage, WhatCannotBeKeptIsDeletedWhenTheUserWantsItAllTheSame) {
-    kept_.Refuse();
-    CBookmarkPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CBookmarkPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    PressIn(kConfirm, 1215);
-    WaitForLoads(2);
-    EXPECT_EQ(agent_.Requests(AgentCommand::deleteBookmarks).size(), 1u);
-}
-
-TEST_F(BookmarkPage, WhatWasKeptOfADeleteThatFindsNoPhoneIsForgotten) {
-    auto phone = std::make_unique<ScriptedAgent>();
-    phone->AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(three_).Get());
-    CBookmarkPage& page = OpenAt(phone->Port());
-    page.Load();
-    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
-    phone.reset();
-    List().SetTicked(0, true);
-    page.OnCommand(CBookmarkPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return host_.statuses.size() == 2; }));
-    EXPECT_TRUE(kept_.List().empty());
-}
+using BookmarkDelete =
+    TickedDelete<BookmarkPage, CBookmarkPage::commandDelete, AgentCommand::listBookmarks,
+                 AgentCommand::deleteBookmarks, BackupKind::bookmarks, 2>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Bookmarks, KeptDeletePage, BookmarkDelete);
 
 }  // namespace
 }  // namespace quorvi

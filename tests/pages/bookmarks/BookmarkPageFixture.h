@@ -26,7 +26,7 @@ class BookmarkPage : public EditorPageTest<CBookmarkPage, AgentCommand::listBook
     };
 
     void SetUp() override {
-        agent_.AnswerPayload(AgentCommand::listBookmarks, BookmarksPayload(three_).Get());
+        agent_.AnswerPayload(AgentCommand::listBookmarks, ListBytes());
         agent_.AnswerAcknowledged(AgentCommand::addBookmark);
         agent_.AnswerAcknowledged(AgentCommand::updateBookmark);
         agent_.AnswerAcknowledged(AgentCommand::deleteBookmarks);
@@ -36,6 +36,9 @@ class BookmarkPage : public EditorPageTest<CBookmarkPage, AgentCommand::listBook
     CBookmarkPage& OpenLoaded(const std::vector<ListedBookmark>& bookmarks) {
         return EditorPageTest::OpenLoaded(BookmarksPayload(bookmarks));
     }
+
+    // What the phone lists.
+    [[nodiscard]] Bytes ListBytes() const { return BookmarksPayload(three_).Get(); }
 
     KeptDeletes kept_;
     QLineEdit& Title() { return *FindControl<QLineEdit>(Editor(), 1257); }

@@ -3,11 +3,8 @@
 #include <filesystem>
 
 #include "backup/BookmarkFile.h"
-#include "base/os/SmallFile.h"
 #include "tests/pages/bookmarks/BookmarkPageFixture.h"
-#include "tests/support/FileDialogDriver.h"
-#include "tests/support/MenuDriver.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TransfersPageTest.h"
 
 namespace quorvi {
 namespace {
@@ -17,31 +14,13 @@ constexpr int kQuestion = 0;
 constexpr int kYes = 1;
 constexpr int kNo = 2;
 
-class BookmarkTransfers : public BookmarkPage {
+class BookmarkTransfers : public TransfersPageTest<BookmarkPage> {
   protected:
-    void TearDown() override { CloseFileDialog(); }
-    void Choose(int command) {
-        Q_EMIT List().menuAsked(-1, QPoint(0, 0));
-        ChooseFrom(page_->findChild<CSkinMenu*>(), command);
-        ASSERT_NE(OpenFileDialog(), nullptr);
-    }
-    // Chooses a file to import, and waits until the page has looked at it and at the phone.
-    void ImportFrom(const char* name, std::string_view text) {
-        ASSERT_TRUE(ReplaceFile(folder_.Path() / name, text));
-        Choose(FileTransfers::menuImport);
-        AnswerFileDialog(Path(name));
-        Settle();
-    }
     QString Question() {
         SkinDialog* dialog = OpenDialog(kQuestion);
         return dialog == nullptr ? QString() : FindControl<QLabel>(dialog, 65535)->text();
     }
     std::size_t Added() { return agent_.Requests(AgentCommand::addBookmark).size(); }
-    [[nodiscard]] QString Path(const char* name) const {
-        return QString::fromStdString((folder_.Path() / name).native());
-    }
-
-    TemporaryFolder folder_;
 };
 
 // One that is on the phone, and two that are not.
@@ -54,9 +33,7 @@ constexpr std::string_view kFile =
 
 TEST_F(BookmarkTransfers, ExportWritesTheFileOfTheBrowsersAndSaysWhere) {
     OpenLoaded();
-    Choose(FileTransfers::menuExport);
-    AnswerFileDialog(Path("mine.html"));
-    Settle();
+    ExportTo("mine.html");
     EXPECT_EQ(host_.status, ToQString(u8"已导出 3 个书签：") + Path("mine.html"));
     const auto text = ReadSmallFile(folder_.Path() / "mine.html", 10'000);
     ASSERT_TRUE(text);
@@ -65,9 +42,7 @@ TEST_F(BookmarkTransfers, ExportWritesTheFileOfTheBrowsersAndSaysWhere) {
 
 TEST_F(BookmarkTransfers, ANameWithoutAnEndingGetsThatOfTheFilter) {
     OpenLoaded();
-    Choose(FileTransfers::menuExport);
-    AnswerFileDialog(Path("mine"));
-    Settle();
+    ExportTo("mine");
     EXPECT_TRUE(std::filesystem::exists(folder_.Path() / "mine.html"));
 }
 

@@ -4,76 +4,19 @@
 #include <QLineEdit>
 #include <filesystem>
 
-#include "base/os/SmallFile.h"
 #include "tests/pages/calls/CallLogPageFixture.h"
-#include "tests/support/FileDialogDriver.h"
+#include "tests/support/KeptDeletePageTest.h"
 #include "tests/support/LoopbackAgent.h"
-#include "tests/support/MenuDriver.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TransfersPageTest.h"
 
 namespace quorvi {
 namespace {
 
 // ---- what is kept of a delete ------------------------------------------------------------------
 
-TEST_F(CallLogPage, WhatIsDeletedIsKeptBeforeTheRequestIsSent) {
-    CCallLogPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    List().SetTicked(2, true);
-    agent_.Hold(AgentCommand::deleteCalls);
-    page.OnCommand(CCallLogPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteCalls).empty(); }));
-    EXPECT_TRUE(kept_.IsOne(BackupKind::calls, 2));
-    agent_.Release();
-    WaitForLoads(2);
-    EXPECT_EQ(kept_.List().size(), 1u);
-}
-
-TEST_F(CallLogPage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
-    kept_.Refuse();
-    CCallLogPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CCallLogPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    ASSERT_NE(OpenDialog(kConfirm), nullptr);
-    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
-              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
-                        u8"这样删除以后就找不回来了，还要删除吗？"));
-    EXPECT_TRUE(page.isEnabled());
-    PressIn(kConfirm, 1021);
-    Settle();
-    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteCalls).empty());
-    EXPECT_EQ(Loads(), 1u);
-    EXPECT_TRUE(List().IsTicked(0));
-}
-
-TEST_F(CallLogPage, WhatCannotBeKeptIsDeletedWhenTheUserWantsItAllTheSame) {
-    kept_.Refuse();
-    CCallLogPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    page.OnCommand(CCallLogPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    Settle();
-    PressIn(kConfirm, 1215);
-    WaitForLoads(2);
-    EXPECT_EQ(agent_.Requests(AgentCommand::deleteCalls).size(), 1u);
-}
-
-TEST_F(CallLogPage, WhatWasKeptOfADeleteThatFindsNoPhoneIsForgotten) {
-    auto phone = std::make_unique<ScriptedAgent>();
-    phone->AnswerPayload(AgentCommand::listCalls, CallsPayload(kThreeCalls).Get());
-    CCallLogPage& page = OpenAt(phone->Port());
-    page.Load();
-    ASSERT_TRUE(WaitFor([&] { return List().RowCount() == 3; }));
-    phone.reset();
-    List().SetTicked(0, true);
-    page.OnCommand(CCallLogPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return host_.statuses.size() == 2; }));
-    EXPECT_TRUE(kept_.List().empty());
-}
+using CallDelete = TickedDelete<CallLogPage, CCallLogPage::commandDelete, AgentCommand::listCalls,
+                                AgentCommand::deleteCalls, BackupKind::calls, 2>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Calls, KeptDeletePage, CallDelete);
 
 TEST_F(CallLogPage, OfAllCallsThoseAreKeptThatThePhoneHasByThen) {
     CCallLogPage& page = OpenLoaded();
@@ -132,31 +75,13 @@ TEST_F(CallLogPage, ACallOfWhichOnlyTheIdCameIsAskedAboutAndForgottenWhenItStays
 
 // ---- the menu ----------------------------------------------------------------------------------
 
-class CallLogMenu : public CallLogPage {
-  protected:
-    void TearDown() override { CloseFileDialog(); }
-    // Opens the menu and exports into a file of the test's folder.
-    void ExportTo(const char* name) {
-        Q_EMIT List().menuAsked(-1, QPoint(0, 0));
-        ChooseFrom(page_->findChild<CSkinMenu*>(), FileTransfers::menuExport);
-        ASSERT_NE(OpenFileDialog(), nullptr);
-        AnswerFileDialog(Path(name));
-        Settle();
-    }
-    [[nodiscard]] QString Path(const char* name) const {
-        return QString::fromStdString((folder_.Path() / name).native());
-    }
-
-    TemporaryFolder folder_;
-};
+using CallLogMenu = TransfersPageTest<CallLogPage>;
 
 TEST_F(CallLogMenu, ExportsAllCallsIntoATableAndSaysWhere) {
     OpenLoaded();
     ExportTo("calls.csv");
     EXPECT_EQ(host_.status, ToQString(u8"已导出 3 条通话记录：") + Path("calls.csv"));
-    const auto text = ReadSmallFile(folder_.Path() / "calls.csv", 10'000);
-    ASSERT_TRUE(text);
-    EXPECT_THAT(*text, testing::HasSubstr("林远舟,10086,"));
+    EXPECT_THAT(TextOf("calls.csv"), testing::HasSubstr("林远舟,10086,"));
 }
 
 TEST_F(CallLogMenu, TheDialogOffersATableOfTheDay) {
@@ -181,7 +106,7 @@ TEST_F(CallLogMenu, AnExportThatFindsNoPhoneSaysSoAndLeavesTheFileAsItWas) {
     AnswerFileDialog(Path("calls.csv"));
     Settle();
     EXPECT_EQ(host_.status, ToQString(u8"【X】通话记录没有导出：连接错误，请连接手机后再试"));
-    EXPECT_EQ(ReadSmallFile(folder_.Path() / "calls.csv", 10'000), "mine");
+    EXPECT_EQ(TextOf("calls.csv"), "mine");
 }
 
 TEST_F(CallLogMenu, AnEndingOfAnotherKindSaysWhichOnesAreKnown) {

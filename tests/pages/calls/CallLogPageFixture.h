@@ -29,7 +29,7 @@ class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> 
     void SetUp() override {
         setenv("TZ", "Asia/Shanghai", 1);
         tzset();
-        agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload(kThreeCalls).Get());
+        agent_.AnswerPayload(AgentCommand::listCalls, ListBytes());
         agent_.AnswerAcknowledged(AgentCommand::deleteCalls);
         agent_.AnswerAcknowledged(AgentCommand::deleteAllCalls);
     }
@@ -45,6 +45,9 @@ class CallLogPage : public AgentPageTest<CCallLogPage, AgentCommand::listCalls> 
         WaitForLoads(1);
         return page;
     }
+
+    // What the phone lists.
+    [[nodiscard]] Bytes ListBytes() const { return CallsPayload(kThreeCalls).Get(); }
 
     KeptDeletes kept_;
     CCallLogListCtrl& List() { return *FindControl<CCallLogListCtrl>(page_.get(), 1072); }

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "tests/pages/contacts/ContactPageFixture.h"
+#include "tests/support/KeptDeletePageTest.h"
 
 namespace quorvi {
 namespace {
@@ -243,34 +244,19 @@ TEST_F(ContactPage, DeleteThatCannotConnectIsToldAndTheListFetchedAgain) {
 
 // ---- what is kept of a delete ------------------------------------------------------------------
 
-TEST_F(ContactPage, WhatIsDeletedIsReadAndKeptBeforeTheRequestIsSent) {
-    CContactPage& page = OpenLoaded();
-    List().SetTicked(0, true);
-    agent_.Hold(AgentCommand::deleteContacts);
-    page.OnCommand(CContactPage::commandDelete);
-    PressIn(kConfirm, 1215);
-    ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::deleteContacts).empty(); }));
-    EXPECT_TRUE(kept_.IsOne(BackupKind::contacts, 1));
-    EXPECT_EQ(Details(), 2u);  // that of the page, and that which is kept
-    agent_.Release();
-    WaitForLoads(2);
-}
+using ContactDelete =
+    TickedDelete<ContactPage, CContactPage::commandDelete, AgentCommand::listContacts,
+                 AgentCommand::deleteContacts, BackupKind::contacts, 1>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Contacts, KeptDeletePage, ContactDelete);
 
-TEST_F(ContactPage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo) {
-    kept_.Refuse();
+TEST_F(ContactPage, WhatIsDeletedIsReadFromThePhone) {
     CContactPage& page = OpenLoaded();
     List().SetTicked(0, true);
     page.OnCommand(CContactPage::commandDelete);
     PressIn(kConfirm, 1215);
+    WaitForLoads(2);
     Settle();
-    ASSERT_NE(OpenDialog(kConfirm), nullptr);
-    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 1378)->text(),
-              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
-                        u8"这样删除以后就找不回来了，还要删除吗？"));
-    PressIn(kConfirm, 1021);
-    Settle();
-    EXPECT_TRUE(agent_.Requests(AgentCommand::deleteContacts).empty());
-    EXPECT_EQ(Loads(), 1u);
+    EXPECT_EQ(Details(), 3u);  // that which is kept beside those of the page
 }
 
 TEST_F(ContactPage, AContactThatThePhoneDoesNotGiveIsNamedBeforeItGoes) {

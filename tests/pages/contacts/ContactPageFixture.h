@@ -32,7 +32,7 @@ inline const std::vector<ListedContact> kThree{
 class ContactPage : public AgentPageTest<CContactPage, AgentCommand::listContacts> {
   protected:
     void SetUp() override {
-        agent_.AnswerPayload(AgentCommand::listContacts, ListPayload(kThree).Get());
+        agent_.AnswerPayload(AgentCommand::listContacts, ListBytes());
         agent_.AnswerPayload(AgentCommand::readContact, ContactPayload(11, "林远舟").Get());
         agent_.AnswerAcknowledged(AgentCommand::deleteContacts);
         agent_.AnswerAcknowledged(AgentCommand::addContact);
@@ -52,6 +52,9 @@ class ContactPage : public AgentPageTest<CContactPage, AgentCommand::listContact
         EXPECT_TRUE(WaitFor([&] { return Frame().State() == ListState::idle; }));
         return page;
     }
+
+    // What the phone lists.
+    [[nodiscard]] Bytes ListBytes() const { return ListPayload(kThree).Get(); }
 
     KeptDeletes kept_;
     CContactListCtrl& List() { return *FindControl<CContactListCtrl>(page_.get(), 1067); }

@@ -4,11 +4,8 @@
 #include <QLabel>
 #include <filesystem>
 
-#include "base/os/SmallFile.h"
 #include "tests/pages/contacts/ContactPageFixture.h"
-#include "tests/support/FileDialogDriver.h"
-#include "tests/support/MenuDriver.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TransfersPageTest.h"
 
 namespace quorvi {
 namespace {
@@ -19,34 +16,18 @@ using testing::HasSubstr;
 constexpr int kQuestion = 0;
 constexpr int kYes = 1;
 
-class ContactTransfers : public ContactPage {
+// Of the menu.
+constexpr int kExportTicked = 4;
+
+class ContactTransfers : public TransfersPageTest<ContactPage> {
   protected:
-    void TearDown() override { CloseFileDialog(); }
-    void Choose(int command) {
-        Q_EMIT List().menuAsked(List().CurrentRow(), QPoint(0, 0));
-        ChooseFrom(page_->findChild<CSkinMenu*>(), command);
-        ASSERT_NE(OpenFileDialog(), nullptr);
-    }
-    void ExportTo(const char* name) {
-        Choose(FileTransfers::menuExport);
-        AnswerFileDialog(Path(name));
-        Settle();
-    }
-    void ImportFrom(const char* name, std::string_view text) {
-        ASSERT_TRUE(ReplaceFile(folder_.Path() / name, text));
-        Choose(FileTransfers::menuImport);
-        AnswerFileDialog(Path(name));
-        Settle();
-    }
-    [[nodiscard]] std::string TextOf(const char* name) const {
-        return ReadSmallFile(folder_.Path() / name, 100'000).value_or("");
+    // Of the open menu; null where it has no such item.
+    [[nodiscard]] QAction* ItemOf(int command) const {
+        const auto items = page_->findChild<CSkinMenu*>()->actions();
+        const auto found = std::ranges::find(items, command, &CSkinMenu::CommandOf);
+        return found == items.end() ? nullptr : *found;
     }
     std::size_t Added() { return agent_.Requests(AgentCommand::addContact).size(); }
-    [[nodiscard]] QString Path(const char* name) const {
-        return QString::fromStdString((folder_.Path() / name).native());
-    }
-
-    TemporaryFolder folder_;
 };
 
 TEST_F(ContactTransfers, ExportWritesACardOfEachContactAndSaysWhere) {
@@ -62,6 +43,32 @@ TEST_F(ContactTransfers, ExportWritesATableWhereTheNameSaysSo) {
     ExportTo("mine.csv");
     EXPECT_EQ(host_.status, ToQString(u8"已导出 3 个联系人：") + Path("mine.csv"));
     EXPECT_THAT(TextOf("mine.csv"), HasSubstr("林远舟"));
+}
+
+TEST_F(ContactTransfers, WithoutATickTheMenuExportsAll) {
+    OpenLoaded();
+    Q_EMIT List().menuAsked(0, QPoint(0, 0));
+    EXPECT_EQ(ItemOf(kExportTicked), nullptr);
+    page_->findChild<CSkinMenu*>()->close();
+}
+
+TEST_F(ContactTransfers, WhereSomeAreTickedTheMenuExportsThese) {
+    OpenLoaded();
+    List().SetTicked(1, true);
+    Choose(kExportTicked);
+    Give("some.vcf");
+    EXPECT_EQ(host_.status, ToQString(u8"已导出 1 个联系人：") + Path("some.vcf"));
+    EXPECT_EQ(agent_.Requests(AgentCommand::readContact).back(), ReadContactRequest(12));
+}
+
+TEST_F(ContactTransfers, TheItemForTickedOnesSaysHowManyTheyAre) {
+    OpenLoaded();
+    List().SetTicked(1, true);
+    List().SetTicked(2, true);
+    Q_EMIT List().menuAsked(0, QPoint(0, 0));
+    ASSERT_NE(ItemOf(kExportTicked), nullptr);
+    EXPECT_EQ(ItemOf(kExportTicked)->text(), ToQString(u8"导出勾选的 2 个联系人…"));
+    page_->findChild<CSkinMenu*>()->close();
 }
 
 TEST_F(ContactTransfers, AContactThatIsGoneMeanwhileIsNamed) {

@@ -3,24 +3,20 @@
 
 #include <filesystem>
 
-#include "base/os/SmallFile.h"
 #include "tests/pages/messages/SmsPageFixture.h"
-#include "tests/support/FileDialogDriver.h"
-#include "tests/support/MenuDriver.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TransfersPageTest.h"
 
 namespace quorvi {
 namespace {
 
 using testing::HasSubstr;
 
-class SmsTransfers : public SmsPage {
+class SmsTransfers : public TransfersPageTest<SmsPage> {
   protected:
     static constexpr int kView = 1;
     static constexpr int kDelete = 2;
     static constexpr int kExportOne = 3;
 
-    void TearDown() override { CloseFileDialog(); }
     // Opens the menu with the right button, on a link or beside all of them.
     CSkinMenu* Menu(const char* link) {
         const QPoint at =
@@ -34,8 +30,7 @@ class SmsTransfers : public SmsPage {
     void Export(const char* link, int command, const char* name) {
         ChooseFrom(Menu(link), command);
         ASSERT_NE(OpenFileDialog(), nullptr);
-        AnswerFileDialog(Path(name));
-        Settle();
+        Give(name);
     }
     static QStringList TextsOf(const CSkinMenu& menu) {
         QStringList texts;
@@ -44,14 +39,6 @@ class SmsTransfers : public SmsPage {
         }
         return texts;
     }
-    [[nodiscard]] std::string TextOf(const char* name) const {
-        return ReadSmallFile(folder_.Path() / name, 100'000).value_or("");
-    }
-    [[nodiscard]] QString Path(const char* name) const {
-        return QString::fromStdString((folder_.Path() / name).native());
-    }
-
-    TemporaryFolder folder_;
 };
 
 TEST_F(SmsTransfers, TheMenuOfAConversationHasWhatItsLinksDoAndTheExports) {
