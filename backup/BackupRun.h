@@ -34,6 +34,7 @@ class BackupRun {
     const AgentAddress agent;
     BackupWriter& writer;
     const StopSignal& stop;
+    WhoseFolder folder = WhoseFolder::user;
     BackupResult result;
 
     // Ends the run; false, for whoever ends with it.
@@ -44,7 +45,7 @@ class BackupRun {
     }
     bool FailStopped();
     bool FailDisk(const std::error_code& error) {
-        return Fail(BackupEnd::diskFailed, DiskErrorText(error));
+        return Fail(BackupEnd::diskFailed, DiskErrorText(error, folder));
     }
     // Fails the run for any session that did not bring all of its reply. No data is a reply.
     bool Accept(SessionOutcome outcome);

@@ -232,26 +232,33 @@ void RemoveUnfinishedBackups(const std::filesystem::path& folder) {
     }
 }
 
-std::string DiskErrorText(const std::error_code& error) {
+std::string DiskErrorText(const std::error_code& error, WhoseFolder folder) {
     struct Reason {
         std::errc code;
-        std::u8string_view text;
+        std::u8string_view what;
+        std::u8string_view elsewhere;  // what the user can do who has chosen the target
+        std::u8string_view here;       // and who has not
     };
+    constexpr std::u8string_view kOtherFolder = u8"，请换一个文件夹";
+    constexpr std::u8string_view kOtherName = u8"，请换一个名字";
+    constexpr std::u8string_view kFolder = u8"，请检查保存个人数据的文件夹";
     constexpr std::array<Reason, 10> kReasons{{
-        {std::errc::no_space_on_device, u8"磁盘空间不足，请清理磁盘后重试"},
-        {std::errc::file_exists, u8"已经有这个名字的文件或文件夹，请换一个名字"},
-        {std::errc::no_such_file_or_directory, u8"没有这个文件或文件夹"},
-        {std::errc::not_a_directory, u8"路径里有一段不是文件夹"},
-        {std::errc::permission_denied, u8"没有权限，请换一个文件夹"},
-        {std::errc::read_only_file_system, u8"这个磁盘是只读的，请换一个文件夹"},
-        {std::errc::file_too_large, u8"文件太大，磁盘放不下"},
-        {std::errc::device_or_resource_busy, u8"另一个备份正在写到这里，请等它结束"},
-        {std::errc::too_many_symbolic_link_levels, u8"不能写到链接里，请换一个文件夹"},
-        {std::errc::filename_too_long, u8"文件名太长，请换一个名字"},
+        {std::errc::no_space_on_device, u8"磁盘空间不足", u8"，请清理磁盘后重试",
+         u8"，请清理磁盘后重试"},
+        {std::errc::file_exists, u8"已经有这个名字的文件或文件夹", kOtherName, kFolder},
+        {std::errc::no_such_file_or_directory, u8"没有这个文件或文件夹", u8"", kFolder},
+        {std::errc::not_a_directory, u8"路径里有一段不是文件夹", u8"", kFolder},
+        {std::errc::permission_denied, u8"没有权限", kOtherFolder, kFolder},
+        {std::errc::read_only_file_system, u8"这个磁盘是只读的", kOtherFolder, kFolder},
+        {std::errc::file_too_large, u8"文件太大，磁盘放不下", u8"", u8""},
+        {std::errc::device_or_resource_busy, u8"另一个备份正在写到这里", u8"，请等它结束",
+         u8"，请等它结束"},
+        {std::errc::too_many_symbolic_link_levels, u8"不能写到链接里", kOtherFolder, kFolder},
+        {std::errc::filename_too_long, u8"文件名太长", kOtherName, kFolder},
     }};
-    for (const auto& [code, text] : kReasons) {
+    for (const auto& [code, what, elsewhere, here] : kReasons) {
         if (error == code) {
-            return Ansi(text);
+            return Ansi(what) + Ansi(folder == WhoseFolder::user ? elsewhere : here);
         }
     }
     return Ansi(u8"磁盘读写出错: ") + ToAnsi(error.message());

@@ -78,7 +78,14 @@ class BackupWriter {
 // Takes away what killed writers have left in a folder; what a writer still writes stays.
 void RemoveUnfinishedBackups(const std::filesystem::path& folder);
 
+// The folder that a backup is written to.
+enum class WhoseFolder {
+    user,   // that the user has chosen: it can be another
+    suite,  // that of the user's data
+};
+
 // What went wrong with the disk, and what can be done about it. ANSI.
-[[nodiscard]] std::string DiskErrorText(const std::error_code& error);
+[[nodiscard]] std::string DiskErrorText(const std::error_code& error,
+                                        WhoseFolder folder = WhoseFolder::user);
 
 }  // namespace quorvi

@@ -104,6 +104,7 @@ KeepResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::in
     BackupWriter writer(backup);
     const BackupRun::Progress tellNobody = [](const BackupProgress&) {};
     BackupRun run(agent, writer, tellNobody, stop);
+    run.folder = WhoseFolder::suite;
     run.result.manifest.made = now;
     if (writer.Error()) {
         run.FailDisk(writer.Error());

@@ -198,5 +198,12 @@ TEST(BackupWriter, AnErrorOfTheDiskSaysWhatToDo) {
               Ansi(u8"磁盘空间不足，请清理磁盘后重试"));
 }
 
+TEST(BackupWriter, WhoHasNotChosenTheFolderIsNotToldToChooseAnother) {
+    const auto denied = std::make_error_code(std::errc::permission_denied);
+    EXPECT_EQ(DiskErrorText(denied), Ansi(u8"没有权限，请换一个文件夹"));
+    EXPECT_EQ(DiskErrorText(denied, WhoseFolder::suite),
+              Ansi(u8"没有权限，请检查保存个人数据的文件夹"));
+}
+
 }  // namespace
 }  // namespace quorvi

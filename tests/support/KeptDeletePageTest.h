@@ -72,8 +72,8 @@ TYPED_TEST_P(KeptDeletePage, WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenThe
     this->Settle();
     ASSERT_NE(OpenDialog(this->kQuestion), nullptr);
     EXPECT_EQ(FindControl<QLabel>(OpenDialog(this->kQuestion), this->kText)->text(),
-              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹。"
-                        u8"这样删除以后就找不回来了，还要删除吗？"));
+              ToQString(u8"要删除的内容没能先保存到电脑：路径里有一段不是文件夹，"
+                        u8"请检查保存个人数据的文件夹。这样删除以后就找不回来了，还要删除吗？"));
     EXPECT_TRUE(this->page_->isEnabled());
     PressIn(this->kQuestion, this->kNo);
     this->Settle();
