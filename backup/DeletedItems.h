@@ -55,6 +55,9 @@ class DeletedItems {
     // what a killed program has left.
     [[nodiscard]] std::vector<KeptDeletion> List(std::int64_t now) const;
 
+    // Takes those off the disk that are older than kKeptSeconds.
+    void ForgetOld(std::int64_t now) const { static_cast<void>(List(now)); }
+
     // Takes one off the disk, of those that List or Keep gave; false where that is not possible.
     [[nodiscard]] bool Forget(const KeptDeletion& deletion) const {
         return Forget(deletion.backup);

@@ -2,34 +2,12 @@
 #pragma once
 
 #include <functional>
-#include <optional>
-#include <string>
-#include <utility>
 
 #include "agent/AgentSession.h"
-#include "backup/DeletedItems.h"
-#include "pages/kit/ListReply.h"
+#include "backup/KeepAndDelete.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {
-
-// What a delete takes from the phone.
-struct Going {
-    GoingRows rows;
-    std::string why{};      // why that is not all of it; ANSI, empty when it is
-    bool connected = true;  // false when the phone was asked for it and not reached
-};
-
-// Finds that out, by asking the phone where need be. On a worker.
-using FindGoing = std::function<Going(AgentAddress agent)>;
-
-// Of a list that goes as a whole. What is not read to its end is not all of it.
-[[nodiscard]] std::string WhyNotAll(SessionOutcome outcome, bool whole);
-template <typename Row>
-[[nodiscard]] Going GoingOf(ListReply<Row> reply) {
-    const bool whole = reply.IsWhole() && !reply.list.cut;
-    return {std::move(reply.list.rows), WhyNotAll(reply.outcome, whole), reply.Connected()};
-}
 
 // A delete that the user wants.
 struct KeptDelete {
