@@ -4,6 +4,7 @@
 #include "cli/AlarmFormInput.h"
 #include "cli/Commands.h"
 #include "cli/FormInput.h"
+#include "cli/KeptDelete.h"
 #include "cli/PhoneChange.h"
 #include "pages/alarms/AlarmDays.h"
 #include "pages/alarms/AlarmForm.h"
@@ -71,9 +72,10 @@ Status RunAlarmsUpdate(const Arguments& arguments, const Context& context, Outpu
 }
 
 Status RunAlarmsDelete(const Arguments& arguments, const Context& context, Output& output) {
-    const auto ids = ReadIds(arguments.operands, kNoAlarmId, output);
-    return ids ? SendAndTell(context, DeleteAlarmsRequest(*ids), "deleted", JsonIds(*ids), output)
-               : Status::wrongUsage;
+    return DeleteRows(
+        arguments, context, kNoAlarmId, AgentCommand::listAlarms,
+        [](const AgentSession& session) { return FetchAlarmList(session); }, &AlarmRow::id,
+        &DeleteAlarmsRequest, output);
 }
 
 }  // namespace quorvi::cli

@@ -4,6 +4,7 @@
 #include "cli/BookmarkFormInput.h"
 #include "cli/Commands.h"
 #include "cli/FormInput.h"
+#include "cli/KeptDelete.h"
 #include "cli/PhoneChange.h"
 #include "pages/bookmarks/BookmarkForm.h"
 #include "pages/bookmarks/BookmarkList.h"
@@ -63,10 +64,10 @@ Status RunBookmarksUpdate(const Arguments& arguments, const Context& context, Ou
 }
 
 Status RunBookmarksDelete(const Arguments& arguments, const Context& context, Output& output) {
-    const auto ids = ReadIds(arguments.operands, kNoBookmarkId, output);
-    return ids ? SendAndTell(context, DeleteBookmarksRequest(*ids), "deleted", JsonIds(*ids),
-                             output)
-               : Status::wrongUsage;
+    return DeleteRows(
+        arguments, context, kNoBookmarkId, AgentCommand::listBookmarks,
+        [](const AgentSession& session) { return FetchBookmarkList(session); }, &BookmarkRow::id,
+        &DeleteBookmarksRequest, output);
 }
 
 }  // namespace quorvi::cli

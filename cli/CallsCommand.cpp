@@ -2,6 +2,7 @@
 #include "base/Json.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/KeptDelete.h"
 #include "cli/PhoneChange.h"
 #include "pages/calls/CallLog.h"
 #include "refdata/NumberAttribution.h"
@@ -46,13 +47,19 @@ Status RunCallsList(const Arguments&, const Context& context, Output& output) {
 }
 
 Status RunCallsDelete(const Arguments& arguments, const Context& context, Output& output) {
-    const auto ids = ReadIds(arguments.operands, u8"不是通话记录的编号", output);
-    return ids ? SendAndTell(context, DeleteCallsRequest(*ids), "deleted", JsonIds(*ids), output)
-               : Status::wrongUsage;
+    return DeleteRows(
+        arguments, context, u8"不是通话记录的编号", AgentCommand::listCalls,
+        [](const AgentSession& session) { return FetchCallLog(session, NoAttribution); },
+        &CallLogRow::id, &DeleteCallsRequest, output);
 }
 
-Status RunCallsClear(const Arguments&, const Context& context, Output& output) {
-    return SendAndTell(context, DeleteAllCallsRequest(), "cleared", true, output);
+Status RunCallsClear(const Arguments& arguments, const Context& context, Output& output) {
+    const auto find = [](AgentAddress agent) {
+        return GoingOf(FetchSurely(agent, AgentCommand::listCalls, [&] {
+            return FetchCallLog(AgentSession(agent), NoAttribution);
+        }));
+    };
+    return KeepAndTell(arguments, context, find, DeleteAllCallsRequest(), "cleared", true, output);
 }
 
 }  // namespace quorvi::cli

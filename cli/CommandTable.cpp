@@ -4,6 +4,7 @@
 
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/KeptDelete.h"
 
 namespace quorvi::cli {
 namespace {
@@ -34,10 +35,11 @@ constexpr Command kCommands[] = {
      .most = 1,
      .run = RunContactsUpdate},
     {.words = "contacts delete",
-     .synopsis = "ID [ID...]",
-     .summary = u8"删除联系人",
+     .synopsis = "ID [ID...] [--force]",
+     .summary = u8"删除联系人，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = kAnyNumber,
+     .flags = {kForce},
      .run = RunContactsDelete},
     {.words = "groups list", .summary = u8"联系人分组", .run = RunGroupsList},
     {.words = "groups add",
@@ -53,10 +55,11 @@ constexpr Command kCommands[] = {
      .most = 2,
      .run = RunGroupsRename},
     {.words = "groups delete",
-     .synopsis = "ID [ID...]",
-     .summary = u8"删除分组",
+     .synopsis = "ID [ID...] [--force]",
+     .summary = u8"删除分组，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = kAnyNumber,
+     .flags = {kForce},
      .run = RunGroupsDelete},
     {.words = "sms list", .summary = u8"短信会话", .run = RunSmsList},
     {.words = "sms show",
@@ -66,10 +69,11 @@ constexpr Command kCommands[] = {
      .most = 1,
      .run = RunSmsShow},
     {.words = "sms delete",
-     .synopsis = "ID",
-     .summary = u8"删除会话，不再询问",
+     .synopsis = "ID [--force]",
+     .summary = u8"删除会话，不再询问，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = 1,
+     .flags = {kForce},
      .run = RunSmsDelete},
     {.words = "sms send",
      .synopsis = "--to NUMBER[,NUMBER...] --text TEXT",
@@ -78,12 +82,17 @@ constexpr Command kCommands[] = {
      .run = RunSmsSend},
     {.words = "calls list", .summary = u8"通话记录", .run = RunCallsList},
     {.words = "calls delete",
-     .synopsis = "ID [ID...]",
-     .summary = u8"删除通话记录",
+     .synopsis = "ID [ID...] [--force]",
+     .summary = u8"删除通话记录，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = kAnyNumber,
+     .flags = {kForce},
      .run = RunCallsDelete},
-    {.words = "calls clear", .summary = u8"删除全部通话记录", .run = RunCallsClear},
+    {.words = "calls clear",
+     .synopsis = "[--force]",
+     .summary = u8"删除全部通话记录，先在电脑里留一份，保留 30 天",
+     .flags = {kForce},
+     .run = RunCallsClear},
     {.words = "alarms list", .summary = u8"手机时钟的闹铃", .run = RunAlarmsList},
     {.words = "alarms add",
      .summary = u8"添加闹铃，标准输入为编辑框内容的 JSON",
@@ -95,10 +104,11 @@ constexpr Command kCommands[] = {
      .most = 1,
      .run = RunAlarmsUpdate},
     {.words = "alarms delete",
-     .synopsis = "ID [ID...]",
-     .summary = u8"删除闹铃",
+     .synopsis = "ID [ID...] [--force]",
+     .summary = u8"删除闹铃，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = kAnyNumber,
+     .flags = {kForce},
      .run = RunAlarmsDelete},
     {.words = "bookmarks list", .summary = u8"手机浏览器的书签", .run = RunBookmarksList},
     {.words = "bookmarks add",
@@ -111,10 +121,11 @@ constexpr Command kCommands[] = {
      .most = 1,
      .run = RunBookmarksUpdate},
     {.words = "bookmarks delete",
-     .synopsis = "ID [ID...]",
-     .summary = u8"删除书签",
+     .synopsis = "ID [ID...] [--force]",
+     .summary = u8"删除书签，先在电脑里留一份，保留 30 天",
      .fewest = 1,
      .most = kAnyNumber,
+     .flags = {kForce},
      .run = RunBookmarksDelete},
     {.words = "export",
      .synopsis = "contacts|messages|calls|bookmarks FILE [--conversation ID]",
@@ -330,6 +341,7 @@ std::string HelpText() {
     }
     help += Ansi(
         u8"\n--json 在标准输出上给出 UTF-8 的 JSON；提示写到标准错误。\n"
+        u8"--force 没能先在电脑里留一份时照样删除；留下的可以在窗口的设置里恢复。\n"
         u8"状态: 0 完成，1 用法错误，2 没有连接，手机没有回答或拒绝了，3 没有找到。\n");
     return help;
 }

@@ -6,6 +6,7 @@
 #include "cli/Commands.h"
 #include "cli/ContactFormInput.h"
 #include "cli/FormInput.h"
+#include "cli/KeptDelete.h"
 #include "cli/Output.h"
 #include "cli/PhoneChange.h"
 #include "pages/contacts/ContactForm.h"
@@ -150,9 +151,10 @@ Status RunContactsShow(const Arguments& arguments, const Context& context, Outpu
 }
 
 Status RunContactsDelete(const Arguments& arguments, const Context& context, Output& output) {
-    const auto ids = ReadIds(arguments.operands, kNoContactId, output);
-    return ids ? SendAndTell(context, DeleteContactsRequest(*ids), "deleted", JsonIds(*ids), output)
-               : Status::wrongUsage;
+    return DeleteRows(
+        arguments, context, kNoContactId, AgentCommand::listContacts,
+        [](const AgentSession& session) { return FetchContactList(session, NoAttribution); },
+        &ContactListRow::contactId, &DeleteContactsRequest, output);
 }
 
 Status RunContactsAdd(const Arguments&, const Context& context, Output& output) {

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/FormInput.h"
+#include "cli/KeptDelete.h"
 #include "cli/PhoneChange.h"
 #include "pages/contacts/ContactGroups.h"
 
@@ -65,9 +66,10 @@ Status RunGroupsRename(const Arguments& arguments, const Context& context, Outpu
 }
 
 Status RunGroupsDelete(const Arguments& arguments, const Context& context, Output& output) {
-    const auto ids = ReadIds(arguments.operands, kNoGroupId, output);
-    return ids ? SendAndTell(context, DeleteGroupsRequest(*ids), "deleted", JsonIds(*ids), output)
-               : Status::wrongUsage;
+    return DeleteRows(
+        arguments, context, kNoGroupId, AgentCommand::listGroups,
+        [](const AgentSession& session) { return FetchContactGroups(session); }, &ContactGroup::id,
+        &DeleteGroupsRequest, output);
 }
 
 }  // namespace quorvi::cli

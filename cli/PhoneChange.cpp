@@ -1,6 +1,5 @@
 #include "cli/PhoneChange.h"
 
-#include "agent/AgentSession.h"
 #include "base/Text.h"
 #include "cli/CommandLine.h"
 
@@ -33,18 +32,19 @@ std::optional<std::vector<std::string>> ReadPackages(std::span<const std::string
     return packages;
 }
 
-Status Send(const Context& context, const Bytes& request, Output& output) {
-    const SessionOutcome outcome = AgentSession(context.agent).RunAcknowledged(request).outcome;
+Status SendAndTell(const Context& context, const Bytes& request, const char* word,
+                   const Json::Value& what, Output& output) {
+    return TellChange(AgentSession(context.agent).RunAcknowledged(request).outcome, word, what,
+                      output);
+}
+
+Status TellChange(SessionOutcome outcome, const char* word, const Json::Value& what,
+                  Output& output) {
     if (outcome == SessionOutcome::noReply) {
         output.Complain(Ansi(u8"手机没有确认，请查看手机上是否已经生效"));
         return Status::noLink;
     }
-    return output.Report(outcome);
-}
-
-Status SendAndTell(const Context& context, const Bytes& request, const char* word,
-                   const Json::Value& what, Output& output) {
-    const Status status = Send(context, request, output);
+    const Status status = output.Report(outcome);
     if (status == Status::done && output.Json()) {
         Json::Value document(Json::objectValue);
         document[word] = what;

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "agent/AgentSession.h"
 #include "agent/Request.h"
 #include "cli/Command.h"
 #include "cli/Output.h"
@@ -27,12 +28,14 @@ namespace quorvi::cli {
     std::span<const std::string> operands, Output& output);
 
 // Sends a request, of whose acknowledgement only this is looked at, that it comes: complains, and
-// gives noLink, when there is no link or no acknowledgement.
-[[nodiscard]] Status Send(const Context& context, const Bytes& request, Output& output);
-
-// The same, and tells what was done with --json: {"word": what}.
+// gives noLink, when there is no link or no acknowledgement. Tells what was done with --json:
+// {"word": what}.
 [[nodiscard]] Status SendAndTell(const Context& context, const Bytes& request, const char* word,
                                  const Json::Value& what, Output& output);
+
+// The same of an exchange that has ended so.
+[[nodiscard]] Status TellChange(SessionOutcome outcome, const char* word, const Json::Value& what,
+                                Output& output);
 
 [[nodiscard]] Json::Value JsonIds(std::span<const std::uint32_t> ids);
 

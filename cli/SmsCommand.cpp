@@ -2,6 +2,7 @@
 #include "base/Json.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/KeptDelete.h"
 #include "cli/PhoneChange.h"
 #include "pages/messages/Conversations.h"
 #include "pages/messages/OutgoingMessage.h"
@@ -98,8 +99,17 @@ Status RunSmsDelete(const Arguments& arguments, const Context& context, Output& 
         output.Complain(arguments.operands.front() + Ansi(u8": 没有这个会话"));
         return Status::notFound;
     }
-    return SendAndTell(context, DeleteConversationRequest(ids->front()), "deleted", JsonIds(*ids),
-                       output);
+    const std::uint32_t id = ids->front();
+    const auto find = [id](AgentAddress agent) {
+        ConversationListReply reply = FetchSurely(agent, AgentCommand::listConversations, [&] {
+            return FetchConversations(AgentSession(agent), NoAttribution);
+        });
+        std::erase_if(reply.conversations, [id](const Conversation& one) { return one.id != id; });
+        return Going{std::move(reply.conversations), WhyNotAll(reply.outcome, reply.whole),
+                     reply.outcome};
+    };
+    return KeepAndTell(arguments, context, find, DeleteConversationRequest(id), "deleted",
+                       JsonIds(*ids), output);
 }
 
 Status RunSmsSend(const Arguments& arguments, const Context& context, Output& output) {

@@ -17,11 +17,11 @@ Context At(AgentAddress agent) {
 TEST(Context, ACommandSpeaksToTheAgentAtItsAddress) {
     LoopbackAgent agent({.bytes = Word(1)});
     Output output(false);
-    EXPECT_EQ(RunCallsDelete({.operands = {"7"}, .options = {}}, At(agent.Port()), output),
+    EXPECT_EQ(RunGroupsAdd({.operands = {"A"}, .options = {}}, At(agent.Port()), output),
               Status::done);
     const auto exchanges = agent.Exchanges(1);
     EXPECT_EQ(Join({exchanges[0].firstPiece, exchanges[0].rest}),
-              Join({Word(870303), Word(16), Word(1), Word(7)}));
+              Join({Word(870121), Word(17), Word(1), Text("A")}));
 }
 
 TEST(Context, ACommandShowsTheAttributionThatItWasHanded) {

@@ -27,6 +27,9 @@ class AgentFixture : public testing::Test {
                                       : Bytes();
     }
 
+    // The delete of what an agent that says NoDataMark does not list: the list was asked for twice.
+    Bytes DeleteBehindEmptyList() { return Request(2); }
+
     std::unique_ptr<LoopbackAgent> agent_;
 };
 
