@@ -106,8 +106,8 @@ struct ActionName {
 constexpr std::array<ActionName, 4> kActions{{
     {RestoreAction::add, "added", u8"新增"},
     {RestoreAction::change, "changed", u8"补充"},
-    {RestoreAction::there, "there", u8"已有"},
-    {RestoreAction::impossible, "impossible", u8"不能恢复"},
+    {RestoreAction::there, "there", u8"已存在"},
+    {RestoreAction::impossible, "impossible", u8"无法写入"},
 }};
 
 Json::Value DocumentOf(const RestorePlan& plan) {
