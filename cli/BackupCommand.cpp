@@ -80,12 +80,14 @@ void PrintSkipped(const Manifest& manifest, Output& output) {
 
 Status StatusOf(BackupEnd end) {
     return end == BackupEnd::whole        ? Status::done
+           : end == BackupEnd::stopped    ? Status::interrupted
            : end == BackupEnd::diskFailed ? Status::wrongUsage
                                           : Status::noLink;
 }
 
 Status StatusOf(RestoreEnd end) {
     return end == RestoreEnd::whole       ? Status::done
+           : end == RestoreEnd::stopped   ? Status::interrupted
            : end == RestoreEnd::backupBad ? Status::wrongUsage
                                           : Status::noLink;
 }
@@ -237,7 +239,7 @@ Status RunVerify(const Arguments& arguments, const Context&, Output& output) {
     const Interrupt interrupt;
     const std::string why = reader->Verify(interrupt.Signal());
     if (interrupt.Signal().IsStopped()) {
-        return Status::noLink;
+        return Status::interrupted;
     }
     const Manifest& manifest = reader->TheManifest();
     if (!why.empty()) {

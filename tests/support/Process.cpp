@@ -111,6 +111,15 @@ bool Process::IsRunning() const {
            ended.si_pid == 0;
 }
 
+int Process::Status() const {
+    siginfo_t ended{};
+    const bool exited =
+        id_ > 0 &&
+        waitid(P_PID, static_cast<id_t>(id_), &ended, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+        ended.si_pid == id_ && ended.si_code == CLD_EXITED;
+    return exited ? ended.si_status : -1;
+}
+
 ProgramResult RunProgram(const std::vector<std::string>& arguments, const std::string& input,
                          std::chrono::milliseconds limit) {
     const auto end = std::chrono::steady_clock::now() + limit;

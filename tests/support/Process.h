@@ -20,6 +20,8 @@ class Process {
 
     [[nodiscard]] pid_t Id() const { return id_; }
     [[nodiscard]] bool IsRunning() const;
+    // What it exited with; -1 while it runs, and when a signal ended it.
+    [[nodiscard]] int Status() const;
 
   private:
     pid_t id_;

@@ -1,0 +1,66 @@
+// Ctrl+C while a phone is backed up from the command line.
+#include <gmock/gmock.h>
+#include <signal.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "base/os/SmallFile.h"
+#include "tests/support/Await.h"
+#include "tests/support/BuildPlaces.h"
+#include "tests/support/PhoneRig.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace quorvi::e2e {
+namespace {
+
+using testing::HasSubstr;
+
+class BackupStop : public testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_EQ(rig_.Error(), "");
+        ASSERT_EQ(rig_.BringAgentUp(0), "");
+    }
+    // Starts a backup, which comes as far as a command that the phone does not answer, and stops
+    // it there.
+    void StopAt(const std::string& code, const char* name) {
+        ASSERT_EQ(rig_.Control(0, "fault " + code + " stall"), "ok\n");
+        Process backup({QUORVI_BIN_DIR "/quorvictl", "backup", Path(name)}, Path("said"));
+        ASSERT_TRUE(Await([&] { return rig_.Control(0, "log").find(code) != std::string::npos; }));
+        ASSERT_EQ(kill(backup.Id(), SIGINT), 0);
+        ASSERT_TRUE(Await([&] { return !backup.IsRunning(); }));
+        EXPECT_EQ(backup.Status(), 130);
+    }
+    [[nodiscard]] std::string Path(const char* name) const {
+        return (folder_.Path() / name).string();
+    }
+    [[nodiscard]] std::string Said() const { return ReadSmallFile(Path("said"), 10'000).value(); }
+
+    PhoneRig rig_{1};
+    TemporaryFolder folder_;
+};
+
+TEST_F(BackupStop, LeavesNoBackupAndSaysHowFarItCame) {
+    for (const char* name : {"phone", "phone.zip"}) {
+        StopAt("870202", name);
+        EXPECT_THAT(Said(), HasSubstr("quorvictl: 已停止\n"));
+        EXPECT_THAT(Said(), HasSubstr("quorvictl: 已读取 联系人分组 8，联系人 48，"));
+        EXPECT_THAT(Said(), HasSubstr("，没有留下备份\n"));
+        // What was said stands alone in the folder.
+        std::filesystem::remove(Path("said"));
+        EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << name;
+        EXPECT_EQ(rig_.Control(0, "faults clear"), "ok\n");
+        EXPECT_EQ(rig_.Control(0, "log clear"), "ok\n");
+    }
+}
+
+TEST_F(BackupStop, TheNextBackupIsWhole) {
+    StopAt("870102", "phone");
+    EXPECT_EQ(rig_.Control(0, "faults clear"), "ok\n");
+    EXPECT_EQ(rig_.Suite({"backup", Path("phone")}).status, 0);
+    EXPECT_EQ(rig_.Suite({"verify", Path("phone")}).status, 0);
+}
+
+}  // namespace
+}  // namespace quorvi::e2e
