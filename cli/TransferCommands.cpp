@@ -37,18 +37,13 @@ const KindWord* FindKind(std::string_view word) {
     return nullptr;
 }
 
-Status StatusOf(TransferEnd end) {
-    switch (end) {
-        case TransferEnd::whole:
-            return Status::done;
-        case TransferEnd::fileFailed:
-            return Status::wrongUsage;
-        case TransferEnd::stopped:
-        case TransferEnd::linkLost:
-        case TransferEnd::notWhole:
-            break;
+// Of any end but `whole`. A link that is lost is told as by every other command.
+Status Complain(const TransferStatus& status, Output& output) {
+    if (status.end == TransferEnd::linkLost) {
+        return output.Report(status.outcome);
     }
-    return Status::noLink;
+    output.Complain(status.why);
+    return status.end == TransferEnd::fileFailed ? Status::wrongUsage : Status::noLink;
 }
 
 Json::Value DocumentOf(const SkippedRecords& records) {
@@ -119,8 +114,7 @@ Status RunExport(const Arguments& arguments, const Context& context, Output& out
     }
     const ExportResult result = Export(*kind, conversation, file, context);
     if (result.status.end != TransferEnd::whole) {
-        output.Complain(result.status.why);
-        return StatusOf(result.status.end);
+        return Complain(result.status, output);
     }
     if (output.Json()) {
         Json::Value document(Json::objectValue);
@@ -168,12 +162,11 @@ Status RunImport(const Arguments& arguments, const Context& context, Output& out
         PrintRecords(result.skipped, u8" 项没有导入:", output);
         PrintRecords(result.leftOut, u8" 项的一部分内容没有导入:", output);
     }
-    if (result.status.end != TransferEnd::whole) {
-        output.Complain(content.status.end == TransferEnd::whole
-                            ? result.status.why
-                            : ToAnsi(file) + ": " + result.status.why);
+    if (content.status.end != TransferEnd::whole) {
+        output.Complain(ToAnsi(file) + ": " + content.status.why);
+        return Status::wrongUsage;
     }
-    return StatusOf(result.status.end);
+    return result.status.end == TransferEnd::whole ? Status::done : Complain(result.status, output);
 }
 
 }  // namespace quorvi::cli

@@ -2,17 +2,20 @@
 // with the status of its kind, and the same command works right after.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
+#include "base/os/SmallFile.h"
 #include "tests/support/PhoneRig.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace quorvi::e2e {
 namespace {
 
 struct Asked {
     const char* name;
-    std::vector<std::string> arguments;
-    const char* code;  // the command of the agent that misbehaves
+    std::vector<std::string> arguments;  // "FILE/x" is x in the test's folder
+    const char* code;                    // the command of the agent that misbehaves
     const char* input = "";
 };
 
@@ -52,6 +55,10 @@ class FaultMatrix : public testing::TestWithParam<Asked> {
 
     void SetUp() override {
         ASSERT_EQ(rig_->Error(), "");
+        ASSERT_TRUE(
+            ReplaceFile(folder_.Path() / "new.vcf", "BEGIN:VCARD\nFN:Bo\nTEL:110\nEND:VCARD\n"));
+        ASSERT_TRUE(ReplaceFile(folder_.Path() / "new.html",
+                                "<DL><DT><A HREF=\"http://b.example/\">B</A>"));
         Restore();
     }
 
@@ -62,8 +69,14 @@ class FaultMatrix : public testing::TestWithParam<Asked> {
         ASSERT_EQ(rig_->BringAgentUp(0), "");
     }
 
-    static ProgramResult Run(std::chrono::milliseconds limit = std::chrono::seconds(20)) {
-        return rig_->Suite(GetParam().arguments, GetParam().input, limit);
+    ProgramResult Run(std::chrono::milliseconds limit = std::chrono::seconds(20)) {
+        std::vector<std::string> arguments = GetParam().arguments;
+        for (std::string& argument : arguments) {
+            if (argument.starts_with("FILE/")) {
+                argument.replace(0, 4, folder_.Path().string());
+            }
+        }
+        return rig_->Suite(std::move(arguments), GetParam().input, limit);
     }
 
     static void Misbehave(const char* words) {
@@ -71,6 +84,7 @@ class FaultMatrix : public testing::TestWithParam<Asked> {
     }
 
     static std::unique_ptr<PhoneRig> rig_;
+    TemporaryFolder folder_;
 };
 
 std::unique_ptr<PhoneRig> FaultMatrix::rig_;
@@ -118,47 +132,61 @@ constexpr const char* kBookmark = R"({"title": "天气", "url": "http://x/"})";
 
 INSTANTIATE_TEST_SUITE_P(
     Each, FaultMatrix,
-    testing::Values(Asked{"Info", {"info"}, "870004"},
-                    Asked{"ContactsList", {"contacts", "list"}, "870101"},
-                    Asked{"ContactsShow", {"contacts", "show", "1"}, "870102"},
-                    Asked{"ContactsAdd", {"contacts", "add"}, "870103", kForm},
-                    Asked{"ContactsUpdate", {"contacts", "update", "1"}, "870104", kForm},
-                    Asked{"ContactsUpdateLoad", {"contacts", "update", "1"}, "870102", kForm},
-                    Asked{"ContactsDelete", {"contacts", "delete", "1", "2"}, "870106"},
-                    Asked{"GroupsList", {"groups", "list"}, "870140"},
-                    Asked{"GroupsAdd", {"groups", "add", "x"}, "870121"},
-                    Asked{"GroupsRename", {"groups", "rename", "1", "x"}, "870122"},
-                    Asked{"GroupsDelete", {"groups", "delete", "1"}, "870124"},
-                    Asked{"SmsList", {"sms", "list"}, "870201"},
-                    Asked{"SmsShow", {"sms", "show", "12"}, "870202"},
-                    Asked{"SmsSend", {"sms", "send", "--to", "110", "--text", "x"}, "870204"},
-                    Asked{"SmsDelete", {"sms", "delete", "12"}, "870206"},
-                    Asked{"CallsList", {"calls", "list"}, "870301"},
-                    Asked{"CallsDelete", {"calls", "delete", "1"}, "870303"},
-                    Asked{"CallsClear", {"calls", "clear"}, "870304"},
-                    Asked{"AlarmsList", {"alarms", "list"}, "870401"},
-                    Asked{"AlarmsAdd", {"alarms", "add"}, "870402", kAlarm},
-                    Asked{"AlarmsUpdate", {"alarms", "update", "1"}, "870403", kAlarm},
-                    Asked{"AlarmsDelete", {"alarms", "delete", "1", "2"}, "870405"},
-                    Asked{"BookmarksList", {"bookmarks", "list"}, "870701"},
-                    Asked{"BookmarksAdd", {"bookmarks", "add"}, "870702", kBookmark},
-                    Asked{"BookmarksUpdate", {"bookmarks", "update", "1"}, "870703", kBookmark},
-                    Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"},
-                    Asked{"FilesListRoot", {"files", "list"}, "870601"},
-                    Asked{"FilesList", {"files", "list", "/sdcard"}, "870602"},
-                    Asked{"AppsList", {"apps", "list"}, "870802"},
-                    Asked{"AppsListOfTheSite", {"apps", "list", "--site"}, "870002"},
-                    Asked{"AppsRun", {"apps", "run", "com.example.chat"}, "870805"},
-                    Asked{"ProcessesList", {"processes", "list"}, "871801"},
-                    Asked{"ProcessesEnd", {"processes", "end", "com.example.chat"}, "871804"},
-                    Asked{"ProcessesMemory", {"processes", "memory"}, "871806"},
-                    Asked{"CleanerScan", {"cleaner", "scan"}, "871601"},
-                    Asked{"CleanerClean",
-                          {"cleaner", "clean", "--browser-history", "com.example.bus"},
-                          "871602"},
-                    Asked{"AutoStartList", {"autostart", "list"}, "871701"},
-                    Asked{"SettingsRead", {"settings", "read"}, "871501"},
-                    Asked{"SettingsWrite", {"settings", "write", "wifi", "0"}, "871502"}),
+    testing::Values(
+        Asked{"Info", {"info"}, "870004"}, Asked{"ContactsList", {"contacts", "list"}, "870101"},
+        Asked{"ContactsShow", {"contacts", "show", "1"}, "870102"},
+        Asked{"ContactsAdd", {"contacts", "add"}, "870103", kForm},
+        Asked{"ContactsUpdate", {"contacts", "update", "1"}, "870104", kForm},
+        Asked{"ContactsUpdateLoad", {"contacts", "update", "1"}, "870102", kForm},
+        Asked{"ContactsDelete", {"contacts", "delete", "1", "2"}, "870106"},
+        Asked{"ContactsDeleteList", {"contacts", "delete", "1", "2"}, "870101"},
+        Asked{"ContactsDeleteKeeps", {"contacts", "delete", "1", "2"}, "870102"},
+        Asked{"ContactsExportList", {"export", "contacts", "FILE/a.vcf"}, "870101"},
+        Asked{"ContactsExport", {"export", "contacts", "FILE/a.csv"}, "870102"},
+        Asked{"ContactsImportList", {"import", "contacts", "FILE/new.vcf"}, "870101"},
+        Asked{"ContactsImport", {"import", "contacts", "FILE/new.vcf"}, "870103"},
+        Asked{"GroupsList", {"groups", "list"}, "870140"},
+        Asked{"GroupsAdd", {"groups", "add", "x"}, "870121"},
+        Asked{"GroupsRename", {"groups", "rename", "1", "x"}, "870122"},
+        Asked{"GroupsDelete", {"groups", "delete", "1"}, "870124"},
+        Asked{"GroupsDeleteKeeps", {"groups", "delete", "1"}, "870150"},
+        Asked{"SmsList", {"sms", "list"}, "870201"},
+        Asked{"SmsShow", {"sms", "show", "12"}, "870202"},
+        Asked{"SmsSend", {"sms", "send", "--to", "110", "--text", "x"}, "870204"},
+        Asked{"SmsDelete", {"sms", "delete", "12"}, "870206"},
+        Asked{"SmsDeleteKeeps", {"sms", "delete", "12"}, "870202"},
+        Asked{"SmsExportList", {"export", "messages", "FILE/a.html"}, "870201"},
+        Asked{"SmsExport", {"export", "messages", "FILE/a.txt"}, "870202"},
+        Asked{"CallsList", {"calls", "list"}, "870301"},
+        Asked{"CallsDelete", {"calls", "delete", "1"}, "870303"},
+        Asked{"CallsClear", {"calls", "clear"}, "870304"},
+        Asked{"CallsClearKeeps", {"calls", "clear"}, "870301"},
+        Asked{"CallsExport", {"export", "calls", "FILE/a.csv"}, "870301"},
+        Asked{"AlarmsList", {"alarms", "list"}, "870401"},
+        Asked{"AlarmsAdd", {"alarms", "add"}, "870402", kAlarm},
+        Asked{"AlarmsUpdate", {"alarms", "update", "1"}, "870403", kAlarm},
+        Asked{"AlarmsDelete", {"alarms", "delete", "1", "2"}, "870405"},
+        Asked{"BookmarksList", {"bookmarks", "list"}, "870701"},
+        Asked{"BookmarksAdd", {"bookmarks", "add"}, "870702", kBookmark},
+        Asked{"BookmarksUpdate", {"bookmarks", "update", "1"}, "870703", kBookmark},
+        Asked{"BookmarksDelete", {"bookmarks", "delete", "1", "2"}, "870705"},
+        Asked{"BookmarksExport", {"export", "bookmarks", "FILE/a.html"}, "870701"},
+        Asked{"BookmarksImportList", {"import", "bookmarks", "FILE/new.html"}, "870701"},
+        Asked{"BookmarksImport", {"import", "bookmarks", "FILE/new.html"}, "870702"},
+        Asked{"FilesListRoot", {"files", "list"}, "870601"},
+        Asked{"FilesList", {"files", "list", "/sdcard"}, "870602"},
+        Asked{"AppsList", {"apps", "list"}, "870802"},
+        Asked{"AppsListOfTheSite", {"apps", "list", "--site"}, "870002"},
+        Asked{"AppsRun", {"apps", "run", "com.example.chat"}, "870805"},
+        Asked{"ProcessesList", {"processes", "list"}, "871801"},
+        Asked{"ProcessesEnd", {"processes", "end", "com.example.chat"}, "871804"},
+        Asked{"ProcessesMemory", {"processes", "memory"}, "871806"},
+        Asked{"CleanerScan", {"cleaner", "scan"}, "871601"},
+        Asked{
+            "CleanerClean", {"cleaner", "clean", "--browser-history", "com.example.bus"}, "871602"},
+        Asked{"AutoStartList", {"autostart", "list"}, "871701"},
+        Asked{"SettingsRead", {"settings", "read"}, "871501"},
+        Asked{"SettingsWrite", {"settings", "write", "wifi", "0"}, "871502"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
