@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "pages/kit/PageNumbers.h"
 #include "pages/settings/BackupPane.h"
 #include "pages/settings/DeletedPane.h"
 #include "pages/settings/RestorePane.h"
@@ -15,6 +16,7 @@ using look::Metric;
 
 BackupGroup::BackupGroup(PageHost& host, AgentAddress agent, QWidget* parent)
     : CSkinGroupBox(ToQString(u8"备份与恢复"), parent),
+      host_(host),
       agent_(agent),
       backup_(new BackupPane(host, agent)),
       restore_(new RestorePane),
@@ -50,7 +52,14 @@ bool BackupGroup::IsAtWork() const {
 }
 
 void BackupGroup::ShowPlan(const std::filesystem::path& backup) {
-    (new RestorePlanDlg(agent_, backup, this))->Open();
+    auto* plan = new RestorePlanDlg(agent_, backup, this);
+    // The pages show what was there before.
+    connect(plan, &RestorePlanDlg::phoneChanged, this, [this] {
+        for (const PageNumbers& page : {kContactsPage, kAlarmsPage, kBookmarksPage}) {
+            host_.LoadState().Forget(page.loadKey);
+        }
+    });
+    plan->Open();
 }
 
 }  // namespace quorvi

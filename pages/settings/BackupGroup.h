@@ -25,6 +25,7 @@ class BackupGroup : public CSkinGroupBox {
   private:
     void ShowPlan(const std::filesystem::path& backup);
 
+    PageHost& host_;
     AgentAddress agent_;
     BackupPane* backup_;
     RestorePane* restore_;

@@ -215,9 +215,10 @@ void RestorePlanDlg::ShowDone(std::size_t done) {
 
 void RestorePlanDlg::ShowEnd(const RestoreStatus& status, std::size_t done) {
     ShowDone(done);
-    note_->setText(ToQString(u8"已写入 %1 / %2。到各个列表里点刷新，就能看到写入的内容。")
+    note_->setText(ToQString(u8"已写入 %1 / %2。下次打开各个列表时，会重新读取手机上的内容。")
                        .arg(done)
                        .arg(todo_.size()));
+    Q_EMIT phoneChanged();
     if (status.end != RestoreEnd::whole) {
         Enter(Stage::broken, CSkinStateLabel::kRed, ToQString(status.why));
         return;

@@ -39,6 +39,10 @@ class RestorePlanDlg : public SkinDialog {
         std::vector<PlanRow> rows;
     };
 
+  Q_SIGNALS:
+    // A writing has ended, well or not: the phone may have what it had not before.
+    void phoneChanged();
+
   private:
     enum class Stage {
         reading,

@@ -10,8 +10,9 @@
 namespace quorvi {
 
 // From a page's load key to 0 (a load runs) or 1 (a load has ended). That a key is there at all
-// keeps the page from loading by itself again. Never cleared, for a new phone neither. Copies share
-// one map, so that a worker may hold its own. Any thread.
+// keeps the page from loading by itself again, for a new phone too; it goes only when something
+// else than the page has changed what the page shows. Copies share one map, so that a worker may
+// hold its own. Any thread.
 class PageLoadState {
   public:
     static constexpr int kRunning = 0;
@@ -20,6 +21,11 @@ class PageLoadState {
     void Set(int key, int value) {
         const std::lock_guard lock(shared_->mutex);
         shared_->values[key] = value;
+    }
+    // The page loads again when it is shown the next time.
+    void Forget(int key) {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->values.erase(key);
     }
     [[nodiscard]] bool Contains(int key) const {
         const std::lock_guard lock(shared_->mutex);

@@ -5,6 +5,7 @@
 #include "backup/DeletedItems.h"
 #include "base/Places.h"
 #include "base/Text.h"
+#include "pages/kit/PageNumbers.h"
 #include "pages/settings/SettingsPage.h"
 #include "tests/pages/settings/BackupPhone.h"
 #include "tests/support/DialogDriver.h"
@@ -19,6 +20,7 @@ namespace quorvi {
 namespace {
 
 constexpr int kPlan = 690;
+constexpr int kGo = 1215;
 
 class BackupGroupTest : public BackupPhoneTest {
   protected:
@@ -296,6 +298,28 @@ TEST_F(DeletedTest, WhatWasDeletedIsListedAndABookmarkOpensItsPlan) {
     ASSERT_NE(OpenDialog(kPlan), nullptr);
     EXPECT_EQ(OpenDialog(kPlan)->findChild<CSkinListCtrl*>()->CellAt(0, 2).text,
               QStringLiteral("weather"));
+    OpenDialog(kPlan)->close();
+}
+
+TEST_F(DeletedTest, WhatWasBroughtBackIsReadByThePagesWhenTheyAreShownAgain) {
+    BookmarkRow bookmark;
+    bookmark.title = "weather";
+    Keep(std::vector{bookmark}, now_);
+    agent_.AnswerNoData(AgentCommand::listBookmarks);
+    agent_.AnswerAcknowledged(AgentCommand::addBookmark);
+    for (const PageNumbers& page : {kContactsPage, kAlarmsPage, kBookmarksPage, kCallsPage}) {
+        host_.loadState.Set(page.loadKey, PageLoadState::kEnded);
+    }
+    Open();
+    Q_EMIT List().rowOpened(0);
+    Settle();
+    EXPECT_TRUE(host_.loadState.Contains(kBookmarksPage.loadKey));  // nothing is written yet
+    PressIn(kPlan, kGo);
+    Settle();
+    for (const PageNumbers& page : {kContactsPage, kAlarmsPage, kBookmarksPage}) {
+        EXPECT_FALSE(host_.loadState.Contains(page.loadKey)) << page.page;
+    }
+    EXPECT_TRUE(host_.loadState.Contains(kCallsPage.loadKey));
     OpenDialog(kPlan)->close();
 }
 
