@@ -1,7 +1,10 @@
 #include "app/process/Suite.h"
 
+#include <ctime>
 #include <utility>
 
+#include "backup/DeletedItems.h"
+#include "base/Places.h"
 #include "pages/devices/DeviceManagerDlg.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
@@ -31,6 +34,14 @@ void Suite::Start(bool hidden) {
     if (!hidden) {
         window_.show();
     }
+    // What was kept of deletes long ago; the window needs nothing of it.
+    RunJob(
+        &window_,
+        [] {
+            DeletedItems(ThePlaces().DeletedItems()).ForgetOld(std::time(nullptr));
+            return true;
+        },
+        [](bool) {});
 }
 
 MainParts Suite::WindowParts(PageMakers makers) {

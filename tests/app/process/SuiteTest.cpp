@@ -4,7 +4,9 @@
 #include <thread>
 
 #include "app/process/Suite.h"
+#include "backup/DeletedItems.h"
 #include "base/Clock.h"
+#include "base/Places.h"
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/FakeAdb.h"
 
@@ -174,6 +176,21 @@ TEST_F(SuiteOnDoubles, AHiddenStartTakesTheSameStepsWithoutAWindow) {
     AwaitLinksEnd();
     EXPECT_EQ(steps_.Noted().size(), 6U);
     EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(SuiteOnDoubles, WhatWasKeptOfDeletesAMonthAgoGoesAtTheStart) {
+    const DeletedItems items(ThePlaces().DeletedItems());
+    const std::int64_t now = std::time(nullptr);
+    const auto keep = [&](std::int64_t made) {
+        return items.Keep(/*agent=*/1, std::vector<CallLogRow>(1), made, StopSignal()).backup;
+    };
+    const auto old = keep(now - kKeptSeconds - 60);
+    const auto young = keep(now);
+    ASSERT_TRUE(std::filesystem::exists(old));
+    Start();
+    EXPECT_TRUE(WaitFor([&] { return !std::filesystem::exists(old); }));
+    EXPECT_TRUE(std::filesystem::exists(young));
+    AwaitLinksEnd();
 }
 
 TEST_F(SuiteOnDoubles, AnArrivalReachesTheWindowAndTheLinkAfterItsDelay) {
