@@ -19,6 +19,7 @@ constexpr const char* kUserFolder = "Quorvi";
 constexpr const char* kSettingsName = "Quorvi.ini";
 constexpr const char* kTaskDatabaseName = "Config.db";
 constexpr const char* kDeletedItemsFolder = "deleted";
+constexpr const char* kLogName = "quorvi.log";
 
 // An absolute path that a variable tells.
 std::filesystem::path PathOf(const Environment& environment, const char* name,
@@ -61,12 +62,17 @@ std::filesystem::path Places::DeletedItems() const {
     return data / kUserFolder / kDeletedItemsFolder;
 }
 
+std::filesystem::path Places::LogFile() const {
+    return state / kUserFolder / kLogName;
+}
+
 Places PlacesOf(std::filesystem::path program, const Environment& environment) {
     Places places;
     places.program = std::move(program);
     places.home = PathOf(environment, "HOME", "/");
     places.config = PathOf(environment, "XDG_CONFIG_HOME", places.home / ".config");
     places.data = PathOf(environment, "XDG_DATA_HOME", places.home / ".local" / "share");
+    places.state = PathOf(environment, "XDG_STATE_HOME", places.home / ".local" / "state");
     places.temporary = PathOf(environment, "TMPDIR", "/tmp");
     places.deployment = PathOf(environment, "QUORVI_DEPLOYMENT", {});
     return places;

@@ -23,6 +23,8 @@ struct Places {
     std::filesystem::path temporary;  // the platform's temporary folder
     // The file that holds in the place of the delivered deployment; empty for none.
     std::filesystem::path deployment = {};
+    // What the user's programs keep of their own running.
+    std::filesystem::path state = {};
 
     // A file that the user or the deployment may have put beside the program's own.
     [[nodiscard]] std::filesystem::path Beside(const std::filesystem::path& name) const {
@@ -48,12 +50,15 @@ struct Places {
     // Where what the user deletes from a phone is kept for a while: a folder, which may have to be
     // made first.
     [[nodiscard]] std::filesystem::path DeletedItems() const;
+
+    // The log of the suite: a file, whose folder may have to be made first.
+    [[nodiscard]] std::filesystem::path LogFile() const;
 };
 
 // The places of a program by its environment, as freedesktop.org's base directories lay them down:
-// XDG_CONFIG_HOME and XDG_DATA_HOME where they are absolute paths, otherwise .config and
-// .local/share of HOME; TMPDIR, otherwise /tmp. QUORVI_DEPLOYMENT, an absolute path, tells the
-// deployment's file.
+// XDG_CONFIG_HOME, XDG_DATA_HOME and XDG_STATE_HOME where they are absolute paths, otherwise
+// .config, .local/share and .local/state of HOME; TMPDIR, otherwise /tmp. QUORVI_DEPLOYMENT, an
+// absolute path, tells the deployment's file.
 [[nodiscard]] Places PlacesOf(std::filesystem::path program, const Environment& environment);
 
 // The places of the running program, worked out at each call. Any thread.

@@ -27,6 +27,7 @@ TEST(Places, UsersFoldersStandBelowHomeWhenNothingElseIsSaid) {
     EXPECT_EQ(places.home, "/nowhere/u");
     EXPECT_EQ(places.config, "/nowhere/u/.config");
     EXPECT_EQ(places.data, "/nowhere/u/.local/share");
+    EXPECT_EQ(places.state, "/nowhere/u/.local/state");
     EXPECT_EQ(places.temporary, "/tmp");
 }
 
@@ -34,9 +35,11 @@ TEST(Places, EnvironmentMovesThemAndRelativePathsAreIgnored) {
     const Places places = PlacesOf("/opt/q/quorvi", Of({{"HOME", "/nowhere/u"},
                                                         {"XDG_CONFIG_HOME", "/c"},
                                                         {"XDG_DATA_HOME", "data"},
+                                                        {"XDG_STATE_HOME", "/s"},
                                                         {"TMPDIR", "/t"}}));
     EXPECT_EQ(places.config, "/c");
     EXPECT_EQ(places.data, "/nowhere/u/.local/share");
+    EXPECT_EQ(places.state, "/s");
     EXPECT_EQ(places.temporary, "/t");
 }
 
@@ -52,6 +55,11 @@ TEST(Places, ADeploymentThatIsToldStandsInThePlaceOfTheDelivered) {
 TEST(Places, SettingsHaveAFolderOfTheirOwn) {
     const Places places = PlacesOf("/opt/q/quorvi", Of({{"XDG_CONFIG_HOME", "/c"}}));
     EXPECT_EQ(places.SettingsFile(), "/c/Quorvi/Quorvi.ini");
+}
+
+TEST(Places, TheLogStandsAmongTheUsersState) {
+    const Places places = PlacesOf("/opt/q/quorvi", Of({{"XDG_STATE_HOME", "/s"}}));
+    EXPECT_EQ(places.LogFile(), "/s/Quorvi/quorvi.log");
 }
 
 TEST(Places, WhatIsDeliveredIsLookedForBesideTheProgramFirst) {
