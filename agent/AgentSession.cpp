@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <utility>
+
+#include "log/EventLog.h"
 
 namespace quorvi {
 namespace {
@@ -43,6 +46,44 @@ SessionOutcome ReceivePayload(const TcpSocket& socket, ReplyBuffer& buffer,
     }
     return SessionOutcome::complete;
 }
+
+LogWord WordOf(SessionOutcome outcome) {
+    switch (outcome) {
+        case SessionOutcome::complete:
+            return "complete";
+        case SessionOutcome::cut:
+            return "cut";
+        case SessionOutcome::noData:
+            return "no-data";
+        case SessionOutcome::noReply:
+            return "no-reply";
+        case SessionOutcome::connectFailed:
+            return "connect-failed";
+        case SessionOutcome::receiveFailed:
+            return "receive-failed";
+    }
+    return "unknown";
+}
+
+// What the log holds of an exchange: its command's number, and nothing of what was said in it.
+class SessionNote {
+  public:
+    explicit SessionNote(std::span<const std::byte> request)
+        : command_(request.size() < kWordBytes ? 0 : ReadUInt32(request.data())) {}
+
+    void End(SessionOutcome outcome, std::size_t bytes) const {
+        LogEvent("session", {{"command", LogValue::Count(command_)},
+                             {"outcome", WordOf(outcome)},
+                             {"kb", LogValue::Kilobytes(bytes)},
+                             {"ms", LogValue::Since(start_)}});
+    }
+
+  private:
+    static constexpr std::size_t kWordBytes = 4;
+
+    std::uint32_t command_;
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
 
 PayloadReply ReceiveReply(const TcpSocket& socket, const AgentSession::Progress& progress,
                           NoDataWord noData) {
@@ -100,21 +141,27 @@ PayloadReply AgentSession::ReadPayload(const Progress& progress, NoDataWord noDa
 
 PayloadReply AgentSession::RunPayload(std::span<const std::byte> request, const Progress& progress,
                                       NoDataWord noData) const {
+    const SessionNote note(request);
     AgentSession session(agent_);
-    if (!session.Open()) {
-        return {};
+    PayloadReply reply;
+    if (session.Open()) {
+        session.SendFramed(request);
+        reply = session.ReadPayload(progress, noData);
     }
-    session.SendFramed(request);
-    return session.ReadPayload(progress, noData);
+    note.End(reply.outcome, reply.buffer.Received());
+    return reply;
 }
 
 AcknowledgedReply AgentSession::RunAcknowledged(std::span<const std::byte> request) const {
+    const SessionNote note(request);
     AgentSession session(agent_);
-    if (!session.Open()) {
-        return {};
+    AcknowledgedReply reply;
+    if (session.Open()) {
+        session.SendFramed(request);
+        reply = session.ReadAcknowledgement();
     }
-    session.SendFramed(request);
-    return session.ReadAcknowledgement();
+    note.End(reply.outcome, 0);
+    return reply;
 }
 
 }  // namespace quorvi

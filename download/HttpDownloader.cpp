@@ -1,12 +1,15 @@
 #include "download/HttpDownloader.h"
 
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
+
+#include "log/EventLog.h"
 
 namespace quorvi {
 
@@ -31,6 +34,46 @@ struct CHttpDownloader::State {
     const Known* latest = nullptr;  // the run that was started last
     std::condition_variable ended;  // a run has
 };
+
+namespace {
+
+LogWord WordOf(DownloadEvent event) {
+    switch (event) {
+        case DownloadEvent::started:
+            return "started";
+        case DownloadEvent::progress:
+            return "progress";
+        case DownloadEvent::complete:
+            return "complete";
+        case DownloadEvent::stopped:
+            return "stopped";
+        case DownloadEvent::rangeRefused:
+            return "range-refused";
+        case DownloadEvent::closedEarly:
+            return "closed-early";
+        case DownloadEvent::receiveFailed:
+            return "receive-failed";
+        case DownloadEvent::refused:
+            return "refused";
+    }
+    return "unknown";
+}
+
+LogWord WordOf(DownloadFault fault) {
+    switch (fault) {
+        case DownloadFault::none:
+            return "none";
+        case DownloadFault::noConnection:
+            return "no-connection";
+        case DownloadFault::diskFull:
+            return "disk-full";
+        case DownloadFault::cannotWrite:
+            return "cannot-write";
+    }
+    return "unknown";
+}
+
+}  // namespace
 
 // What one run has of the engine.
 class CHttpDownloader::Run : public TransferFace {
@@ -63,6 +106,11 @@ class CHttpDownloader::Run : public TransferFace {
             state_->fault = fault_;
             known_->complete = event == DownloadEvent::complete;
         }
+        if (event != DownloadEvent::progress) {
+            LogEvent("download", {{"event", WordOf(event)},
+                                  {"fault", WordOf(fault_)},
+                                  {"ms", LogValue::Since(start_)}});
+        }
         if (const auto sink = sink_.lock()) {
             sink->OnDownloadEvent(event, speed, percent);
         }
@@ -91,6 +139,7 @@ class CHttpDownloader::Run : public TransferFace {
     std::weak_ptr<IDownloadSink> sink_;
     std::string url_;
     DownloadFault fault_ = DownloadFault::none;
+    const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
 CHttpDownloader::CHttpDownloader(TransferLimits limits) : state_(std::make_shared<State>(limits)) {}

@@ -1,5 +1,6 @@
 #include "link/PackageInstaller.h"
 
+#include <chrono>
 #include <cstdio>
 #include <system_error>
 #include <thread>
@@ -8,6 +9,7 @@
 #include "base/Text.h"
 #include "link/AdbCapture.h"
 #include "link/AdbCommand.h"
+#include "link/LinkLog.h"
 
 namespace quorvi {
 
@@ -22,6 +24,7 @@ PackageInstaller::PackageInstaller(LinkEnvironment environment)
     : state_(std::make_shared<State>(std::move(environment))) {}
 
 InstallResult PackageInstaller::Install(const PackageInstall& install, Debug debug) const {
+    const auto start = std::chrono::steady_clock::now();
     state_->observers.Tell({install, std::nullopt});
     AdbCommand command = InstallCommand(state_->environment, install.serial, install.package);
     if (debug == Debug::command) {
@@ -33,6 +36,7 @@ InstallResult PackageInstaller::Install(const PackageInstall& install, Debug deb
     const InstallResult result = capture.outcome == RunOutcome::started
                                      ? ParseInstall(Trim(capture.text))
                                      : InstallResult::noProcess;
+    LogInstall(result, start);
     state_->observers.Tell({install, result});
     return result;
 }

@@ -15,6 +15,7 @@
 #include "link/AdbOutput.h"
 #include "link/AdbPipe.h"
 #include "link/FindDevice.h"
+#include "link/LinkLog.h"
 #include "link/LinkText.h"
 
 namespace quorvi {
@@ -120,8 +121,10 @@ void PhoneLink::Procedure::RunWorker(bool delay) {
 }
 
 bool PhoneLink::Procedure::TakesQuery() {
+    const auto start = std::chrono::steady_clock::now();
     const FindDeviceResult found = FindDevice(
         device_, [this](std::string_view title) { face_.ChooseDevice(title); }, environment_);
+    LogSearch(found, start);
     face_.Searched(found);
     if (found != FindDeviceResult::found) {
         ShowFailure(found);
@@ -182,11 +185,13 @@ PhoneLink::Procedure::Next PhoneLink::Procedure::LinkAgent() {
                                     face_.ShowBanner(BannerText(event), BannerState::error);
                                 }
                             });
+    LogForward(stands);
     if (!stands) {
         return Next::nothing;
     }
     clock_.SleepFor(kAgentStartDelay);
     const int version = AgentVersion();
+    LogAgent(version, version >= kNewestAgentThreshold);
     if (version < 1) {
         face_.ShowBanner(Ansi(u8"【错误】连接手机端失败"), BannerState::error);
         return Next::nothing;

@@ -1,10 +1,12 @@
 #include "online/VersionNews.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 
 #include "base/Text.h"
 #include "base/Xml.h"
+#include "log/EventLog.h"
 
 namespace quorvi {
 namespace {
@@ -69,7 +71,11 @@ VersionNews ParseVersionNews(std::string_view xml) {
 }
 
 VersionNews FetchVersionNews(const Deployment& deployment, const HttpLimits& limits) {
+    const auto start = std::chrono::steady_clock::now();
     const HttpReply reply = HttpGet(deployment.siteRoot + "update.xml", limits);
+    LogEvent("update.check", {{"status", LogValue::Count(reply.status)},
+                              {"whole", LogValue::Flag(reply.whole)},
+                              {"ms", LogValue::Since(start)}});
     return ParseVersionNews(reply.IsPage() ? reply.body : std::string_view());
 }
 
