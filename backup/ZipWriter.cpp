@@ -20,8 +20,7 @@ std::error_code ErrorOf(const zip_error_t* error) {
     return std::make_error_code(std::errc::io_error);
 }
 
-bool AddFile(zip_t* archive, const std::filesystem::path& file, const std::string& name) {
-    zip_source_t* source = zip_source_file(archive, file.c_str(), 0, -1);
+bool Add(zip_t* archive, zip_source_t* source, const std::string& name) {
     if (source == nullptr) {
         return false;
     }
@@ -31,6 +30,16 @@ bool AddFile(zip_t* archive, const std::filesystem::path& file, const std::strin
         return false;
     }
     return true;
+}
+
+// Packs what was added, and puts the file in its place.
+std::error_code Close(zip_t* archive, bool added) {
+    if (added && zip_close(archive) == 0) {
+        return {};
+    }
+    const std::error_code failed = ErrorOf(zip_get_error(archive));
+    zip_discard(archive);
+    return failed;
 }
 
 }  // namespace
@@ -44,7 +53,8 @@ std::error_code WriteZip(const std::filesystem::path& zip, const std::filesystem
     }
     bool added = true;
     for (const std::string& name : names) {
-        added = added && AddFile(archive, folder / name, name);
+        added =
+            added && Add(archive, zip_source_file(archive, (folder / name).c_str(), 0, -1), name);
     }
     // It asks while it packs, in zip_close.
     zip_register_cancel_callback_with_state(
@@ -53,12 +63,26 @@ std::error_code WriteZip(const std::filesystem::path& zip, const std::filesystem
             return static_cast<const StopSignal*>(state)->IsStopped() ? 1 : 0;
         },
         nullptr, const_cast<StopSignal*>(&stop));
-    if (added && zip_close(archive) == 0) {
-        return {};
+    return Close(archive, added);
+}
+
+std::error_code WriteZip(const std::filesystem::path& zip, std::span<const ZipText> texts,
+                         ExistingFile existing) {
+    const int how = existing == ExistingFile::refuses ? ZIP_EXCL : ZIP_TRUNCATE;
+    int code = 0;
+    zip_t* archive = zip_open(zip.c_str(), ZIP_CREATE | how, &code);
+    if (archive == nullptr) {
+        const int system = errno;
+        return code == ZIP_ER_EXISTS ? std::make_error_code(std::errc::file_exists)
+                                     : std::error_code(system, std::generic_category());
     }
-    const std::error_code failed = ErrorOf(zip_get_error(archive));
-    zip_discard(archive);
-    return failed;
+    bool added = true;
+    for (const ZipText& text : texts) {
+        added = added &&
+                Add(archive, zip_source_buffer(archive, text.bytes.data(), text.bytes.size(), 0),
+                    text.name);
+    }
+    return Close(archive, added);
 }
 
 }  // namespace quorvi

@@ -19,6 +19,10 @@ AdbCommand DevicesCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "devices"};
 }
 
+AdbCommand VersionCommand(const LinkEnvironment& environment) {
+    return {environment.adbPath(), "version"};
+}
+
 AdbCommand MdnsServicesCommand(const LinkEnvironment& environment) {
     return {environment.adbPath(), "mdns", "services"};
 }

@@ -17,6 +17,9 @@ using AdbCommand = std::vector<std::string>;
 // adb devices
 [[nodiscard]] AdbCommand DevicesCommand(const LinkEnvironment& environment);
 
+// adb version
+[[nodiscard]] AdbCommand VersionCommand(const LinkEnvironment& environment);
+
 // adb mdns services
 [[nodiscard]] AdbCommand MdnsServicesCommand(const LinkEnvironment& environment);
 

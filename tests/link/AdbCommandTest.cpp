@@ -19,6 +19,7 @@ LinkEnvironment With(const char* adb) {
 TEST(AdbCommand, EachHasTheToldArgumentsInTheirOrder) {
     const LinkEnvironment environment = With("/opt/adb");
     EXPECT_THAT(DevicesCommand(environment), ElementsAre("/opt/adb", "devices"));
+    EXPECT_THAT(VersionCommand(environment), ElementsAre("/opt/adb", "version"));
     EXPECT_THAT(ForwardListCommand(environment), ElementsAre("/opt/adb", "forward", "--list"));
     EXPECT_THAT(GetpropCommand(environment, "HT04"),
                 ElementsAre("/opt/adb", "-s", "HT04", "shell", "getprop"));
