@@ -261,6 +261,13 @@ constexpr Command kCommands[] = {
      .fewest = 1,
      .most = 1,
      .run = RunVerify},
+    {.words = "report",
+     .synopsis = "FILE",
+     .summary = u8"把日志、版本和 adb 的状态保存到一个 .zip 文件，供排查问题；先列出里面有什么，"
+                u8"没有姓名、号码和短信内容",
+     .fewest = 1,
+     .most = 1,
+     .run = RunReport},
     {.words = "update", .summary = u8"网站上的最新版本和更新日志", .run = RunUpdate},
     {.words = "feedback",
      .synopsis = "--model M --firmware F --content TEXT [--platform android|ophone] [--email E] "

@@ -61,6 +61,7 @@ Status RunSmsSend(const Arguments& arguments, const Context& context, Output& ou
 Status RunSmsShow(const Arguments& arguments, const Context& context, Output& output);
 Status RunSpecs(const Arguments& arguments, const Context& context, Output& output);
 Status RunSpecsCheck(const Arguments& arguments, const Context& context, Output& output);
+Status RunReport(const Arguments& arguments, const Context& context, Output& output);
 Status RunUpdate(const Arguments& arguments, const Context& context, Output& output);
 Status RunVerify(const Arguments& arguments, const Context& context, Output& output);
 Status RunWeather(const Arguments& arguments, const Context& context, Output& output);

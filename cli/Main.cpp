@@ -1,4 +1,5 @@
 // quorvictl: the suite's logic on the command line.
+#include <chrono>
 #include <string>
 #include <variant>
 #include <vector>
@@ -13,20 +14,33 @@
 #include "cli/CommandLine.h"
 #include "cli/CommandTable.h"
 #include "cli/Output.h"
+#include "log/EventLog.h"
 
 namespace quorvi::cli {
 namespace {
+
+// A command, between its start and its end in the log.
+Status Run(const Call& call) {
+    const auto start = std::chrono::steady_clock::now();
+    StartLog("quorvictl", ThePlaces().LogFile());
+    LogEvent("start", {{"version", LogValue::Version(ProductVersion())}});
+    Output output(call.json);
+    const Context context{.agent = AgentPort,
+                          .attribution = MakeNumberAttribution(),
+                          .deployment = TheDeployment(),
+                          .tasks = ThePlaces().TaskDatabase()};
+    const Status status = call.command->run(call.arguments, context, output);
+    LogEvent("end", {{"status", LogValue::Count(static_cast<int>(status))},
+                     {"ms", LogValue::Since(start)}});
+    FlushLog();
+    return status;
+}
 
 Status Run(const std::vector<std::string>& words) {
     SetCodePage(ChosenCodePage(SettingsFile(), TheDeployment().codePage));
     const auto line = ReadCommandLine(words, AllCommands());
     if (const auto* call = std::get_if<Call>(&line)) {
-        Output output(call->json);
-        const Context context{.agent = AgentPort,
-                              .attribution = MakeNumberAttribution(),
-                              .deployment = TheDeployment(),
-                              .tasks = ThePlaces().TaskDatabase()};
-        return call->command->run(call->arguments, context, output);
+        return Run(*call);
     }
     Output output(false);
     if (const auto* error = std::get_if<UsageError>(&line)) {
