@@ -72,13 +72,13 @@ endfunction()
 
 # quorvi_feature(name LOGIC … UI … USES … WITH …): one feature of pages/<name>, from its class names.
 # LOGIC becomes the library quorvi_<name>, which cannot see Qt, UI the library quorvi_<name>_ui. USES
-# names the rooms that the feature needs beyond the kit: refdata, link, desktop, or html and backup,
-# which only the UI sees; WITH, what the logic alone links from outside. All features together are
+# names the rooms that the feature needs beyond the kit: refdata, link, desktop, or html, backup and
+# report, which only the UI sees; WITH, what the logic alone links from outside. All features together are
 # quorvi_pages and quorvi_pages_ui.
 function(quorvi_feature name)
   cmake_parse_arguments(ARG "" "" "LOGIC;UI;USES;WITH" ${ARGN})
   set(ui_rooms quorvi_${name} quorvi_kit_ui)
-  foreach(room html backup phone_backup)
+  foreach(room html backup phone_backup report)
     if(room IN_LIST ARG_USES)
       list(REMOVE_ITEM ARG_USES ${room})
       list(APPEND ui_rooms quorvi_${room})

@@ -7,6 +7,7 @@
 
 #include "base/CodePageChoice.h"
 #include "pages/settings/BackupGroup.h"
+#include "pages/settings/DiagnosisGroup.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -46,6 +47,17 @@ QLabel* Line(std::u8string_view text, Color ink) {
     return new PlainLabel(ToQString(text), Size::s12, ink);
 }
 
+// Two groups beside each other, of one width.
+QLayout* Halves(QWidget* left, QWidget* right) {
+    auto* halves = new QHBoxLayout;
+    halves->setSpacing(Metric::gap3);
+    for (QWidget* half : {left, right}) {
+        half->setSizePolicy(QSizePolicy::Ignored, half->sizePolicy().verticalPolicy());
+        halves->addWidget(half, 1);
+    }
+    return halves;
+}
+
 template <typename Control>
 Control* Hidden(Control* control) {
     control->hide();
@@ -66,7 +78,8 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
       repairText_(new CSkinStateLabel(ToQString(u8"就绪"))),
       gb18030_(new SkinRadio(ToQString(u8"GB18030（所有字符都能显示和保存）"))),
       gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))),
-      backup_(new BackupGroup(host, services.agent)) {
+      backup_(new BackupGroup(host, services.agent)),
+      diagnosis_(new DiagnosisGroup(host)) {
     for (const auto& [button, number] :
          std::initializer_list<std::pair<QAbstractButton*, int>>{{autoRun_, kAutoRun},
                                                                  {autoRunOnUsb_, kAutoRunOnUsb},
@@ -107,6 +120,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     auto* codePageHint = Line(u8"更改后，退出并重新启动奎维掌上工坊才会生效", Color::ink2);
     codePageHint->setIndent(Metric::tick + Metric::tickGap);
     codePageRows->addWidget(codePageHint);
+    codePageRows->addStretch();
 
     auto* repair = new CSkinGroupBox(ToQString(u8"修复组件"));
     auto* repairRows = new QVBoxLayout(repair);
@@ -121,17 +135,13 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     repairRows->addWidget(repairText_);
     repairRows->addStretch();
 
-    auto* halves = new QHBoxLayout;
-    halves->setSpacing(Metric::gap3);
-    halves->addWidget(start, 1);
-    halves->addWidget(repair, 1);
     auto* groups = new QWidget;
     auto* rows = new QVBoxLayout(groups);
     rows->setContentsMargins(0, 0, Metric::gap2, 0);
     rows->setSpacing(Metric::gap3);
-    rows->addLayout(halves);
+    rows->addLayout(Halves(start, repair));
     rows->addWidget(backup_);
-    rows->addWidget(codePage);
+    rows->addLayout(Halves(codePage, diagnosis_));
     rows->addStretch();
 
     auto* view = new QScrollArea(this);
@@ -166,10 +176,11 @@ void SettingsPage::OnInitDialog() {
 void SettingsPage::showEvent(QShowEvent* event) {
     Page::showEvent(event);
     backup_->Refresh();
+    diagnosis_->Refresh();
 }
 
 bool SettingsPage::IsAtWork() const {
-    return Page::IsAtWork() || job_.Running() || backup_->IsAtWork();
+    return Page::IsAtWork() || job_.Running() || backup_->IsAtWork() || diagnosis_->IsAtWork();
 }
 
 template <typename Work, typename Done>

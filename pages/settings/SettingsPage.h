@@ -1,5 +1,6 @@
 // The settings of the suite: the start with the desktop, the repair of what ties the program to the
-// desktop, the backups of the phone and the way back, and the code page.
+// desktop, the backups of the phone and the way back, the code page, and the report for whoever
+// helps.
 #pragma once
 
 #include <memory>
@@ -18,6 +19,7 @@ class QAbstractButton;
 namespace quorvi {
 
 class BackupGroup;
+class DiagnosisGroup;
 class CSkinButton;
 class CSkinCheck;
 class CSkinProgress;
@@ -71,6 +73,7 @@ class SettingsPage : public Page {
     SkinRadio* gb18030_;
     SkinRadio* gbk_;
     BackupGroup* backup_;
+    DiagnosisGroup* diagnosis_;
 };
 
 }  // namespace quorvi

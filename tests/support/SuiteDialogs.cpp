@@ -16,6 +16,7 @@
 #include "pages/downloads/DuplicateTaskDlg.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/numbers/NumberQueryDlg.h"
+#include "pages/settings/DiagnosisDlg.h"
 #include "pages/settings/RestorePlanDlg.h"
 #include "pages/weather/WeatherCityDlg.h"
 #include "tests/pages/contacts/ContactReplies.h"
@@ -127,6 +128,10 @@ std::vector<SuiteDialog> SuiteDialogs() {
         {"RestorePlan", "planCounter0 planCounter1 planCounter2 planCounter3 1074 1215 1021",
          [](DialogGround& g) {
              return new RestorePlanDlg(g.agent.Port(), g.scratch.Path() / "none.zip", &g.window);
+         }},
+        {"Diagnosis", "3 1215 1021",
+         [](DialogGround& g) {
+             return new DiagnosisDlg(QStringLiteral("versions.txt"), &g.window);
          }},
         {"DownloadSettings", "1383 1216 1217 1215",
          [](DialogGround& g) {
