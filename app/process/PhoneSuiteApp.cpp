@@ -14,10 +14,25 @@
 #include "app/process/StartOptions.h"
 #include "app/process/Suite.h"
 #include "app/window/MainDlg.h"
+#include "base/Places.h"
+#include "base/Version.h"
+#include "log/EventLog.h"
 #include "ui/html/HtmlEngine.h"
 #include "ui/kit/ApplyLook.h"
 
 namespace quorvi {
+namespace {
+
+// What the window is shown by.
+LogWord PlatformWord() {
+    const QString name = QGuiApplication::platformName();
+    return name == QLatin1String("xcb")         ? LogWord("x11")
+           : name == QLatin1String("wayland")   ? LogWord("wayland")
+           : name == QLatin1String("offscreen") ? LogWord("offscreen")
+                                                : LogWord("other");
+}
+
+}  // namespace
 
 CPhoneSuiteApp::CPhoneSuiteApp(int& argc, char** argv) : argc_(argc), argv_(argv) {}
 
@@ -26,6 +41,8 @@ int CPhoneSuiteApp::Run() {
     if (argc_ == 2 && std::strcmp(argv_[1], kApologyOption) == 0) {
         QApplication application(argc_, argv_);
         ApplyLook(application);
+        StartLog("quorvi", ThePlaces().LogFile());
+        LogEvent("crash");
         ShowApology();
         return 0;
     }
@@ -44,6 +61,11 @@ int CPhoneSuiteApp::RunWindow() {
         return 0;
     }
     PrepareApplication(application);
+    StartLog("quorvi", ThePlaces().LogFile());
+    LogEvent("start", {{"version", LogValue::Version(ProductVersion())},
+                       {"qt", LogValue::Version(qVersion())},
+                       {"platform", PlatformWord()},
+                       {"hidden", LogValue::Flag(hidden)}});
     auto& machine = *new DesktopMachine(*instance.release());
     auto& suite = *new Suite(machine.Parts());
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });

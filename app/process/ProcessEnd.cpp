@@ -15,6 +15,7 @@
 #include <fstream>
 #include <string>
 
+#include "log/EventLog.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
 
@@ -103,6 +104,8 @@ void KillChildren() {
 
 void EndProcess(int status) {
     KillChildren();
+    LogEvent("end", {{"status", LogValue::Count(status)}});
+    FlushLog();
     std::fflush(nullptr);
     std::_Exit(status);
 }

@@ -95,6 +95,23 @@ TEST_F(Program, EndsWhileAnAdbCommandNeverEnds) {
     EXPECT_TRUE(WaitFor([] { return ProcessesWith(Mark()).empty(); }));
 }
 
+// A crash would leave no end.
+TEST_F(Program, ItsStartAndItsEndStandInTheLog) {
+    const EnvironmentVariable state("XDG_STATE_HOME",
+                                    folder_.filePath(QStringLiteral("state")).toStdString());
+    const auto program = Start({});
+    WaitUntilUp();
+    const QByteArray self = "quorvi[" + QByteArray::number(program->processId()) + "] ";
+    program->terminate();
+    ASSERT_TRUE(program->waitForFinished(kStartLimitMs));
+    QFile log(folder_.filePath(QStringLiteral("state/Quorvi/quorvi.log")));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    const QByteArray lines = log.readAll();
+    EXPECT_TRUE(lines.contains(self + "start version=")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains(" platform=offscreen hidden=no\n")) << lines.toStdString();
+    EXPECT_TRUE(lines.contains(self + "end status=0\n")) << lines.toStdString();
+}
+
 // Its libraries are large: the window would wait for them.
 TEST_F(Program, TheBrowserEngineIsNoneOfItsLibrariesAndIsLoadedAfterwards) {
     constexpr const char* kEngine = "libQt6WebEngineCore";
