@@ -30,6 +30,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/WindowFrame.h"
 #include "ui/look/Look.h"
+#include "ui/page/OpenGuide.h"
 
 namespace quorvi {
 namespace {
@@ -334,10 +335,10 @@ void CMainDlg::closeEvent(QCloseEvent* event) {
     EndDialog();
 }
 
-// Swallows Escape everywhere in the window and Enter outside the search box, so that neither closes
-// it. An HTML view lets Enter no further than to its links. A key that changed the page and is
-// still held does nothing in the page, to which the focus has gone. A dialog over the window is a
-// window of its own and gets its keys.
+// F1 opens the guide. Swallows Escape everywhere in the window and Enter outside the search box, so
+// that neither closes it. An HTML view lets Enter no further than to its links. A key that changed
+// the page and is still held does nothing in the page, to which the focus has gone. A dialog over
+// the window is a window of its own and gets its keys.
 bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* widget = qobject_cast<QWidget*>(object);
@@ -349,6 +350,12 @@ bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
                 return true;
             }
             const int key = press->key();
+            if (key == Qt::Key_F1) {
+                OpenGuide(this, [this] {
+                    SetStatus(ToQString(u8"【X】没有打开使用指南，请检查桌面有没有浏览器"));
+                });
+                return true;
+            }
             const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
             if (key == Qt::Key_Escape ||
                 (enter && widget != &caption_->Search() && !CHtmlCtrlBase::Holds(*widget))) {

@@ -66,12 +66,12 @@ std::unique_ptr<QTemporaryDir> Install::folder_;
 TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
     for (const char* file :
          {"bin/quorvi", "bin/quorvictl", "bin/quorvi-phone", "bin/quorvi-site", kModule,
-          "share/quorvi/Data/deployment.json", "share/quorvi/com.quorvi.Quorvi.apk",
-          "share/applications/quorvi.desktop", "share/icons/hicolor/scalable/apps/quorvi.svg",
-          "share/doc/quorvi/README.md", "share/doc/quorvi/copyright",
-          "share/doc/quorvi/changelog.gz", "share/man/man1/quorvi.1.gz",
-          "share/man/man1/quorvictl.1.gz", "share/man/man1/quorvi-phone.1.gz",
-          "share/bash-completion/completions/quorvictl",
+          "share/quorvi/Data/deployment.json", "share/quorvi/Data/guide.html",
+          "share/quorvi/com.quorvi.Quorvi.apk", "share/applications/quorvi.desktop",
+          "share/icons/hicolor/scalable/apps/quorvi.svg", "share/doc/quorvi/README.md",
+          "share/doc/quorvi/copyright", "share/doc/quorvi/changelog.gz",
+          "share/man/man1/quorvi.1.gz", "share/man/man1/quorvictl.1.gz",
+          "share/man/man1/quorvi-phone.1.gz", "share/bash-completion/completions/quorvictl",
           "share/metainfo/com.quorvi.Quorvi.metainfo.xml"}) {
         EXPECT_TRUE(QFile::exists(In(file))) << file;
     }

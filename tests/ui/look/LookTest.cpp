@@ -155,24 +155,26 @@ TEST_F(LookTest, NoColourStandsOutsideTheTable) {
     EXPECT_GT(files, 0);
 }
 
-// The style sheets of the HTML views hold a subset of the table, value for value.
+// The style sheets of the HTML views, and of the guide, hold a subset of the table, value for
+// value.
 TEST_F(LookTest, StyleSheetsOfTheViewsAgreeWithTheTable) {
     std::map<std::string, QRgb> table;
     for (const look::ColorRow& row : look::kColors) {
         table[std::string(row.token)] = row.value;
     }
     const QRegularExpression declaration(QStringLiteral("--([a-z0-9-]+):\\s*#([0-9A-Fa-f]{6})"));
-    auto matches =
-        declaration.globalMatch(ReadAll(kSource + QStringLiteral("/res/views/base.css")));
-    int found = 0;
-    while (matches.hasNext()) {
-        const auto match = matches.next();
-        const std::string token = match.captured(1).toStdString();
-        ASSERT_TRUE(table.contains(token)) << token;
-        EXPECT_EQ(0xFF000000U | match.captured(2).toUInt(nullptr, 16), table[token]) << token;
-        ++found;
+    for (const char* sheet : {"/res/views/base.css", "/Data/guide.html"}) {
+        auto matches = declaration.globalMatch(ReadAll(kSource + QString::fromLatin1(sheet)));
+        int found = 0;
+        while (matches.hasNext()) {
+            const auto match = matches.next();
+            const std::string token = match.captured(1).toStdString();
+            ASSERT_TRUE(table.contains(token)) << token;
+            EXPECT_EQ(0xFF000000U | match.captured(2).toUInt(nullptr, 16), table[token]) << token;
+            ++found;
+        }
+        EXPECT_GT(found, 10) << sheet;
     }
-    EXPECT_GT(found, 10);
 }
 
 TEST_F(LookTest, EveryIconRendersAtEveryScale) {
