@@ -83,16 +83,13 @@ void PageStack::RunCommand(const PageRow& row, int index) {
     if (index < 0 || index >= static_cast<int>(kCommandCount)) {
         return;
     }
-    // While a change is on its way to the phone its page is disabled: what follows the change comes
-    // before anything else that the user asks for.
-    if (!page.isEnabled()) {
-        return;
-    }
     switch (row.commands[static_cast<std::size_t>(index)].action) {
         case CommandAction::none:
             break;
         case CommandAction::load:
-            page.Load();
+            if (page.isEnabled()) {  // as with the commands of its own
+                page.Load();
+            }
             break;
         case CommandAction::own:
             page.OnCommand(index);

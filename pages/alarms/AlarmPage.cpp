@@ -51,10 +51,7 @@ void CAlarmPage::Select(int row) {
     }
 }
 
-void CAlarmPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a delete is on its way
-    }
+void CAlarmPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             RefreshAlarms();

@@ -24,7 +24,6 @@ class CAlarmPage : public Page {
     void RefreshAlarms() { road_.Refresh(); }
 
     void Load() override { RefreshAlarms(); }
-    void OnCommand(int index) override;
 
     // Open the editor; once it has ended with Accepted the list is fetched again. The second one
     // does nothing before a row was selected.
@@ -34,6 +33,7 @@ class CAlarmPage : public Page {
     void DeleteTicked();
 
   private:
+    void RunCommand(int index) override;
     void Select(int row);
 
     AgentAddress agent_;

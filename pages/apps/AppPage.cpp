@@ -193,10 +193,7 @@ void CAppPage::OnMenuCommand(int command) {
     }
 }
 
-void CAppPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // an application is being started, or an uninstall
-    }
+void CAppPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             Refresh();

@@ -44,7 +44,6 @@ class CAppPage : public Page, private ListObserver {
     void Refresh();
 
     void Load() override { Refresh(); }
-    void OnCommand(int index) override;
     // Also while the phone is asked what it is: a refresh is dropped until then.
     [[nodiscard]] bool IsAtWork() const override { return Page::IsAtWork() || load_.Running(); }
 
@@ -64,6 +63,7 @@ class CAppPage : public Page, private ListObserver {
   private:
     struct Identified;
 
+    void RunCommand(int index) override;
     void OnLinkClicked(int kind, int row) override;
     void OpenMenu(int row, const QPoint& at);
     void OnMenuCommand(int command);

@@ -31,7 +31,7 @@ CAutoStartPage::CAutoStartPage(PageHost& host, const Services& services, QWidget
     layout->addWidget(tree_);
 }
 
-void CAutoStartPage::OnCommand(int index) {
+void CAutoStartPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             Refresh();

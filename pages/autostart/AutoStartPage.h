@@ -33,9 +33,9 @@ class CAutoStartPage : public Page {
     void CollapseAll();
 
     void Load() override { Refresh(); }
-    void OnCommand(int index) override;
 
   private:
+    void RunCommand(int index) override;
     void Show(AutoStartReply&& reply);
     // Tells of an event that this side does not know, and takes back what was told of the last.
     void TellOfUnknown(const AutoStartList& list);

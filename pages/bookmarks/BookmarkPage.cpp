@@ -185,10 +185,7 @@ void CBookmarkPage::OpenMenu(int row, const QPoint& at) {
     menu->popup(at);
 }
 
-void CBookmarkPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a delete is on its way
-    }
+void CBookmarkPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             RefreshBookmarks();

@@ -31,7 +31,6 @@ class CBookmarkPage : public Page, private ListObserver {
     void RefreshBookmarks() { road_.Refresh(); }
 
     void Load() override { RefreshBookmarks(); }
-    void OnCommand(int index) override;
 
     // Open the editor; once it has ended with Accepted the list is fetched again. The second one
     // does nothing before a row was selected.
@@ -44,6 +43,7 @@ class CBookmarkPage : public Page, private ListObserver {
     [[nodiscard]] static SkinDialog* NewQuestion(std::string_view url, QWidget* parent);
 
   private:
+    void RunCommand(int index) override;
     void OnLinkClicked(int kind, int row) override;
     void MakeHiddenControls();
     void Select(int row);

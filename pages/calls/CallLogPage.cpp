@@ -57,10 +57,7 @@ void CCallLogPage::OpenMenu(const QPoint& at) {
     menu->popup(at);
 }
 
-void CCallLogPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a delete is on its way
-    }
+void CCallLogPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             RefreshCallLog();

@@ -23,7 +23,6 @@ class CCallLogPage : public Page {
     void RefreshCallLog() { road_.Refresh(); }
 
     void Load() override { RefreshCallLog(); }
-    void OnCommand(int index) override;
 
     // Ask, delete, and fetch the list again, whether the phone was reached or not. Deleting all
     // asks and is sent even while the list is empty.
@@ -31,6 +30,7 @@ class CCallLogPage : public Page {
     void DeleteAll();
 
   private:
+    void RunCommand(int index) override;
     void OpenMenu(const QPoint& at);
 
     CCallLogListCtrl* list_;

@@ -98,10 +98,7 @@ void CCleanerPage::KeepOnScreen() {
     list_->SetState(state);
 }
 
-void CCleanerPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // the phone is being cleaned
-    }
+void CCleanerPage::RunCommand(int index) {
     switch (index) {
         case commandScan:
             Scan();

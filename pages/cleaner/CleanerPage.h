@@ -30,7 +30,6 @@ class CCleanerPage : public Page {
     void Scan();
 
     void Load() override { Scan(); }
-    void OnCommand(int index) override;
 
     // Cleans what is ticked, without a question. With nothing ticked the request goes out all the
     // same. The list is not read again: kept on purpose, it shows the sizes that the user chose by
@@ -38,6 +37,7 @@ class CCleanerPage : public Page {
     void CleanChecked();
 
   private:
+    void RunCommand(int index) override;
     [[nodiscard]] QWidget* MakeFoot();
     void Show(CleanListReply&& reply);
     // Turns redraw off with the rows and ticks of now on the screen.

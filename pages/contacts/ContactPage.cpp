@@ -134,10 +134,7 @@ bool CContactPage::FetchDetail() {
         });
 }
 
-void CContactPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a delete is on its way
-    }
+void CContactPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             RefreshContacts();

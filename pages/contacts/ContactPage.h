@@ -42,7 +42,6 @@ class CContactPage : public Page, private HtmlListener {
     void RefreshDetail() { FetchDetail(); }
 
     void Load() override { RefreshContacts(); }
-    void OnCommand(int index) override;
 
     // Opens the editor.
     void AddContact();
@@ -52,6 +51,7 @@ class CContactPage : public Page, private HtmlListener {
     void DeleteSelected();
 
   private:
+    void RunCommand(int index) override;
     void OnAppCmd(const std::string&) override {}  // the view holds no links of the page's own
     void SelectFirst();
     void Select(int row);

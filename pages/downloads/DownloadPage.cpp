@@ -218,10 +218,7 @@ void CDownloadPage::OnDropFiles(const QStringList& paths) {
     drops_->Drop(paths);
 }
 
-void CDownloadPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a change is on its way
-    }
+void CDownloadPage::RunCommand(int index) {
     switch (index) {
         case commandStart:
             StartNext();

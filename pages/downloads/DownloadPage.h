@@ -41,7 +41,6 @@ class CDownloadPage : public Page {
 
     // Has the next waiting package looked up; see QueuePackage.
     void Load() override;
-    void OnCommand(int index) override;
     // Of the files the packages are installed, after a question.
     void OnDropFiles(const QStringList& paths) override;
 
@@ -52,6 +51,7 @@ class CDownloadPage : public Page {
     void OpenSettings();
 
   protected:
+    void RunCommand(int index) override;
     void showEvent(QShowEvent* event) override;
 
   private:

@@ -72,7 +72,7 @@ void CFilePage::MakeHiddenButtons() {
     }
 }
 
-void CFilePage::OnCommand(int index) {
+void CFilePage::RunCommand(int index) {
     if (index == commandRoot) {
         ShowRoot();
     }

@@ -39,9 +39,9 @@ class CFilePage : public Page {
     void ShowParent() { ShowDirectory(parentPath_); }
 
     void Load() override { ShowRoot(); }
-    void OnCommand(int index) override;
 
   protected:
+    void RunCommand(int index) override;
     void showEvent(QShowEvent* event) override;
 
   private:

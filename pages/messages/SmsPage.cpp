@@ -76,10 +76,7 @@ void CSmsPage::ShowLoaded(Loaded loaded) {
     frame_->SetState(connected ? ListState::idle : ListState::failed);
 }
 
-void CSmsPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // a delete is on its way
-    }
+void CSmsPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             RefreshSms();

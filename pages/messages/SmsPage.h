@@ -33,7 +33,6 @@ class CSmsPage : public Page, private HtmlListener {
     void RefreshSms();
 
     void Load() override { RefreshSms(); }
-    void OnCommand(int index) override;
     // Message::conversation, which the page sends to itself.
     void OnMessage(Message message, int first, int second) override;
 
@@ -44,6 +43,7 @@ class CSmsPage : public Page, private HtmlListener {
   private:
     struct Loaded;
 
+    void RunCommand(int index) override;
     void OnAppCmd(const std::string& text) override;
     void OnDelete(const std::string& text) override;
     void OnMenu(const std::string& text, const QPoint& at) override;

@@ -68,7 +68,7 @@ bool CScreenshotPage::IsAtWork() const {
     return load_.Running() || autoLoad_.Running() || saves_->AtWork();
 }
 
-void CScreenshotPage::OnCommand(int index) {
+void CScreenshotPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             Refresh();

@@ -48,7 +48,6 @@ class CScreenshotPage : public Page, private ScreenCaptureCtrl::Observer {
     void Refresh();
 
     void Load() override { Refresh(); }
-    void OnCommand(int index) override;
     void OnMessage(Message message, int first, int second) override;
     [[nodiscard]] bool IsAtWork() const override;
 
@@ -58,6 +57,7 @@ class CScreenshotPage : public Page, private ScreenCaptureCtrl::Observer {
         std::optional<ScreenPicture> picture;
     };
 
+    void RunCommand(int index) override;
     void OnScreenSize(int width, int height) override;
     void CaptureForAutoRefresh(Rotation rotation);
     [[nodiscard]] std::function<Captured()> CaptureOf(Rotation rotation) const;

@@ -33,7 +33,7 @@ void StorePage::Load() {
     Visit(services_.deployment.storeRoot);
 }
 
-void StorePage::OnCommand(int index) {
+void StorePage::RunCommand(int index) {
     if (index == commandBack) {
         view_->GoBack();
     } else if (index == commandHome) {

@@ -26,12 +26,12 @@ class StorePage : public Page, private HtmlListener {
     // Goes to the store's first page. The key of this page says that it is loaded for as long as
     // the call takes, kept on purpose: how far the site has come is shown by the running bar.
     void Load() override;
-    void OnCommand(int index) override;
     // Message::openStoreItem.
     void OnMessage(Message message, int first, int second) override;
     void OnSearch(const QString& text) override;
 
   private:
+    void RunCommand(int index) override;
     void Visit(const std::string& address);
     void OnAppCmd(const std::string& text) override;
     void OnVisit(HtmlVisit visit) override;

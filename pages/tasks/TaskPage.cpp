@@ -92,10 +92,7 @@ void CTaskPage::ShowFreeMemory(std::uint32_t bytes) {
     freeMemory_->setText(ToQString(FormatByteSize(bytes)));
 }
 
-void CTaskPage::OnCommand(int index) {
-    if (!isEnabled()) {
-        return;  // processes are being ended
-    }
+void CTaskPage::RunCommand(int index) {
     switch (index) {
         case commandRefresh:
             Refresh();

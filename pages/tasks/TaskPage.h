@@ -28,13 +28,13 @@ class CTaskPage : public Page {
     void Refresh() { road_.Refresh(); }
 
     void Load() override { Refresh(); }
-    void OnCommand(int index) override;
 
     // Ends the processes that are ticked, without a question, and refreshes, whether the phone was
     // reached or not. With nothing ticked the request goes out all the same, and names nothing.
     void EndChecked();
 
   private:
+    void RunCommand(int index) override;
     void ShowFreeMemory(std::uint32_t bytes);
     [[nodiscard]] QWidget* MakeFoot();
 

@@ -21,6 +21,12 @@ Page::Page(PageHost& host, int dialog, QWidget* parent) : QWidget(parent), host_
     SetDialogNumber(*this, dialog);
 }
 
+void Page::OnCommand(int index) {
+    if (isEnabled()) {
+        RunCommand(index);
+    }
+}
+
 void Page::SetCountLine(const QString& text) {
     if (text != countLine_) {
         countLine_ = text;

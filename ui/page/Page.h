@@ -39,8 +39,9 @@ class Page : public QWidget {
     // show of a page that has a load key, the page's own refresh button at each press, timer 1 of
     // the main window for the dashboard.
     virtual void Load() {}
-    // A press of command button 0 to 3 while this page is shown.
-    virtual void OnCommand(int /*index*/) {}
+    // A press of command button 0 to 3 while this page is shown. Nothing while the page is
+    // disabled: a change is on its way to the phone, and what follows it comes first.
+    void OnCommand(int index);
     // Whether something that the user has asked for is on its way to the phone, and nothing else of
     // this page comes in front of it.
     [[nodiscard]] virtual bool IsAtWork() const { return !isEnabled(); }
@@ -61,6 +62,9 @@ class Page : public QWidget {
     void commandOffered(int index);
 
   protected:
+    // What command button 0 to 3 does.
+    virtual void RunCommand(int /*index*/) {}
+
     [[nodiscard]] PageHost& Host() const { return host_; }
     // Gives a control of this page that has been filled the focus, unless the page is hidden or the
     // user is typing in a field of the window.

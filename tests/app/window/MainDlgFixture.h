@@ -29,7 +29,7 @@ class ProbePage : public Page {
             Host().LoadState().Set(loadKey, PageLoadState::kEnded);
         }
     }
-    void OnCommand(int index) override { commands.push_back(index); }
+    void RunCommand(int index) override { commands.push_back(index); }
     void OnMessage(Message message, int, int second) override {
         messages.emplace_back(message, second);
     }
