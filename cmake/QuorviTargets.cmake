@@ -171,18 +171,23 @@ function(quorvi_test_part name)
   endif()
 endfunction()
 
-# quorvi_test(name [QT] [MOC] [WHOLE] [OWN_NETWORK] SOURCES … LIBS … [LABEL l] [TIMEOUT s]
-# [WRAPPER cmd…] [ENV k=v…]):
+# quorvi_test(name [QT] [MOC] [WHOLE] [OWN_NETWORK] [NO_THREADS] SOURCES … LIBS … [LABEL l]
+# [TIMEOUT s] [WRAPPER cmd…] [ENV k=v…]):
 # a GoogleTest program. Each test becomes a test of ctest's own; with WHOLE, or with a WRAPPER, the
 # program is one (for suites whose set-up is dear). MOC: one of its sources declares a Q_OBJECT.
 # OWN_NETWORK: its tests use the suite's fixed ports, so each process has a network of its own, and
-# where the system has none to give, they hold one lock, and run one at a time. LABEL: ctest's, and
-# the target tests_<label> builds all programs that bear it: `e2e` real adb and simulated phones,
-# `browser` what shows an HTML view and `desktop` what speaks with a session bus or a display, whose
-# libraries' threads the thread sanitizer cannot tell from ours; `quick`, where none is told, all else.
+# where the system has none to give, they hold one lock, and run one at a time. NO_THREADS: its tests
+# start no thread, and end when one does; the preset of the thread sanitizer leaves the program out.
+# LABEL: ctest's, and the target tests_<label> builds all programs that bear it: `e2e` real adb and
+# simulated phones, `browser` what shows an HTML view and `desktop` what speaks with a session bus or
+# a display, whose libraries' threads the thread sanitizer cannot tell from ours; `quick`, where none
+# is told, all else.
 function(quorvi_test name)
   cmake_parse_arguments(ARG
-    "QT;MOC;WHOLE;OWN_NETWORK" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
+    "QT;MOC;WHOLE;OWN_NETWORK;NO_THREADS" "TIMEOUT;LABEL" "SOURCES;LIBS;WRAPPER;ENV" ${ARGN})
+  if(ARG_NO_THREADS AND QUORVI_SANITIZE STREQUAL "thread")
+    return()
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/test-bin")
   if(ARG_MOC)
@@ -211,6 +216,9 @@ function(quorvi_test name)
   # No test speaks to the user's session bus; who needs one starts its own by the wrapper.
   set(properties TIMEOUT ${ARG_TIMEOUT}
     ENVIRONMENT_MODIFICATION DBUS_SESSION_BUS_ADDRESS=set:disabled:)
+  if(ARG_NO_THREADS)
+    target_link_libraries(${name} PRIVATE quorvi_no_threads)
+  endif()
   if(ARG_OWN_NETWORK)
     target_link_libraries(${name} PRIVATE quorvi_own_network)
     if(NOT QUORVI_OWN_NETWORK)
