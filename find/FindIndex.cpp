@@ -1,0 +1,38 @@
+#include "find/FindIndex.h"
+
+#include <algorithm>
+#include <span>
+
+namespace quorvi {
+
+void FindIndex::Clear() {
+    all_.clear();
+    texts_.clear();
+    rows_.clear();
+}
+
+void FindIndex::AddRow() {
+    rows_.push_back(texts_.size());
+}
+
+void FindIndex::AddText(std::u16string_view text, FindKind kind) {
+    texts_.push_back({all_.size(), text.size(), kind});
+    all_ += Folded(text);
+}
+
+std::vector<int> FindIndex::Find(const FindQuery& query) const {
+    std::vector<int> found;
+    const std::u16string_view all = all_;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const std::size_t end = row + 1 < rows_.size() ? rows_[row + 1] : texts_.size();
+        const std::span texts = std::span(texts_).subspan(rows_[row], end - rows_[row]);
+        if (std::ranges::any_of(texts, [&](const Text& text) {
+                return query.In(all.substr(text.begin, text.length), text.kind).has_value();
+            })) {
+            found.push_back(static_cast<int>(row));
+        }
+    }
+    return found;
+}
+
+}  // namespace quorvi
