@@ -61,6 +61,23 @@ enum Permissions {
             AgentCommand.ADD_BOOKMARK,
             AgentCommand.UPDATE_BOOKMARK,
             AgentCommand.DELETE_BOOKMARKS),
+    ACCESS_WIFI_STATE(
+            "android.permission.ACCESS_WIFI_STATE",
+            false,
+            AgentCommand.READ_SETTINGS,
+            AgentCommand.SYSTEM_INFORMATION),
+    CHANGE_WIFI_STATE("android.permission.CHANGE_WIFI_STATE", false, AgentCommand.WRITE_SETTING),
+    BLUETOOTH(
+            "android.permission.BLUETOOTH",
+            false,
+            AgentCommand.READ_SETTINGS,
+            AgentCommand.SYSTEM_INFORMATION),
+    BLUETOOTH_ADMIN("android.permission.BLUETOOTH_ADMIN", false, AgentCommand.WRITE_SETTING),
+    /** From Android 6 on it has a page of its own in the phone's settings, where the owner allows it. */
+    WRITE_SETTINGS("android.permission.WRITE_SETTINGS", false, AgentCommand.WRITE_SETTING),
+    /** Who the phone is: its IMEI and its IMSI. */
+    READ_PHONE_STATE(
+            "android.permission.READ_PHONE_STATE", true, AgentCommand.SYSTEM_INFORMATION),
     /** Alarms are listed by the titles of their tones. */
     READ_EXTERNAL_STORAGE(
             "android.permission.READ_EXTERNAL_STORAGE",

@@ -4,8 +4,10 @@ import android.annotation.TargetApi;
 import android.app.Activity;
 import android.content.Intent;
 import android.content.pm.PackageManager;
+import android.net.Uri;
 import android.os.Build;
 import android.os.Bundle;
+import android.provider.Settings;
 import android.view.View;
 import android.widget.Button;
 import android.widget.TextView;
@@ -15,6 +17,10 @@ import java.util.List;
 
 /** The agent's window: starts and stops it, asks for what it needs, asks whose the PC is. */
 public final class Quorvi extends Activity {
+    /** The phone's page for it, from Android 6 on. */
+    private static final String MANAGE_WRITE_SETTINGS =
+            "android.settings.action.MANAGE_WRITE_SETTINGS";
+
     private final AgentState state = AgentState.PROCESS;
     private final Runnable refresh = new Runnable() {
         @Override
@@ -42,6 +48,15 @@ public final class Quorvi extends Activity {
                 } else {
                     startAgent();
                 }
+            }
+        });
+        findViewById(R.id.allow_settings).setOnClickListener(new View.OnClickListener() {
+            @Override
+            public void onClick(View button) {
+                startActivity(
+                        new Intent(
+                                MANAGE_WRITE_SETTINGS,
+                                Uri.parse("package:" + getPackageName())));
             }
         });
         if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.M) {
@@ -88,6 +103,16 @@ public final class Quorvi extends Activity {
         ((TextView) findViewById(R.id.state)).setText(state.link().text);
         ((Button) findViewById(R.id.stop)).setText(isRunning() ? R.string.stop : R.string.start);
         findViewById(R.id.ask).setVisibility(state.asking() != null ? View.VISIBLE : View.GONE);
+        findViewById(R.id.allow_settings)
+                .setVisibility(
+                        Build.VERSION.SDK_INT >= Build.VERSION_CODES.M && !mayWriteSettings()
+                                ? View.VISIBLE
+                                : View.GONE);
+    }
+
+    @TargetApi(Build.VERSION_CODES.M)
+    private boolean mayWriteSettings() {
+        return Settings.System.canWrite(this);
     }
 
     private void answerBy(int button, final boolean isAllowed) {
