@@ -30,6 +30,7 @@ final class Commands {
                 new BookmarkCommands(context),
                 new AppCommands(context),
                 new SettingCommands(context, switches),
+                new CleanCommands(context, new Caches(context.getPackageManager())),
                 new AutoStartCommands(context),
                 new ProcessCommands(context));
     }

@@ -60,7 +60,15 @@ enum Permissions {
             false,
             AgentCommand.ADD_BOOKMARK,
             AgentCommand.UPDATE_BOOKMARK,
-            AgentCommand.DELETE_BOOKMARKS),
+            AgentCommand.DELETE_BOOKMARKS,
+            AgentCommand.CLEAN),
+    GET_PACKAGE_SIZE(
+            "android.permission.GET_PACKAGE_SIZE",
+            false,
+            AgentCommand.SCAN_FOR_CLEANING,
+            AgentCommand.CLEAN),
+    /** Until Android 5.1; after that only the phone's own applications have it. */
+    CLEAR_APP_CACHE("android.permission.CLEAR_APP_CACHE", false, AgentCommand.CLEAN),
     ACCESS_WIFI_STATE(
             "android.permission.ACCESS_WIFI_STATE",
             false,
