@@ -76,16 +76,23 @@ final class AgentConnection {
         return bytes;
     }
 
-    /** Closing a socket of which something is unread resets it, and the peer loses the reply. */
-    private static void passOverUnasked(InputStream in) throws IOException {
+    /**
+     * Closing a socket of which something is unread resets it, and the peer loses the reply. A
+     * connection that ends meanwhile was answered all the same.
+     */
+    private static void passOverUnasked(InputStream in) {
         byte[] block = new byte[BLOCK_BYTES];
         int passed = 0;
-        while (passed < MAX_UNASKED_BYTES && in.available() > 0) {
-            int count = in.read(block);
-            if (count < 0) {
-                return;
+        try {
+            while (passed < MAX_UNASKED_BYTES && in.available() > 0) {
+                int count = in.read(block);
+                if (count < 0) {
+                    return;
+                }
+                passed += count;
             }
-            passed += count;
+        } catch (IOException e) {
+            // Nothing is left to pass over.
         }
     }
 

@@ -7,6 +7,8 @@ import static org.junit.Assert.assertThrows;
 import java.io.ByteArrayInputStream;
 import java.io.ByteArrayOutputStream;
 import java.io.EOFException;
+import java.io.FilterInputStream;
+import java.io.IOException;
 import java.io.InputStream;
 
 import org.junit.Test;
@@ -124,6 +126,23 @@ public class AgentConnectionTest {
         byte[] request = Bytes.frame(AgentCommand.READ_CONTACT, 1, Bytes.u32(3));
         assertArrayEquals(
                 Bytes.payload(Bytes.u64(3)), Asked.reply(table, Bytes.of(request, "more")));
+    }
+
+    @Test
+    public void aConnectionThatEndsBehindItsReplyWasAnswered() throws Exception {
+        byte[] request = Bytes.u32(AgentCommand.AGENT_VERSION.code);
+        InputStream closed = new FilterInputStream(new ByteArrayInputStream(request)) {
+            @Override
+            public int available() throws IOException {
+                throw new IOException("closed");
+            }
+        };
+        ByteArrayOutputStream out = new ByteArrayOutputStream();
+        assertEquals(
+                AgentCommand.AGENT_VERSION,
+                new AgentConnection(table, Asked.temporary())
+                        .serve(closed, out, Asked.NOBODY_WATCHES));
+        assertArrayEquals(Bytes.u32(20), out.toByteArray());
     }
 
     @Test
