@@ -40,7 +40,7 @@ public class MessageCommandsTest extends OnPhones {
     }
 
     /** As the phone's own: conversations/n are the messages of thread n. */
-    private static final class Messages extends TableProvider {
+    static final class Messages extends TableProvider {
         Messages() {
             super("thread_id INTEGER, address TEXT, date INTEGER, body TEXT, type INTEGER");
         }
