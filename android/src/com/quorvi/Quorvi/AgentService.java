@@ -148,7 +148,8 @@ public final class AgentService extends Service {
     }
 
     private Notification notice() {
-        int text = state.asking() != null ? R.string.ask_pc : state.link().text;
+        String text = getString(state.asking() != null ? R.string.ask_pc : state.link().text);
+        String limits = Limit.textFor(this);
         int flags = PendingIntent.FLAG_UPDATE_CURRENT;
         if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.M) {
             flags |= PendingIntent.FLAG_IMMUTABLE;
@@ -156,7 +157,10 @@ public final class AgentService extends Service {
         return builder()
                 .setSmallIcon(R.drawable.notice)
                 .setContentTitle(getString(R.string.name))
-                .setContentText(getString(text))
+                .setContentText(text)
+                .setStyle(
+                        new Notification.BigTextStyle()
+                                .bigText(limits.isEmpty() ? text : text + "\n" + limits))
                 .setContentIntent(
                         PendingIntent.getActivity(this, 0, new Intent(this, Quorvi.class), flags))
                 .setOngoing(true)

@@ -38,6 +38,7 @@ public final class Quorvi extends Activity {
     protected void onCreate(Bundle saved) {
         super.onCreate(saved);
         setContentView(R.layout.main);
+        ((TextView) findViewById(R.id.limits)).setText(Limit.textFor(this));
         answerBy(R.id.allow, true);
         answerBy(R.id.refuse, false);
         findViewById(R.id.stop).setOnClickListener(new View.OnClickListener() {
