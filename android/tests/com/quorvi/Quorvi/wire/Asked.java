@@ -4,6 +4,7 @@ import java.io.ByteArrayInputStream;
 import java.io.ByteArrayOutputStream;
 import java.io.File;
 import java.io.IOException;
+import java.io.OutputStream;
 
 /** Asks an agent's table over streams, as a connection does. */
 public final class Asked {
@@ -24,6 +25,26 @@ public final class Asked {
         new AgentConnection(table, temporary())
                 .serve(new ByteArrayInputStream(request), out, NOBODY_WATCHES);
         return out.toByteArray();
+    }
+
+    /** Asks, and counts the bytes of the reply without keeping them. */
+    public static long replyBytes(CommandTable table, byte[] request)
+            throws IOException, MalformedRequest {
+        final long[] count = {0};
+        OutputStream out = new OutputStream() {
+            @Override
+            public void write(int one) {
+                ++count[0];
+            }
+
+            @Override
+            public void write(byte[] bytes, int offset, int length) {
+                count[0] += length;
+            }
+        };
+        new AgentConnection(table, temporary())
+                .serve(new ByteArrayInputStream(request), out, NOBODY_WATCHES);
+        return count[0];
     }
 
     static File temporary() {
