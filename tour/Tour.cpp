@@ -85,7 +85,9 @@ void Tour::Look() {
     if (at_ == stops_.size() || !Exceeds(patience_.settle)) {
         return;
     }
-    if (stops_[at_].endless || IsQuiet() || Exceeds(patience_.load)) {
+    const TourStop& stop = stops_[at_];
+    const bool ready = (stop.endless || IsQuiet()) && (!stop.ready || stop.ready());
+    if (ready || Exceeds(patience_.load)) {
         Take();
         ++at_;
         Open();

@@ -23,6 +23,8 @@ struct TourStop {
     std::function<void(CMainDlg& window)> leave = {};
     // The page's load never ends there: its picture is taken while it loads.
     bool endless = false;
+    // What its picture waits for beside the page's load.
+    std::function<bool()> ready = {};
 };
 
 // All stops, in order: the pages of the page table first. Whoever adds a dialog or a menu adds its
@@ -34,9 +36,10 @@ struct TourStop {
 [[nodiscard]] std::vector<TourStop> ToolsStops();
 // Those at the pages that ask the site.
 [[nodiscard]] std::vector<TourStop> OnlineStops();
-
 // Those at the downloads.
 [[nodiscard]] std::vector<TourStop> DownloadStops();
+// Those at the backups of the phone.
+[[nodiscard]] std::vector<TourStop> BackupStops();
 
 // How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
 // time, and what hangs does not keep the tour for ever.

@@ -106,6 +106,7 @@ void OpenBookmarkMenu(CMainDlg& window) {
 
 void OpenContactMenu(CContactPage& page) {
     auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
+    list.SetTicked(2, true);
     Q_EMIT list.menuAsked(list.CurrentRow(),
                           list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
 }

@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <QComboBox>
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -7,6 +8,7 @@
 #include "app/platform/TrayMenu.h"
 #include "app/window/MainDlg.h"
 #include "app/window/ProductName.h"
+#include "pages/devices/DeviceManagerDlg.h"
 #include "pages/numbers/NumberQueryDlg.h"
 #include "tour/PageStops.h"
 #include "ui/kit/QtText.h"
@@ -47,12 +49,17 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back(CommandStop("dialog-nothing-checked", kContactsPage, 3));
     stops.push_back(CommandStop("dialog-sms-composer", kMessagesPage, 1));
     stops.push_back(CommandStop("dialog-confirm-delete", kCallsPage, 2));
-    for (auto* more : {&PersonalStops, &ToolsStops, &OnlineStops, &DownloadStops}) {
+    for (auto* more : {&PersonalStops, &ToolsStops, &OnlineStops, &DownloadStops, &BackupStops}) {
         std::ranges::move(more(), std::back_inserter(stops));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
     stops.push_back(
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});
+    stops.push_back(
+        {"dialog-device-manager-wifi", [](CMainDlg& window) {
+             window.RunDeviceManager({}, [] {});
+             window.findChild<CDeviceManagerDlg*>()->findChild<QComboBox*>()->setCurrentIndex(1);
+         }});
     stops.push_back(
         {"dialog-number-query", [](CMainDlg& window) { (new NumberQueryDlg(&window))->Open(); }});
     stops.push_back({"balloon", [](CMainDlg& window) {

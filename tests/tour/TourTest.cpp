@@ -16,15 +16,15 @@ class TourOfTheWindow : public MainDlgTest {
   protected:
     void SetUp() override { MakeWindow(); }
 
-    void StartTour(TourPatience patience = {}) {
+    void StartTour(TourPatience patience = {}, std::function<bool()> ready = {}) {
         const auto open = [this](CMainDlg& window) {
             ++opened_;
             window.Post(Message::goToPage, 1, kPageContacts);
         };
         tour_ = std::make_unique<Tour>(
             *window_, folder_.filePath(QStringLiteral("tour")),
-            std::vector<TourStop>{{"one", open}}, [this](int failed) { failed_ = failed; },
-            patience);
+            std::vector<TourStop>{{.name = "one", .open = open, .ready = std::move(ready)}},
+            [this](int failed) { failed_ = failed; }, patience);
         tour_->Start();
     }
     [[nodiscard]] bool Opens() {
@@ -48,6 +48,17 @@ TEST_F(TourOfTheWindow, WritesThePictureOfEachStop) {
     ASSERT_TRUE(Ends());
     EXPECT_EQ(failed_, 0);
     EXPECT_EQ(QImage(folder_.filePath(QStringLiteral("tour/one.png"))).size(), window_->size());
+}
+
+TEST_F(TourOfTheWindow, APictureWaitsForWhatItsStopWaitsFor) {
+    window_->Link().LinkEnded();
+    bool ready = false;
+    StartTour({.settle = std::chrono::milliseconds(1)}, [&ready] { return ready; });
+    ASSERT_TRUE(Opens());
+    LookOn();
+    EXPECT_FALSE(failed_.has_value());
+    ready = true;
+    EXPECT_TRUE(Ends());
 }
 
 TEST_F(TourOfTheWindow, WaitsForTheLinksEndWhateverTheBannerShows) {
