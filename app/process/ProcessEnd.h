@@ -9,8 +9,8 @@ namespace quorvi {
 
 // Ends the process with `status` at once. Nobody is waited for and nothing is torn down, since
 // workers may still run; child processes are killed, so that an adb command that never ends does
-// not outlive its program. The adb server is no child and stays. The log alone is given a moment for
-// its last lines.
+// not outlive its program. The adb server is no child and stays. The log alone is given a moment
+// for its last lines.
 [[noreturn]] void EndProcess(int status);
 
 // From here on an exception that nobody catches, or a fault, shows the apology in a process of its
