@@ -4,24 +4,18 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <filesystem>
 #include <utility>
 
 #include "base/ByteText.h"
 #include "base/Utf8.h"
+#include "phone/PackageManifest.h"
 #include "phone/adb/Packet.h"
 
 namespace quorvi::phone {
 namespace {
 
-// First line of the agent's stand-in package.
-constexpr std::string_view kStandInTitle = "Quorvi agent stand-in package\nversion ";
-
 constexpr std::string_view kZipStart = "PK\x03\x04";
-
-// Longest version number that a stand-in states, in digits.
-constexpr std::size_t kMaxVersionDigits = 9;
 
 constexpr std::uint64_t kAgentBytes = 214'016;
 
@@ -33,21 +27,6 @@ InstalledApp AgentApp(std::uint32_t version) {
 }
 
 }  // namespace
-
-std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file) {
-    const std::string_view text = AsText(file);
-    if (!text.starts_with(kStandInTitle)) {
-        return std::nullopt;
-    }
-    const std::string_view digits = text.substr(kStandInTitle.size(), kMaxVersionDigits);
-    std::uint32_t version = 0;
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), version);
-    if (error != std::errc() || end == digits.data()) {
-        return std::nullopt;
-    }
-    return version;
-}
 
 Handset::Handset(Profile profile) : profile_(std::move(profile)) {
     SetApps(DeliveredApps());
@@ -103,17 +82,17 @@ std::string Handset::Install(const std::string& path, bool replace) {
     if (!file) {
         return "Failure [INSTALL_FAILED_INVALID_URI]";
     }
-    const auto agent = StandInVersion(file->bytes);
-    if (!agent && !AsText(file->bytes).starts_with(kZipStart)) {
+    if (!AsText(file->bytes).starts_with(kZipStart)) {
         return "Failure [INSTALL_PARSE_FAILED_NOT_APK]";
     }
-    std::string package =
-        agent ? std::string(kAgentPackage) : std::filesystem::path(path).stem().string();
+    const auto manifest = ReadPackageManifest(file->bytes);
+    const bool isAgent = manifest && manifest->package == kAgentPackage;
+    std::string package = isAgent ? manifest->package : std::filesystem::path(path).stem().string();
     if (FindApp(package) && !replace) {
         return "Failure [INSTALL_FAILED_ALREADY_EXISTS]";
     }
-    if (agent) {
-        SetAgent(*agent);
+    if (isAgent) {
+        SetAgent(manifest->version);
     } else {
         PutApp(AppFromFile(std::move(package), file->bytes.size()));
     }

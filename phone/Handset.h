@@ -53,8 +53,8 @@ class Handset {
     void SetApps(std::vector<InstalledApp> apps);
 
     // Installs a pushed file; what pm prints: "Success", or "Failure [CODE]". A file that begins as
-    // a zip archive does becomes a package named after the file; the agent's stand-in becomes the
-    // agent, stopped, in the version that it states.
+    // a zip archive does becomes a package named after the file; the agent's becomes the agent,
+    // stopped, in the version that its manifest says.
     [[nodiscard]] std::string Install(const std::string& path, bool replace);
     [[nodiscard]] bool Uninstall(const std::string& package);
     // Told of the package of each application that was uninstalled.
@@ -88,8 +88,5 @@ class Handset {
     std::uint32_t agentStarts_ = 0;
     bool agentCrashes_ = false;
 };
-
-// The version that a stand-in package file states in its second line; nothing for other files.
-[[nodiscard]] std::optional<std::uint32_t> StandInVersion(std::span<const std::byte> file);
 
 }  // namespace quorvi::phone

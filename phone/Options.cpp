@@ -272,8 +272,8 @@ std::string HelpText() {
         "  word V            answer the four bytes of V and nothing else\n"
         "  delay MS          answer late\n"
         "\n"
-        "Packages that the phone takes: the agent's stand-in that lies beside this program\n"
-        "(com.quorvi.Quorvi.apk, a text that states a version), and zip archives, which become\n"
+        "Packages that the phone takes: the agent's that lies beside this program\n"
+        "(com.quorvi.Quorvi.apk), in the version of its manifest, and zip archives, which become\n"
         "packages named after their files.\n";
     return out;
 }

@@ -3,15 +3,15 @@
 #include "base/ByteText.h"
 #include "phone/Handset.h"
 #include "phone/adb/Packet.h"
+#include "tests/phone/MadePackage.h"
 
 namespace quorvi::phone {
 namespace {
 
 const std::string kPushed = "/data/local/tmp/com.quorvi.Quorvi.apk";
 
-StoredFile StandIn(std::string_view version) {
-    return {0100644, 0,
-            ToBytes("Quorvi agent stand-in package\nversion " + std::string(version) + "\n")};
+StoredFile AgentFile(std::uint32_t version) {
+    return {0100644, 0, MadePackage("com.quorvi.Quorvi", version)};
 }
 
 TEST(Handset, HasTheDeliveredAgentInstalledAndStoppedAtFirst) {
@@ -24,22 +24,31 @@ TEST(Handset, HasTheDeliveredAgentInstalledAndStoppedAtFirst) {
 TEST(Handset, InstallsTheAgentInTheVersionThatItsFileStates) {
     Handset handset(DeliveredProfile(0));
     handset.SetAgent(std::nullopt);
-    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("23")));
+    ASSERT_TRUE(handset.PutFile(kPushed, AgentFile(23)));
     EXPECT_EQ(handset.Install(kPushed, false), "Success");
     EXPECT_EQ(handset.AgentVersion(), 23u);
+}
+
+TEST(Handset, NamesAnotherPackageAfterItsFileWhateverItsManifestSays) {
+    Handset handset(DeliveredProfile(0));
+    ASSERT_TRUE(handset.PutFile("/sdcard/com.example.game.apk",
+                                {0100644, 0, MadePackage("com.example.other", 3)}));
+    EXPECT_EQ(handset.Install("/sdcard/com.example.game.apk", true), "Success");
+    EXPECT_TRUE(handset.FindApp("com.example.game"));
+    EXPECT_EQ(handset.AgentVersion(), kDeliveredAgentVersion);
 }
 
 TEST(Handset, AnInstallStopsTheAgent) {
     Handset handset(DeliveredProfile(0));
     handset.StartAgent();
-    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    ASSERT_TRUE(handset.PutFile(kPushed, AgentFile(20)));
     EXPECT_EQ(handset.Install(kPushed, true), "Success");
     EXPECT_FALSE(handset.AgentRuns());
 }
 
 TEST(Handset, RefusesWhatIsThereUnlessToldToReplace) {
     Handset handset(DeliveredProfile(0));
-    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    ASSERT_TRUE(handset.PutFile(kPushed, AgentFile(20)));
     EXPECT_EQ(handset.Install(kPushed, false), "Failure [INSTALL_FAILED_ALREADY_EXISTS]");
 }
 
@@ -61,7 +70,7 @@ TEST(Handset, NamesAnArchiveAfterItsFile) {
 TEST(Handset, AnswersTheInstallResultThatItWasTold) {
     Handset handset(DeliveredProfile(0));
     handset.SetAgent(7);
-    ASSERT_TRUE(handset.PutFile(kPushed, StandIn("20")));
+    ASSERT_TRUE(handset.PutFile(kPushed, AgentFile(20)));
     handset.SetInstallResult("INSTALL_FAILED_INSUFFICIENT_STORAGE");
     EXPECT_EQ(handset.Install(kPushed, true), "Failure [INSTALL_FAILED_INSUFFICIENT_STORAGE]");
     EXPECT_EQ(handset.AgentVersion(), 7u);
@@ -111,12 +120,6 @@ TEST(Handset, TakesNoMoreThanItsStorageHolds) {
     EXPECT_FALSE(handset.PutFile("/sdcard/more", {0100644, 0, ToBytes("x")}));
     handset.RemoveFile("/sdcard/huge");
     EXPECT_TRUE(handset.PutFile("/sdcard/more", {0100644, 0, ToBytes("x")}));
-}
-
-TEST(StandInVersion, IsNothingForOtherFiles) {
-    EXPECT_FALSE(StandInVersion(ToBytes("PK\x03\x04")));
-    EXPECT_FALSE(StandInVersion(ToBytes("Quorvi agent stand-in package\nversion x")));
-    EXPECT_FALSE(StandInVersion({}));
 }
 
 TEST(DeliveredProfile, TellsPhonesApartHoweverMany) {
