@@ -65,19 +65,29 @@ void ViewStatus::timerEvent(QTimerEvent*) {
 }
 
 void ViewStatus::PaintVoid(QPainter& painter) const {
-    const bool failed = state_ == ListState::failed;
-    const QString& headline = failed ? failedHeadline_ : emptyHeadline_;
-    const QString& sentence = failed ? failedSentence_ : emptySentence_;
+    if (state_ == ListState::failed) {
+        Paint(painter, u"load-failed", failedHeadline_, failedSentence_);
+    } else {
+        Paint(painter, u"empty-list", emptyHeadline_, emptySentence_);
+    }
+}
+
+void ViewStatus::PaintNothingFound(QPainter& painter, const QString& headline) const {
+    Paint(painter, u"empty-list", headline, ToQString(u8"按 Esc 显示全部"));
+}
+
+void ViewStatus::Paint(QPainter& painter, QStringView shown, const QString& headline,
+                       const QString& sentence) const {
     constexpr int words = Metric::voidTitleLine + Metric::voidLine;
     constexpr int whole = Metric::voidPictureHeight + Metric::voidGap + words;
     const QRect area = viewport_->rect();
     const bool picture = area.height() >= whole + 2 * Metric::gap2;
     int top = area.center().y() - (picture ? whole : words) / 2;
     if (picture) {
-        look::drawCentred(painter, QRect(area.left(), top, area.width(), Metric::voidPictureHeight),
-                          look::picture(failed ? u"load-failed" : u"empty-list",
-                                        {Metric::voidPictureWidth, Metric::voidPictureHeight},
-                                        look::scaleOf(painter)));
+        look::drawCentred(
+            painter, QRect(area.left(), top, area.width(), Metric::voidPictureHeight),
+            look::picture(shown, {Metric::voidPictureWidth, Metric::voidPictureHeight},
+                          look::scaleOf(painter)));
         top += Metric::voidPictureHeight + Metric::voidGap;
     }
     painter.setFont(look::font(Size::s14, true));

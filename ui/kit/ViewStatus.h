@@ -33,6 +33,8 @@ class ViewStatus : public QObject {
 
     // The picture and sentence of an empty list or failed load.
     void PaintVoid(QPainter& painter) const;
+    // The picture of an empty list over what was not found, and how one gets all back.
+    void PaintNothingFound(QPainter& painter, const QString& headline) const;
     // What has come so far, at the foot; nothing where the length is not known.
     void PaintProgress(QPainter& painter) const;
     // The running bar at the viewport's top.
@@ -44,6 +46,9 @@ class ViewStatus : public QObject {
     void timerEvent(QTimerEvent* event) override;
 
   private:
+    void Paint(QPainter& painter, QStringView shown, const QString& headline,
+               const QString& sentence) const;
+
     QWidget* viewport_;
     ListState state_ = ListState::idle;
     std::uint64_t have_ = 0;

@@ -1,6 +1,7 @@
 #include "ui/list/ListModel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ui/kit/QtText.h"
 #include "ui/list/SkinListCtrl.h"
@@ -15,30 +16,78 @@ constexpr std::u8string_view kEmpty = u8"空";
 
 ListModel::ListModel(CSkinListCtrl& list) : QAbstractTableModel(&list), list_(list) {}
 
+int ListModel::Places() const {
+    return shown_ ? static_cast<int>(shown_->size()) : rows_;
+}
+
+int ListModel::RowAt(int place) const {
+    if (place < 0 || place >= Places()) {
+        return -1;
+    }
+    return shown_ ? (*shown_)[static_cast<std::size_t>(place)] : place;
+}
+
+int ListModel::PlaceOf(int row) const {
+    if (row < 0 || row >= rows_) {
+        return -1;
+    }
+    if (!shown_) {
+        return row;
+    }
+    const auto found = std::ranges::lower_bound(*shown_, row);
+    return found == shown_->end() || *found != row ? -1 : static_cast<int>(found - shown_->begin());
+}
+
+void ListModel::Show(std::optional<std::vector<int>> rows) {
+    beginResetModel();
+    shown_ = std::move(rows);
+    endResetModel();
+}
+
 void ListModel::Reset(int rows) {
     beginResetModel();
     rows_ = rows;
+    shown_.reset();
     endResetModel();
 }
 
 void ListModel::Append(int count) {
+    if (shown_) {
+        rows_ += count;
+        return;
+    }
     beginInsertRows({}, rows_, rows_ + count - 1);
     rows_ += count;
     endInsertRows();
 }
 
 void ListModel::Remove(int row) {
-    beginRemoveRows({}, row, row);
+    const int place = PlaceOf(row);
+    if (place >= 0) {
+        beginRemoveRows({}, place, place);
+    }
     --rows_;
-    endRemoveRows();
+    if (shown_) {
+        if (place >= 0) {
+            shown_->erase(shown_->begin() + place);
+        }
+        for (int& shown : *shown_) {
+            shown -= shown > row ? 1 : 0;
+        }
+    }
+    if (place >= 0) {
+        endRemoveRows();
+    }
 }
 
 void ListModel::Changed(int row) {
-    Q_EMIT dataChanged(index(row, 0), index(row, list_.ColumnCount() - 1));
+    if (const int place = PlaceOf(row); place >= 0) {
+        Q_EMIT dataChanged(index(place, 0), index(place, list_.ColumnCount() - 1));
+    }
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : rows_;
+    return parent.isValid() ? 0 : Places();
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const {
@@ -93,12 +142,12 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case Qt::DisplayRole:
-            return Lines(index.row(), index.column());
+            return Lines(RowAt(index.row()), index.column());
         case Qt::AccessibleTextRole:
-            return Words(index.row(), index.column());
+            return Words(RowAt(index.row()), index.column());
         case Qt::CheckStateRole:
             if (list_.Column(index.column()).kind == CellKind::check) {
-                return list_.IsTicked(index.row()) ? Qt::Checked : Qt::Unchecked;
+                return list_.IsTicked(RowAt(index.row())) ? Qt::Checked : Qt::Unchecked;
             }
             return {};
         default:
@@ -127,8 +176,9 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
         list_.Column(index.column()).kind != CellKind::check) {
         return false;
     }
-    if (list_.IsTicked(index.row()) != (value.toInt() == Qt::Checked)) {
-        list_.FlipTick(index.row());
+    const int row = RowAt(index.row());
+    if (list_.IsTicked(row) != (value.toInt() == Qt::Checked)) {
+        list_.FlipTick(row);
     }
     return true;
 }

@@ -2,19 +2,34 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <optional>
+#include <vector>
 
 namespace quorvi {
 
 class CSkinListCtrl;
 
-// Answers from the list's own CellAt; keeps nothing but the number of rows.
+// Answers from the list's own CellAt; keeps nothing but the number of rows and which of them are
+// shown. An index of the model is a place on the screen: where rows are left out, the row of the
+// list that stands there is another one.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
   public:
     explicit ListModel(CSkinListCtrl& list);
 
+    // The list's rows, shown or not.
     [[nodiscard]] int Rows() const { return rows_; }
+    [[nodiscard]] int Places() const;
+    // The row that stands at a place; -1 for none.
+    [[nodiscard]] int RowAt(int place) const;
+    // The place of a row; -1 where it is not shown.
+    [[nodiscard]] int PlaceOf(int row) const;
+    // Shows these rows alone, in their order; all rows for none.
+    void Show(std::optional<std::vector<int>> rows);
+
+    // All rows are shown behind it.
     void Reset(int rows);
+    // While not all rows are shown, the new ones are not.
     void Append(int count);
     void Remove(int row);
     void Changed(int row);
@@ -38,6 +53,7 @@ class ListModel : public QAbstractTableModel {
 
     CSkinListCtrl& list_;
     int rows_ = 0;
+    std::optional<std::vector<int>> shown_;  // ascending; none: all
 };
 
 }  // namespace quorvi

@@ -1,10 +1,13 @@
 // How a list is painted: rows first, cells on them, then what lies above both.
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTextLayout>
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "ui/kit/PlainTip.h"
+#include "ui/list/ListFind.h"
 #include "ui/list/ListModel.h"
 #include "ui/list/SkinListCtrl.h"
 #include "ui/look/FocusRing.h"
@@ -26,6 +29,9 @@ struct CellPaint {
     bool linkHot = false;  // the cursor is over the cell's link
     bool enabled = true;
     bool marked = false;  // the row is selected or under the cursor
+    // What was looked for in its two lines.
+    std::optional<FoundPart> part = {};
+    std::optional<FoundPart> secondPart = {};
 };
 
 Qt::Alignment AlignmentOf(CellAlign align) {
@@ -49,10 +55,40 @@ QString OneLine(const QString& text) {
     return end < 0 ? text : text.left(end);
 }
 
+// The part stands out; where the line is cut off, what is left of it does.
+void DrawFound(const CellPaint& paint, const QRect& area, const QString& text, QFont font,
+               const FoundPart& part) {
+    QTextLayout::FormatRange found;
+    found.start = static_cast<int>(part.begin);
+    found.length = static_cast<int>(part.length);
+    QFont bold = font;
+    bold.setBold(true);
+    found.format.setFont(bold);
+    if (paint.enabled) {
+        found.format.setForeground(look::color(Color::plum7));
+    }
+    QTextLayout line(QFontMetrics(bold).elidedText(OneLine(text), Qt::ElideRight, area.width()),
+                     font);
+    QTextOption option(AlignmentOf(paint.column.cells));
+    option.setWrapMode(QTextOption::NoWrap);
+    line.setTextOption(option);
+    line.setFormats({found});
+    line.beginLayout();
+    QTextLine whole = line.createLine();
+    whole.setLineWidth(area.width());
+    line.endLayout();
+    line.draw(&paint.painter,
+              QPointF(area.left(), area.top() + (area.height() - whole.height()) / 2));
+}
+
 void DrawLine(const CellPaint& paint, const QRect& area, const QString& text, const QFont& font,
-              Color ink) {
+              Color ink, const std::optional<FoundPart>& part = {}) {
     paint.painter.setFont(font);
     paint.painter.setPen(look::color(paint.enabled ? ink : Color::inkOff));
+    if (part) {
+        DrawFound(paint, area, text, font, *part);
+        return;
+    }
     paint.painter.drawText(
         area, static_cast<int>(AlignmentOf(paint.column.cells)) | Qt::TextSingleLine,
         QFontMetrics(font).elidedText(OneLine(text), Qt::ElideRight, area.width()));
@@ -73,7 +109,7 @@ QFont LinkFont(bool hot) {
 
 void PaintText(const CellPaint& paint) {
     DrawLine(paint, Padded(paint.area, paint.column), paint.cell.text, look::font(Size::s12),
-             paint.cell.ink);
+             paint.cell.ink, paint.part);
 }
 
 template <Size FirstLine>
@@ -83,8 +119,9 @@ void PaintTwoLines(const CellPaint& paint) {
         return;
     }
     const auto [first, second] = Lines(Padded(paint.area, paint.column));
-    DrawLine(paint, first, paint.cell.text, look::font(FirstLine), paint.cell.ink);
-    DrawLine(paint, second, paint.cell.second, look::font(Size::s12), paint.cell.secondInk);
+    DrawLine(paint, first, paint.cell.text, look::font(FirstLine), paint.cell.ink, paint.part);
+    DrawLine(paint, second, paint.cell.second, look::font(Size::s12), paint.cell.secondInk,
+             paint.secondPart);
 }
 
 void PaintCaptioned(const CellPaint& paint) {
@@ -120,13 +157,16 @@ void PaintIconText(const CellPaint& paint) {
     const QRect area = Padded(paint.area, paint.column);
     const QIcon& theme = paint.cell.themeIcon;
     if (!HasIcon(paint.cell)) {
-        DrawLine(paint, area, paint.cell.text, font, paint.cell.ink);
+        DrawLine(paint, area, paint.cell.text, font, paint.cell.ink, paint.part);
         return;
     }
     const int side = paint.cell.iconSide;
     const int mark = side + Metric::rowIconGap;
-    const int words = std::min(QFontMetrics(font).horizontalAdvance(OneLine(paint.cell.text)) + 1,
-                               area.width() - mark);
+    const int room = area.width() - mark;
+    const int words =
+        paint.part
+            ? room  // which is wider than its text
+            : std::min(QFontMetrics(font).horizontalAdvance(OneLine(paint.cell.text)) + 1, room);
     const int left = paint.column.cells == CellAlign::left
                          ? area.left()
                          : area.left() + (area.width() - mark - words) / 2;
@@ -139,7 +179,7 @@ void PaintIconText(const CellPaint& paint) {
                     paint.enabled ? QIcon::Normal : QIcon::Disabled);
     }
     DrawLine(paint, QRect(left + mark, area.top(), words, area.height()), paint.cell.text, font,
-             paint.cell.ink);
+             paint.cell.ink, paint.part);
 }
 
 // The plate's colours are those of the rows: on a row that is marked it is white.
@@ -273,7 +313,8 @@ QRect TickBox(const QRect& area, const ListColumn& column) {
 void CSkinListCtrl::PaintRows(QPainter& painter, const QRect& dirty) const {
     const int first = std::max(0, rowAt(dirty.top()));
     const int current = CurrentRow();
-    for (int row = first; row < RowCount(); ++row) {
+    for (int place = first; place < model_->Places(); ++place) {
+        const int row = model_->RowAt(place);
         const QRect area = RowRect(row);
         if (area.top() > dirty.bottom()) {
             break;
@@ -284,7 +325,7 @@ void CSkinListCtrl::PaintRows(QPainter& painter, const QRect& dirty) const {
             look::fill(painter, area, look::color(selected ? Color::rowSelected : Color::rowHover));
             look::topLine(painter, area, look::color(Color::rowBorder));
             look::bottomLine(painter, area, look::color(Color::rowBorder));
-        } else if (row % 2 == 0) {
+        } else if (place % 2 == 0) {
             look::fill(painter, area, look::color(Color::rowLight));
         }
         if (selected) {
@@ -300,7 +341,7 @@ bool CSkinListCtrl::IsMarked(int row) const {
 }
 
 void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int column) {
-    if (row >= RowCount()) {
+    if (row < 0 || row >= RowCount()) {
         return;
     }
     const ListColumn& kind = Column(column);
@@ -313,9 +354,14 @@ void CSkinListCtrl::PaintCell(QPainter& painter, const QRect& rect, int row, int
         PaintPicture(painter, rect, row, column);
     } else {
         const Cell cell = CellAt(row, column);
-        kPainters[static_cast<std::size_t>(kind.kind)].paint(
-            {painter, rect, cell, kind, row == hoverRow_ && column == hoverColumn_, isEnabled(),
-             IsMarked(row)});
+        CellPaint paint{
+            painter,     rect,         cell, kind, row == hoverRow_ && column == hoverColumn_,
+            isEnabled(), IsMarked(row)};
+        if (find_ != nullptr && column == NameColumn()) {
+            paint.part = find_->PartOf(cell.text, FindKind::name);
+            paint.secondPart = find_->PartOf(cell.second, FindKind::number);
+        }
+        kPainters[static_cast<std::size_t>(kind.kind)].paint(paint);
     }
     painter.restore();
 }
@@ -360,13 +406,15 @@ void CSkinListCtrl::paintEvent(QPaintEvent* event) {
         PaintSkeleton(painter);
     } else if (redraw_ && RowCount() == 0) {
         status_->PaintVoid(painter);
+    } else if (redraw_ && model_->Places() == 0) {
+        status_->PaintNothingFound(painter, find_ == nullptr ? QString() : find_->NothingFound());
     } else if (redraw_) {
         PaintRows(painter, event->rect());
         painter.end();
         QTableView::paintEvent(event);
         painter.begin(viewport());
         if (FocusRing::ShownOn(this) && currentIndex().isValid()) {
-            look::innerRing(painter, RowRect(currentIndex().row()));
+            look::innerRing(painter, RowRect(RowUnderCursor()));
         }
     }
     if (loading) {
@@ -467,11 +515,12 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
         return false;
     }
     const ListColumn& column = Column(index.column());
-    const Cell cell = CellAt(index.row(), index.column());
+    const int row = RowOf(index);
+    const Cell cell = CellAt(row, index.column());
     const int mark = column.kind == CellKind::iconText && HasIcon(cell)
                          ? cell.iconSide + Metric::rowIconGap
                          : 0;  // stands before the text
-    const int space = Padded(CellRect(index.row(), index.column()), column).width() - mark;
+    const int space = Padded(CellRect(row, index.column()), column).width() - mark;
     const auto cut = [&](const QString& text, Size size, int before = 0) {
         return before + QFontMetrics(look::font(size)).horizontalAdvance(OneLine(text)) > space;
     };
@@ -485,7 +534,7 @@ bool CSkinListCtrl::ShowTip(const QPoint& at, const QPoint& global) {
     for (const QString& line : {OneLine(cell.second), cell.note}) {
         whole += line.isEmpty() ? line : QLatin1Char('\n') + line;
     }
-    ShowPlainTip(global, whole, viewport(), CellRect(index.row(), index.column()));
+    ShowPlainTip(global, whole, viewport(), CellRect(row, index.column()));
     return true;
 }
 

@@ -20,12 +20,30 @@ CSkinHeader::CSkinHeader(std::span<const ListColumn> columns, QWidget* parent)
 }
 
 QSize CSkinHeader::sizeHint() const {
-    return {QHeaderView::sizeHint().width(), Metric::header};
+    return {QHeaderView::sizeHint().width(), BarHeight() + Metric::header};
+}
+
+int CSkinHeader::BarHeight() const {
+    return bar_ == nullptr ? 0 : bar_->height();
+}
+
+void CSkinHeader::SetBar(QWidget* bar) {
+    bar_ = bar;
+    updateGeometry();
+    Q_EMIT geometriesChanged();  // the view makes room
+    viewport()->update();
+}
+
+void CSkinHeader::resizeEvent(QResizeEvent* event) {
+    QHeaderView::resizeEvent(event);
+    if (bar_ != nullptr) {
+        bar_->setGeometry(0, 0, width(), bar_->height());
+    }
 }
 
 void CSkinHeader::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    const QRect all = viewport()->rect();
+    const QRect all = viewport()->rect().adjusted(0, BarHeight(), 0, 0);
     look::fill(painter, all, look::color(Color::chrome2));
     look::bottomLine(painter, all, look::color(Color::line2));
     painter.setFont(font());
@@ -35,7 +53,7 @@ void CSkinHeader::paintEvent(QPaintEvent*) {
             continue;
         }
         const ListColumn& column = columns_[static_cast<std::size_t>(i)];
-        const QRect cell(sectionViewportPosition(i), 0, sectionSize(i), all.height());
+        const QRect cell(sectionViewportPosition(i), all.top(), sectionSize(i), all.height());
         if (!first) {
             look::leftLine(painter,
                            cell.adjusted(0, Metric::headerRuleInset, 0, -Metric::headerRuleInset),

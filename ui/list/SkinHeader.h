@@ -15,10 +15,17 @@ class CSkinHeader : public QHeaderView {
     CSkinHeader(std::span<const ListColumn> columns, QWidget* parent);
     [[nodiscard]] QSize sizeHint() const override;
 
+    // Shows a widget of the header's over the captions, as high as it is; null for none.
+    void SetBar(QWidget* bar);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    [[nodiscard]] int BarHeight() const;
+
+    QWidget* bar_ = nullptr;
     std::span<const ListColumn> columns_;
 };
 

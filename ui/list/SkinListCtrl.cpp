@@ -10,9 +10,11 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 #include "ui/kit/QtText.h"
+#include "ui/list/ListFind.h"
 #include "ui/list/ListModel.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/look/FocusRing.h"
@@ -49,7 +51,7 @@ class ListDelegate : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        list_.PaintCell(*painter, option.rect, index.row(), index.column());
+        list_.PaintCell(*painter, option.rect, list_.RowOf(index), index.column());
     }
     // CSkinListCtrl handles the clicks itself.
     bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
@@ -121,12 +123,14 @@ int CSkinListCtrl::CurrentRow() const {
 }
 
 void CSkinListCtrl::SelectRow(int row) {
-    if (row < 0 || row >= RowCount()) {
+    const int place = model_->PlaceOf(row);
+    if (place < 0) {
         setCurrentIndex({});
         clearSelection();
+        SetSelected(row < RowCount() ? std::max(row, -1) : -1);
         return;
     }
-    const QModelIndex index = model_->index(row, 0);
+    const QModelIndex index = model_->index(place, 0);
     setCurrentIndex(index);
     scrollTo(index);
 }
@@ -145,6 +149,9 @@ void CSkinListCtrl::ResetRows(int count) {
     ticked_ = 0;
     model_->Reset(count);
     AnnounceCount();
+    if (find_ != nullptr) {
+        find_->OnRowsChanged();
+    }
     if (before >= 0) {
         Q_EMIT rowSelected(-1);
     }
@@ -155,6 +162,9 @@ void CSkinListCtrl::AppendRows(int count) {
     ticks_.resize(ticks_.size() + static_cast<std::size_t>(count), 0);
     model_->Append(count);
     AnnounceCount();
+    if (find_ != nullptr) {
+        find_->OnRowsChanged();
+    }
     viewport()->update();
 }
 
@@ -162,15 +172,76 @@ void CSkinListCtrl::RemoveRow(int row) {
     ticked_ -= IsTicked(row) ? 1 : 0;
     ticks_.erase(ticks_.begin() + row);
     hoverRow_ = hoverColumn_ = -1;
+    const bool hidesSelected = selected_ >= 0 && !IsShown(selected_);
     model_->Remove(row);
     AnnounceCount();
-    FollowSelection();  // rows below moved up without a change of the selection
+    // Rows below moved up without a change of the selection.
+    if (hidesSelected && selected_ >= row) {
+        SetSelected(selected_ == row ? -1 : selected_ - 1);
+    } else {
+        FollowSelection();
+    }
+    if (find_ != nullptr) {
+        find_->OnRowsChanged();
+    }
     viewport()->update();
 }
 
 void CSkinListCtrl::RowChanged(int row) {
+    ShowChange(row);
+    if (find_ != nullptr) {
+        find_->OnRowsChanged();
+    }
+}
+
+void CSkinListCtrl::ShowChange(int row) {
     model_->Changed(row);
     UpdateRow(row);
+}
+
+// ---- which rows are shown ----------------------------------------------------------------------
+
+void CSkinListCtrl::EnableFind() {
+    if (find_ == nullptr) {
+        find_ = new ListFind(*this);
+    }
+}
+
+int CSkinListCtrl::RowOf(const QModelIndex& index) const {
+    return index.isValid() ? model_->RowAt(index.row()) : -1;
+}
+
+bool CSkinListCtrl::IsShown(int row) const {
+    return model_->PlaceOf(row) >= 0;
+}
+
+void CSkinListCtrl::ShowRows(std::optional<std::vector<int>> rows) {
+    hoverRow_ = hoverColumn_ = -1;
+    narrows_ = true;
+    model_->Show(std::move(rows));
+    if (const int place = model_->PlaceOf(selected_); place >= 0) {
+        setCurrentIndex(model_->index(place, 0));
+    }
+    narrows_ = false;
+    ScrollToCurrent();
+    viewport()->update();
+}
+
+void CSkinListCtrl::SelectShownRow() {
+    if (!IsShown(selected_) && model_->Places() > 0) {
+        SelectRow(model_->RowAt(0));
+    }
+}
+
+void CSkinListCtrl::ScrollTo(int offset) {
+    executeDelayedItemsLayout();  // the range of the bar comes with it
+    verticalScrollBar()->setValue(offset);
+}
+
+void CSkinListCtrl::ScrollToCurrent() {
+    if (currentIndex().isValid()) {
+        scrollTo(currentIndex());
+    }
 }
 
 // ---- ticks -------------------------------------------------------------------------------------
@@ -189,7 +260,7 @@ void CSkinListCtrl::SetTicked(int row, bool on) {
         ticks_[static_cast<std::size_t>(row)] = on ? 1 : 0;
         ticked_ += on ? 1 : -1;
         AnnounceCount();
-        RowChanged(row);
+        ShowChange(row);
     }
 }
 
@@ -303,15 +374,15 @@ void CSkinListCtrl::resizeEvent(QResizeEvent* event) {
 }
 
 QRect CSkinListCtrl::CellRect(int row, int column) const {
-    return visualRect(model_->index(row, column));
+    return visualRect(model_->index(model_->PlaceOf(row), column));
 }
 
 QRect CSkinListCtrl::RowRect(int row) const {
-    return {0, rowViewportPosition(row), viewport()->width(), rowHeight_};
+    return {0, rowViewportPosition(model_->PlaceOf(row)), viewport()->width(), rowHeight_};
 }
 
 void CSkinListCtrl::UpdateRow(int row) {
-    if (row >= 0 && row < RowCount()) {
+    if (IsShown(row)) {
         viewport()->update(RowRect(row));
     }
 }
@@ -332,7 +403,7 @@ void CSkinListCtrl::SetHover(int row, int column) {
 void CSkinListCtrl::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     const QModelIndex index = indexAt(at);
-    const int row = index.isValid() ? index.row() : -1;
+    const int row = RowOf(index);
     const int column = index.isValid() ? index.column() : -1;
     const bool link = row >= 0 && LinkRect(row, column).contains(at);
     SetHover(row, link ? column : -1);
@@ -350,7 +421,7 @@ void CSkinListCtrl::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !index.isValid()) {
         return;
     }
-    const int row = index.row();
+    const int row = RowOf(index);
     const int column = index.column();
     Q_EMIT rowClicked(row);
     if (row >= RowCount()) {
@@ -369,18 +440,18 @@ void CSkinListCtrl::mouseDoubleClickEvent(QMouseEvent* event) {
         return;
     }
     if (Column(index.column()).kind == CellKind::check) {
-        FlipTick(index.row());  // the second click of a double click counts like any click
+        FlipTick(RowOf(index));  // the second click of a double click counts like any click
         return;
     }
-    Q_EMIT rowOpened(index.row());
+    Q_EMIT rowOpened(RowOf(index));
 }
 
 void CSkinListCtrl::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Mouse) {
-        Q_EMIT menuAsked(indexAt(event->pos()).row(), event->globalPos());
+        Q_EMIT menuAsked(RowOf(indexAt(event->pos())), event->globalPos());
         return;
     }
-    const int row = currentIndex().row();
+    const int row = RowUnderCursor();
     if (row >= 0) {
         scrollTo(currentIndex());  // the menu opens beside the row, which must be in view
     }
@@ -411,10 +482,12 @@ bool CSkinListCtrl::viewportEvent(QEvent* event) {
 
 // ---- keys --------------------------------------------------------------------------------------
 
-// All rows, or none when all are ticked.
+// All rows that are shown, or none when all of them are ticked.
 void CSkinListCtrl::FlipAllTicks() {
-    const bool on = std::ranges::find(ticks_, char{0}) != ticks_.end();
-    for (int row = 0; row < RowCount(); ++row) {
+    const auto rows = std::views::iota(0, model_->Places()) |
+                      std::views::transform([this](int place) { return model_->RowAt(place); });
+    const bool on = !std::ranges::all_of(rows, [this](int row) { return IsTicked(row); });
+    for (const int row : rows) {
         if (IsTicked(row) != on) {
             FlipTick(row);
         }
@@ -422,10 +495,9 @@ void CSkinListCtrl::FlipAllTicks() {
 }
 
 void CSkinListCtrl::CopyName() const {
-    const int row = currentIndex().row();
-    if (row >= 0 && redraw_) {  // nobody copies what is not shown
+    if (currentIndex().isValid() && redraw_) {  // nobody copies what is not shown
         QGuiApplication::clipboard()->setText(
-            model_->index(row, NameColumn()).data(Qt::DisplayRole).toString());
+            currentIndex().siblingAtColumn(NameColumn()).data(Qt::DisplayRole).toString());
     }
 }
 
@@ -442,8 +514,16 @@ void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    const int row = currentIndex().row();
+    const int row = RowUnderCursor();
     switch (event->key()) {
+        case Qt::Key_Escape:
+            if (find_ != nullptr && find_->IsOpen()) {
+                find_->Close();
+                event->accept();
+                return;
+            }
+            QTableView::keyPressEvent(event);
+            return;
         case Qt::Key_Space:
             if (row >= 0 && TickColumn() >= 0) {
                 FlipTick(row);
@@ -465,7 +545,7 @@ void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
 }
 
 QModelIndex CSkinListCtrl::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    const int rows = RowCount();
+    const int rows = model_->Places();
     if (rows == 0) {
         return {};
     }
@@ -502,8 +582,8 @@ QModelIndex CSkinListCtrl::moveCursor(CursorAction action, Qt::KeyboardModifiers
 
 void CSkinListCtrl::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
-    UpdateRow(previous.row());
-    UpdateRow(current.row());
+    UpdateRow(RowOf(previous));
+    UpdateRow(RowOf(current));
 }
 
 void CSkinListCtrl::selectionChanged(const QItemSelection& selected,
@@ -514,7 +594,15 @@ void CSkinListCtrl::selectionChanged(const QItemSelection& selected,
 
 void CSkinListCtrl::FollowSelection() {
     const QItemSelection& all = selectionModel()->selection();
-    const int row = all.isEmpty() ? -1 : all.first().top();
+    const int row = all.isEmpty() ? -1 : model_->RowAt(all.first().top());
+    const bool isHidden =
+        row < 0 && selected_ >= 0 && selected_ < RowCount() && !IsShown(selected_);
+    if (!narrows_ && !isHidden) {
+        SetSelected(row);
+    }
+}
+
+void CSkinListCtrl::SetSelected(int row) {
     if (row != selected_) {
         UpdateRow(std::exchange(selected_, row));
         UpdateRow(row);
@@ -524,17 +612,18 @@ void CSkinListCtrl::FollowSelection() {
 
 void CSkinListCtrl::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
-    if (event->reason() != Qt::MouseFocusReason && !currentIndex().isValid() && RowCount() > 0) {
+    if (event->reason() != Qt::MouseFocusReason && !currentIndex().isValid() &&
+        model_->Places() > 0) {
         // The focus ring is drawn around the current row: make the first row current, and leave the
         // selection as it is.
         selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
     }
-    UpdateRow(currentIndex().row());
+    UpdateRow(RowUnderCursor());
 }
 
 void CSkinListCtrl::focusOutEvent(QFocusEvent* event) {
     QTableView::focusOutEvent(event);
-    UpdateRow(currentIndex().row());
+    UpdateRow(RowUnderCursor());
 }
 
 void CSkinListCtrl::changeEvent(QEvent* event) {

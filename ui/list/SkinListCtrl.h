@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -14,6 +15,7 @@
 
 namespace quorvi {
 
+class ListFind;
 class ListModel;
 
 // A list of rows of one height, drawn from the records of its page: row i is element i of the
@@ -21,10 +23,10 @@ class ListModel;
 // thread.
 //
 // Keys: arrows, Home, End and Page keys move; letters go to the next row whose name begins with
-// them; Ctrl+C copies the row's name; Space flips the row's tick; Ctrl+A ticks all rows, or none
-// when all are ticked; Enter opens the row; the menu key asks for its menu. A click on a link tells
-// the observer, a click in the tick column flips the tick; a click anywhere else changes only the
-// selection.
+// them; Ctrl+C copies the row's name; Space flips the row's tick; Ctrl+A ticks all rows that are
+// shown, or none when all of them are ticked; Enter opens the row; the menu key asks for its menu.
+// A click on a link tells the observer, a click in the tick column flips the tick; a click anywhere
+// else changes only the selection.
 class CSkinListCtrl : public QTableView {
     Q_OBJECT
   public:
@@ -38,7 +40,8 @@ class CSkinListCtrl : public QTableView {
     [[nodiscard]] int RowCount() const;
     // The selected row, or -1.
     [[nodiscard]] int CurrentRow() const;
-    // Selects a row and brings it into view; a row that is not there clears the selection.
+    // Selects a row and brings it into view, which a hidden one is not; a row that is not there
+    // clears the selection.
     void SelectRow(int row);
 
     [[nodiscard]] bool IsTicked(int row) const;
@@ -51,6 +54,21 @@ class CSkinListCtrl : public QTableView {
     // without its second half where the list has no ticks. Empty while there is nothing to count:
     // in an empty list, and while one loads, has failed or does not show its rows.
     [[nodiscard]] QString CountText() const;
+
+    // Has Ctrl+F open a bar over the rows, in which one types what is looked for (see ListFind).
+    // The rows that are not found are hidden: they keep their ticks and their selection, and count
+    // like all others.
+    void EnableFind();
+    // The bar, once it is enabled.
+    [[nodiscard]] ListFind* Find() const { return find_; }
+    // Shows these rows alone, in ascending order; all of them for none.
+    void ShowRows(std::optional<std::vector<int>> rows);
+    [[nodiscard]] bool IsShown(int row) const;
+    // Selects the first row that is shown, unless the selected one is.
+    void SelectShownRow();
+    void ScrollToCurrent();
+    // Scrolls to so many pixels below the first row.
+    void ScrollTo(int offset);
 
     // Redraw off keeps the list as it is on the screen, whatever happens to its rows. On shows
     // them.
@@ -144,6 +162,11 @@ class CSkinListCtrl : public QTableView {
     void CopyName() const;
     bool ShowTip(const QPoint& at, const QPoint& global);
     [[nodiscard]] QRect RowRect(int row) const;
+    // The row that an index of the view stands for, and that under the keyboard's cursor; or -1.
+    [[nodiscard]] int RowOf(const QModelIndex& index) const;
+    [[nodiscard]] int RowUnderCursor() const { return RowOf(currentIndex()); }
+    void SetSelected(int row);
+    void ShowChange(int row);
     [[nodiscard]] int TickColumn() const;
     [[nodiscard]] bool IsMarked(int row) const;
 
@@ -157,11 +180,13 @@ class CSkinListCtrl : public QTableView {
     int ticked_ = 0;           // of them, those that are set
     bool countIsToBeTold_ = false;
     int selected_ = -1;
+    bool narrows_ = false;  // the view's selection goes, the list's stays
     int hoverRow_ = -1;
     int hoverColumn_ = -1;
     bool redraw_ = true;
     QPixmap frozen_;  // what is shown while redraw is off
     ViewStatus* status_;
+    ListFind* find_ = nullptr;
 };
 
 }  // namespace quorvi

@@ -338,6 +338,8 @@ struct Metric {
     static constexpr int menuSeparator = 7;
     // lists
     static constexpr int header = 30;
+    static constexpr int findBar = 36;
+    static constexpr int findField = 26;
     static constexpr int headerRuleInset = 8;
     static constexpr int rowTall = 60;
     static constexpr int rowCompact = 30;

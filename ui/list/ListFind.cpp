@@ -1,0 +1,128 @@
+#include "ui/list/ListFind.h"
+
+#include <QLocale>
+#include <QScrollBar>
+#include <QShortcut>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ui/kit/QtText.h"
+#include "ui/list/FindBar.h"
+#include "ui/list/SkinHeader.h"
+#include "ui/list/SkinListCtrl.h"
+
+namespace quorvi {
+namespace {
+
+std::u16string_view Units(const QString& text) {
+    const QStringView view(text);
+    return {view.utf16(), static_cast<std::size_t>(view.size())};
+}
+
+}  // namespace
+
+ListFind::ListFind(CSkinListCtrl& list)
+    : QObject(&list), list_(list), bar_(new FindBar(list.horizontalHeader())) {
+    bar_->hide();
+    auto* shortcut = new QShortcut(QKeySequence::Find, &list);
+    connect(shortcut, &QShortcut::activated, this, &ListFind::Open);
+    connect(bar_, &FindBar::typed, this, &ListFind::Narrow);
+    connect(bar_, &FindBar::closeAsked, this, &ListFind::Close);
+    connect(bar_, &FindBar::listAsked, this, &ListFind::GoToList);
+}
+
+bool ListFind::IsOpen() const {
+    return !bar_->isHidden();
+}
+
+void ListFind::Open() {
+    if (!IsOpen()) {
+        offset_ = list_.verticalScrollBar()->value();
+        selected_ = list_.CurrentRow();
+        ReadRows();  // now, so that no key has to wait for it
+        bar_->show();
+        bar_->LeadTo(list_);
+        static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(bar_);
+    }
+    bar_->TakeFocus();
+}
+
+void ListFind::Close() {
+    if (!IsOpen()) {
+        return;
+    }
+    bar_->hide();
+    static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(nullptr);
+    bar_->SetText({});  // shows all rows again
+    index_.Clear();
+    isStale_ = true;
+    if (list_.CurrentRow() == selected_) {
+        list_.ScrollTo(offset_);
+    } else {
+        list_.ScrollToCurrent();
+    }
+    list_.setFocus(Qt::OtherFocusReason);
+}
+
+void ListFind::OnRowsChanged() {
+    isStale_ = true;
+    if (!IsOpen() || std::exchange(isToBeRead_, true)) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            isToBeRead_ = false;
+            Narrow();
+        },
+        Qt::QueuedConnection);
+}
+
+void ListFind::ReadRows() {
+    if (!std::exchange(isStale_, false)) {
+        return;
+    }
+    index_.Clear();
+    const int column = list_.NameColumn();
+    for (int row = 0; row < list_.RowCount(); ++row) {
+        const Cell cell = list_.CellAt(row, column);
+        index_.AddRow();
+        index_.AddText(Units(cell.text), FindKind::name);
+        index_.AddText(Units(cell.second), FindKind::number);
+    }
+}
+
+void ListFind::Narrow() {
+    query_ = FindQuery(Units(bar_->Text()));
+    if (query_.IsEmpty()) {
+        bar_->SetCount({});
+        list_.ShowRows(std::nullopt);
+        return;
+    }
+    ReadRows();
+    std::vector<int> found = index_.Find(query_);
+    const QString count = QLocale(QLocale::Chinese).toString(static_cast<int>(found.size()));
+    // A list that is on its way has nothing to count.
+    bar_->SetCount(list_.RowCount() == 0 ? QString() : ToQString(u8"找到 %1 项").arg(count));
+    list_.ShowRows(std::move(found));
+}
+
+std::optional<FoundPart> ListFind::PartOf(const QString& text, FindKind kind) const {
+    if (query_.IsEmpty()) {
+        return std::nullopt;
+    }
+    return query_.In(Folded(Units(text)), kind);
+}
+
+QString ListFind::NothingFound() const {
+    return query_.IsEmpty() ? QString() : ToQString(u8"没有找到“%1”").arg(bar_->Text().trimmed());
+}
+
+// To the selected row, or where that is not shown to the first that is.
+void ListFind::GoToList() {
+    list_.setFocus(Qt::OtherFocusReason);
+    list_.SelectShownRow();
+}
+
+}  // namespace quorvi
