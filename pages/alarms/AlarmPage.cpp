@@ -29,6 +29,7 @@ CAlarmPage::CAlarmPage(PageHost& host, const Services& services, QWidget* parent
     SayWhenEmpty(*list_, u8"手机上没有闹铃，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新闹铃项");
     ShowCount(*this, *list_);
+    list_->EnableFind();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(list_);

@@ -73,6 +73,7 @@ CAppPage::CAppPage(PageHost& host, const Services& services, QWidget* parent, Li
     SayWhenEmpty(*list_, u8"手机上没有应用，或者还没有获取");
     SayWhenFailed(*list_, u8"重新获取应用");
     ShowCount(*this, *list_);
+    list_->EnableFind();
     list_->SetObserver(this);
     connect(list_, &CSkinListCtrl::menuAsked, this, &CAppPage::OpenMenu);
     auto* hideSystem = SetControlNumber(new CSkinCheck(ToQString(u8"隐藏系统应用")), kHideSystem);

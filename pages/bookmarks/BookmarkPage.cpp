@@ -76,6 +76,7 @@ CBookmarkPage::CBookmarkPage(PageHost& host, const Services& services, QWidget* 
     SayWhenEmpty(*list_, u8"手机上没有书签，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新书签项");
     ShowCount(*this, *list_);
+    list_->EnableFind();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(list_);

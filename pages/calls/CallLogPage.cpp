@@ -35,6 +35,7 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
                      return ExportCalls(agent, attribution, file, watch);
                  }}) {
     ShowCount(*this, *list_);
+    list_->EnableFind();
     SayWhenEmpty(*list_, u8"手机上没有通话记录，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新通话记录");
     auto* layout = new QVBoxLayout(this);

@@ -90,6 +90,7 @@ void CContactGroupDlg::BuildControls() {
     button(kDelete, u8"删除选择", QStringLiteral("delete"), &CContactGroupDlg::DeleteTicked);
 
     list_ = SetControlNumber(new ContactGroupListCtrl(Body()), kList, ToQString(u8"联系人分组"));
+    list_->EnableFind();
     SayWhenEmpty(*list_, u8"手机上没有联系人分组，可以点“新建分组”");
     SayWhenFailed(*list_, u8"刷新");
 

@@ -66,6 +66,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)) {
     ShowCount(*this, *list_);
+    list_->EnableFind();
     SayWhenEmpty(*list_, u8"手机上没有联系人，或者还没有获取");
     SayWhenFailed(*list_, u8"重新获取");
     view_->setAccessibleName(ToQString(u8"联系人详细信息"));

@@ -79,6 +79,7 @@ CDownloadPage::CDownloadPage(PageHost& host, const Services& services, QWidget* 
     list_->SetFailedText(ToQString(u8"任务列表打不开"),
                          ToQString(u8"请检查程序目录和磁盘的权限，然后重新启动程序"));
     ShowCount(*this, *list_);
+    list_->EnableFind();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(Metric::gap2);

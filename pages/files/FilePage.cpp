@@ -10,6 +10,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
+#include "ui/list/ListFind.h"
 
 namespace quorvi {
 
@@ -47,6 +48,7 @@ CFilePage::CFilePage(PageHost& host, const Services& services, QWidget* parent)
       folderLoad_(*this) {
     SetControlNumber(list_, kList, ToQString(u8"文件"));
     ShowCount(*this, *list_);
+    list_->EnableFind();
     SayWhenEmpty(*list_, u8"这个文件夹里没有文件");
     SayWhenFailed(*list_, u8"转到根目录");
     auto* up = SetControlNumber(
@@ -130,6 +132,7 @@ void CFilePage::ShowDirectory(const std::string& path) {
 }
 
 void CFilePage::BeginLoad() {
+    list_->Find()->Close();  // what was looked for was looked for in that folder
     focus_.emplace(*this);
     setEnabled(false);
     list_->Clear();

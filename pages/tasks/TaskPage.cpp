@@ -64,6 +64,7 @@ CTaskPage::CTaskPage(PageHost& host, const Services& services, QWidget* parent)
     SayWhenEmpty(*list_, u8"手机上没有运行的进程，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新手机进程");
     ShowCount(*this, *list_);
+    list_->EnableFind();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(Metric::gap3);

@@ -62,27 +62,14 @@ void FindBar::LeadTo(QWidget& next) {
     setTabOrder(close_, &next);
 }
 
-// The field itself would give its text up at Escape, and keep Down.
+// The field itself would keep Down.
 bool FindBar::eventFilter(QObject* object, QEvent* event) {
-    if (object == field_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape || key == Qt::Key_Down) {
-            keyPressEvent(static_cast<QKeyEvent*>(event));
-            return true;
-        }
+    if (object == field_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+        Q_EMIT listAsked();
+        return true;
     }
     return QWidget::eventFilter(object, event);
-}
-
-void FindBar::keyPressEvent(QKeyEvent* event) {
-    event->accept();
-    if (event->key() == Qt::Key_Escape) {
-        Q_EMIT closeAsked();
-    } else if (event->key() == Qt::Key_Down) {
-        Q_EMIT listAsked();
-    } else {
-        event->ignore();
-    }
 }
 
 void FindBar::paintEvent(QPaintEvent*) {

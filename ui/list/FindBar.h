@@ -9,8 +9,8 @@ class CSearchEdit;
 class PlainLabel;
 class WindowButton;
 
-// A field, how much was found, and a button that closes it. Escape asks for the end from anywhere
-// in it, Down for the list. The window's thread.
+// A field, how much was found, and a button that closes it. Down asks for the list. The window's
+// thread.
 class FindBar : public QWidget {
     Q_OBJECT
   public:
@@ -32,7 +32,6 @@ class FindBar : public QWidget {
 
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

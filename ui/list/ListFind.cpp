@@ -23,10 +23,16 @@ std::u16string_view Units(const QString& text) {
 }  // namespace
 
 ListFind::ListFind(CSkinListCtrl& list)
-    : QObject(&list), list_(list), bar_(new FindBar(list.horizontalHeader())) {
+    : QObject(&list),
+      list_(list),
+      bar_(new FindBar(list.horizontalHeader())),
+      escape_(new QShortcut(QKeySequence(Qt::Key_Escape), &list)) {
     bar_->hide();
     auto* shortcut = new QShortcut(QKeySequence::Find, &list);
     connect(shortcut, &QShortcut::activated, this, &ListFind::Open);
+    // A shortcut, since the main window keeps the key itself from all that is in it.
+    escape_->setEnabled(false);
+    connect(escape_, &QShortcut::activated, this, &ListFind::Close);
     connect(bar_, &FindBar::typed, this, &ListFind::Narrow);
     connect(bar_, &FindBar::closeAsked, this, &ListFind::Close);
     connect(bar_, &FindBar::listAsked, this, &ListFind::GoToList);
@@ -42,6 +48,7 @@ void ListFind::Open() {
         selected_ = list_.CurrentRow();
         ReadRows();  // now, so that no key has to wait for it
         bar_->show();
+        escape_->setEnabled(true);
         bar_->LeadTo(list_);
         static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(bar_);
     }
@@ -53,6 +60,7 @@ void ListFind::Close() {
         return;
     }
     bar_->hide();
+    escape_->setEnabled(false);
     static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(nullptr);
     bar_->SetText({});  // shows all rows again
     index_.Clear();

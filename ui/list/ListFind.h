@@ -7,14 +7,16 @@
 
 #include "find/FindIndex.h"
 
+class QShortcut;
+
 namespace quorvi {
 
 class CSkinListCtrl;
 class FindBar;
 
-// Ctrl+F opens the bar from anywhere in the list's window, Escape closes it, and the list is as it
-// was. Searched is the column of names: its first line as a name, its second as a number. Rows that
-// come while it is open are narrowed, too. The window's thread.
+// From anywhere in the list's window Ctrl+F opens the bar and Escape closes it, and the list is as
+// it was. Searched is the column of names: its first line as a name, its second as a number. Rows
+// that come while it is open are narrowed, too. The window's thread.
 class ListFind : public QObject {
     Q_OBJECT
   public:
@@ -39,6 +41,7 @@ class ListFind : public QObject {
 
     CSkinListCtrl& list_;
     FindBar* bar_;
+    QShortcut* escape_;
     FindQuery query_;
     FindIndex index_;
     bool isStale_ = true;  // index_ does not have the rows as they are

@@ -516,14 +516,6 @@ void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
     }
     const int row = RowUnderCursor();
     switch (event->key()) {
-        case Qt::Key_Escape:
-            if (find_ != nullptr && find_->IsOpen()) {
-                find_->Close();
-                event->accept();
-                return;
-            }
-            QTableView::keyPressEvent(event);
-            return;
         case Qt::Key_Space:
             if (row >= 0 && TickColumn() >= 0) {
                 FlipTick(row);

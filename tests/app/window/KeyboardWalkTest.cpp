@@ -1,5 +1,7 @@
 // A user without a mouse goes through the main window with the suite's own pages.
 #include <QApplication>
+#include <QLineEdit>
+#include <algorithm>
 #include <set>
 
 #include "agent/AgentCommand.h"
@@ -34,6 +36,10 @@ struct Filled {
     const char* element;
 };
 constexpr Filled kFilled[] = {{10, "block"}, {11, "sms_ul"}};
+
+// The pages whose list is searched by Ctrl+F: downloads, contacts, calls, alarms, files, bookmarks,
+// applications and processes.
+constexpr int kSearched[] = {5, 10, 12, 13, 15, 16, 30, 45};
 
 QString NameOf(const QWidget* widget) {
     return widget == nullptr ? QStringLiteral("nothing")
@@ -230,6 +236,22 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         }
     }
 
+    // Ctrl+F opens the bar over the page's list, where that is searched, with the keys in it, and
+    // Escape leads back to the list.
+    void ExpectFind(int page) {
+        QTest::keySequence(window_->windowHandle(), QKeySequence::Find);
+        auto* field = window_->ShownPage()->findChild<QLineEdit*>(QStringLiteral("find"));
+        if (std::ranges::find(kSearched, page) == std::end(kSearched)) {
+            EXPECT_EQ(field, nullptr);
+            return;
+        }
+        ASSERT_NE(field, nullptr);
+        EXPECT_EQ(QApplication::focusWidget(), field);
+        QTest::keyClick(field, Qt::Key_Escape);
+        EXPECT_FALSE(field->isVisible());
+        EXPECT_EQ(QApplication::focusWidget(), window_->ShownPage()->findChild<CSkinListCtrl*>());
+    }
+
     ScriptedAgent agent_;
     ScriptedSite store_;
 };
@@ -247,6 +269,7 @@ TEST_F(KeyboardWalk, LeadsThroughAllPagesToEveryControlAndDoesNothingUnasked) {
         }
         const World before = TheWorld();
         GoRound();
+        ExpectFind(row.page);
         EXPECT_TRUE(TheWorld() == before);
         if (HasFailure()) {
             return;

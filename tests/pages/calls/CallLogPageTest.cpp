@@ -1,9 +1,11 @@
 #include <QAbstractButton>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include "tests/pages/calls/CallLogPageFixture.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/LoopbackAgent.h"
+#include "ui/list/ListFind.h"
 
 namespace quorvi {
 namespace {
@@ -208,6 +210,25 @@ TEST_F(CallLogPage, DeletingTickedCallsAsksSendsTheirIdsAndLoadsAgain) {
     const auto requests = agent_.Requests(AgentCommand::deleteCalls);
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0], Join({Word(870303), Word(20), Word(2), Word(7), Word(9)}));
+}
+
+// 95588 is ticked, and then 妈妈 is looked for and ticked: both go, and both are counted.
+TEST_F(CallLogPage, ADeleteWhileOneFindsCountsAndTakesTheTickedCallsThatAreHidden) {
+    CCallLogPage& page = OpenLoaded();
+    List().SetTicked(1, true);
+    List().Find()->Open();
+    page.findChild<QLineEdit*>(QStringLiteral("find"))->setText(QStringLiteral("mm"));
+    ASSERT_FALSE(List().IsShown(1));
+    List().SetTicked(2, true);
+    page.OnCommand(CCallLogPage::commandDelete);
+    EXPECT_EQ(Question(), ToQString(u8"您真的要删除选择的【 2 】条通话记录吗？"));
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    const auto requests = agent_.Requests(AgentCommand::deleteCalls);
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0], Join({Word(870303), Word(20), Word(2), Word(8), Word(9)}));
+    // The list that comes behind it is narrowed like the one before.
+    EXPECT_TRUE(WaitFor([&] { return List().model()->rowCount() == 1; }));
 }
 
 TEST_F(CallLogPage, AnythingButTheDeleteButtonDeletesNothing) {

@@ -66,6 +66,22 @@ class GroupDialog : public AgentDialogTest<CContactGroupDlg> {
     }
 };
 
+TEST_F(GroupDialog, CtrlFFindsAGroupAndEscapeEndsTheSearchBeforeTheDialog) {
+    OpenLoaded();
+    dialog_->activateWindow();
+    ASSERT_TRUE(WaitFor([&] { return dialog_->isActiveWindow(); }));
+    QTest::keySequence(dialog_->windowHandle(), QKeySequence::Find);
+    auto* field = dialog_->findChild<QLineEdit*>(QStringLiteral("find"));
+    ASSERT_TRUE(field->hasFocus());
+    field->setText(QStringLiteral("ts"));
+    EXPECT_EQ(List().model()->rowCount(), 1);
+    EXPECT_TRUE(List().IsShown(1));  // 同事
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_TRUE(dialog_->isVisible());
+    EXPECT_EQ(List().model()->rowCount(), 2);
+}
+
 TEST_F(GroupDialog, OpeningLoadsTheGroupsIntoTheirColumns) {
     OpenLoaded();
     EXPECT_EQ(dialog_->objectName(), QStringLiteral("dialog 679"));
