@@ -1,0 +1,126 @@
+// What a key costs in the bar over a list of 20,000 names and numbers: to find the rows, and until
+// the narrowed list is painted. Ends with status 1 when a key takes longer than a frame of the
+// screen.
+#include <benchmark/benchmark.h>
+
+#include <QLineEdit>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bench/Verdict.h"
+#include "bench/WindowTurns.h"
+#include "find/FindIndex.h"
+#include "tests/support/SampleList.h"
+#include "ui/list/ListFind.h"
+
+namespace quorvi {
+namespace {
+
+constexpr int kRows = 20'000;
+constexpr QSize kViewSize(760, 462);
+constexpr double kMostKey = 16;    // milliseconds
+constexpr double kMostOpen = 100;  // milliseconds, for the bar itself
+
+constexpr std::u16string_view kSurnames = u"王李张刘陈杨黄赵吴周徐孙马朱胡郭何林罗高曾单仇解吕";
+constexpr std::u16string_view kGiven =
+    u"远舟雨泽易之忆中英姿晓棠建国志强秀兰桂芳海燕长乐重阳行云思";
+
+// What is typed: letters that begin many names, whole names, digits, characters, and what is found
+// nowhere.
+constexpr std::array<std::u16string_view, 10> kTyped = {
+    u"l", u"ly", u"lyz", u"linyuanzhou", u"zhzhzh", u"138", u"1380001", u"林", u"志强", u"qqqq"};
+
+std::vector<SampleRecord> Records() {
+    std::vector<SampleRecord> records(kRows);
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        records[i].id = i + 1;
+        records[i].name = QString(QChar(kSurnames[i % kSurnames.size()])) +
+                          QChar(kGiven[i * 7 % kGiven.size()]) +
+                          QChar(kGiven[i / kSurnames.size() % kGiven.size()]);
+        records[i].number = QString::number(13'800'000'000LL + static_cast<long long>(i) * 37);
+    }
+    return records;
+}
+
+void Index(benchmark::State& state) {
+    FindIndex index;
+    for (const SampleRecord& record : Records()) {
+        index.AddRow();
+        index.AddText(record.name.toStdU16String(), FindKind::name);
+        index.AddText(record.number.toStdU16String(), FindKind::number);
+    }
+    const FindQuery query(kTyped[static_cast<std::size_t>(state.range(0))]);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(index.Find(query));
+    }
+}
+
+struct Shown {
+    SampleListCtrl list;
+
+    Shown() {
+        list.setFixedSize(kViewSize);
+        list.EnableFind();
+        list.show();
+        list.SetRecords(Records());
+        QApplication::processEvents();
+    }
+};
+
+void Open(benchmark::State& state) {
+    Shown shown;
+    for (auto _ : state) {
+        shown.list.Find()->Open();
+        shown.list.viewport()->repaint();
+        state.PauseTiming();
+        shown.list.Find()->Close();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void Key(benchmark::State& state) {
+    Shown shown;
+    shown.list.Find()->Open();
+    auto* field = shown.list.findChild<QLineEdit*>(QStringLiteral("find"));
+    const std::u16string_view typed = kTyped[static_cast<std::size_t>(state.range(0))];
+    const QString text = QString::fromUtf16(typed.data(), static_cast<qsizetype>(typed.size()));
+    for (auto _ : state) {
+        field->setText(text);
+        shown.list.viewport()->repaint();
+        state.PauseTiming();
+        field->clear();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void Judge(const Figures& figures, Verdict& verdict) {
+    verdict.AtMost("20,000 rows, the bar opens, ms", figures.Time("Open"), kMostOpen);
+    for (std::size_t i = 0; i < kTyped.size(); ++i) {
+        const QString typed =
+            QString::fromUtf16(kTyped[i].data(), static_cast<qsizetype>(kTyped[i].size()));
+        const std::string which = "/" + std::to_string(i);
+        Verdict::Tell(("  found, ms: " + typed.toStdString()).c_str(),
+                      figures.Time("Index" + which));
+        verdict.AtMost(("on the screen, ms: " + typed.toStdString()).c_str(),
+                       figures.Time("Key" + which), kMostKey);
+    }
+}
+
+}  // namespace
+}  // namespace quorvi
+
+int main(int count, char** words) {
+    using namespace quorvi;
+    const auto application = MakeApplication(count, words);
+    benchmark::RegisterBenchmark("Open", Open)->Unit(benchmark::kMillisecond);
+    const auto last = static_cast<std::int64_t>(kTyped.size()) - 1;
+    benchmark::RegisterBenchmark("Index", Index)
+        ->DenseRange(0, last)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("Key", Key)->DenseRange(0, last)->Unit(benchmark::kMillisecond);
+    return RunAndJudge(count, words, 3, Judge);
+}
