@@ -47,12 +47,13 @@ void PackageInstaller::Start(PackageInstall install, Done done) const {
             done(result);
         }
     };
+    const auto wanted = std::make_shared<const PackageInstall>(std::move(install));
     try {
         // The worker has a copy of the service, and so its state, for itself.
-        std::thread([self = *this, install, end] { end(self.Install(install)); }).detach();
+        std::thread([self = *this, wanted, end] { end(self.Install(*wanted)); }).detach();
     } catch (const std::system_error&) {
-        state_->observers.Tell({install, std::nullopt});
-        state_->observers.Tell({install, InstallResult::noProcess});
+        state_->observers.Tell({*wanted, std::nullopt});
+        state_->observers.Tell({*wanted, InstallResult::noProcess});
         end(InstallResult::noProcess);
     }
 }
