@@ -60,6 +60,15 @@ class StoreStory : public StoreDriver {
     static std::vector<CDownloadTask> Tasks(TaskFilter filter) {
         return Window().PageServices().taskStore->LoadTaskList(filter).tasks;
     }
+    // How far it came: the states of the tasks, the status, and what the site was asked for.
+    static std::string Standing() {
+        std::string states;
+        for (const CDownloadTask& task : Tasks(TaskFilter::all)) {
+            states += std::to_string(static_cast<int>(task.state)) + " ";
+        }
+        return "states: " + states + "status: " + Status().toStdString() +
+               " asked: " + testing::PrintToString(Asked());
+    }
     static bool WaitAllEnded() {
         return WaitFor(
             [] { return RunningJobs() == 0 && Window().PageServices().taskQueue.IsIdle(); });
@@ -83,7 +92,7 @@ TEST_F(StoreStory, ASearchLeadsToAnItemAndItsPackageOntoThePhone) {
     ClickHtml(View(), QStringLiteral("#item"));
     ASSERT_TRUE(WaitForHeading("item"));
     ClickHtml(View(), QStringLiteral("#get"));
-    ASSERT_TRUE(WaitFor([] { return Tasks(TaskFilter::done).size() == 1; }));
+    ASSERT_TRUE(WaitFor([] { return Tasks(TaskFilter::done).size() == 1; })) << Standing();
     const CDownloadTask task = Tasks(TaskFilter::done)[0];
     EXPECT_EQ(task.title, Ansi(u8"晨间听书"));
     EXPECT_EQ(task.uniqueId, kPackage);
