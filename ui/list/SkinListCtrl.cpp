@@ -10,7 +10,6 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "ui/kit/QtText.h"
@@ -484,11 +483,12 @@ bool CSkinListCtrl::viewportEvent(QEvent* event) {
 
 // All rows that are shown, or none when all of them are ticked.
 void CSkinListCtrl::FlipAllTicks() {
-    const auto rows = std::views::iota(0, model_->Places()) |
-                      std::views::transform([this](int place) { return model_->RowAt(place); });
-    const bool on = !std::ranges::all_of(rows, [this](int row) { return IsTicked(row); });
-    for (const int row : rows) {
-        if (IsTicked(row) != on) {
+    bool on = false;
+    for (int place = 0; place < model_->Places(); ++place) {
+        on = on || !IsTicked(model_->RowAt(place));
+    }
+    for (int place = 0; place < model_->Places(); ++place) {
+        if (const int row = model_->RowAt(place); IsTicked(row) != on) {
             FlipTick(row);
         }
     }
