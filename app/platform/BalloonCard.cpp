@@ -128,19 +128,19 @@ void BalloonCard::paintEvent(QPaintEvent*) {
     const QRectF card = QRectF(rect()).adjusted(margin_, margin_, -margin_, -margin_);
 
     // A soft shadow: rings of falling strength around the card.
-    QColor shade = look::color(Color::plum8);
+    QColor shade = look::color(Color::shadow);
+    const float strength = shade.alphaF() / 5;
     painter.setPen(Qt::NoPen);
     for (int ring = margin_; ring > 0; --ring) {
         const double nearness = 1.0 - static_cast<double>(ring) / margin_;
-        shade.setAlphaF(
-            static_cast<float>(nearness * nearness * Metric::shadowMenuPercent / 100 / 5));
+        shade.setAlphaF(static_cast<float>(nearness * nearness) * strength);
         painter.setBrush(shade);
         const QRectF grown = card.adjusted(-ring, -ring, ring, ring)
                                  .translated(0, Metric::shadowMenuDrop)
                                  .intersected(rect());
         painter.drawRoundedRect(grown, Metric::radiusPanel + ring, Metric::radiusPanel + ring);
     }
-    look::plate(painter, card, Metric::radiusPanel, look::color(Color::surface),
+    look::plate(painter, card, Metric::radiusPanel, look::color(Color::menu),
                 look::color(Color::line));
 
     const QRectF inner = card.adjusted(Metric::gap4, kPaddingY, -Metric::gap4, -kPaddingY);

@@ -97,7 +97,7 @@ void TabStrip::PaintTab(QPainter& painter, int index) const {
     if (index == hovered_ && !selected) {
         constexpr int inset = Metric::tabPlateInset;
         look::plate(painter, area.adjusted(inset, inset, -inset, -inset), Metric::radius,
-                    look::color(Color::plum6, Metric::platePercent), Qt::transparent);
+                    look::color(Color::tabPlate), Qt::transparent);
     }
 
     const QString caption = ToQString(entry.caption);

@@ -11,6 +11,7 @@
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
+#include "ui/look/Theme.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
@@ -130,7 +131,12 @@ void CContactEditDlg::BuildControls() {
         return field;
     };
     auto* phone = new FormCaption({}, Body());
-    phone->setPixmap(look::icon(u"call", Metric::iconButton, Color::ink2, devicePixelRatioF()));
+    const auto showPhone = [phone] {
+        phone->setPixmap(
+            look::icon(u"call", Metric::iconButton, Color::ink2, phone->devicePixelRatioF()));
+    };
+    showPhone();
+    connect(&look::TheThemeNotice(), &look::ThemeNotice::changed, phone, showPhone);
     phone->setAccessibleName(ToQString(u8"电话"));
     grid->addWidget(phone, row, columnLeftCaption);
     for (std::size_t i = 0; i < phones_.size(); ++i) {

@@ -16,6 +16,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/list/RecordListCtrl.h"
+#include "ui/look/Theme.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
@@ -113,9 +114,7 @@ void CDeviceManagerDlg::BuildControls() {
     const QString typeCaption = ToQString(u8"连接方式");
     auto* caption = new QLabel(typeCaption, Body());
     caption->setFont(look::font(Size::s13));
-    QPalette ink = caption->palette();
-    ink.setColor(QPalette::WindowText, look::color(Color::ink2));
-    caption->setPalette(ink);
+    look::SetPaletteColor(*caption, QPalette::WindowText, Color::ink2);
 
     type_ = SetControlNumber(new CSkinCombo(Body()), kConnectionType, typeCaption);
     type_->addItem(ToQString(u8"USB (数据线)"));

@@ -1,11 +1,11 @@
 #include "pages/files/FileListCtrl.h"
 
-#include <QPalette>
 #include <array>
 
 #include "base/Format.h"
 #include "pages/files/FileName.h"
 #include "ui/kit/QtText.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 namespace {
@@ -30,9 +30,7 @@ CFileListCtrl::CFileListCtrl(QWidget* parent)
     : RecordListCtrl(kColumns, look::Metric::rowCompact, parent) {
     // While a folder is fetched the list is disabled; it keeps its ground, so that nothing flickers
     // on a walk from folder to folder.
-    QPalette ground = palette();
-    ground.setColor(QPalette::Disabled, QPalette::Base, look::color(look::Color::surface));
-    setPalette(ground);
+    look::SetPaletteColor(*this, QPalette::Base, look::Color::surface, QPalette::Disabled);
 }
 
 Cell CFileListCtrl::CellOf(const FileRecord& record, int column) const {

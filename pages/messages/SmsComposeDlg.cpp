@@ -16,6 +16,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinTree.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -103,9 +104,7 @@ void CSmsComposeDlg::BuildControls() {
     length_->setFont(look::font(Size::s12));
     length_->setAlignment(Qt::AlignRight | Qt::AlignTop);
     length_->setTextFormat(Qt::PlainText);
-    QPalette ink = length_->palette();
-    ink.setColor(QPalette::WindowText, look::color(Color::ink2));
-    length_->setPalette(ink);
+    look::SetPaletteColor(*length_, QPalette::WindowText, Color::ink2);
 
     auto* captions = new QVBoxLayout;
     captions->setSpacing(0);

@@ -22,10 +22,14 @@ inline constexpr double kReadable = 4.5;
     return 0.2126 * linear(qRed(rgb)) + 0.7152 * linear(qGreen(rgb)) + 0.0722 * linear(qBlue(rgb));
 }
 
-[[nodiscard]] inline double Contrast(look::Color a, look::Color b) {
-    const double x = Luminance(look::color(a).rgb());
-    const double y = Luminance(look::color(b).rgb());
+[[nodiscard]] inline double ContrastOf(const QColor& a, const QColor& b) {
+    const double x = Luminance(a.rgb());
+    const double y = Luminance(b.rgb());
     return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
+}
+
+[[nodiscard]] inline double Contrast(look::Color a, look::Color b) {
+    return ContrastOf(look::color(a), look::color(b));
 }
 
 // Expects each text of a list to be read on every ground that a row can have.

@@ -7,6 +7,7 @@
 #include "ui/look/DesktopWishes.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Look.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -17,6 +18,23 @@ void ApplyLook(QApplication& application) {
     InstallAccessibleControls();
     new FocusRing(&application);
     (new DesktopWishes(&application))->Ask();
+}
+
+void ApplyLookChoice(LookChoice choice) {
+    switch (choice) {
+        case LookChoice::system:
+            look::ChooseTheme(std::nullopt);
+            return;
+        case LookChoice::light:
+            look::ChooseTheme(look::Theme::light);
+            return;
+        case LookChoice::dark:
+            look::ChooseTheme(look::Theme::dark);
+            return;
+        case LookChoice::contrast:
+            look::ChooseTheme(look::Theme::contrast);
+            return;
+    }
 }
 
 }  // namespace quorvi

@@ -12,6 +12,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
 #include "ui/kit/WindowFrame.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -50,7 +51,7 @@ class Scrim : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), look::color(Color::ink, Metric::scrimPercent));
+        painter.fillRect(rect(), look::color(Color::scrim));
     }
     bool eventFilter(QObject* object, QEvent* event) override {
         if (event->type() == QEvent::Resize) {
@@ -69,9 +70,8 @@ SkinDialog::SkinDialog(int number, const QString& title, QWidget* parent)
       body_(new QWidget(this)) {
     SetDialogNumber(*this, number);
     title_->setFont(look::font(Size::s14, true));
-    QPalette ink = title_->palette();
-    ink.setColor(QPalette::WindowText, look::color(Color::plum8));
-    title_->setPalette(ink);
+    look::SetPaletteColor(*this, QPalette::Window, Color::dialog);
+    look::SetPaletteColor(*title_, QPalette::WindowText, Color::plum8);
     title_->setTextFormat(Qt::PlainText);
     SetTitle(title);
 
@@ -256,7 +256,7 @@ QRect SkinDialog::Captioned() const {
 void SkinDialog::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     WindowFrame::Paint(painter, *this);
-    look::fill(painter, contentsRect(), look::color(Color::page));
+    look::fill(painter, contentsRect(), look::color(Color::dialog));
     look::fill(painter, Captioned(), look::color(Color::chrome1));
 }
 

@@ -10,6 +10,7 @@
 #include <limits>
 
 #include "ui/look/Look.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -135,7 +136,7 @@ void CSearchEdit::paintEvent(QPaintEvent* event) {
         if (!isEnabled()) {
             line = Color::line2;
         } else if (hasFocus()) {
-            line = Color::plum6;
+            line = Color::ring;
             width = Metric::fieldFocusLine;
         } else if (underMouse()) {
             line = Color::ink3;
@@ -222,6 +223,7 @@ CSkinCombo::CSkinCombo(QWidget* parent) : QComboBox(parent) {
     list->setUniformItemSizes(true);
     list->setMouseTracking(true);
     list->setFrameShape(QFrame::NoFrame);
+    look::SetPaletteColor(*list, QPalette::Base, Color::menu);
     setView(list);
     setItemDelegate(new DropDelegate(this));
     setAttribute(Qt::WA_Hover);

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ui/kit/PlainTip.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -107,9 +108,7 @@ PlainLabel::PlainLabel(const QString& text, Size size, Color ink, QWidget* paren
     : QLabel(text, parent) {
     setFont(look::font(size, bold));
     setTextFormat(Qt::PlainText);
-    QPalette inks = palette();
-    inks.setColor(QPalette::WindowText, look::color(ink));
-    setPalette(inks);
+    look::SetPaletteColor(*this, QPalette::WindowText, ink);
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
@@ -167,6 +166,7 @@ void CSkinProgress::paintEvent(QPaintEvent*) {
 CSkinGroupBox::CSkinGroupBox(const QString& caption, QWidget* parent) : QGroupBox(caption, parent) {
     setContentsMargins(Metric::groupPadding, Metric::groupCaption + Metric::groupFoot,
                        Metric::groupPadding, Metric::groupFoot);
+    look::SetPaletteColor(*this, QPalette::Window, Color::surface);
 }
 
 void CSkinGroupBox::SetCaptionColors(Color text, Color fill) {

@@ -60,8 +60,7 @@ int CSkinMenu::CommandOf(const QAction* action) {
 }
 
 void PaintMenuPanel(QPainter& painter, const QRect& rect) {
-    look::plate(painter, rect, Metric::radius, look::color(Color::surface),
-                look::color(Color::frame));
+    look::plate(painter, rect, Metric::radius, look::color(Color::menu), look::color(Color::frame));
     const qreal line = look::hairline(painter);
     look::fill(painter,
                QRectF(rect.left() + line, rect.top() + Metric::radius / 2.0, Metric::menuGutter,

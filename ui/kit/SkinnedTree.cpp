@@ -9,6 +9,7 @@
 #include "ui/look/FocusRing.h"
 #include "ui/look/Look.h"
 #include "ui/look/RoundCorners.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 
@@ -77,10 +78,8 @@ SkinnedTree<Base>::SkinnedTree(QWidget* parent)
     this->setFrameShape(QFrame::StyledPanel);
     this->setMouseTracking(true);
     // The style leaves a padding around the nodes; it gets the same colour as they have.
-    QPalette ground = this->palette();
-    ground.setColor(QPalette::Window, look::color(Color::surface));
-    ground.setColor(QPalette::Disabled, QPalette::Window, look::color(Color::fieldOff));
-    this->setPalette(ground);
+    look::SetPaletteColor(*this, QPalette::Window, Color::surface);
+    look::SetPaletteColor(*this, QPalette::Window, Color::fieldOff, QPalette::Disabled);
     this->setAutoFillBackground(true);
     RoundCorners::Attach(*this);
 }

@@ -116,8 +116,7 @@ void WindowFrame::Paint(QPainter& painter, const QWidget& window) {
     }
     // The line is translucent: it darkens the page's colour, which is painted under it first.
     look::plate(painter, window.rect(), radius, look::color(Color::page), Qt::transparent);
-    look::plate(painter, window.rect(), radius, Qt::transparent,
-                look::color(Color::plum8, Metric::edgePercent));
+    look::plate(painter, window.rect(), radius, Qt::transparent, look::color(Color::windowEdge));
     QPainterPath inside;
     inside.addRoundedRect(QRectF(window.contentsRect()), radius - Metric::hairline,
                           radius - Metric::hairline);

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "ui/look/Look.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 namespace {
@@ -25,11 +26,14 @@ struct Wish {
     void (*take)(const QVariant& value);
 };
 
-constexpr std::array<Wish, 2> kWishes{{
+constexpr std::array<Wish, 3> kWishes{{
     {u"org.freedesktop.appearance", u"contrast",  // 1: more contrast
      [](const QVariant& value) {
          look::SetReadableInks(value.toUInt() == 1, look::InkReason::desktop);
+         look::SetDesktopContrast(value.toUInt() == 1);
      }},
+    {u"org.freedesktop.appearance", u"color-scheme",  // 1: dark, 2: light, 0: no wish
+     [](const QVariant& value) { look::SetDesktopDark(value.toUInt() == 1); }},
     {u"org.gnome.desktop.interface", u"enable-animations",
      [](const QVariant& value) { look::SetLessMotion(!value.toBool()); }},
 }};

@@ -1,4 +1,4 @@
-// What the desktop asks of every program: more contrast, less motion.
+// What the desktop asks of every program: more contrast, dark, less motion.
 #pragma once
 
 #include <QObject>

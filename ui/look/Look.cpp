@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "ui/look/Theme.h"
+
 namespace quorvi::look {
 namespace {
 
@@ -14,6 +16,11 @@ std::array<bool, 2>& InkReasons() {
     return asked;
 }
 
+Theme& TheTheme() {
+    static Theme theme = Theme::light;
+    return theme;
+}
+
 bool& LessMotionFlag() {
     static bool on = false;
     return on;
@@ -21,6 +28,21 @@ bool& LessMotionFlag() {
 
 const ColorRow& RowOf(Color color) {
     return kColors[static_cast<std::size_t>(color)];
+}
+
+QColor ValueOf(const ColorRow& row, Theme theme) {
+    const auto column = static_cast<std::size_t>(theme);
+    QColor made = QColor::fromRgb(row.values[column]);
+    if (const int percent = row.percent[column]; percent < 100) {
+        made.setAlphaF(static_cast<float>(percent) / 100.0F);
+    }
+    return made;
+}
+
+void RepaintAll() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        widget->update();
+    }
 }
 
 QStringList Families() {
@@ -37,18 +59,34 @@ void SetReadableInks(bool on, InkReason reason) {
     if (ReadableInks() == before) {
         return;
     }
-    for (QWidget* widget : QApplication::allWidgets()) {
-        widget->update();
-    }
+    RepaintAll();
 }
 
 bool ReadableInks() {
     return std::ranges::find(InkReasons(), true) != InkReasons().end();
 }
 
+void SetTheme(Theme theme) {
+    if (theme == CurrentTheme()) {
+        return;
+    }
+    TheTheme() = theme;
+    QApplication::setPalette(palette());
+    Q_EMIT TheThemeNotice().changed();
+    RepaintAll();
+}
+
+Theme CurrentTheme() {
+    return TheTheme();
+}
+
 QColor color(Color color) {
     const ColorRow& row = RowOf(color);
-    return QColor::fromRgb(ReadableInks() ? RowOf(row.readable).value : row.value);
+    return ValueOf(ReadableInks() ? RowOf(row.readable) : row, CurrentTheme());
+}
+
+QColor color(Color color, Theme theme) {
+    return ValueOf(RowOf(color), theme);
 }
 
 QColor color(Color color, int percent) {

@@ -1,11 +1,10 @@
-// The look of the suite: the one table of colours, the one table of measures, the type scale, the
-// icons, and the few strokes from which every control is painted. No colour and no measure stands
-// in a paint routine outside this header.
+// The look of the suite: the one table of colours (ui/look/Colors.h), the one table of measures,
+// the type scale, the icons, and the few strokes from which every control is painted. No colour and
+// no measure stands in a paint routine outside these two headers.
 //
 // Everything here belongs to the window's thread. Lengths are logical pixels at scale 1.
 #pragma once
 
-#include <QColor>
 #include <QFont>
 #include <QPalette>
 #include <QPixmap>
@@ -14,200 +13,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+
+#include "ui/look/Colors.h"
 
 class QPainter;
 
 namespace quorvi::look {
-
-// ---- colours -----------------------------------------------------------------------------------
-
-// Names of the colours. Those that begin with `stated` are values that the features give to the
-// letter; they are drawn with that value until the readable inks are asked for.
-enum class Color : std::uint8_t {
-    ink,
-    ink2,
-    ink3,
-    inkOff,
-    onAccent,
-    plum8,
-    plum7,
-    plum6,
-    plum5,
-    rowLight,
-    rowHover,
-    rowSelected,
-    rowBorder,
-    surface,
-    page,
-    chrome1,
-    chrome2,
-    field,
-    fieldOff,
-    fieldLine,
-    line,
-    line2,
-    hair,
-    frame,
-    scroll,
-    scrollHot,
-    blueMark,
-    redMark,
-    greenMark,
-    blue,
-    red,
-    green,
-    amber,
-    star,
-    red5,
-    red7,
-    redSoft,
-    menuGutter,
-    menuSel,
-    menuSelLine,
-    comboSel,
-    flatLine,
-    flatLine2,
-    flatHot,
-    flatPress,
-    flatFill,
-    trackHot,
-    searchLine,
-    skeleton,
-    tip,
-    groove,
-    redOff,
-    plumOff,
-    bar1,
-    bar2,
-    plumTint,
-    statedBlue,
-    statedRed,
-    statedGreen,
-    statedDarkGreen,
-    statedLink,
-    statedGrey,
-    count,
-};
-
-struct ColorRow {
-    Color color;
-    std::string_view token;  // the name in the style sheets of the HTML views, without its dashes
-    QRgb value;
-    Color readable;  // what is drawn when readable inks are asked for: itself for all but `stated…`
-};
-
-namespace detail {
-constexpr QRgb Opaque(unsigned rgb) {
-    return 0xFF000000U | rgb;
-}
-constexpr ColorRow Row(Color color, std::string_view token, unsigned rgb) {
-    return {color, token, Opaque(rgb), color};
-}
-constexpr ColorRow Stated(Color color, std::string_view token, unsigned rgb, Color readable) {
-    return {color, token, Opaque(rgb), readable};
-}
-}  // namespace detail
-
-// Token, value, and what the value becomes when readable inks are asked for. Row i is colour i.
-inline constexpr std::array<ColorRow, static_cast<std::size_t>(Color::count)> kColors = {{
-    // ink
-    detail::Row(Color::ink, "ink", 0x2B2131),
-    detail::Row(Color::ink2, "ink-2", 0x5E5465),
-    detail::Row(Color::ink3, "ink-3", 0x8A8091),
-    detail::Row(Color::inkOff, "ink-off", 0xA99FAE),
-    detail::Row(Color::onAccent, "on-accent", 0xFFFFFF),
-    // plum, the one accent
-    detail::Row(Color::plum8, "plum-8", 0x4A1D51),
-    detail::Row(Color::plum7, "plum-7", 0x6A2A72),
-    detail::Row(Color::plum6, "plum-6", 0x87368F),
-    detail::Row(Color::plum5, "plum-5", 0x9A46A2),
-    // rows
-    detail::Row(Color::rowLight, "row-light", 0xFAF1FA),
-    detail::Row(Color::rowHover, "row-hover", 0xF6E3F6),
-    detail::Row(Color::rowSelected, "row-selected", 0xEECAEF),
-    detail::Row(Color::rowBorder, "row-border", 0xECC2ED),
-    // surfaces
-    detail::Row(Color::surface, "surface", 0xFFFFFF),
-    detail::Row(Color::page, "page", 0xFCF9FD),
-    detail::Row(Color::chrome1, "chrome-1", 0xF1E5F3),
-    detail::Row(Color::chrome2, "chrome-2", 0xF9F3FA),
-    detail::Row(Color::field, "field", 0xFFFFFF),
-    detail::Row(Color::fieldOff, "field-off", 0xF5F1F6),
-    detail::Row(Color::fieldLine, "field-line", 0x8A8091),
-    // lines
-    detail::Row(Color::line, "line", 0xE8DEEA),
-    detail::Row(Color::line2, "line-2", 0xD9CBDD),
-    detail::Row(Color::hair, "hair", 0xF3EAF4),
-    detail::Row(Color::frame, "frame", 0xACA899),
-    detail::Row(Color::scroll, "scroll", 0xCDBFD1),
-    detail::Row(Color::scrollHot, "scroll-hot", 0xA78FAC),
-    // meaning: the mark is a dot, the plain name is text
-    detail::Row(Color::blueMark, "blue-mark", 0x0000FF),
-    detail::Row(Color::redMark, "red-mark", 0xFF0000),
-    detail::Row(Color::greenMark, "green-mark", 0x1D9014),
-    detail::Row(Color::blue, "blue", 0x1B4FB0),
-    detail::Row(Color::red, "red", 0xB01228),
-    detail::Row(Color::green, "green", 0x0B6B12),
-    detail::Row(Color::amber, "amber", 0x8A5200),
-    detail::Row(Color::star, "star", 0xE8A317),
-    detail::Row(Color::red5, "red-5", 0xC42B3D),
-    detail::Row(Color::red7, "red-7", 0x8E0E20),
-    detail::Row(Color::redSoft, "red-soft", 0xF9E3E6),
-    // menu, drop list, flat image button
-    detail::Row(Color::menuGutter, "menu-gutter", 0xE7E7E7),
-    detail::Row(Color::menuSel, "menu-sel", 0xCEE7FF),
-    detail::Row(Color::menuSelLine, "menu-sel-line", 0x84A6C6),
-    detail::Row(Color::comboSel, "combo-sel", 0x59B0DB),
-    detail::Row(Color::flatLine, "flat-line", 0xE0E0E0),
-    detail::Row(Color::flatLine2, "flat-line-2", 0xBDBDBD),
-    detail::Row(Color::flatHot, "flat-hot", 0x359AFF),
-    detail::Row(Color::flatPress, "flat-press", 0xFF9600),
-    detail::Row(Color::flatFill, "flat-fill", 0xE1F0FF),
-    // seldom
-    detail::Row(Color::trackHot, "track-hot", 0x766C7D),
-    detail::Row(Color::searchLine, "search-line", 0xB9A9BD),
-    detail::Row(Color::skeleton, "skeleton", 0xEFE4F1),
-    detail::Row(Color::tip, "tip", 0x3A3040),
-    detail::Row(Color::groove, "groove", 0xEFE6F1),
-    detail::Row(Color::redOff, "red-off", 0xE3D3D6),
-    detail::Row(Color::plumOff, "plum-off", 0xD3B8D6),
-    detail::Row(Color::bar1, "bar-1", 0xE3B0E6),
-    detail::Row(Color::bar2, "bar-2", 0xD79ADB),
-    detail::Row(Color::plumTint, "plum-tint", 0xE6BBE8),
-    // values that the features give to the letter
-    detail::Stated(Color::statedBlue, "stated-blue", 0x0000FF, Color::blue),
-    detail::Stated(Color::statedRed, "stated-red", 0xFF0000, Color::red),
-    detail::Stated(Color::statedGreen, "stated-green", 0x1D9014, Color::green),
-    detail::Stated(Color::statedDarkGreen, "stated-dark-green", 0x008000, Color::green),
-    detail::Stated(Color::statedLink, "stated-link", 0x2882FF, Color::blue),
-    detail::Stated(Color::statedGrey, "stated-grey", 0x828282, Color::ink2),
-}};
-
-constexpr bool ColorRowsInOrder() {
-    for (std::size_t i = 0; i < kColors.size(); ++i) {
-        if (static_cast<std::size_t>(kColors[i].color) != i) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(ColorRowsInOrder());
-
-// Who asks for readable inks.
-enum class InkReason : std::uint8_t {
-    settings,  // the settings value `contrast` is 1
-    desktop,   // the desktop asks for high contrast
-};
-// Text is drawn with inks of at least 4.5 to 1 on every ground instead of the stated values while
-// anyone asks for them. Repaints every window.
-void SetReadableInks(bool on, InkReason reason = InkReason::settings);
-[[nodiscard]] bool ReadableInks();
-
-// The value drawn for a colour, at the moment.
-[[nodiscard]] QColor color(Color color);
-// The same with an opacity in percent.
-[[nodiscard]] QColor color(Color color, int percent);
 
 // ---- measures ----------------------------------------------------------------------------------
 
@@ -517,22 +328,18 @@ struct Metric {
     static constexpr int planName = 140;
     static constexpr int planWhy = 280;
     static constexpr int planProgress = 420;
+    // appearance
+    static constexpr int themePictureWidth = 72;
+    static constexpr int themePictureHeight = 48;
+    static constexpr int textSizeCombo = 112;
     // screen capture
     static constexpr int screenGround = 512;
     static constexpr int screenPadding = 24;   // of the ground, around the picture
     static constexpr int screenOptions = 236;  // wide
     static constexpr int screenDragPart = 3;   // the part of its size in which a picture is dragged
-    // shadows and veils
+    // shadows
     static constexpr int shadowMenuBlur = 16;
     static constexpr int shadowMenuDrop = 4;
-    static constexpr int shadowMenuPercent = 16;
-    static constexpr int shadowWindowBlur = 40;
-    static constexpr int shadowWindowDrop = 12;
-    static constexpr int shadowWindowPercent = 24;
-    static constexpr int edgePercent = 18;
-    static constexpr int scrimPercent = 28;
-    static constexpr int platePercent = 8;
-    static constexpr int knobShadowPercent = 20;
     // motion, in milliseconds
     static constexpr int motionHover = 120;
     static constexpr int motionSwitch = 160;
@@ -562,7 +369,7 @@ enum class Size : std::uint8_t {
 [[nodiscard]] QPixmap icon(QStringView name, int px, Color color, qreal dpr);
 // The same in a plain colour value.
 [[nodiscard]] QPixmap icon(QStringView name, int px, const QColor& color, qreal dpr);
-// A many-coloured picture of the same folder, at `size` logical pixels.
+// A many-coloured picture of the same folder, at `size` logical pixels, in the values of the theme.
 [[nodiscard]] QPixmap picture(QStringView name, QSize size, qreal dpr);
 // Draws a pixmap made for the painter's scale, centred in `rect`, on whole device pixels.
 void drawCentred(QPainter& painter, const QRectF& rect, const QPixmap& pixmap);
@@ -587,9 +394,9 @@ void fill(QPainter& painter, const QRectF& rect, const QColor& color);
 void topLine(QPainter& painter, const QRectF& rect, const QColor& color);
 void bottomLine(QPainter& painter, const QRectF& rect, const QColor& color);
 void leftLine(QPainter& painter, const QRectF& rect, const QColor& color);
-// The focus ring inside `rect`: 2 pixels of the accent.
+// The focus ring inside `rect`, 2 pixels.
 void innerRing(QPainter& painter, const QRectF& rect, qreal radius = 0);
-// The focus ring outside `rect`: 2 pixels of white, then 2 of the accent.
+// The focus ring outside `rect`: 2 pixels of the surface's colour, then 2 of the ring's own.
 void outerRing(QPainter& painter, const QRectF& rect, qreal radius);
 
 // ---- buttons -----------------------------------------------------------------------------------

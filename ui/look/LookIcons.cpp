@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <cmath>
 #include <tuple>
 
@@ -22,13 +23,15 @@ struct Key {
     QSize size;
     QRgb rgb;
     qreal dpr;
+    Theme theme;  // light where the drawing is in one colour
 
     friend bool operator==(const Key& a, const Key& b) {
-        return a.rgb == b.rgb && a.size == b.size && qFuzzyCompare(a.dpr, b.dpr) &&
-               a.name == b.name;
+        return a.rgb == b.rgb && a.theme == b.theme && a.size == b.size &&
+               qFuzzyCompare(a.dpr, b.dpr) && a.name == b.name;
     }
     friend size_t qHash(const Key& key, size_t seed = 0) {
-        return qHashMulti(seed, key.name, key.size.width(), key.size.height(), key.rgb);
+        return qHashMulti(seed, key.name, key.size.width(), key.size.height(), key.rgb,
+                          static_cast<int>(key.theme));
     }
 };
 
@@ -73,8 +76,40 @@ void ThinStroke(QByteArray& drawing) {
     drawing.replace("stroke-width=\"1.75\"", "stroke-width=\"1.25\"");
 }
 
-QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr, bool thin = false) {
-    const Key key{name.toString(), size, color.rgba(), dpr};
+// What a value of a drawing is drawn with.
+unsigned ValueIn(Theme theme, QStringView name, unsigned value) {
+    for (const PictureColor& row : kPictureColors) {
+        if (row.values[0] == value && name.startsWith(QLatin1StringView(row.drawing))) {
+            return row.values[static_cast<std::size_t>(theme)];
+        }
+    }
+    return value;
+}
+
+// Puts the theme's values in the place of a drawing's own, which are those of light.
+void DrawIn(Theme theme, QStringView name, QByteArray& drawing) {
+    constexpr int kDigits = 6;
+    constexpr int kHex = 16;
+    for (qsizetype at = drawing.indexOf('#'); at >= 0; at = drawing.indexOf('#', at + 1)) {
+        bool isColor = false;
+        const unsigned value = drawing.mid(at + 1, kDigits).toUInt(&isColor, kHex);
+        if (isColor) {
+            const QByteArray digits = QByteArray::number(ValueIn(theme, name, value), kHex);
+            drawing.replace(at + 1, kDigits, digits.rightJustified(kDigits, '0'));
+        }
+    }
+}
+
+bool IsUnchanged(QStringView name) {
+    return std::any_of(
+        kUnchangedPictures.begin(), kUnchangedPictures.end(),
+        [name](std::string_view start) { return name.startsWith(QLatin1StringView(start)); });
+}
+
+// `theme`: which values a drawing of many colours gets.
+QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr, Theme theme,
+               bool thin = false) {
+    const Key key{name.toString(), size, color.rgba(), dpr, theme};
     if (const auto found = Cache().constFind(key); found != Cache().constEnd()) {
         return *found;
     }
@@ -82,6 +117,9 @@ QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr, boo
     drawing.replace("currentColor", color.name().toLatin1());
     if (thin) {
         ThinStroke(drawing);
+    }
+    if (theme != Theme::light) {
+        DrawIn(theme, name, drawing);
     }
     const QPixmap made = drawing.isEmpty() ? QPixmap() : Render(drawing, size, dpr);
     if (Cache().size() >= kCacheLimit) {
@@ -94,7 +132,7 @@ QPixmap Cached(QStringView name, QSize size, const QColor& color, qreal dpr, boo
 }  // namespace
 
 QPixmap icon(QStringView name, int px, const QColor& color, qreal dpr) {
-    return Cached(name, QSize(px, px), color, dpr, px >= Metric::weatherIcon);
+    return Cached(name, QSize(px, px), color, dpr, Theme::light, px >= Metric::weatherIcon);
 }
 
 QPixmap icon(QStringView name, int px, Color color, qreal dpr) {
@@ -102,7 +140,8 @@ QPixmap icon(QStringView name, int px, Color color, qreal dpr) {
 }
 
 QPixmap picture(QStringView name, QSize size, qreal dpr) {
-    return Cached(name, size, look::color(Color::ink2), dpr);
+    return Cached(name, size, look::color(Color::ink2), dpr,
+                  IsUnchanged(name) ? Theme::light : CurrentTheme());
 }
 
 void drawCentred(QPainter& painter, const QRectF& rect, const QPixmap& pixmap) {

@@ -164,7 +164,7 @@ void leftLine(QPainter& painter, const QRectF& rect, const QColor& color) {
 }
 
 void innerRing(QPainter& painter, const QRectF& rect, qreal radius) {
-    plate(painter, rect, radius, Qt::transparent, color(plum6), Metric::ringWidth);
+    plate(painter, rect, radius, Qt::transparent, color(ring), Metric::ringWidth);
 }
 
 void outerRing(QPainter& painter, const QRectF& rect, qreal radius) {
@@ -172,7 +172,7 @@ void outerRing(QPainter& painter, const QRectF& rect, qreal radius) {
     constexpr qreal all = Metric::ringGap + Metric::ringWidth;
     plate(painter, rect.adjusted(-gap, -gap, gap, gap), radius + gap, Qt::transparent,
           color(surface), Metric::ringGap);
-    plate(painter, rect.adjusted(-all, -all, all, all), radius + all, Qt::transparent, color(plum6),
+    plate(painter, rect.adjusted(-all, -all, all, all), radius + all, Qt::transparent, color(ring),
           Metric::ringWidth);
 }
 
@@ -212,7 +212,7 @@ void paintField(QPainter& painter, const QRectF& rect, ButtonState state, bool b
     if (!state.enabled) {
         outline = line2;
     } else if (bad || state.focused) {
-        outline = bad ? red : plum6;
+        outline = bad ? red : ring;
         width = Metric::fieldFocusLine;
     } else if (state.stage != Stage::normal) {
         outline = ink2;

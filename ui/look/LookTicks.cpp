@@ -94,7 +94,7 @@ void paintToggle(QPainter& painter, const QRectF& rect, bool on, qreal position,
     const QRectF knob(track.left() + Metric::knobInset + travel * std::clamp(position, 0.0, 1.0),
                       track.center().y() - Metric::knob / 2.0, width, Metric::knob);
     plate(painter, knob.translated(0, Metric::hairline), Metric::knob / 2.0,
-          color(ink, Metric::knobShadowPercent), Qt::transparent);
+          look::color(Color::knobShadow), Qt::transparent);
     plate(painter, knob, Metric::knob / 2.0, color(onAccent), Qt::transparent);
 }
 
