@@ -44,6 +44,12 @@ class HtmlBrowserHost {
     ~HtmlBrowserHost() = default;
 };
 
+// How a browser's documents are drawn.
+struct HtmlLook {
+    QColor ground;  // seen until a document is painted, and beneath one that has no ground
+    QString name;   // what the program's own documents bear as `data-look`; empty: light
+};
+
 // One browser. The window's thread.
 class HtmlBrowser {
   public:
@@ -63,6 +69,9 @@ class HtmlBrowser {
     virtual void Reload() = 0;
     virtual void Back() = 0;
 
+    // Draws the documents so from now on, those of sites excepted, which have a look of their own.
+    virtual void SetLook(const HtmlLook& look) = 0;
+
     // Runs a script of the program's own, in a world that the document's scripts cannot reach.
     // `answer`, where there is one, receives its value later.
     using Answer = std::function<void(const QVariant& value)>;
@@ -74,9 +83,9 @@ class HtmlBrowserMaker {
   public:
     virtual ~HtmlBrowserMaker() = default;
 
-    // `ground` is seen until a document is painted; `host` outlives the browser.
+    // `host` outlives the browser.
     [[nodiscard]] virtual std::unique_ptr<HtmlBrowser> Make(HtmlContent content,
-                                                            const QColor& ground,
+                                                            const HtmlLook& look,
                                                             HtmlBrowserHost& host,
                                                             QWidget* parent) = 0;
 };

@@ -11,7 +11,7 @@
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
-#include "ui/look/Look.h"
+#include "ui/look/Theme.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
@@ -81,6 +81,7 @@ CHtmlCtrlBase::CHtmlCtrlBase(int controlId, HtmlContent content, HtmlEngine& eng
     setFocusPolicy(Qt::StrongFocus);  // until the browser is there, which then gets its focus
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
+    connect(&look::TheThemeNotice(), &look::ThemeNotice::changed, this, &CHtmlCtrlBase::Dress);
 }
 
 CHtmlCtrlBase::~CHtmlCtrlBase() = default;
@@ -148,11 +149,27 @@ void CHtmlCtrlBase::keyPressEvent(QKeyEvent* event) {
 
 void CHtmlCtrlBase::CreateBrowser(HtmlBrowserMaker& maker) {
     before_ = FocusableBefore(*this);
-    browser_ = maker.Make(content_, look::color(look::Color::page), *this, this);
+    browser_ = maker.Make(content_, Look(), *this, this);
     layout()->addWidget(browser_->Widget());
     setFocusProxy(browser_->Widget());
     if (!document_.isEmpty()) {
         Begin();
+    }
+}
+
+// A site is written for a light ground, whatever the window looks like.
+HtmlLook CHtmlCtrlBase::Look() const {
+    const bool site = browser_ && IsWebLink(browser_->Url().toEncoded().toStdString());
+    const look::Theme theme = look::CurrentTheme();
+    return {look::color(look::Color::page, site ? look::Theme::light : theme),
+            theme == look::Theme::dark       ? QStringLiteral("dark")
+            : theme == look::Theme::contrast ? QStringLiteral("contrast")
+                                             : QString()};
+}
+
+void CHtmlCtrlBase::Dress() {
+    if (browser_) {
+        browser_->SetLook(Look());
     }
 }
 
@@ -203,6 +220,9 @@ void CHtmlCtrlBase::OnRendererGone() {
 }
 
 void CHtmlCtrlBase::OnUrlChanged(const QUrl& url) {
+    if (content_ == HtmlContent::web) {
+        Dress();
+    }
     // A link to about:blank is not asked about; a local document that it has wiped comes back.
     if (content_ == HtmlContent::local && WithoutFragment(url) != document_) {
         ready_ = false;

@@ -116,6 +116,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     void CreateBrowser(HtmlBrowserMaker& maker);
     void Load(const QUrl& document);
     void Begin();
+    [[nodiscard]] HtmlLook Look() const;
+    void Dress();
     void Edit(HtmlEdit edit);
     void TakeKeys(QWidget& keys);
     void TellOfDelete();

@@ -9,7 +9,7 @@ namespace quorvi {
 
 class EngineBrowser : public HtmlBrowser {
   public:
-    EngineBrowser(HtmlContent content, const QColor& ground, HtmlBrowserHost& host,
+    EngineBrowser(HtmlContent content, const HtmlLook& look, HtmlBrowserHost& host,
                   QWidget* parent);
 
     [[nodiscard]] QWidget* Widget() override { return view_.get(); }
@@ -18,6 +18,7 @@ class EngineBrowser : public HtmlBrowser {
     void Load(const QUrl& url, const QByteArray& postData) override;
     void Reload() override { view_->reload(); }
     void Back() override { view_->back(); }
+    void SetLook(const HtmlLook& look) override;
     void Run(const QString& script, const Answer& answer) override;
 
   private:
@@ -30,7 +31,7 @@ class EngineBrowserMaker : public QObject, public HtmlBrowserMaker {
     Q_PLUGIN_METADATA(IID "quorvi.HtmlBrowserMaker/1")
     Q_INTERFACES(quorvi::HtmlBrowserMaker)
   public:
-    [[nodiscard]] std::unique_ptr<HtmlBrowser> Make(HtmlContent content, const QColor& ground,
+    [[nodiscard]] std::unique_ptr<HtmlBrowser> Make(HtmlContent content, const HtmlLook& look,
                                                     HtmlBrowserHost& host,
                                                     QWidget* parent) override;
 };
