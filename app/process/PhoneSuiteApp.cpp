@@ -9,12 +9,15 @@
 #include "app/process/DesktopMachine.h"
 #include "app/process/EndSignals.h"
 #include "app/process/FirstPaint.h"
+#include "app/process/InterfaceScale.h"
 #include "app/process/Preparation.h"
 #include "app/process/ProcessEnd.h"
 #include "app/process/StartOptions.h"
 #include "app/process/Suite.h"
 #include "app/window/MainDlg.h"
+#include "base/LookChoice.h"
 #include "base/Places.h"
+#include "base/SettingsFile.h"
 #include "base/Version.h"
 #include "log/EventLog.h"
 #include "ui/html/HtmlEngine.h"
@@ -39,8 +42,11 @@ CPhoneSuiteApp::CPhoneSuiteApp(int& argc, char** argv) : argc_(argc), argv_(argv
 int CPhoneSuiteApp::Run() {
     PrepareQt();
     if (argc_ == 2 && std::strcmp(argv_[1], kApologyOption) == 0) {
+        const SettingsFile settings;
+        const InterfaceScale scale(settings);
         QApplication application(argc_, argv_);
         ApplyLook(application);
+        ApplyLookChoice(ChosenLook(settings));
         StartLog("quorvi", ThePlaces().LogFile());
         LogEvent("crash");
         ShowApology();
@@ -55,7 +61,10 @@ int CPhoneSuiteApp::RunWindow() {
         StartsHidden(CommandText(std::vector<std::string>(argv_ + 1, argv_ + argc_)));
 
     // Made once and never torn down: the process ends under workers that still use them.
-    auto& application = *new QApplication(argc_, argv_);
+    auto& application = *[this] {
+        const InterfaceScale scale{SettingsFile()};
+        return new QApplication(argc_, argv_);
+    }();
     auto instance = std::make_unique<LocalSocketInstance>();
     if (instance->ShowOther()) {
         return 0;

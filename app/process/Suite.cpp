@@ -4,8 +4,10 @@
 #include <utility>
 
 #include "backup/DeletedItems.h"
+#include "base/LookChoice.h"
 #include "base/Places.h"
 #include "pages/devices/DeviceManagerDlg.h"
+#include "ui/kit/ApplyLook.h"
 #include "ui/look/Look.h"
 #include "ui/page/Job.h"
 
@@ -14,19 +16,24 @@ namespace {
 
 constexpr std::string_view kContrast = "contrast";
 
+// Before the window is made, so that it is made in the look that the user has chosen.
+MachineParts Dressed(MachineParts machine) {
+    ApplyLookChoice(ChosenLook(machine.settings));
+    if (machine.settings.ReadNumber(kSettingsKey, kContrast) == 1U) {
+        look::SetReadableInks(true);
+    }
+    return machine;
+}
+
 }  // namespace
 
 Suite::Suite(MachineParts machine, PageMakers makers)
-    : machine_(std::move(machine)),
+    : machine_(Dressed(std::move(machine))),
       installer_(machine_.link),
       taskStore_(std::make_shared<TaskStore>(machine_.taskDatabase)),
       window_(WindowParts(std::move(makers))),
       face_(window_),
-      link_(device_, face_, machine_.clock, installer_, machine_.agent, machine_.link) {
-    if (machine_.settings.ReadNumber(kSettingsKey, kContrast) == 1U) {
-        look::SetReadableInks(true);
-    }
-}
+      link_(device_, face_, machine_.clock, installer_, machine_.agent, machine_.link) {}
 
 void Suite::Start(bool hidden) {
     window_.SetStartHidden(hidden);

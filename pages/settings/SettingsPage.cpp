@@ -8,6 +8,7 @@
 #include "base/CodePageChoice.h"
 #include "pages/settings/BackupGroup.h"
 #include "pages/settings/DiagnosisGroup.h"
+#include "pages/settings/LookGroup.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -58,6 +59,16 @@ QLayout* Halves(QWidget* left, QWidget* right) {
     return halves;
 }
 
+QWidget* OverEachOther(QWidget* upper, QWidget* lower) {
+    auto* both = new QWidget;
+    auto* rows = new QVBoxLayout(both);
+    rows->setContentsMargins({});
+    rows->setSpacing(Metric::gap3);
+    rows->addWidget(upper);
+    rows->addWidget(lower, 1);
+    return both;
+}
+
 template <typename Control>
 Control* Hidden(Control* control) {
     control->hide();
@@ -79,6 +90,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
       gb18030_(new SkinRadio(ToQString(u8"GB18030（所有字符都能显示和保存）"))),
       gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))),
       backup_(new BackupGroup(host, services.agent)),
+      look_(new LookGroup(host)),
       diagnosis_(new DiagnosisGroup(host)) {
     for (const auto& [button, number] :
          std::initializer_list<std::pair<QAbstractButton*, int>>{{autoRun_, kAutoRun},
@@ -141,7 +153,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     rows->setSpacing(Metric::gap3);
     rows->addLayout(Halves(start, repair));
     rows->addWidget(backup_);
-    rows->addLayout(Halves(codePage, diagnosis_));
+    rows->addLayout(Halves(look_, OverEachOther(codePage, diagnosis_)));
     rows->addStretch();
 
     auto* view = new QScrollArea(this);
@@ -176,11 +188,13 @@ void SettingsPage::OnInitDialog() {
 void SettingsPage::showEvent(QShowEvent* event) {
     Page::showEvent(event);
     backup_->Refresh();
+    look_->Refresh();
     diagnosis_->Refresh();
 }
 
 bool SettingsPage::IsAtWork() const {
-    return Page::IsAtWork() || job_.Running() || backup_->IsAtWork() || diagnosis_->IsAtWork();
+    return Page::IsAtWork() || job_.Running() || backup_->IsAtWork() || look_->IsAtWork() ||
+           diagnosis_->IsAtWork();
 }
 
 template <typename Work, typename Done>

@@ -1,6 +1,6 @@
 // The settings of the suite: the start with the desktop, the repair of what ties the program to the
-// desktop, the backups of the phone and the way back, the code page, and the report for whoever
-// helps.
+// desktop, the backups of the phone and the way back, how the window looks, the code page, and
+// the report for whoever helps.
 #pragma once
 
 #include <memory>
@@ -20,6 +20,7 @@ namespace quorvi {
 
 class BackupGroup;
 class DiagnosisGroup;
+class LookGroup;
 class CSkinButton;
 class CSkinCheck;
 class CSkinProgress;
@@ -73,6 +74,7 @@ class SettingsPage : public Page {
     SkinRadio* gb18030_;
     SkinRadio* gbk_;
     BackupGroup* backup_;
+    LookGroup* look_;
     DiagnosisGroup* diagnosis_;
 };
 
