@@ -1,23 +1,57 @@
-// quorvi-tour FOLDER: starts the suite's window, waits for the link, and writes a picture of each
-// stop into FOLDER. Ends with 0 when all are written, 1 when one is not, 2 for wrong usage.
+// quorvi-tour [--look light|dark|contrast] FOLDER: starts the suite's window, waits for the link,
+// and writes a picture of each stop into FOLDER, in that look. Ends with 0 when all are written, 1
+// when one is not, 2 for wrong usage.
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/process/DesktopMachine.h"
 #include "app/process/EndSignals.h"
 #include "app/process/Preparation.h"
 #include "app/process/ProcessEnd.h"
 #include "app/process/Suite.h"
+#include "base/LookChoice.h"
 #include "site/SampleServer.h"
 #include "tour/Tour.h"
 
+namespace quorvi {
+namespace {
+
+struct TourOptions {
+    LookChoice look = LookChoice::light;
+    std::string folder;
+};
+
+std::optional<TourOptions> ReadOptions(const std::vector<std::string>& words) {
+    TourOptions options;
+    std::size_t at = 0;
+    if (words.size() == 3 && words[0] == "--look") {
+        const std::optional<LookChoice> look = LookOfName(words[1]);
+        if (!look) {
+            return std::nullopt;
+        }
+        options.look = *look;
+        at = 2;
+    }
+    if (words.size() != at + 1 || words[at].starts_with('-')) {
+        return std::nullopt;
+    }
+    options.folder = words[at];
+    return options;
+}
+
+}  // namespace
+}  // namespace quorvi
+
 int main(int argc, char** argv) {
     using namespace quorvi;
-    if (argc != 2 || argv[1][0] == '-') {
-        std::fprintf(stderr, "usage: quorvi-tour FOLDER\n");
+    const auto options = ReadOptions({argv + 1, argv + argc});
+    if (!options) {
+        std::fprintf(stderr, "usage: quorvi-tour [--look light|dark|contrast] FOLDER\n");
         return 2;
     }
     PrepareQt();
@@ -31,16 +65,17 @@ int main(int argc, char** argv) {
         return 1;
     }
     // Without the user's settings: the pictures show the window in its usual size.
-    const std::filesystem::path folder = argv[1];
+    const std::filesystem::path folder = options->folder;
     auto& machine = *new DesktopMachine(*new LocalSocketInstance, folder / "settings");
     MachineParts parts = machine.Parts();
     parts.deployment = site.Told(parts.deployment);
     parts.taskDatabase = [folder] { return folder / "Config.db"; };
+    ChooseLook(parts.settings, options->look);
     auto& suite = *new Suite(std::move(parts));
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     suite.Start(false);
 
-    Tour tour(suite.Window(), QString::fromLocal8Bit(argv[1]), TheTourStops(),
+    Tour tour(suite.Window(), QString::fromStdString(folder.string()), TheTourStops(),
               [](int failed) { EndProcess(failed == 0 ? 0 : 1); });
     tour.Start();
     EndProcess(QApplication::exec());
