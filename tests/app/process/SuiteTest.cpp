@@ -6,9 +6,11 @@
 #include "app/process/Suite.h"
 #include "backup/DeletedItems.h"
 #include "base/Clock.h"
+#include "base/LookChoice.h"
 #include "base/Places.h"
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/FakeAdb.h"
+#include "ui/look/Theme.h"
 
 namespace quorvi {
 namespace {
@@ -77,6 +79,7 @@ class NotedClock : public Clock {
 class SuiteOnDoubles : public WidgetTest {
   protected:
     ~SuiteOnDoubles() override {
+        look::ChooseTheme(std::nullopt);
         // As in the program it is never torn down: a worker of the link may still be about to tell
         // it its end.
         Window().hide();
@@ -123,6 +126,7 @@ class SuiteOnDoubles : public WidgetTest {
             make = [this, make = make](PageHost& host, const Services& services, QWidget* parent) {
                 if (!madePages_) {
                     madePages_ = true;
+                    themeOfPages_ = look::CurrentTheme();
                     steps_.Note("pages of " + parent->window()->windowTitle().toStdString());
                 }
                 return make(host, services, parent);
@@ -159,6 +163,7 @@ class SuiteOnDoubles : public WidgetTest {
     UsbWatch::Listener usb_;
     DeviceTracker::Listener track_;
     bool madePages_ = false;
+    look::Theme themeOfPages_ = look::Theme::light;
     std::unique_ptr<Suite> suite_;
 };
 
@@ -169,6 +174,14 @@ TEST_F(SuiteOnDoubles, TakesItsFirstStepsInTheirOrder) {
               (std::vector<std::string>{"instance", "tray icon", "balloon 欢迎使用",
                                         "pages of 奎维掌上工坊", "usb watch on page 0", "adb"}));
     EXPECT_TRUE(Window().isVisible());
+}
+
+TEST_F(SuiteOnDoubles, TheWindowIsMadeInTheLookThatTheUserHasChosen) {
+    ChooseLook(settings_, LookChoice::dark);
+    Start();
+    AwaitLinksEnd();
+    EXPECT_EQ(themeOfPages_, look::Theme::dark);
+    EXPECT_EQ(look::CurrentTheme(), look::Theme::dark);
 }
 
 TEST_F(SuiteOnDoubles, AHiddenStartTakesTheSameStepsWithoutAWindow) {
