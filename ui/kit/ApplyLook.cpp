@@ -14,7 +14,7 @@ namespace quorvi {
 void ApplyLook(QApplication& application) {
     application.setStyle(new SkinStyle);
     application.setFont(look::font(look::Size::s13));
-    application.setPalette(look::palette());
+    look::ApplyPalette();
     InstallAccessibleControls();
     new FocusRing(&application);
     (new DesktopWishes(&application))->Ask();

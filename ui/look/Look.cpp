@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QToolTip>
 #include <QWidget>
 #include <algorithm>
 
@@ -66,12 +67,18 @@ bool ReadableInks() {
     return std::ranges::find(InkReasons(), true) != InkReasons().end();
 }
 
+void ApplyPalette() {
+    const QPalette made = palette();
+    QApplication::setPalette(made);
+    QToolTip::setPalette(made);  // a desktop's own colours for tips go before the application's
+}
+
 void SetTheme(Theme theme) {
     if (theme == CurrentTheme()) {
         return;
     }
     TheTheme() = theme;
-    QApplication::setPalette(palette());
+    ApplyPalette();
     Q_EMIT TheThemeNotice().changed();
     RepaintAll();
 }

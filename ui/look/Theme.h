@@ -27,6 +27,9 @@ class ThemeNotice : public QObject {
 void SetPaletteColor(QWidget& widget, QPalette::ColorRole role, Color color,
                      QPalette::ColorGroup group = QPalette::All);
 
+// Gives the application the palette of the theme. Done at each change.
+void ApplyPalette();
+
 // The theme that the user has chosen; nothing: as the desktop wishes.
 void ChooseTheme(std::optional<Theme> theme);
 [[nodiscard]] std::optional<Theme> ChosenTheme();

@@ -71,6 +71,17 @@ TEST_F(ViewLook, ADocumentLoadedAfterAChangeHasTheNewLook) {
     EXPECT_EQ(LookOfRoot(), QStringLiteral("dark"));
 }
 
+TEST_F(ViewLook, WhatStandsInPlaceOfAPhotoIsDrawnForTheTheme) {
+    look::SetTheme(Theme::dark);
+    CHtmlCtrlFix& view = ShowContact();
+    view.SetInnerHtml("block",
+                      HtmlFragment(u8"<div class='photo'><img src='avatar_photo.png'></div>"));
+    const QString shown = QStringLiteral("getComputedStyle(document.querySelector('img')).content");
+    EXPECT_TRUE(Ask(shown).toString().contains(QStringLiteral("/views/avatar_photo_dark.svg")));
+    look::SetTheme(Theme::light);
+    EXPECT_TRUE(WaitFor([&] { return Ask(shown).toString() == QStringLiteral("normal"); }));
+}
+
 // A site is written for a light ground, and knows nothing of the window.
 TEST_F(ViewLook, ASiteKeepsItsOwnLook) {
     look::SetTheme(Theme::dark);
