@@ -120,8 +120,10 @@ void LookGroup::LayOut() {
     rows->setSpacing(Metric::gap2);
     rows->addLayout(themes);
     rows->addLayout(size);
-    rows->addWidget(
-        new RemarkLabel(ToQString(u8"外观立即生效；文字大小在退出并重新启动奎维掌上工坊后生效")));
+    auto* remark =
+        new RemarkLabel(ToQString(u8"外观立即生效；更改文字大小后，退出并重新启动才会生效"));
+    remark->setWordWrap(true);
+    rows->addWidget(remark);
     rows->addStretch();
 }
 

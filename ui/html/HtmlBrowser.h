@@ -47,7 +47,7 @@ class HtmlBrowserHost {
 // How a browser's documents are drawn.
 struct HtmlLook {
     QColor ground;  // seen until a document is painted, and beneath one that has no ground
-    QString name;   // what the program's own documents bear as `data-look`; empty: light
+    QString name;   // what the program's own documents bear as `data-look`
 };
 
 // One browser. The window's thread.
@@ -69,7 +69,8 @@ class HtmlBrowser {
     virtual void Reload() = 0;
     virtual void Back() = 0;
 
-    // Draws the documents so from now on, those of sites excepted, which have a look of their own.
+    // Sets the ground of all documents, and names the look at the root of the one that stands, if
+    // it is the program's own. Its body is unseen until then.
     virtual void SetLook(const HtmlLook& look) = 0;
 
     // Runs a script of the program's own, in a world that the document's scripts cannot reach.

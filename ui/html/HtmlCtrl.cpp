@@ -164,7 +164,7 @@ HtmlLook CHtmlCtrlBase::Look() const {
     return {look::color(look::Color::page, site ? look::Theme::light : theme),
             theme == look::Theme::dark       ? QStringLiteral("dark")
             : theme == look::Theme::contrast ? QStringLiteral("contrast")
-                                             : QString()};
+                                             : QStringLiteral("light")};
 }
 
 void CHtmlCtrlBase::Dress() {
@@ -318,6 +318,7 @@ void CHtmlCtrlBase::OnLoadFinished() {
         return;
     }
     ready_ = true;
+    Dress();
     if (browser_->Url() == TemplateUrl(kUnreachableTemplate)) {
         NameUnreachable();
     }

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include "agent/Wire.h"
 #include "pages/settings/LookGroup.h"
 #include "pages/settings/SettingsPage.h"
 #include "tests/support/FakeHost.h"
@@ -30,8 +31,8 @@ class LookGroupTest : public WidgetTest {
     }
 
     void Open() {
-        page_ = std::make_unique<SettingsPage>(host_, services_.At({}));
-        page_->resize(760, 462);
+        page_ = std::make_unique<SettingsPage>(host_, services_.At(AgentPort));
+        page_->resize(760, 1200);  // the group stands low
         page_->show();
         Rest();
     }

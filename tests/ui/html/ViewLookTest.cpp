@@ -37,9 +37,9 @@ class ViewLook : public WebView {
     QColor EngineGround() { return view_->Browser()->page()->backgroundColor(); }
 };
 
-TEST_F(ViewLook, InLightTheRootNamesNoLook) {
+TEST_F(ViewLook, InLightTheRootNamesLight) {
     ShowContact();
-    EXPECT_EQ(LookOfRoot(), QString());
+    EXPECT_EQ(LookOfRoot(), QStringLiteral("light"));
     EXPECT_EQ(Ground(), Told(Color::surface, Theme::light));
 }
 
@@ -51,10 +51,20 @@ TEST_F(ViewLook, ADocumentLoadsInTheThemeOfTheWindow) {
     EXPECT_EQ(EngineGround(), look::color(Color::page, Theme::dark));
 }
 
+// No white document flashes up in a dark window.
+TEST_F(ViewLook, ADocumentIsUnseenUntilItsLookIsNamed) {
+    ShowContact();
+    const QString visibility = QStringLiteral("getComputedStyle(document.body).visibility");
+    EXPECT_EQ(Ask(visibility).toString(), QStringLiteral("visible"));
+    Ask(QStringLiteral("delete document.documentElement.dataset.look"));
+    EXPECT_EQ(Ask(visibility).toString(), QStringLiteral("hidden"));
+    EXPECT_EQ(Ground(), QStringLiteral("rgba(0, 0, 0, 0)"));
+}
+
 TEST_F(ViewLook, ADocumentThatStandsFollowsAChange) {
     ShowContact();
     for (const auto& [theme, name] :
-         {std::pair{Theme::contrast, "contrast"}, {Theme::dark, "dark"}, {Theme::light, ""}}) {
+         {std::pair{Theme::contrast, "contrast"}, {Theme::dark, "dark"}, {Theme::light, "light"}}) {
         look::SetTheme(theme);
         EXPECT_TRUE(WaitFor([&] { return LookOfRoot() == QLatin1String(name); })) << name;
         EXPECT_EQ(Ground(), Told(Color::surface, theme)) << name;

@@ -2,27 +2,10 @@
 
 #include <QWebEngineHttpRequest>
 #include <QWebEngineScript>
-#include <QWebEngineScriptCollection>
 
 #include "ui/html/browser/DocHostSite.h"
 
 namespace quorvi {
-
-namespace {
-
-const QString kLookScript = QStringLiteral("look");
-
-// Names the look at the root of a document of the program's own.
-QString NameLook(const QString& name) {
-    return QStringLiteral(
-               "if (location.protocol === 'qrc:') {"
-               "  if ('%1' === '') delete document.documentElement.dataset.look;"
-               "  else document.documentElement.dataset.look = '%1';"
-               "}")
-        .arg(name);
-}
-
-}  // namespace
 
 EngineBrowser::EngineBrowser(HtmlContent content, const HtmlLook& look, HtmlBrowserHost& host,
                              QWidget* parent)
@@ -45,20 +28,12 @@ void EngineBrowser::Load(const QUrl& url, const QByteArray& postData) {
 }
 
 void EngineBrowser::SetLook(const HtmlLook& look) {
-    QWebEnginePage& page = *view_->page();
-    page.setBackgroundColor(look.ground);
-    // Before a document is painted for the first time, and in the one that stands.
-    QWebEngineScript script;
-    script.setName(kLookScript);
-    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
-    script.setWorldId(QWebEngineScript::ApplicationWorld);
-    script.setSourceCode(NameLook(look.name));
-    const QList<QWebEngineScript> earlier = page.scripts().find(kLookScript);
-    for (const QWebEngineScript& each : earlier) {
-        page.scripts().remove(each);
-    }
-    page.scripts().insert(script);
-    Run(script.sourceCode(), {});
+    view_->page()->setBackgroundColor(look.ground);
+    Run(QStringLiteral("if (location.protocol === 'qrc:') {"
+                       "  document.documentElement.dataset.look = '%1';"
+                       "}")
+            .arg(look.name),
+        {});
 }
 
 void EngineBrowser::Run(const QString& script, const Answer& answer) {
