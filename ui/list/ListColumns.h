@@ -41,7 +41,7 @@ struct ListColumn {
     CellAlign cells = align;              // of the cells, where they stand otherwise
     int link = 0;                         // what the observer hears as `kind` of this column's link
     // The column of names, of which a list has one at most: it takes the width that the others
-    // leave, and is the one in which typed letters are looked for and from which a row is copied.
+    // leave, and is the one in which typed letters are looked for and from which a row is named.
     bool name = false;
     // What a row's picture is said to be, read out as 有照片 or 没有照片.
     std::u8string_view holds = u8"照片";

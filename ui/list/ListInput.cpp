@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "ui/list/ListModel.h"
 #include "ui/list/SkinListCtrl.h"
@@ -53,7 +54,11 @@ void CSkinListCtrl::mousePressEvent(QMouseEvent* event) {
         return;  // who heard of the click took rows away
     }
     if (Column(column).kind == CellKind::check) {
-        FlipTick(row);
+        if ((event->modifiers() & Qt::ShiftModifier) != 0) {
+            ExtendTicks(row);
+        } else {
+            FlipTick(row);
+        }
     } else if (LinkRect(row, column).contains(at) && observer_ != nullptr) {
         observer_->OnLinkClicked(Column(column).link, row);
     }
@@ -115,21 +120,68 @@ void CSkinListCtrl::FlipAllTicks() {
     }
     for (int place = 0; place < model_->Places(); ++place) {
         if (const int row = model_->RowAt(place); IsTicked(row) != on) {
-            FlipTick(row);
+            SetTicked(row, on);
+            Q_EMIT tickFlipped(row, on);
         }
     }
 }
 
-void CSkinListCtrl::CopyName() const {
-    if (currentIndex().isValid() && redraw_) {  // nobody copies what is not shown
-        QGuiApplication::clipboard()->setText(
-            currentIndex().siblingAtColumn(NameColumn()).data(Qt::DisplayRole).toString());
+// Gives all rows that are shown from the one that was flipped last to this one the tick of the
+// former. What an earlier extension from there has changed and this one does not reach is as it
+// was.
+void CSkinListCtrl::ExtendTicks(int row) {
+    if (!span_ || !redraw_ || !IsShown(span_->from)) {
+        FlipTick(row);
+        return;
+    }
+    TickSpan span = *std::exchange(span_, std::nullopt);
+    if (span.before.empty()) {
+        span.before = ticks_;
+    }
+    const bool on = IsTicked(span.from);
+    const auto [first, last] = std::minmax({model_->PlaceOf(span.from), model_->PlaceOf(row)});
+    for (int place = 0; place < model_->Places(); ++place) {
+        const int each = model_->RowAt(place);
+        const bool had = span.before[static_cast<std::size_t>(each)] != 0;
+        const bool wanted = place >= first && place <= last ? on : had;
+        if (IsTicked(each) != wanted) {
+            SetTicked(each, wanted);
+            Q_EMIT tickFlipped(each, wanted);
+        }
+    }
+    span.to = row;
+    span_ = std::move(span);
+}
+
+// A move with Shift: it goes on with the extension that has led to the row that it leaves, or
+// begins one there by ticking it.
+void CSkinListCtrl::MoveExtending(QKeyEvent* event) {
+    const int from = RowUnderCursor();
+    QTableView::keyPressEvent(event);
+    const int to = RowUnderCursor();
+    if (from < 0 || to < 0 || to == from) {
+        return;
+    }
+    if (!span_ || span_->to != from) {
+        if (!IsTicked(from)) {
+            FlipTick(from);
+        }
+        span_ = TickSpan{.from = from, .to = from, .before = {}};
+    }
+    ExtendTicks(to);
+}
+
+void CSkinListCtrl::CopyRow() const {
+    const int row = RowUnderCursor();
+    const QString text = row >= 0 && redraw_ ? RowText(row) : QString();  // not what is not shown
+    if (!text.isEmpty()) {
+        QGuiApplication::clipboard()->setText(text);
     }
 }
 
 void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
-        CopyName();
+        CopyRow();
         event->accept();
         return;
     }
@@ -141,12 +193,30 @@ void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int row = RowUnderCursor();
+    const bool extends =
+        (event->modifiers() & Qt::ShiftModifier) != 0 && TickColumn() >= 0 && redraw_;
     switch (event->key()) {
         case Qt::Key_Space:
             if (row >= 0 && TickColumn() >= 0) {
-                FlipTick(row);
+                if (extends) {
+                    ExtendTicks(row);
+                } else {
+                    FlipTick(row);
+                }
             }
             event->accept();
+            return;
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            if (extends) {
+                MoveExtending(event);
+            } else {
+                QTableView::keyPressEvent(event);
+            }
             return;
         case Qt::Key_Return:
         case Qt::Key_Enter:

@@ -20,6 +20,35 @@ using look::Metric;
 
 namespace {
 
+// How many lines of text a cell has for whoever copies it.
+int CopiedLines(CellKind kind) {
+    switch (kind) {
+        case CellKind::twoLines:
+        case CellKind::twoSmallLines:
+        case CellKind::captioned:
+            return 2;
+        case CellKind::text:
+        case CellKind::twoLinesLink:
+        case CellKind::icon:
+        case CellKind::iconText:
+        case CellKind::state:
+        case CellKind::progress:
+            return 1;
+        default:
+            return 0;
+    }
+}
+
+// A text in one line and one cell.
+QString InOneCell(QString text) {
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control) {
+            c = u' ';
+        }
+    }
+    return text;
+}
+
 bool HoldsText(CellKind kind) {
     switch (kind) {
         case CellKind::text:
@@ -140,6 +169,7 @@ void CSkinListCtrl::ResetRows(int count) {
     hoverRow_ = hoverColumn_ = -1;
     ticks_.assign(static_cast<std::size_t>(count), 0);
     ticked_ = 0;
+    span_.reset();
     model_->Reset(count);
     AnnounceCount();
     if (find_ != nullptr) {
@@ -153,6 +183,7 @@ void CSkinListCtrl::ResetRows(int count) {
 
 void CSkinListCtrl::AppendRows(int count) {
     ticks_.resize(ticks_.size() + static_cast<std::size_t>(count), 0);
+    span_.reset();
     model_->Append(count);
     AnnounceCount();
     if (find_ != nullptr) {
@@ -164,6 +195,7 @@ void CSkinListCtrl::AppendRows(int count) {
 void CSkinListCtrl::RemoveRow(int row) {
     ticked_ -= IsTicked(row) ? 1 : 0;
     ticks_.erase(ticks_.begin() + row);
+    span_.reset();
     hoverRow_ = hoverColumn_ = -1;
     const bool hidesSelected = selected_ >= 0 && !IsShown(selected_);
     model_->Remove(row);
@@ -252,6 +284,7 @@ void CSkinListCtrl::SetTicked(int row, bool on) {
     if (row >= 0 && row < RowCount() && IsTicked(row) != on) {
         ticks_[static_cast<std::size_t>(row)] = on ? 1 : 0;
         ticked_ += on ? 1 : -1;
+        span_.reset();
         AnnounceCount();
         ShowChange(row);
     }
@@ -273,8 +306,17 @@ std::vector<int> CSkinListCtrl::TickedRows() const {
     return rows;
 }
 
+std::vector<int> CSkinListCtrl::ChosenRows() const {
+    if (ticked_ > 0) {
+        return TickedRows();
+    }
+    return selected_ >= 0 && redraw_ && IsShown(selected_) ? std::vector{selected_}
+                                                           : std::vector<int>{};
+}
+
 void CSkinListCtrl::FlipTick(int row) {
     SetTicked(row, !IsTicked(row));
+    span_ = TickSpan{.from = row, .to = row, .before = {}};
     Q_EMIT tickFlipped(row, IsTicked(row));
 }
 
@@ -334,6 +376,28 @@ int CSkinListCtrl::NameColumn() const {
         });
     }
     return found == columns_.end() ? 0 : static_cast<int>(found - columns_.begin());
+}
+
+QString CSkinListCtrl::NameOf(int row) const {
+    const Cell cell = CellAt(row, NameColumn());
+    return InOneCell(cell.text.isEmpty() ? cell.second : cell.text);
+}
+
+QString CSkinListCtrl::RowText(int row) const {
+    QStringList texts;
+    for (int column = 0; column < ColumnCount(); ++column) {
+        const int lines = Column(column).width == 0 ? 0 : CopiedLines(Column(column).kind);
+        if (lines == 0) {
+            continue;
+        }
+        const Cell cell = CellAt(row, column);
+        texts.append(InOneCell(cell.text));
+        if (lines == 2) {
+            texts.append(InOneCell(cell.second));
+        }
+    }
+    const bool isEmpty = texts.join(QString()).trimmed().isEmpty();
+    return isEmpty ? QString() : texts.join(u'\t');
 }
 
 // Columns keep their widths; that of names takes what is left beside the scroll bar, and in a list

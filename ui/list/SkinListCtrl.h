@@ -23,10 +23,14 @@ class ListModel;
 // thread.
 //
 // Keys: arrows, Home, End and Page keys move; letters go to the next row whose name begins with
-// them; Ctrl+C copies the row's name; Space flips the row's tick; Ctrl+A ticks all rows that are
-// shown, or none when all of them are ticked; Enter opens the row; the menu key asks for its menu.
-// A click on a link tells the observer, a click in the tick column flips the tick; a click anywhere
-// else changes only the selection.
+// them; Ctrl+C copies the row; Space flips the row's tick; Ctrl+A ticks all rows that are shown, or
+// none when all of them are ticked; Enter opens the row; the menu key asks for its menu. A click on
+// a link tells the observer, a click in the tick column flips the tick; a click anywhere else
+// changes only the selection.
+//
+// Shift extends ticks over the rows that are shown: a click in the tick column or Space gives all
+// rows from the one whose tick was flipped last to this one the tick of the former, and a key that
+// moves does so on its way, beginning with the row that it leaves. Going back takes back.
 class CSkinListCtrl : public QTableView {
     Q_OBJECT
   public:
@@ -50,6 +54,9 @@ class CSkinListCtrl : public QTableView {
     // The ticked rows in their order.
     [[nodiscard]] std::vector<int> TickedRows() const;
     [[nodiscard]] int TickedCount() const { return ticked_; }
+    // What a command on "the chosen ones" is about: the ticked rows in their order, or where none
+    // is ticked the selected row alone, if it can be seen.
+    [[nodiscard]] std::vector<int> ChosenRows() const;
     // How many rows there are and how many of them are ticked, in words: 共 3,000 项 · 已选 2 项,
     // without its second half where the list has no ticks. Empty while there is nothing to count:
     // in an empty list, and while one loads, has failed or does not show its rows.
@@ -105,6 +112,11 @@ class CSkinListCtrl : public QTableView {
     [[nodiscard]] int ColumnCount() const { return static_cast<int>(columns_.size()); }
     // The column of names; without one, the first that is shown and holds text.
     [[nodiscard]] int NameColumn() const;
+    // What a row is called: the first line of its name's cell, or the second where that is empty.
+    [[nodiscard]] QString NameOf(int row) const;
+    // The texts of a row in the order of its columns, with tabs between them, so that a table takes
+    // them as cells; empty where it shows none. Pictures, ticks and links are left out.
+    [[nodiscard]] QString RowText(int row) const;
 
   Q_SIGNALS:
     // A left click on a row, wherever in it; the row is selected by then.
@@ -145,6 +157,13 @@ class CSkinListCtrl : public QTableView {
                           const QItemSelection& deselected) override;
 
   private:
+    // What Shift has made of one flipped tick.
+    struct TickSpan {
+        int from;                  // the row whose tick was flipped
+        int to;                    // how far its tick was extended
+        std::vector<char> before;  // all ticks before the first extension; empty till then
+    };
+
     friend class ListModel;
     friend class ListDelegate;
 
@@ -159,7 +178,9 @@ class CSkinListCtrl : public QTableView {
     void FlipTick(int row);
     void FlipAllTicks();
     void AnnounceCount();
-    void CopyName() const;
+    void ExtendTicks(int row);
+    void MoveExtending(QKeyEvent* event);
+    void CopyRow() const;
     bool ShowTip(const QPoint& at, const QPoint& global);
     [[nodiscard]] QRect RowRect(int row) const;
     // The row that an index of the view stands for, and that under the keyboard's cursor; or -1.
@@ -176,8 +197,9 @@ class CSkinListCtrl : public QTableView {
     ListObserver* observer_ = nullptr;
     QScrollBar* bar_;  // lies over the right end of the rows
     PictureCache pictures_;
-    std::vector<char> ticks_;  // one for each row
-    int ticked_ = 0;           // of them, those that are set
+    std::vector<char> ticks_;       // one for each row
+    int ticked_ = 0;                // of them, those that are set
+    std::optional<TickSpan> span_;  // none once anything else has changed ticks or rows
     bool countIsToBeTold_ = false;
     int selected_ = -1;
     bool narrows_ = false;  // the view's selection goes, the list's stays
