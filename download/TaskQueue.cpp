@@ -380,21 +380,25 @@ void TaskQueue::RemoveTask(std::int32_t id) const {
     RemoveTasks({&id, 1});
 }
 
-void TaskQueue::RemoveTasks(std::span<const std::int32_t> ids) const {
+std::size_t TaskQueue::RemoveTasks(std::span<const std::int32_t> ids) const {
     if (ids.empty()) {
         state_->observers.Tell({.kind = Kind::nothingChecked});
-        return;
+        return 0;
     }
+    std::size_t removed = 0;
     for (const std::int32_t id : ids) {
         state_->StopIfCurrent(id);
         const StoreResult result = state_->store->DeleteTask(id);
-        if (result != StoreResult::done) {
+        if (result == StoreResult::done) {
+            ++removed;
+        } else {
             CDownloadTask task;
             task.id = id;
             state_->observers.Tell({.kind = Kind::storeFailed, .task = task, .store = result});
         }
     }
     state_->Reload();
+    return removed;
 }
 
 void TaskQueue::ResumeTask(std::int32_t id) const {

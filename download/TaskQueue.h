@@ -7,6 +7,7 @@
 //   queue.StartNext();
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -78,10 +79,10 @@ class TaskQueue {
     void Close() const;
 
     // The commands on a row. Pausing and removing stop the download when it is the row's own; files
-    // stay where they are.
+    // stay where they are. RemoveTasks gives how many rows it has removed.
     void PauseTask(std::int32_t id) const;
     void RemoveTask(std::int32_t id) const;
-    void RemoveTasks(std::span<const std::int32_t> ids) const;
+    std::size_t RemoveTasks(std::span<const std::int32_t> ids) const;
     // Both the command "go on" and "install again": asks for the download, which knows what is
     // there already, and starts what is next.
     void ResumeTask(std::int32_t id) const;

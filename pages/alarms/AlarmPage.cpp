@@ -7,6 +7,7 @@
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -34,6 +35,10 @@ CAlarmPage::CAlarmPage(PageHost& host, const Services& services, QWidget* parent
     layout->setContentsMargins({});
     layout->addWidget(list_);
 
+    HeedKeys(*this, {.refresh = [this] { RefreshAlarms(); },
+                     .add = [this] { AddAlarm(); },
+                     .list = list_,
+                     .erase = [this] { DeleteChosen(); }});
     connect(list_, &CSkinListCtrl::rowClicked, this, &CAlarmPage::Select);
     // The selection by key leads to the same as a click.
     connect(list_, &CSkinListCtrl::rowSelected, this, &CAlarmPage::Select);
@@ -86,8 +91,16 @@ void CAlarmPage::EditSelected() {
 }
 
 void CAlarmPage::DeleteTicked() {
-    road_.Delete(list_->OfTickedRows(&AlarmRow::id, MarkedRow::leftOut), list_->TickedRecords(),
-                 u8"您真的要删除选择的【 %1 】条闹铃提醒吗？", &DeleteAlarmsRequest);
+    Delete(list_->TickedRows());
+}
+
+void CAlarmPage::Delete(const std::vector<int>& rows) {
+    road_.Delete({.ids = list_->OfRows(rows, &AlarmRow::id, MarkedRow::leftOut),
+                  .rows = list_->RecordsOf(rows),
+                  .names = list_->NamesOf(rows, MarkedRow::leftOut),
+                  .question = u8"您真的要删除选择的【 %1 】条闹铃提醒吗？",
+                  .said = u8"已删除 %1 个闹铃",
+                  .request = &DeleteAlarmsRequest});
 }
 
 }  // namespace quorvi

@@ -1,6 +1,8 @@
 // The alarm page: the alarms of the phone's clock, to be looked at, added, changed and deleted.
 #pragma once
 
+#include <vector>
+
 #include "pages/alarms/AlarmForm.h"
 #include "pages/alarms/AlarmListCtrl.h"
 #include "pages/kit/FormEditor.h"
@@ -31,10 +33,13 @@ class CAlarmPage : public Page {
     void EditSelected();
     // Asks, deletes, and fetches the list again, whether the phone was reached or not.
     void DeleteTicked();
+    // The same with the ticked ones, or else the selected one.
+    void DeleteChosen() { Delete(list_->ChosenRows()); }
 
   private:
     void RunCommand(int index) override;
     void Select(int row);
+    void Delete(const std::vector<int>& rows);
 
     AgentAddress agent_;
     CAlarmListCtrl* list_;

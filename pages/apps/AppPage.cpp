@@ -1,12 +1,12 @@
 #include "pages/apps/AppPage.h"
 
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "pages/apps/AppActions.h"
 #include "pages/kit/CountLine.h"
 #include "pages/kit/PageSession.h"
+#include "pages/kit/ShownNames.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -14,6 +14,7 @@
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/page/DisabledJob.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -23,25 +24,12 @@ namespace {
 
 constexpr int kHideSystem = 1043;
 
-// Characters of a name that the status has room for beside a reason.
-constexpr qsizetype kNameInStatus = 16;
-
 constexpr std::u8string_view kNotUninstalled = u8"【X】“%1”没有卸载：%2";
 constexpr std::u8string_view kWaiting = u8"【X】没有找到手机，接上手机后会卸载“%1”";
 constexpr std::u8string_view kNoPackageName = u8"它的包名不合规范，请在手机上卸载";
 
 InstalledApp AppOf(const AppRecord& row) {
     return {row.name, row.package};
-}
-
-QString ShortName(const std::string& name) {
-    QString shown = ToShownQString(name);
-    if (shown.size() <= kNameInStatus) {
-        return shown;
-    }
-    shown.truncate(shown.at(kNameInStatus - 1).isHighSurrogate() ? kNameInStatus - 1
-                                                                 : kNameInStatus);
-    return shown + QStringLiteral("…");
 }
 
 }  // namespace
@@ -73,6 +61,9 @@ CAppPage::CAppPage(PageHost& host, const Services& services, QWidget* parent, Li
     SayWhenEmpty(*list_, u8"手机上没有应用，或者还没有获取");
     SayWhenFailed(*list_, u8"重新获取应用");
     ShowCount(*this, *list_);
+    HeedKeys(
+        *this,
+        {.refresh = [this] { Refresh(); }, .list = list_, .erase = [this] { UninstallChosen(); }});
     list_->EnableFind();
     list_->SetObserver(this);
     connect(list_, &CSkinListCtrl::menuAsked, this, &CAppPage::OpenMenu);
@@ -212,24 +203,30 @@ void CAppPage::RunApplication(const std::string& package) {
                [](const AcknowledgedReply&) {});
 }
 
-void CAppPage::UninstallChecked() {
-    const auto apps = list_->OfTickedRows(&AppOf, MarkedRow::leftOut);
+void CAppPage::AskAndUninstall(const std::vector<int>& rows) {
+    const auto apps = list_->OfRows(rows, &AppOf, MarkedRow::leftOut);
     if (apps.empty()) {
         (new CNothingCheckedDlg(this))->Open();
         return;
     }
-    const auto count = std::ranges::count_if(
-        apps, [](const InstalledApp& app) { return IsPackageName(app.package); });
-    if (count == 0) {
+    QStringList names;
+    for (const InstalledApp& app : apps) {
+        if (IsPackageName(app.package)) {
+            names.append(ToShownQString(app.name));
+        }
+    }
+    if (names.isEmpty()) {
         Uninstall(apps);  // says why it does not
         return;
     }
-    (new CConfirmDeleteDlg(ToQString(u8"您真的要删除选择的【 %1 】个应用吗？").arg(count), this))
-        ->Open([this, apps](int result) {
-            if (result == QDialog::Accepted) {
-                Uninstall(apps);
-            }
-        });
+    auto* question = new CConfirmDeleteDlg(
+        ToQString(u8"您真的要删除选择的【 %1 】个应用吗？").arg(names.size()), this);
+    question->AddRemark(NamesInWords(names));
+    question->Open([this, apps](int result) {
+        if (result == QDialog::Accepted) {
+            Uninstall(apps);
+        }
+    });
 }
 
 void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
@@ -270,21 +267,27 @@ void CAppPage::Uninstall(const std::vector<InstalledApp>& apps) {
 
 void CAppPage::OnUninstalled(const UninstallEnd& end) {
     Host().TakeBackStatus(std::exchange(waiting_, {}));
-    if (end.outcome != UninstallOutcome::done) {
+    if (end.outcome == UninstallOutcome::done) {
+        ++uninstalled_;
+    } else {
         SayNotUninstalled(end.app.name, ToQString(UninstallReason(end.outcome, end.said)));
     }
     if (end.last) {
+        // What did not work is the more important word.
+        if (const int count = std::exchange(uninstalled_, 0); count > 0 && failure_.isEmpty()) {
+            Host().SetStatus(ToQString(u8"已卸载 %1 个应用").arg(count));
+        }
         Refresh();
     }
 }
 
 void CAppPage::SayThatAdbWaits(const std::string& name) {
-    waiting_ = ToQString(kWaiting).arg(ShortName(name));
+    waiting_ = ToQString(kWaiting).arg(ShortName(ToShownQString(name)));
     Host().SetStatus(waiting_);
 }
 
 void CAppPage::SayNotUninstalled(const std::string& name, const QString& reason) {
-    failure_ = ToQString(kNotUninstalled).arg(ShortName(name), reason);
+    failure_ = ToQString(kNotUninstalled).arg(ShortName(ToShownQString(name)), reason);
     Host().SetStatus(failure_);
 }
 

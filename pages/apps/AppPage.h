@@ -54,7 +54,9 @@ class CAppPage : public Page, private ListObserver {
     // last one that was started has ended by itself.
     void Uninstall(const std::vector<InstalledApp>& apps);
     // Asks, and uninstalls what is ticked.
-    void UninstallChecked();
+    void UninstallChecked() { AskAndUninstall(list_->TickedRows()); }
+    // The same with what is ticked, or else selected.
+    void UninstallChosen() { AskAndUninstall(list_->ChosenRows()); }
     // Goes to the application in the store, if the site has named one. The store does not load its
     // front page after that, even where it has not: kept on purpose
     // (AppPageActions.AnAppThatTheSiteDoesNotKnowOnlySetsTheKeyOfTheStore).
@@ -69,6 +71,7 @@ class CAppPage : public Page, private ListObserver {
     void OnMenuCommand(int command);
     void Show(AppListReply&& reply);
     void StartStoreCheck();
+    void AskAndUninstall(const std::vector<int>& rows);
     void OnUninstalled(const UninstallEnd& end);
     void SayThatAdbWaits(const std::string& name);
     void SayNotUninstalled(const std::string& name, const QString& reason);
@@ -80,8 +83,9 @@ class CAppPage : public Page, private ListObserver {
     PageLoad storeCheck_;
     AppListCtrl* list_;
     std::shared_ptr<Uninstaller> uninstaller_;
-    QString waiting_;  // what the status says while adb waits for a phone
-    QString failure_;  // the last uninstall's that the status named
+    QString waiting_;      // what the status says while adb waits for a phone
+    QString failure_;      // the last uninstall's that the status named
+    int uninstalled_ = 0;  // since none was waited for
 };
 
 }  // namespace quorvi

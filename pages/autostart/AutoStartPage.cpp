@@ -9,6 +9,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinTree.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -29,6 +30,7 @@ CAutoStartPage::CAutoStartPage(PageHost& host, const Services& services, QWidget
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(tree_);
+    HeedKeys(*this, {.refresh = [this] { Refresh(); }});
 }
 
 void CAutoStartPage::RunCommand(int index) {

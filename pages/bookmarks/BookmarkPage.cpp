@@ -17,6 +17,7 @@
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/page/OpenOnDesktop.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -83,6 +84,10 @@ CBookmarkPage::CBookmarkPage(PageHost& host, const Services& services, QWidget* 
     MakeHiddenControls();
 
     list_->SetObserver(this);
+    HeedKeys(*this, {.refresh = [this] { RefreshBookmarks(); },
+                     .add = [this] { AddBookmark(); },
+                     .list = list_,
+                     .erase = [this] { DeleteChosen(); }});
     connect(list_, &CSkinListCtrl::rowClicked, this, &CBookmarkPage::Select);
     // The selection by key leads to the same as a click.
     connect(list_, &CSkinListCtrl::rowSelected, this, &CBookmarkPage::Select);
@@ -219,8 +224,16 @@ void CBookmarkPage::EditSelected() {
 }
 
 void CBookmarkPage::DeleteTicked() {
-    road_.Delete(list_->OfTickedRows(&BookmarkRow::id, MarkedRow::leftOut), list_->TickedRecords(),
-                 u8"您真的要删除选择的【 %1 】条浏览器书签项吗？", &DeleteBookmarksRequest);
+    Delete(list_->TickedRows());
+}
+
+void CBookmarkPage::Delete(const std::vector<int>& rows) {
+    road_.Delete({.ids = list_->OfRows(rows, &BookmarkRow::id, MarkedRow::leftOut),
+                  .rows = list_->RecordsOf(rows),
+                  .names = list_->NamesOf(rows, MarkedRow::leftOut),
+                  .question = u8"您真的要删除选择的【 %1 】条浏览器书签项吗？",
+                  .said = u8"已删除 %1 个书签",
+                  .request = &DeleteBookmarksRequest});
 }
 
 }  // namespace quorvi

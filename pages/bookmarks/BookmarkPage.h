@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "pages/bookmarks/BookmarkForm.h"
 #include "pages/bookmarks/BookmarkListCtrl.h"
@@ -38,6 +39,8 @@ class CBookmarkPage : public Page, private ListObserver {
     void EditSelected();
     // Asks, deletes, and fetches the list again, whether the phone was reached or not.
     void DeleteTicked();
+    // The same with the ticked ones, or else the selected one.
+    void DeleteChosen() { Delete(list_->ChosenRows()); }
     // The question whether an address (ANSI) that is no web page's is to be opened; it shows the
     // address in full.
     [[nodiscard]] static SkinDialog* NewQuestion(std::string_view url, QWidget* parent);
@@ -47,6 +50,7 @@ class CBookmarkPage : public Page, private ListObserver {
     void OnLinkClicked(int kind, int row) override;
     void MakeHiddenControls();
     void Select(int row);
+    void Delete(const std::vector<int>& rows);
     // Opens its address on the PC: that of a web page at once, any other after a question.
     void Visit(const BookmarkRow& bookmark);
     void OpenAddress(const QString& address);

@@ -62,9 +62,9 @@ Cell TypeCell(std::uint32_t type) {
 CCallLogListCtrl::CCallLogListCtrl(QWidget* parent)
     : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {}
 
-std::vector<std::uint32_t> CCallLogListCtrl::TickedIds() const {
+std::vector<std::uint32_t> CCallLogListCtrl::IdsOf(const std::vector<int>& rows) const {
     std::vector<std::uint32_t> ids;
-    for (const int row : TickedRows()) {
+    for (const int row : rows) {
         ids.push_back(CallIdOf(FromQString(CellAt(row, columnId).text)));
     }
     return ids;

@@ -14,8 +14,8 @@ class CCallLogListCtrl : public PhoneListCtrl<CallLogRow> {
   public:
     explicit CCallLogListCtrl(QWidget* parent = nullptr);
 
-    // The ids of the ticked rows in their order, read from the hidden column.
-    [[nodiscard]] std::vector<std::uint32_t> TickedIds() const;
+    // The ids of these rows in their order, read from the hidden column.
+    [[nodiscard]] std::vector<std::uint32_t> IdsOf(const std::vector<int>& rows) const;
 
   protected:
     [[nodiscard]] Cell CellOf(const CallLogRow& row, int column) const override;

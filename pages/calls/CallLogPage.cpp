@@ -8,6 +8,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -41,6 +42,9 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(list_);
+    HeedKeys(*this, {.refresh = [this] { RefreshCallLog(); },
+                     .list = list_,
+                     .erase = [this] { DeleteChosen(); }});
     connect(list_, &CSkinListCtrl::menuAsked, this,
             [this](int, const QPoint& at) { OpenMenu(at); });
 }
@@ -75,8 +79,15 @@ void CCallLogPage::RunCommand(int index) {
 }
 
 void CCallLogPage::DeleteTicked() {
-    road_.Delete(list_->TickedIds(), list_->TickedRecords(),
-                 u8"您真的要删除选择的【 %1 】条通话记录吗？", &DeleteCallsRequest);
+    Delete(list_->TickedRows());
+}
+
+void CCallLogPage::Delete(const std::vector<int>& rows) {
+    road_.Delete({.ids = list_->IdsOf(rows),
+                  .rows = list_->RecordsOf(rows),
+                  .names = list_->NamesOf(rows, MarkedRow::counts),
+                  .question = u8"您真的要删除选择的【 %1 】条通话记录吗？",
+                  .request = &DeleteCallsRequest});
 }
 
 void CCallLogPage::DeleteAll() {

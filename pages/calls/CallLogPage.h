@@ -1,6 +1,8 @@
 // The call log page: the calls kept on the phone, to be looked at and deleted.
 #pragma once
 
+#include <vector>
+
 #include "pages/calls/CallLogListCtrl.h"
 #include "pages/kit/FileTransfers.h"
 #include "pages/kit/ListRoad.h"
@@ -27,10 +29,13 @@ class CCallLogPage : public Page {
     // Ask, delete, and fetch the list again, whether the phone was reached or not. Deleting all
     // asks and is sent even while the list is empty.
     void DeleteTicked();
+    // Of the ticked ones, or else the selected one.
+    void DeleteChosen() { Delete(list_->ChosenRows()); }
     void DeleteAll();
 
   private:
     void RunCommand(int index) override;
+    void Delete(const std::vector<int>& rows);
     void OpenMenu(const QPoint& at);
 
     CCallLogListCtrl* list_;

@@ -11,6 +11,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
 #include "ui/kit/SkinLabels.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -38,6 +39,7 @@ CCleanerPage::CCleanerPage(PageHost& host, const Services& services, QWidget* pa
     list_->setAccessibleName(ToQString(u8"可以清理的项目"));
     SayWhenEmpty(*list_, u8"还没有扫描");
     ShowCount(*this, *list_);
+    HeedKeys(*this, {.refresh = [this] { Scan(); }});
     // While redraw is off, too, the user sees what will be cleaned.
     connect(list_, &CSkinListCtrl::tickFlipped, this, [this] {
         if (!list_->Redraw()) {

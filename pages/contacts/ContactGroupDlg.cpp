@@ -11,6 +11,7 @@
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -94,6 +95,16 @@ void CContactGroupDlg::BuildControls() {
     SayWhenEmpty(*list_, u8"手机上没有联系人分组，可以点“新建分组”");
     SayWhenFailed(*list_, u8"刷新");
 
+    auto* count = new RemarkLabel({}, Body());
+    count->setObjectName(QStringLiteral("count"));
+    top->insertWidget(1, count);
+    connect(list_, &CSkinListCtrl::countChanged, this,
+            [this, count] { count->setText(list_->CountText()); });
+
+    HeedKeys(*Body(), {.refresh = [this] { Refresh(); },
+                       .add = [this] { Add(); },
+                       .list = list_,
+                       .erase = [this] { Delete(list_->ChosenRows()); }});
     auto* column = new QVBoxLayout(Body());
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Metric::gap3);
@@ -132,8 +143,16 @@ void CContactGroupDlg::RunEditor(CGroupEditDlg* editor,
 }
 
 void CContactGroupDlg::DeleteTicked() {
-    road_->Delete(list_->OfTickedRows(&ContactGroup::id, MarkedRow::counts), list_->TickedRecords(),
-                  u8"您真的要删除选择的【 %1 】条联系人分组吗？", &DeleteGroupsRequest);
+    Delete(list_->TickedRows());
+}
+
+void CContactGroupDlg::Delete(const std::vector<int>& rows) {
+    road_->Delete({.ids = list_->OfRows(rows, &ContactGroup::id, MarkedRow::counts),
+                   .rows = list_->RecordsOf(rows),
+                   .names = list_->NamesOf(rows, MarkedRow::counts),
+                   .question = u8"您真的要删除选择的【 %1 】条联系人分组吗？",
+                   .said = u8"已删除 %1 个分组",
+                   .request = &DeleteGroupsRequest});
 }
 
 }  // namespace quorvi

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "agent/AgentAddress.h"
 #include "pages/contacts/ContactGroups.h"
@@ -26,7 +27,8 @@ struct UnsavedGroups {
 };
 
 // Dialog 679. Loads the groups as it is made, and again after each change. Its list has neither a
-// menu nor an action on a double click. The window's thread.
+// menu nor an action on a double click; F5, Ctrl+N and Delete do what its buttons do, Delete with
+// nothing ticked for the selected group. The window's thread.
 class CContactGroupDlg : public SkinDialog {
     Q_OBJECT
   public:
@@ -45,6 +47,7 @@ class CContactGroupDlg : public SkinDialog {
     void Add();
     void Rename();
     void DeleteTicked();
+    void Delete(const std::vector<int>& rows);
     // Opens an editor, and keeps what it could not save.
     void RunEditor(CGroupEditDlg* editor, std::function<void(const QString& title)> keep);
 

@@ -13,6 +13,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -79,6 +80,10 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
     row->addWidget(list_, Metric::contactList);
     row->addWidget(frame_, Metric::contactDetail);
 
+    HeedKeys(*this, {.refresh = [this] { RefreshContacts(); },
+                     .add = [this] { AddContact(); },
+                     .list = list_,
+                     .erase = [this] { DeleteChosen(); }});
     detailTimer_.setSingleShot(true);
     connect(&detailTimer_, &QTimer::timeout, this, [this] { fillMissed_ = !FetchDetail(); });
     connect(list_, &CSkinListCtrl::rowClicked, this, &CContactPage::Select);
@@ -244,18 +249,22 @@ void CContactPage::EndEditor(int result) {
 }
 
 void CContactPage::DeleteTicked() {
-    Delete(list_->TickedRecords());
+    Delete(list_->TickedRows());
 }
 
 void CContactPage::DeleteSelected() {
-    if (const ContactListRow* contact = list_->CurrentRecord()) {
-        Delete({*contact});
+    if (list_->CurrentRecord() != nullptr) {
+        Delete({list_->CurrentRow()});
     }
 }
 
-void CContactPage::Delete(const std::vector<ContactListRow>& contacts) {
-    road_.Delete(IdsOf(contacts), contacts, u8"您真的要删除选择的【 %1 】条联系人吗？",
-                 &DeleteContactsRequest);
+void CContactPage::Delete(const std::vector<int>& rows) {
+    const std::vector<ContactListRow> contacts = list_->RecordsOf(rows);
+    road_.Delete({.ids = IdsOf(contacts),
+                  .rows = contacts,
+                  .names = list_->NamesOf(rows, MarkedRow::leftOut),
+                  .question = u8"您真的要删除选择的【 %1 】条联系人吗？",
+                  .request = &DeleteContactsRequest});
 }
 
 }  // namespace quorvi

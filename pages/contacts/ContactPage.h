@@ -49,6 +49,8 @@ class CContactPage : public Page, private HtmlListener {
     // Asks, deletes, and fetches the list again.
     void DeleteTicked();
     void DeleteSelected();
+    // Of the ticked ones, or else the selected one.
+    void DeleteChosen() { Delete(list_->ChosenRows()); }
 
   private:
     void RunCommand(int index) override;
@@ -62,7 +64,7 @@ class CContactPage : public Page, private HtmlListener {
     void OpenGroups();
     void ExportTicked();
     void EndEditor(int result);
-    void Delete(const std::vector<ContactListRow>& contacts);
+    void Delete(const std::vector<int>& rows);
 
     AgentAddress agent_;
     PageLoad detailLoad_{*this};

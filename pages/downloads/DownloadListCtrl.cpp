@@ -75,9 +75,9 @@ int DownloadListCtrl::RowOf(std::int32_t task) const {
     return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
-std::vector<std::int32_t> DownloadListCtrl::TickedTasks() const {
+std::vector<std::int32_t> DownloadListCtrl::TasksOf(const std::vector<int>& rows) const {
     std::vector<std::int32_t> tasks;
-    for (const int row : TickedRows()) {
+    for (const int row : rows) {
         tasks.push_back(At(row).task.id);
     }
     return tasks;

@@ -20,8 +20,8 @@ class DownloadListCtrl : public RecordListCtrl<DownloadRow> {
 
     // The row of a task, by its number; -1 for none.
     [[nodiscard]] int RowOf(std::int32_t task) const;
-    // The numbers of the ticked rows' tasks, in their order.
-    [[nodiscard]] std::vector<std::int32_t> TickedTasks() const;
+    // The numbers of these rows' tasks, in their order.
+    [[nodiscard]] std::vector<std::int32_t> TasksOf(const std::vector<int>& rows) const;
 
   protected:
     [[nodiscard]] Cell CellOf(const DownloadRow& row, int column) const override;

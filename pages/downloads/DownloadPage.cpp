@@ -19,6 +19,7 @@
 #include "ui/kit/SkinTree.h"
 #include "ui/page/DisabledJob.h"
 #include "ui/page/OpenOnDesktop.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -79,6 +80,9 @@ CDownloadPage::CDownloadPage(PageHost& host, const Services& services, QWidget* 
     list_->SetFailedText(ToQString(u8"任务列表打不开"),
                          ToQString(u8"请检查程序目录和磁盘的权限，然后重新启动程序"));
     ShowCount(*this, *list_);
+    HeedKeys(*this, {.refresh = [this] { LoadTaskList(wanted_); },
+                     .list = list_,
+                     .erase = [this] { RemoveChosen(); }});
     list_->EnableFind();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
@@ -246,8 +250,14 @@ void CDownloadPage::StopCurrent() {
     Change([queue = queue_] { queue.StopCurrent(); });
 }
 
-void CDownloadPage::RemoveChecked() {
-    Change([queue = queue_, tasks = list_->TickedTasks()] { queue.RemoveTasks(tasks); });
+void CDownloadPage::Remove(const std::vector<std::int32_t>& tasks) {
+    RunDisabled(
+        *this, [queue = queue_, tasks] { return queue.RemoveTasks(tasks); },
+        [this](std::size_t removed) {
+            if (removed > 0) {
+                Host().SetStatus(ToQString(u8"已删除 %1 个下载任务").arg(removed));
+            }
+        });
 }
 
 void CDownloadPage::OpenSettings() {
@@ -292,7 +302,7 @@ void CDownloadPage::OnMenuCommand(int command) {
             Change([queue = queue_, task] { queue.PauseTask(task); });
             break;
         case menuRemove:
-            Change([queue = queue_, task] { queue.RemoveTask(task); });
+            Remove({task});
             break;
         default:
             break;

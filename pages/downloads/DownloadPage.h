@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "download/DownloadDirectory.h"
 #include "download/TaskQueue.h"
@@ -47,7 +48,9 @@ class CDownloadPage : public Page {
     void StartNext();
     void StopCurrent();
     // Removes the ticked rows without a question; says so where none is ticked.
-    void RemoveChecked();
+    void RemoveChecked() { Remove(list_->TasksOf(list_->TickedRows())); }
+    // The same with the ticked ones, or else the selected one.
+    void RemoveChosen() { Remove(list_->TasksOf(list_->ChosenRows())); }
     void OpenSettings();
 
   protected:
@@ -70,6 +73,7 @@ class CDownloadPage : public Page {
     void FindTarget(const CDownloadTask& task);
     // Runs `what` on a worker, the page disabled meanwhile.
     void Change(std::function<void()> what);
+    void Remove(const std::vector<std::int32_t>& tasks);
 
     std::shared_ptr<TaskStore> store_;
     TaskQueue queue_;

@@ -11,6 +11,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
 #include "ui/list/ListFind.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -51,6 +52,7 @@ CFilePage::CFilePage(PageHost& host, const Services& services, QWidget* parent)
     list_->EnableFind();
     SayWhenEmpty(*list_, u8"这个文件夹里没有文件");
     SayWhenFailed(*list_, u8"转到根目录");
+    HeedKeys(*this, {.refresh = [this] { ShowAgain(); }});
     auto* up = SetControlNumber(
         new CFlatImageButton(ToQString(u8"向上"), QStringLiteral("up"), this), kUp);
     MakeHiddenButtons();
@@ -107,6 +109,7 @@ void CFilePage::ShowRoot() {
     if (!isEnabled()) {
         return;  // a folder is on its way
     }
+    asked_.reset();
     rootLoad_.Start([this] { BeginLoad(); },
                     [list = list_, agent = agent_](const LoadProgress& progress) {
                         FileReply reply =
@@ -121,6 +124,7 @@ void CFilePage::ShowDirectory(const std::string& path) {
     if (!isEnabled()) {
         return;
     }
+    asked_ = path;
     folderLoad_.Start([this] { BeginLoad(); },
                       [list = list_, agent = agent_, path](const LoadProgress& progress) {
                           FileReply reply =
@@ -129,6 +133,14 @@ void CFilePage::ShowDirectory(const std::string& path) {
                           return reply;
                       },
                       [this](FileReply&& reply) { return EndLoad(std::move(reply)); });
+}
+
+void CFilePage::ShowAgain() {
+    if (asked_) {
+        ShowDirectory(std::string(*asked_));
+    } else {
+        ShowRoot();
+    }
 }
 
 void CFilePage::BeginLoad() {

@@ -38,6 +38,9 @@ class CFilePage : public Page {
     // nothing of paths, and sends an empty one before the first reply.
     void ShowParent() { ShowDirectory(parentPath_); }
 
+    // Fetches once more what was asked for last.
+    void ShowAgain();
+
     void Load() override { ShowRoot(); }
 
   protected:
@@ -56,6 +59,7 @@ class CFilePage : public Page {
     PageLoad rootLoad_;
     PageLoad folderLoad_;
     std::optional<FocusKeeper> focus_;  // while the page is disabled
+    std::optional<std::string> asked_;  // the folder that was asked for last; none for the root
     std::string parentPath_;
     std::uint32_t parentFlag_ = 0;  // nothing is made of it
 };

@@ -1,33 +1,42 @@
 #include "pages/kit/ListRoad.h"
 
 #include "base/Text.h"
+#include "pages/kit/ShownNames.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/QuestionDlg.h"
 
 namespace quorvi {
 
-void ListRoad::Delete(const std::vector<std::uint32_t>& ids, GoingRows rows,
-                      std::u8string_view question,
-                      Bytes (*request)(std::span<const std::uint32_t> ids)) {
+void ListRoad::Delete(const ListDelete& deletion) {
+    const auto& ids = deletion.ids;
     if (ids.empty()) {
         (new CNothingCheckedDlg(&place_.window))->Open();
         return;
     }
-    Going going{std::move(rows)};
+    Going going{deletion.rows};
     const std::size_t known = std::visit([](const auto& some) { return some.size(); }, going.rows);
     if (known < ids.size()) {
         // Of a record in which the mark stands nothing but its id came.
         going.why =
             Ansi(u8"手机没有给出其中 ") + std::to_string(ids.size() - known) + Ansi(u8" 项的内容");
     }
-    AskAndDelete(
-        ToQString(question).arg(ids.size()),
-        [going = std::move(going)](AgentAddress) { return going; }, request(ids));
+    auto* dialog =
+        new CConfirmDeleteDlg(ToQString(deletion.question).arg(ids.size()), &place_.window);
+    dialog->AddRemark(NamesInWords(deletion.names));
+    const QString said =
+        deletion.said.empty() ? QString() : ToQString(deletion.said).arg(ids.size());
+    Ask(
+        dialog, [going = std::move(going)](AgentAddress) { return going; }, deletion.request(ids),
+        said);
 }
 
-void ListRoad::AskAndDelete(const QString& question, FindGoing find, Bytes request) {
-    auto* dialog = new CConfirmDeleteDlg(question, &place_.window);
-    dialog->Open([this, find = std::move(find), request = std::move(request)](int result) {
+void ListRoad::AskAndDelete(const QString& question, FindGoing find, Bytes request,
+                            const QString& said) {
+    Ask(new CConfirmDeleteDlg(question, &place_.window), std::move(find), std::move(request), said);
+}
+
+void ListRoad::Ask(CConfirmDeleteDlg* dialog, FindGoing find, Bytes request, const QString& said) {
+    dialog->Open([this, find = std::move(find), request = std::move(request), said](int result) {
         if (result != QDialog::Accepted) {
             return;
         }
@@ -37,7 +46,10 @@ void ListRoad::AskAndDelete(const QString& question, FindGoing find, Bytes reque
                         .agent = place_.agent,
                         .find = find,
                         .request = request,
-                        .done = [this](const AcknowledgedReply& reply) {
+                        .done = [this, said](const AcknowledgedReply& reply) {
+                            if (reply.outcome == SessionOutcome::complete && !said.isEmpty()) {
+                                place_.host.SetStatus(said);
+                            }
                             if (reply.Connected() ||
                                 place_.afterFailedChange == AfterFailedChange::refresh) {
                                 Refresh();

@@ -2,6 +2,8 @@
 // the list again.
 #pragma once
 
+#include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -18,6 +20,8 @@
 
 namespace quorvi {
 
+class CConfirmDeleteDlg;
+
 // What becomes of the list when the phone was not reached for a change.
 enum class AfterFailedChange {
     refresh,  // it is fetched again all the same
@@ -32,6 +36,17 @@ struct ListPlace {
     AgentAddress agent;
     int loadKey = PageNumbers::kNoKey;
     AfterFailedChange afterFailedChange = AfterFailedChange::refresh;
+};
+
+// A delete of some of a list's things.
+struct ListDelete {
+    std::vector<std::uint32_t> ids;
+    GoingRows rows;               // what the list shows of them
+    QStringList names;            // what they are called there, as many as ids
+    std::u8string_view question;  // in which %1 stands for their number
+    // What the status says once the phone has acknowledged it, %1 as above; nothing where empty.
+    std::u8string_view said = {};
+    Bytes (*request)(std::span<const std::uint32_t> ids);
 };
 
 // A member of a page or dialog, behind the list. The window's thread.
@@ -58,15 +73,15 @@ class ListRoad {
     // CallLogPageEarlyEnd.LeavesRedrawOffUntilALaterLoadGetsFurther).
     void Refresh() { refresh_(); }
 
-    // Deletes the things of these ids: asks `question`, in which %1 stands for their number, keeps
-    // `rows`, what the list shows of them, and sends request(ids) (see SendKeptDelete); then
-    // fetches the list again. Without an id it says that nothing is ticked.
-    void Delete(const std::vector<std::uint32_t>& ids, GoingRows rows, std::u8string_view question,
-                Bytes (*request)(std::span<const std::uint32_t> ids));
-    // Asks, keeps what `find` gives, sends, and fetches the list again.
-    void AskAndDelete(const QString& question, FindGoing find, Bytes request);
+    // Asks, keeps what the list shows of them, sends the request (see SendKeptDelete), says what
+    // was done, and fetches the list again. Without an id it says that nothing is ticked.
+    void Delete(const ListDelete& deletion);
+    // Asks, keeps what `find` gives, sends, says `said` in the status, and fetches the list again.
+    void AskAndDelete(const QString& question, FindGoing find, Bytes request,
+                      const QString& said = {});
 
   private:
+    void Ask(CConfirmDeleteDlg* dialog, FindGoing find, Bytes request, const QString& said);
     template <typename List, typename Fetch>
     void Load(List* list, const Fetch& fetch, const std::function<void()>& shown);
 

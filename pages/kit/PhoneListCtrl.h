@@ -36,21 +36,38 @@ class PhoneListCtrl : public RecordListCtrl<Row> {
     }
     [[nodiscard]] const Row* CurrentRecord() const { return RecordAt(this->CurrentRow()); }
 
-    // What `part` (a member, say) gives of each ticked row, in their order.
+    // What `part` (a member, say) gives of each of these rows, in their order.
     template <typename Part>
-    [[nodiscard]] auto OfTickedRows(Part part, MarkedRow marked) const {
+    [[nodiscard]] auto OfRows(const std::vector<int>& rows, Part part, MarkedRow marked) const {
         std::vector<std::remove_cvref_t<std::invoke_result_t<Part, const Row&>>> parts;
-        for (const int row : this->TickedRows()) {
+        for (const int row : rows) {
             if (marked == MarkedRow::counts || RecordAt(row) != nullptr) {
                 parts.push_back(std::invoke(part, this->At(row)));
             }
         }
         return parts;
     }
+    // The same of the ticked rows.
+    template <typename Part>
+    [[nodiscard]] auto OfTickedRows(Part part, MarkedRow marked) const {
+        return OfRows(this->TickedRows(), std::move(part), marked);
+    }
 
-    // The records of the ticked rows, in their order.
-    [[nodiscard]] std::vector<Row> TickedRecords() const {
-        return OfTickedRows(std::identity{}, MarkedRow::leftOut);
+    // The records of these rows, and of the ticked ones, in their order.
+    [[nodiscard]] std::vector<Row> RecordsOf(const std::vector<int>& rows) const {
+        return OfRows(rows, std::identity{}, MarkedRow::leftOut);
+    }
+    [[nodiscard]] std::vector<Row> TickedRecords() const { return RecordsOf(this->TickedRows()); }
+
+    // What these rows are called; that of the marked row is empty.
+    [[nodiscard]] QStringList NamesOf(const std::vector<int>& rows, MarkedRow marked) const {
+        QStringList names;
+        for (const int row : rows) {
+            if (marked == MarkedRow::counts || RecordAt(row) != nullptr) {
+                names.append(this->NameOf(row));
+            }
+        }
+        return names;
     }
 
     [[nodiscard]] Cell CellAt(int row, int column) const final {

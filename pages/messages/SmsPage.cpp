@@ -13,6 +13,7 @@
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -46,6 +47,8 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
     view_->setAccessibleName(ToQString(u8"短信会话"));
     view_->LoadFromResource(kConversationsTemplate);
     SayWhenFailed(*frame_, u8"刷新列表");
+    HeedKeys(*this,
+             {.refresh = [this] { RefreshSms(); }, .add = [this] { Compose(kNoConversation); }});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(frame_);

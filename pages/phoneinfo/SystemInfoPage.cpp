@@ -7,6 +7,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/list/RecordListCtrl.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -65,6 +66,7 @@ CSystemInfoPage::CSystemInfoPage(PageHost& host, const Services& services, QWidg
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(list_);
+    HeedKeys(*this, {.refresh = [this] { Load(); }});
     std::vector<InfoRow> rows;
     const auto first = SystemInfoTableAtFirst();
     for (std::size_t i = 0; i < first.size(); ++i) {

@@ -10,6 +10,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/page/FocusKeeper.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 namespace {
@@ -39,6 +40,7 @@ CPhoneSettingsPage::CPhoneSettingsPage(PageHost& host, const Services& services,
     below->addWidget(state_);
     layout->addLayout(below);
     layout->addStretch(1);
+    HeedKeys(*this, {.refresh = [this] { Refresh(); }});
     connect(form_, &PhoneSettingsForm::chosen, this,
             [this](PhoneSetting setting, std::uint32_t value) {
                 Take({setting, value});

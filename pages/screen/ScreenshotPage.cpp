@@ -10,6 +10,7 @@
 #include "pages/screen/ScreenOptions.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -52,6 +53,7 @@ CScreenshotPage::CScreenshotPage(PageHost& host, const Services& services, Scree
     });
     connect(picture_, &ScreenCaptureCtrl::refreshDue, this,
             &CScreenshotPage::CaptureForAutoRefresh);
+    HeedKeys(*this, {.refresh = [this] { Refresh(); }});
     // Wherever in the window the keys are, but for a field that has a text to copy.
     connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this,
             &CScreenshotPage::Copy);

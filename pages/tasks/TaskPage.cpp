@@ -12,6 +12,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
 #include "ui/kit/SkinLabels.h"
+#include "ui/page/PageKeys.h"
 
 namespace quorvi {
 
@@ -64,6 +65,8 @@ CTaskPage::CTaskPage(PageHost& host, const Services& services, QWidget* parent)
     SayWhenEmpty(*list_, u8"手机上没有运行的进程，或者还没有获取");
     SayWhenFailed(*list_, u8"刷新手机进程");
     ShowCount(*this, *list_);
+    HeedKeys(*this,
+             {.refresh = [this] { Refresh(); }, .list = list_, .erase = [this] { EndChosen(); }});
     list_->EnableFind();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -106,10 +109,21 @@ void CTaskPage::RunCommand(int index) {
     }
 }
 
-void CTaskPage::EndChecked() {
-    SendChange(Host(), *this, agent_,
-               EndProcessesRequest(list_->OfTickedRows(&TaskRecord::package, MarkedRow::leftOut)),
-               [this](const AcknowledgedReply&) { Refresh(); });
+void CTaskPage::EndChosen() {
+    if (const std::vector<int> rows = list_->ChosenRows(); !rows.empty()) {
+        End(rows);
+    }
+}
+
+void CTaskPage::End(const std::vector<int>& rows) {
+    const auto packages = list_->OfRows(rows, &TaskRecord::package, MarkedRow::leftOut);
+    SendChange(Host(), *this, agent_, EndProcessesRequest(packages),
+               [this, count = packages.size()](const AcknowledgedReply& reply) {
+                   if (reply.outcome == SessionOutcome::complete && count > 0) {
+                       Host().SetStatus(ToQString(u8"已结束 %1 个进程").arg(count));
+                   }
+                   Refresh();
+               });
 }
 
 }  // namespace quorvi

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "pages/kit/ListRoad.h"
 #include "pages/kit/PageNumbers.h"
@@ -31,10 +32,13 @@ class CTaskPage : public Page {
 
     // Ends the processes that are ticked, without a question, and refreshes, whether the phone was
     // reached or not. With nothing ticked the request goes out all the same, and names nothing.
-    void EndChecked();
+    void EndChecked() { End(list_->TickedRows()); }
+    // The same with the ticked ones, or else the selected one; without one it does nothing.
+    void EndChosen();
 
   private:
     void RunCommand(int index) override;
+    void End(const std::vector<int>& rows);
     void ShowFreeMemory(std::uint32_t bytes);
     [[nodiscard]] QWidget* MakeFoot();
 

@@ -14,6 +14,7 @@
 
 #include "tests/support/DialogDriver.h"
 #include "tests/support/KeptDeletes.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/ScriptedAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -38,6 +39,7 @@ class KeptDeletePage : public OfAPage {
     // The question before a delete.
     static constexpr int kQuestion = 548;
     static constexpr int kText = 1378;
+    static constexpr int kNames = 4;
     static constexpr int kYes = 1215;
     static constexpr int kNo = 1021;
 
@@ -48,6 +50,11 @@ class KeptDeletePage : public OfAPage {
         }
         this->page_->OnCommand(OfAPage::kDelete);
         PressIn(kQuestion, kYes);
+    }
+    // What a control of the question says.
+    static QString Said(int control) {
+        SkinDialog* dialog = OpenDialog(kQuestion);
+        return dialog == nullptr ? QString() : FindControl<QLabel>(dialog, control)->text();
     }
     std::size_t Deletes() { return this->agent_.Requests(OfAPage::kRequest).size(); }
 };
@@ -104,7 +111,51 @@ TYPED_TEST_P(KeptDeletePage, WhatWasKeptOfADeleteThatFindsNoPhoneIsForgotten) {
     EXPECT_TRUE(this->kept_.List().empty());
 }
 
-REGISTER_TYPED_TEST_SUITE_P(KeptDeletePage, WhatIsDeletedIsKeptBeforeTheRequestIsSent,
+TYPED_TEST_P(KeptDeletePage, TheDeleteKeyIsAboutTheSelectedRowWhereNoneIsTicked) {
+    this->OpenLoaded();
+    this->List().SelectRow(0);
+    PressKeyIn(this->List(), Qt::Key_Delete);
+    EXPECT_TRUE(this->Said(this->kText).contains(QStringLiteral("【 1 】")));
+    EXPECT_EQ(this->Said(this->kNames), this->List().NameOf(0));
+    PressIn(this->kQuestion, this->kYes);
+    this->WaitForLoads(2);
+    EXPECT_EQ(this->Deletes(), 1u);
+    EXPECT_TRUE(this->kept_.IsOne(TypeParam::kKind, 1));
+}
+
+TYPED_TEST_P(KeptDeletePage, TheDeleteKeyIsAboutTheTickedRowsWhereThereAreAny) {
+    this->OpenLoaded();
+    this->List().SelectRow(0);
+    this->List().SetTicked(1, true);
+    PressKeyIn(this->List(), Qt::Key_Delete);
+    EXPECT_TRUE(this->Said(this->kText).contains(QStringLiteral("【 1 】")));
+    EXPECT_EQ(this->Said(this->kNames), this->List().NameOf(1));
+    PressIn(this->kQuestion, this->kNo);
+    this->Settle();
+    EXPECT_EQ(this->Deletes(), 0u);
+}
+
+TYPED_TEST_P(KeptDeletePage, TheDeleteKeyWithNothingChosenSaysThatNothingIsTicked) {
+    this->OpenLoaded();
+    this->List().SelectRow(-1);
+    PressKeyIn(this->List(), Qt::Key_Delete);
+    ASSERT_NE(OpenDialog(682), nullptr);
+    OpenDialog(682)->reject();
+    this->Settle();
+    EXPECT_EQ(this->Deletes(), 0u);
+}
+
+TYPED_TEST_P(KeptDeletePage, F5FetchesTheListAgain) {
+    this->OpenLoaded();
+    PressKeyIn(this->List(), Qt::Key_F5);
+    this->WaitForLoads(2);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(KeptDeletePage, F5FetchesTheListAgain,
+                            TheDeleteKeyIsAboutTheSelectedRowWhereNoneIsTicked,
+                            TheDeleteKeyIsAboutTheTickedRowsWhereThereAreAny,
+                            TheDeleteKeyWithNothingChosenSaysThatNothingIsTicked,
+                            WhatIsDeletedIsKeptBeforeTheRequestIsSent,
                             WhatCannotBeKeptIsAskedAboutOnceMoreAndStaysWhenTheAnswerIsNo,
                             WhatCannotBeKeptIsDeletedWhenTheUserWantsItAllTheSame,
                             WhatWasKeptOfADeleteThatFindsNoPhoneIsForgotten);

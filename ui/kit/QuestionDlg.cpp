@@ -31,6 +31,7 @@ constexpr int kHelp = 1199;
 constexpr int kOk = 1;
 constexpr int kStay = 2;
 constexpr int kQuote = 3;
+constexpr int kRemark = 4;
 
 struct KindPicture {
     QuestionDlg::Kind kind;
@@ -102,6 +103,16 @@ void QuestionDlg::Quote(const QString& text, const QString& name) {
     quote->SetText(text);
     quote->setFixedHeight(Metric::questionQuote);
     column_->addWidget(quote);
+    FitHeight();
+}
+
+void QuestionDlg::AddRemark(const QString& text) {
+    if (text.isEmpty()) {
+        return;
+    }
+    auto* remark = SetControlNumber(new RemarkLabel(text, Body()), kRemark);
+    remark->setWordWrap(true);
+    column_->addWidget(remark);
     FitHeight();
 }
 

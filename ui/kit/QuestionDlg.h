@@ -22,6 +22,8 @@ class QuestionDlg : public SkinDialog {
     // Shows a text from elsewhere below the sentence, in full and as it is: a long one scrolls.
     // `name` is what a screen reader calls it.
     void Quote(const QString& text, const QString& name);
+    // Shows a remark of the program's own below the sentence; nothing for an empty one.
+    void AddRemark(const QString& text);
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -29,7 +31,7 @@ class QuestionDlg : public SkinDialog {
   private:
     void FitHeight();
 
-    QVBoxLayout* column_;  // the sentence, and what is quoted
+    QVBoxLayout* column_;  // the sentence, remarks, and what is quoted
 };
 
 // Dialog 548: asks before a delete. Ends with Accepted for 删除, with Rejected for anything else;

@@ -3,6 +3,7 @@
 #include "phone/agent/HostileTexts.h"
 #include "tests/pages/alarms/AlarmPageFixture.h"
 #include "tests/support/KeptDeletePageTest.h"
+#include "tests/support/KeyDriver.h"
 
 namespace quorvi {
 namespace {
@@ -179,6 +180,19 @@ TEST_F(AlarmPage, HostileTextsAreShownInOneLineAndGoBackAsTheyCame) {
 }
 
 // ---- what is kept of a delete ------------------------------------------------------------------
+
+TEST_F(AlarmPage, CtrlNOpensAnEditorAndADeleteIsToldInTheStatus) {
+    OpenLoaded();
+    PressKeyIn(List(), Qt::Key_N, Qt::ControlModifier);
+    ASSERT_NE(Editor(), nullptr);
+    Editor()->reject();
+    Settle();
+    List().TickAll(true);
+    PressKeyIn(List(), Qt::Key_Delete);
+    PressIn(548, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 3 个闹铃"));
+}
 
 using AlarmDelete = TickedDelete<AlarmPage, CAlarmPage::commandDelete, AgentCommand::listAlarms,
                                  AgentCommand::deleteAlarms, BackupKind::alarms, 2>;

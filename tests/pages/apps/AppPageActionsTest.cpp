@@ -6,6 +6,7 @@
 
 #include "tests/pages/apps/AppPageFixture.h"
 #include "tests/support/DialogDriver.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/MenuDriver.h"
 
 namespace quorvi {
@@ -206,7 +207,7 @@ TEST_F(AppPageActions, OneFromTheMenuIsUninstalledWithoutAQuestionAndTheListRead
     EXPECT_EQ(List().RowCount(), 1);
     EXPECT_EQ(Loads(), 2u);
     EXPECT_TRUE(page_->isEnabled());
-    EXPECT_EQ(host_.status, kReady);
+    EXPECT_EQ(host_.status, ToQString(u8"已卸载 1 个应用"));
 }
 
 TEST_F(AppPageActions, WithNothingTickedItSaysSo) {
@@ -240,6 +241,33 @@ TEST_F(AppPageActions, TheQuestionNamesTheirNumberAndTheWayBackIsItsDefault) {
     Settle();
     EXPECT_THAT(adb_.Runs(), IsEmpty());
     EXPECT_EQ(List().TickedCount(), 2);
+}
+
+TEST_F(AppPageActions, TheQuestionNamesThemToo) {
+    OpenLoaded();
+    Tick({0, 2});
+    page_->OnCommand(CAppPage::commandUninstall);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 4)->text(),
+              ToQString(u8"掌上词典、星图天气"));
+    PressIn(kConfirm, kCancel);
+}
+
+TEST_F(AppPageActions, TheDeleteKeyAsksAboutTheSelectedOneAndTheStatusSaysThatItWent) {
+    OpenLoaded();
+    List().SelectRow(1);
+    PressKeyIn(List(), Qt::Key_Delete);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), kQuestion)->text(),
+              ToQString(u8"您真的要删除选择的【 1 】个应用吗？"));
+    PressIn(kConfirm, kAffirm);
+    AwaitRefresh(2);
+    EXPECT_THAT(adb_.Runs(), ElementsAre("uninstall com.b"));
+    EXPECT_EQ(host_.status, ToQString(u8"已卸载 1 个应用"));
+}
+
+TEST_F(AppPageActions, F5Refreshes) {
+    OpenLoaded();
+    PressKeyIn(List(), Qt::Key_F5);
+    AwaitRefresh(2);
 }
 
 TEST_F(AppPageActions, OneThatIsTickedIsUninstalledAndTheListReadOnce) {
@@ -374,7 +402,7 @@ TEST_F(AppPageFailures, TheNextTryTakesAnOldFailureBack) {
     page_->Uninstall({{"other", "com.other"}});
     EXPECT_EQ(host_.status, kReady);
     AwaitRefresh(3);
-    EXPECT_EQ(host_.status, kReady);
+    EXPECT_EQ(host_.status, ToQString(u8"已卸载 1 个应用"));
 }
 
 TEST_F(AppPageFailures, ALongNameIsCutInTheStatus) {
@@ -403,7 +431,7 @@ TEST_F(AppPageWaits, TheStatusSaysSoUntilThePhoneIsThere) {
     EXPECT_EQ(Loads(), 1u);
     adb_.Put("phone");
     AwaitRefresh(2);
-    EXPECT_EQ(host_.status, kReady);
+    EXPECT_EQ(host_.status, ToQString(u8"已卸载 1 个应用"));
 }
 
 TEST_F(AppPageActions, AnAdbThatIsNotThereIsTold) {

@@ -7,6 +7,7 @@
 #include "phone/agent/HostileTexts.h"
 #include "tests/pages/bookmarks/BookmarkPageFixture.h"
 #include "tests/support/KeptDeletePageTest.h"
+#include "tests/support/KeyDriver.h"
 
 namespace quorvi {
 namespace {
@@ -281,6 +282,19 @@ TEST_F(BookmarkPage, AChangeThatThePhoneHasByNowIsNotResumed) {
 }
 
 // ---- what is kept of a delete ------------------------------------------------------------------
+
+TEST_F(BookmarkPage, CtrlNOpensAnEditorAndADeleteIsToldInTheStatus) {
+    OpenLoaded();
+    PressKeyIn(List(), Qt::Key_N, Qt::ControlModifier);
+    ASSERT_NE(Editor(), nullptr);
+    Editor()->reject();
+    Settle();
+    List().TickAll(true);
+    PressKeyIn(List(), Qt::Key_Delete);
+    PressIn(548, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 3 个书签"));
+}
 
 using BookmarkDelete =
     TickedDelete<BookmarkPage, CBookmarkPage::commandDelete, AgentCommand::listBookmarks,

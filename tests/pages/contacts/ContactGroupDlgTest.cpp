@@ -6,6 +6,7 @@
 #include "tests/support/AgentDialogTest.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/KeptDeletes.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/WireBytes.h"
 #include "ui/kit/ControlNumber.h"
@@ -321,6 +322,35 @@ TEST_F(GroupDialog, DeletingTickedGroupsAsksSendsTheirIdsAndLoadsAgain) {
     const auto requests = agent_.Requests(AgentCommand::deleteGroups);
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0], Join({Word(870124), Word(20), Word(2), Word(5), Word(6)}));
+}
+
+TEST_F(GroupDialog, TheDeleteKeyAsksAboutTheSelectedGroupByItsNameAndTheStatusSaysThatItWent) {
+    OpenLoaded();
+    List().SelectRow(1);
+    PressKeyIn(List(), Qt::Key_Delete);
+    ASSERT_NE(OpenDialog(kConfirm), nullptr);
+    EXPECT_EQ(FindControl<QLabel>(OpenDialog(kConfirm), 4)->text(), ToQString(u8"同事"));
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::deleteGroups)[0],
+              Join({Word(870124), Word(16), Word(1), Word(6)}));
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 1 个分组"));
+}
+
+TEST_F(GroupDialog, F5RefreshesAndCtrlNAdds) {
+    OpenLoaded();
+    PressKeyIn(List(), Qt::Key_F5);
+    WaitForLoads(2);
+    PressKeyIn(List(), Qt::Key_N, Qt::ControlModifier);
+    ASSERT_NE(OpenDialog(kEditor), nullptr);
+    OpenDialog(kEditor)->reject();
+}
+
+TEST_F(GroupDialog, CountsItsGroupsAndTheTickedOnes) {
+    OpenLoaded();
+    List().SetTicked(1, true);
+    const auto* count = dialog_->findChild<QLabel*>(QStringLiteral("count"));
+    EXPECT_TRUE(WaitFor([&] { return count->text() == ToQString(u8"共 2 项 · 已选 1 项"); }));
 }
 
 TEST_F(GroupDialog, ADeleteThatFindsNoPhoneIsToldAndLoadsNothingAgain) {

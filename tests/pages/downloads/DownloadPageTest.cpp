@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 
 #include "tests/pages/downloads/DownloadPageFixture.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/OpenedAddresses.h"
 
 namespace quorvi {
@@ -325,6 +326,26 @@ TEST_F(DownloadPage, WithNothingCheckedTheStatusSaysSoAndNothingChanges) {
     ClickCell(List(), 0, columnName);
     Command(CDownloadPage::commandRemove);
     EXPECT_EQ(host_.status, ToQString(u8"【提示】勾选复选框后才可删除"));
+    EXPECT_THAT(Packages(), ElementsAre("com.a"));
+}
+
+TEST_F(DownloadPage, TheDeleteKeyRemovesTheSelectedTaskAndTheStatusSaysSo) {
+    Add("com.a", TaskState::paused);
+    Add("com.b", TaskState::paused);
+    Open();
+    List().SelectRow(0);
+    const std::string other = Packages()[1];
+    PressKeyIn(List(), Qt::Key_Delete);
+    Settle();
+    EXPECT_THAT(Packages(), ElementsAre(other));
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 1 个下载任务"));
+}
+
+TEST_F(DownloadPage, F5ReadsTheTasksAgain) {
+    Open();
+    Add("com.a", TaskState::paused);
+    PressKeyIn(List(), Qt::Key_F5);
+    Settle();
     EXPECT_THAT(Packages(), ElementsAre("com.a"));
 }
 

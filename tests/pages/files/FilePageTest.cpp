@@ -13,6 +13,7 @@
 #include "tests/support/AgentPageTest.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/ControlDriver.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/LoopbackAgent.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -347,6 +348,18 @@ TEST_F(FilePage, ConnectFailureIsToldAndRedrawGoesOn) {
     EXPECT_TRUE(List().Redraw());
     EXPECT_EQ(List().State(), ListState::failed);
     EXPECT_EQ(Key(), PageLoadState::kEnded);
+}
+
+TEST_F(FilePage, F5FetchesTheFolderThatIsShownAndInTheRootTheRoot) {
+    CFilePage& page = OpenLoaded();
+    PressKeyIn(List(), Qt::Key_F5);
+    WaitForLoads(2);
+    page.ShowDirectory("/sdcard");
+    WaitForFolder();
+    PressKeyIn(List(), Qt::Key_F5);
+    WaitForFolder();
+    EXPECT_EQ(Folders(), (std::vector<Bytes>{RequestOf("/sdcard"), RequestOf("/sdcard")}));
+    EXPECT_EQ(Loads(), 2u);
 }
 
 TEST_F(FilePage, AFailureLeavesTheParentAsItWas) {

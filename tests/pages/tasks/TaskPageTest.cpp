@@ -7,6 +7,7 @@
 #include "tests/support/AgentPageTest.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/ControlDriver.h"
+#include "tests/support/KeyDriver.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/PictureFiles.h"
 #include "ui/kit/ControlNumber.h"
@@ -336,6 +337,37 @@ TEST_F(TaskPage, NothingTickedIsSentAllTheSameAndRefreshes) {
     WaitForLoads(2);
     EXPECT_EQ(agent_.Requests(AgentCommand::endProcesses),
               std::vector<Bytes>{Join({Word(871804), Word(12), Word(0)})});
+}
+
+TEST_F(TaskPage, TheDeleteKeyEndsTheTickedOrElseTheSelectedAndTheStatusSaysHowMany) {
+    OpenLoaded();
+    List().SelectRow(2);
+    PressKeyIn(List(), Qt::Key_Delete);
+    WaitForLoads(2);
+    EXPECT_EQ(agent_.Requests(AgentCommand::endProcesses).back(),
+              Join({Word(871804), Word(34), Word(1), Text("com.example.gomoku")}));
+    EXPECT_EQ(host_.status, ToQString(u8"已结束 1 个进程"));
+    List().SelectRow(2);
+    List().SetTicked(0, true);
+    List().SetTicked(2, true);
+    PressKeyIn(List(), Qt::Key_Delete);
+    WaitForLoads(3);
+    EXPECT_EQ(host_.status, ToQString(u8"已结束 2 个进程"));
+}
+
+TEST_F(TaskPage, TheDeleteKeyWithNothingChosenSendsNothing) {
+    OpenLoaded();
+    List().SelectRow(-1);
+    PressKeyIn(List(), Qt::Key_Delete);
+    Settle();
+    EXPECT_TRUE(agent_.Requests(AgentCommand::endProcesses).empty());
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
+TEST_F(TaskPage, F5Refreshes) {
+    OpenLoaded();
+    PressKeyIn(List(), Qt::Key_F5);
+    WaitForLoads(2);
 }
 
 TEST_F(TaskPage, IsDisabledWhileProcessesAreBeingEndedAndRefreshesBehindThem) {
