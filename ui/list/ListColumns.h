@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QString>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "ui/look/Look.h"
@@ -32,6 +33,15 @@ enum class CellKind : std::uint8_t {
 
 enum class CellAlign : std::uint8_t { centre, left };
 
+// Something that a list is sorted by: see ListSort.
+struct SortKey {
+    int key;                     // of the ranks that the list is given
+    std::u8string_view caption;  // the part of the column's caption that is clicked for it
+    // Its two orders, as a menu offers them and as they are read out.
+    std::u8string_view up;
+    std::u8string_view down;
+};
+
 // One column. A width of 0 hides it.
 struct ListColumn {
     std::u8string_view caption;
@@ -48,6 +58,10 @@ struct ListColumn {
     // Its links lead nowhere: the cursor shows a hand over them, and a screen reader is told that
     // the cells are empty.
     bool dead = false;
+    // What a click on its head sorts by, in the order in which the caption names them.
+    std::span<const SortKey> sorts = {};
+    // Of a tick column: a click on its head does nothing.
+    bool deadHead = false;
 };
 
 // The contents of a cell.

@@ -112,7 +112,6 @@ bool CSkinListCtrl::viewportEvent(QEvent* event) {
 
 // ---- keys --------------------------------------------------------------------------------------
 
-// All rows that are shown, or none when all of them are ticked.
 void CSkinListCtrl::FlipAllTicks() {
     bool on = false;
     for (int place = 0; place < model_->Places(); ++place) {
@@ -186,9 +185,7 @@ void CSkinListCtrl::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (event->matches(QKeySequence::SelectAll)) {
-        if (TickColumn() >= 0 && redraw_) {  // nobody ticks what is not shown
-            FlipAllTicks();
-        }
+        TickShown();
         event->accept();
         return;
     }

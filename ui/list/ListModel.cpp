@@ -1,9 +1,11 @@
 #include "ui/list/ListModel.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "ui/kit/QtText.h"
+#include "ui/list/ListSort.h"
 #include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
@@ -17,30 +19,58 @@ constexpr std::u8string_view kEmpty = u8"空";
 ListModel::ListModel(CSkinListCtrl& list) : QAbstractTableModel(&list), list_(list) {}
 
 int ListModel::Places() const {
-    return shown_ ? static_cast<int>(shown_->size()) : rows_;
+    return places_ ? static_cast<int>(places_->size()) : rows_;
 }
 
 int ListModel::RowAt(int place) const {
     if (place < 0 || place >= Places()) {
         return -1;
     }
-    return shown_ ? (*shown_)[static_cast<std::size_t>(place)] : place;
+    return places_ ? (*places_)[static_cast<std::size_t>(place)] : place;
 }
 
 int ListModel::PlaceOf(int row) const {
     if (row < 0 || row >= rows_) {
         return -1;
     }
-    if (!shown_) {
-        return row;
+    return places_ ? placeOf_[static_cast<std::size_t>(row)] : row;
+}
+
+// Works out the places from what is shown and in which order.
+void ListModel::Place() {
+    placeOf_.clear();
+    if (!shown_ || !order_) {
+        places_ = shown_ ? shown_ : order_;
+    } else {
+        std::vector<char> isShown(static_cast<std::size_t>(rows_), 0);
+        for (const int row : *shown_) {
+            isShown[static_cast<std::size_t>(row)] = 1;
+        }
+        places_.emplace();
+        std::ranges::copy_if(*order_, std::back_inserter(*places_), [&isShown](int row) {
+            return isShown[static_cast<std::size_t>(row)] != 0;
+        });
     }
-    const auto found = std::ranges::lower_bound(*shown_, row);
-    return found == shown_->end() || *found != row ? -1 : static_cast<int>(found - shown_->begin());
+    if (places_) {
+        placeOf_.assign(static_cast<std::size_t>(rows_), -1);
+        int place = 0;
+        for (const int row : *places_) {
+            placeOf_[static_cast<std::size_t>(row)] = place++;
+        }
+    }
 }
 
 void ListModel::Show(std::optional<std::vector<int>> rows) {
     beginResetModel();
     shown_ = std::move(rows);
+    Place();
+    endResetModel();
+}
+
+void ListModel::Order(std::optional<std::vector<int>> rows) {
+    beginResetModel();
+    order_ = std::move(rows);
+    Place();
     endResetModel();
 }
 
@@ -48,17 +78,24 @@ void ListModel::Reset(int rows) {
     beginResetModel();
     rows_ = rows;
     shown_.reset();
+    order_.reset();
+    Place();
     endResetModel();
 }
 
 void ListModel::Append(int count) {
-    if (shown_) {
-        rows_ += count;
-        return;
+    const bool isSeen = !shown_;
+    if (isSeen) {
+        beginInsertRows({}, rows_, rows_ + count - 1);
     }
-    beginInsertRows({}, rows_, rows_ + count - 1);
+    for (int row = rows_; order_ && row < rows_ + count; ++row) {
+        order_->push_back(row);
+    }
     rows_ += count;
-    endInsertRows();
+    Place();
+    if (isSeen) {
+        endInsertRows();
+    }
 }
 
 void ListModel::Remove(int row) {
@@ -67,14 +104,15 @@ void ListModel::Remove(int row) {
         beginRemoveRows({}, place, place);
     }
     --rows_;
-    if (shown_) {
-        if (place >= 0) {
-            shown_->erase(shown_->begin() + place);
-        }
-        for (int& shown : *shown_) {
-            shown -= shown > row ? 1 : 0;
+    for (std::optional<std::vector<int>>* rows : {&shown_, &order_}) {
+        if (*rows) {
+            std::erase(**rows, row);
+            for (int& other : **rows) {
+                other -= other > row ? 1 : 0;
+            }
         }
     }
+    Place();
     if (place >= 0) {
         endRemoveRows();
     }
@@ -156,10 +194,28 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+    if (orientation != Qt::Horizontal ||
+        (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) {
         return {};
     }
-    return ToQString(list_.Column(section).caption);
+    const QString caption = ToQString(list_.Column(section).caption);
+    const QString words = role == Qt::AccessibleTextRole ? HeadWords(section) : QString();
+    return words.isEmpty() ? caption : caption + ToQString(u8"，") + words;
+}
+
+// What is read out behind the caption of a head: the order, and how many rows are ticked.
+QString ListModel::HeadWords(int column) const {
+    if (list_.Column(column).kind != CellKind::check || list_.Column(column).deadHead) {
+        return list_.Sorting() == nullptr ? QString() : list_.Sorting()->WordsOf(column);
+    }
+    switch (list_.HeadTick()) {
+        case look::Tick::on:
+            return ToQString(u8"全部已勾选");
+        case look::Tick::mixed:
+            return ToQString(u8"部分已勾选");
+        default:
+            return ToQString(u8"未勾选");
+    }
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {

@@ -9,9 +9,9 @@ namespace quorvi {
 
 class CSkinListCtrl;
 
-// Answers from the list's own CellAt; keeps nothing but the number of rows and which of them are
-// shown. An index of the model is a place on the screen: where rows are left out, the row of the
-// list that stands there is another one.
+// Answers from the list's own CellAt; keeps nothing but the number of rows, which of them are shown
+// and in which order. An index of the model is a place on the screen: where rows are left out or in
+// another order, the row of the list that stands there is another one.
 class ListModel : public QAbstractTableModel {
     Q_OBJECT
   public:
@@ -24,10 +24,12 @@ class ListModel : public QAbstractTableModel {
     [[nodiscard]] int RowAt(int place) const;
     // The place of a row; -1 where it is not shown.
     [[nodiscard]] int PlaceOf(int row) const;
-    // Shows these rows alone, in their order; all rows for none.
+    // Shows these rows alone, which are told in ascending order; all rows for none.
     void Show(std::optional<std::vector<int>> rows);
+    // Shows the rows in this order, which names each of them once; as they came for none.
+    void Order(std::optional<std::vector<int>> rows);
 
-    // All rows are shown behind it.
+    // All rows are shown behind it, as they came.
     void Reset(int rows);
     // While not all rows are shown, the new ones are not.
     void Append(int count);
@@ -48,12 +50,17 @@ class ListModel : public QAbstractTableModel {
                                         int hits, Qt::MatchFlags flags) const override;
 
   private:
+    void Place();
     [[nodiscard]] QString Lines(int row, int column) const;
     [[nodiscard]] QString Words(int row, int column) const;
+    [[nodiscard]] QString HeadWords(int column) const;
 
     CSkinListCtrl& list_;
     int rows_ = 0;
-    std::optional<std::vector<int>> shown_;  // ascending; none: all
+    std::optional<std::vector<int>> shown_;   // ascending; none: all
+    std::optional<std::vector<int>> order_;   // none: as they came
+    std::optional<std::vector<int>> places_;  // the row at each place; none: row i at place i
+    std::vector<int> placeOf_;  // the place of each row, or -1; while places_ is there
 };
 
 }  // namespace quorvi

@@ -9,6 +9,7 @@
 #include "ui/kit/QtText.h"
 #include "ui/list/ListFind.h"
 #include "ui/list/ListModel.h"
+#include "ui/list/ListSort.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/RoundCorners.h"
@@ -89,11 +90,12 @@ CSkinListCtrl::CSkinListCtrl(std::span<const ListColumn> columns, int rowHeight,
     : QTableView(parent),
       columns_(columns),
       rowHeight_(rowHeight),
+      widths_(columns),
       model_(new ListModel(*this)),
       bar_(new QScrollBar(Qt::Vertical, this)),
       status_(new ViewStatus(viewport())) {
     setFont(look::font(look::Size::s12));
-    setHorizontalHeader(new CSkinHeader(columns, this));
+    setHorizontalHeader(new CSkinHeader(*this));
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -240,16 +242,37 @@ bool CSkinListCtrl::IsShown(int row) const {
     return model_->PlaceOf(row) >= 0;
 }
 
+void CSkinListCtrl::EnableSort() {
+    if (sort_ == nullptr) {
+        sort_ = new ListSort(*this);
+        connect(sort_, &ListSort::sorted, horizontalHeader()->viewport(),
+                qOverload<>(&QWidget::update));
+    }
+}
+
+int CSkinListCtrl::TopRow() const {
+    return model_->RowAt(0);
+}
+
 void CSkinListCtrl::ShowRows(std::optional<std::vector<int>> rows) {
+    Rearrange([&] { model_->Show(std::move(rows)); });
+}
+
+void CSkinListCtrl::OrderRows(std::optional<std::vector<int>> rows) {
+    Rearrange([&] { model_->Order(std::move(rows)); });
+}
+
+void CSkinListCtrl::Rearrange(const std::function<void()>& change) {
     hoverRow_ = hoverColumn_ = -1;
     narrows_ = true;
-    model_->Show(std::move(rows));
+    change();
     if (const int place = model_->PlaceOf(selected_); place >= 0) {
         setCurrentIndex(model_->index(place, 0));
     }
     narrows_ = false;
     ScrollToCurrent();
     viewport()->update();
+    horizontalHeader()->viewport()->update();
 }
 
 void CSkinListCtrl::SelectShownRow() {
@@ -314,6 +337,22 @@ std::vector<int> CSkinListCtrl::ChosenRows() const {
                                                            : std::vector<int>{};
 }
 
+look::Tick CSkinListCtrl::HeadTick() const {
+    int ticked = 0;
+    for (int place = 0; place < model_->Places(); ++place) {
+        ticked += IsTicked(model_->RowAt(place)) ? 1 : 0;
+    }
+    return ticked == 0                  ? look::Tick::off
+           : ticked == model_->Places() ? look::Tick::on
+                                        : look::Tick::mixed;
+}
+
+void CSkinListCtrl::TickShown() {
+    if (TickColumn() >= 0 && redraw_) {
+        FlipAllTicks();
+    }
+}
+
 void CSkinListCtrl::FlipTick(int row) {
     SetTicked(row, !IsTicked(row));
     span_ = TickSpan{.from = row, .to = row, .before = {}};
@@ -342,6 +381,7 @@ void CSkinListCtrl::AnnounceCount() {
         this,
         [this] {
             countIsToBeTold_ = false;
+            horizontalHeader()->viewport()->update();
             Q_EMIT countChanged();
         },
         Qt::QueuedConnection);
@@ -400,22 +440,13 @@ QString CSkinListCtrl::RowText(int row) const {
     return isEmpty ? QString() : texts.join(u'\t');
 }
 
-// Columns keep their widths; that of names takes what is left beside the scroll bar, and in a list
-// without one the last that is shown.
+// The columns fill the list beside the scroll bar.
 void CSkinListCtrl::LayColumns() {
-    int left = viewport()->width() - Metric::scrollGutter;
-    int widest = -1;
+    const std::vector<int> laid = widths_.Laid(viewport()->width() - Metric::scrollGutter);
     for (int i = 0; i < ColumnCount(); ++i) {
-        const bool shown = Column(i).width != 0;
-        setColumnHidden(i, !shown);
-        left -= Column(i).width;
-        if (shown && (widest < 0 || !Column(widest).name)) {
-            widest = i;
-        }
-    }
-    for (int i = 0; i < ColumnCount(); ++i) {
+        setColumnHidden(i, Column(i).width == 0);
         if (Column(i).width != 0) {
-            setColumnWidth(i, Column(i).width + (i == widest ? std::max(left, 0) : 0));
+            setColumnWidth(i, laid[static_cast<std::size_t>(i)]);
         }
     }
 }

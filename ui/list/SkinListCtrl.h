@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "ui/kit/ViewStatus.h"
+#include "ui/list/ColumnWidths.h"
 #include "ui/list/ListColumns.h"
 #include "ui/list/PictureCache.h"
 
@@ -17,6 +18,7 @@ namespace quorvi {
 
 class ListFind;
 class ListModel;
+class ListSort;
 
 // A list of rows of one height, drawn from the records of its page: row i is element i of the
 // page's vector. It owns no record; see RecordListCtrl for the class that does. The window's
@@ -57,6 +59,11 @@ class CSkinListCtrl : public QTableView {
     // What a command on "the chosen ones" is about: the ticked rows in their order, or where none
     // is ticked the selected row alone, if it can be seen.
     [[nodiscard]] std::vector<int> ChosenRows() const;
+    // Of the rows that are shown: all, some or none are ticked.
+    [[nodiscard]] look::Tick HeadTick() const;
+    // Ticks all rows that are shown, or none when all of them are ticked; nothing while redraw is
+    // off: nobody ticks what is not shown.
+    void TickShown();
     // How many rows there are and how many of them are ticked, in words: 共 3,000 项 · 已选 2 项,
     // without its second half where the list has no ticks. Empty while there is nothing to count:
     // in an empty list, and while one loads, has failed or does not show its rows.
@@ -68,7 +75,16 @@ class CSkinListCtrl : public QTableView {
     void EnableFind();
     // The bar, once it is enabled.
     [[nodiscard]] ListFind* Find() const { return find_; }
-    // Shows these rows alone, in ascending order; all of them for none.
+    // Has a click on a column's head sort the rows (see ListSort).
+    void EnableSort();
+    // Null where the list is not sorted.
+    [[nodiscard]] ListSort* Sorting() const { return sort_; }
+    // Shows the rows in this order, which names each of them once; as they came for none.
+    void OrderRows(std::optional<std::vector<int>> rows);
+    // The row that stands first on the screen, or -1.
+    [[nodiscard]] int TopRow() const;
+
+    // Shows these rows alone, which are told in ascending order; all of them for none.
     void ShowRows(std::optional<std::vector<int>> rows);
     [[nodiscard]] bool IsShown(int row) const;
     // Selects the first row that is shown, unless the selected one is.
@@ -76,6 +92,10 @@ class CSkinListCtrl : public QTableView {
     void ScrollToCurrent();
     // Scrolls to so many pixels below the first row.
     void ScrollTo(int offset);
+
+    // The widths of its columns. What changes them has the columns laid.
+    [[nodiscard]] ColumnWidths& Widths() { return widths_; }
+    void LayColumns();
 
     // Redraw off keeps the list as it is on the screen, whatever happens to its rows. On shows
     // them.
@@ -129,6 +149,8 @@ class CSkinListCtrl : public QTableView {
     void menuAsked(int row, const QPoint& at);
     // The user flipped a tick.
     void tickFlipped(int row, bool on);
+    // The user has dragged a border between columns, or given a column its told width back.
+    void columnsDragged();
     // CountText may be another one; once for all that changed in one turn.
     void countChanged();
 
@@ -171,7 +193,6 @@ class CSkinListCtrl : public QTableView {
     void PaintCell(QPainter& painter, const QRect& rect, int row, int column);
     void PaintPicture(QPainter& painter, const QRect& rect, int row, int column);
     void PaintSkeleton(QPainter& painter) const;
-    void LayColumns();
     void FollowSelection();
     void UpdateRow(int row);
     void SetHover(int row, int column);
@@ -188,11 +209,14 @@ class CSkinListCtrl : public QTableView {
     [[nodiscard]] int RowUnderCursor() const { return RowOf(currentIndex()); }
     void SetSelected(int row);
     void ShowChange(int row);
+    // Changes which rows stand where; the selection stays with its row.
+    void Rearrange(const std::function<void()>& change);
     [[nodiscard]] int TickColumn() const;
     [[nodiscard]] bool IsMarked(int row) const;
 
     std::span<const ListColumn> columns_;
     int rowHeight_;
+    ColumnWidths widths_;
     ListModel* model_;
     ListObserver* observer_ = nullptr;
     QScrollBar* bar_;  // lies over the right end of the rows
@@ -209,6 +233,7 @@ class CSkinListCtrl : public QTableView {
     QPixmap frozen_;  // what is shown while redraw is off
     ViewStatus* status_;
     ListFind* find_ = nullptr;
+    ListSort* sort_ = nullptr;
 };
 
 }  // namespace quorvi
