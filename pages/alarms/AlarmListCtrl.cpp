@@ -28,7 +28,7 @@ constexpr std::array<ListColumn, 7> kColumns{{
     {u8"闹铃音乐", 130},
     {u8"振动提醒", 80, CellKind::text, CellAlign::left},
     {u8"状态", 100, CellKind::state},
-    {u8"选择", 44, CellKind::check},
+    {.caption = u8"选择", .width = 44, .kind = CellKind::check, .deadHead = true},
 }};
 
 }  // namespace

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <bit>
+#include <utility>
 
 #include "base/ByteText.h"
 #include "ui/kit/QtText.h"
+#include "ui/list/ListSort.h"
 
 namespace quorvi {
 
@@ -14,22 +16,44 @@ namespace {
 
 enum Column { columnPhoto, columnContact, columnFavourite, columnLastContact, columnTick };
 
+constexpr std::array<SortKey, 1> kNameSorts{{
+    {contactsByName, u8"联系人", u8"姓名拼音 A → Z", u8"姓名拼音 Z → A"},
+}};
+constexpr std::array<SortKey, 2> kTimeSorts{{
+    {contactsByTime, u8"上次联系时间", u8"上次联系 从早到晚", u8"上次联系 从晚到早"},
+    {contactsByAttribution, u8"归属地", u8"归属地 A → Z", u8"归属地 Z → A"},
+}};
+
 constexpr std::array<ListColumn, 5> kColumns{{
     {u8"头像", 60, CellKind::picture},
     {.caption = u8"联系人",
      .width = 140,
      .kind = CellKind::twoLines,
      .cells = CellAlign::left,
-     .name = true},
+     .name = true,
+     .sorts = kNameSorts},
     {u8"收藏", 44, CellKind::star},
-    {u8"上次联系时间、归属地", 150, CellKind::twoSmallLines, CellAlign::left, CellAlign::centre},
+    {.caption = u8"上次联系时间、归属地",
+     .width = 150,
+     .kind = CellKind::twoSmallLines,
+     .align = CellAlign::left,
+     .cells = CellAlign::centre,
+     .sorts = kTimeSorts},
     {u8"选择", 44, CellKind::check},
 }};
 
 }  // namespace
 
 CContactListCtrl::CContactListCtrl(QWidget* parent)
-    : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {}
+    : PhoneListCtrl(kColumns, look::Metric::rowTall, parent) {
+    EnableSort();
+}
+
+void CContactListCtrl::Show(RankedContacts list) {
+    std::vector<std::vector<RowRank>> ranks = std::move(list.ranks);
+    PhoneListCtrl::Show(std::move(list));
+    Sorting()->SetRanks(std::move(ranks));
+}
 
 Cell CContactListCtrl::CellOf(const ContactListRow& row, int column) const {
     switch (column) {

@@ -1,7 +1,7 @@
-// The list of the contacts page.
+// The list of the contacts page, which is sorted by the heads of its columns.
 #pragma once
 
-#include "pages/contacts/ContactList.h"
+#include "pages/contacts/ContactOrder.h"
 #include "pages/kit/PhoneListCtrl.h"
 
 namespace quorvi {
@@ -10,6 +10,9 @@ class CContactListCtrl : public PhoneListCtrl<ContactListRow> {
     Q_OBJECT
   public:
     explicit CContactListCtrl(QWidget* parent = nullptr);
+
+    // Puts a list that was read in the place of what stands there, in the order that is chosen.
+    void Show(RankedContacts list);
 
   protected:
     [[nodiscard]] Cell CellOf(const ContactListRow& row, int column) const override;

@@ -13,6 +13,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/list/ListSort.h"
 #include "ui/page/PageKeys.h"
 
 namespace quorvi {
@@ -50,7 +51,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
           list_,
           [attribution = services.attribution](const AgentSession& session,
                                                const AgentSession::Progress& progress) {
-              return FetchContactList(session, attribution, progress);
+              return Ranked(FetchContactList(session, attribution, progress));
           },
           [this] { SelectFirst(); }),
       transfers_(
@@ -99,11 +100,12 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
 }
 
 void CContactPage::SelectFirst() {
-    if (const ContactListRow* first = list_->RecordAt(0)) {
+    const int top = list_->TopRow();
+    if (const ContactListRow* first = list_->RecordAt(top)) {
         Host().Selection().Set(PageSelection::kContact, first->contactId);
         FocusFilled(*list_);
         selecting_ = true;
-        list_->SelectRow(0);
+        list_->SelectRow(top);
         selecting_ = false;
     }
     detailTimer_.start(0);
@@ -173,6 +175,8 @@ void CContactPage::OpenMenu(const QPoint& at) {
                       menuExportTicked, 3, ToQString(u8"导出勾选的 %1 个联系人…").arg(ticked));
     }
     transfers_.AddItems(*menu, 3);
+    menu->addSeparator();
+    list_->Sorting()->AddOrders(*menu);
     connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
         if (!isEnabled() || transfers_.Take(command)) {
             return;

@@ -22,10 +22,11 @@ struct ReadList {
     [[nodiscard]] bool EndedByMark() const { return marked.has_value(); }
 };
 
-template <typename Row>
+// `List` is a ReadList, with what a page worked out of it.
+template <typename Row, typename List = ReadList<Row>>
 struct ListReply {
     SessionOutcome outcome = SessionOutcome::connectFailed;
-    ReadList<Row> list;
+    List list;
 
     [[nodiscard]] bool Connected() const { return outcome != SessionOutcome::connectFailed; }
     // Read to its end, as far as it came.
