@@ -2,13 +2,12 @@
 
 #include <QLocale>
 #include <QScrollBar>
-#include <QShortcut>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "ui/kit/FindBar.h"
 #include "ui/kit/QtText.h"
-#include "ui/list/FindBar.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/list/SkinListCtrl.h"
 
@@ -25,21 +24,15 @@ std::u16string_view Units(const QString& text) {
 ListFind::ListFind(CSkinListCtrl& list)
     : QObject(&list),
       list_(list),
-      bar_(new FindBar(list.horizontalHeader())),
-      escape_(new QShortcut(QKeySequence(Qt::Key_Escape), &list)) {
-    bar_->hide();
-    auto* shortcut = new QShortcut(QKeySequence::Find, &list);
-    connect(shortcut, &QShortcut::activated, this, &ListFind::Open);
-    // A shortcut, since the main window keeps the key itself from all that is in it.
-    escape_->setEnabled(false);
-    connect(escape_, &QShortcut::activated, this, &ListFind::Close);
+      bar_(new FindBar(list, ToQString(u8"名称、拼音或号码"), list.horizontalHeader())) {
+    connect(bar_, &FindBar::openAsked, this, &ListFind::Open);
     connect(bar_, &FindBar::typed, this, &ListFind::Narrow);
     connect(bar_, &FindBar::closeAsked, this, &ListFind::Close);
     connect(bar_, &FindBar::listAsked, this, &ListFind::GoToList);
 }
 
 bool ListFind::IsOpen() const {
-    return !bar_->isHidden();
+    return bar_->IsOpen();
 }
 
 void ListFind::Open() {
@@ -47,9 +40,7 @@ void ListFind::Open() {
         offset_ = list_.verticalScrollBar()->value();
         selected_ = list_.CurrentRow();
         ReadRows();  // now, so that no key has to wait for it
-        bar_->show();
-        escape_->setEnabled(true);
-        bar_->LeadTo(list_);
+        bar_->SetOpen(true);
         static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(bar_);
     }
     bar_->TakeFocus();
@@ -59,8 +50,7 @@ void ListFind::Close() {
     if (!IsOpen()) {
         return;
     }
-    bar_->hide();
-    escape_->setEnabled(false);
+    bar_->SetOpen(false);
     static_cast<CSkinHeader*>(list_.horizontalHeader())->SetBar(nullptr);
     bar_->SetText({});  // shows all rows again
     index_.Clear();

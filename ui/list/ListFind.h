@@ -7,8 +7,6 @@
 
 #include "find/FindIndex.h"
 
-class QShortcut;
-
 namespace quorvi {
 
 class CSkinListCtrl;
@@ -41,7 +39,6 @@ class ListFind : public QObject {
 
     CSkinListCtrl& list_;
     FindBar* bar_;
-    QShortcut* escape_;
     FindQuery query_;
     FindIndex index_;
     bool isStale_ = true;  // index_ does not have the rows as they are

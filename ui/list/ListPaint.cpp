@@ -1,11 +1,11 @@
 // How a list is painted: rows first, cells on them, then what lies above both.
 #include <QPaintEvent>
 #include <QPainter>
-#include <QTextLayout>
 #include <algorithm>
 #include <array>
 #include <optional>
 
+#include "ui/kit/FoundText.h"
 #include "ui/kit/PlainTip.h"
 #include "ui/list/ListFind.h"
 #include "ui/list/ListModel.h"
@@ -55,38 +55,14 @@ QString OneLine(const QString& text) {
     return end < 0 ? text : text.left(end);
 }
 
-// The part stands out; where the line is cut off, what is left of it does.
-void DrawFound(const CellPaint& paint, const QRect& area, const QString& text, QFont font,
-               const FoundPart& part) {
-    QTextLayout::FormatRange found;
-    found.start = static_cast<int>(part.begin);
-    found.length = static_cast<int>(part.length);
-    QFont bold = font;
-    bold.setBold(true);
-    found.format.setFont(bold);
-    if (paint.enabled) {
-        found.format.setForeground(look::color(Color::plum7));
-    }
-    QTextLayout line(QFontMetrics(bold).elidedText(OneLine(text), Qt::ElideRight, area.width()),
-                     font);
-    QTextOption option(AlignmentOf(paint.column.cells));
-    option.setWrapMode(QTextOption::NoWrap);
-    line.setTextOption(option);
-    line.setFormats({found});
-    line.beginLayout();
-    QTextLine whole = line.createLine();
-    whole.setLineWidth(area.width());
-    line.endLayout();
-    line.draw(&paint.painter,
-              QPointF(area.left(), area.top() + (area.height() - whole.height()) / 2));
-}
-
 void DrawLine(const CellPaint& paint, const QRect& area, const QString& text, const QFont& font,
               Color ink, const std::optional<FoundPart>& part = {}) {
     paint.painter.setFont(font);
     paint.painter.setPen(look::color(paint.enabled ? ink : Color::inkOff));
     if (part) {
-        DrawFound(paint, area, text, font, *part);
+        DrawFoundText(paint.painter, area, OneLine(text), font, AlignmentOf(paint.column.cells),
+                      {static_cast<int>(part->begin), static_cast<int>(part->length)},
+                      paint.enabled);
         return;
     }
     paint.painter.drawText(

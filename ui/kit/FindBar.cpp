@@ -1,8 +1,9 @@
-#include "ui/list/FindBar.h"
+#include "ui/kit/FindBar.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QShortcut>
 
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinButtons.h"
@@ -14,9 +15,11 @@ namespace quorvi {
 using look::Color;
 using look::Metric;
 
-FindBar::FindBar(QWidget* parent)
+FindBar::FindBar(QWidget& searched, const QString& placeholder, QWidget* parent)
     : QWidget(parent),
-      field_(new CSearchEdit(ToQString(u8"名称、拼音或号码"), this)),
+      searched_(searched),
+      escape_(new QShortcut(QKeySequence(Qt::Key_Escape), &searched)),
+      field_(new CSearchEdit(placeholder, this)),
       count_(new PlainLabel({}, look::Size::s12, Color::ink2, this)),
       close_(new WindowButton(QStringLiteral("win-close"), ToQString(u8"关闭查找 (Esc)"), this)) {
     setObjectName(QStringLiteral("findBar"));
@@ -35,8 +38,24 @@ FindBar::FindBar(QWidget* parent)
     layout->addWidget(field_);
     layout->addWidget(count_, 1);
     layout->addWidget(close_);
+    auto* shortcut = new QShortcut(QKeySequence::Find, &searched);
+    connect(shortcut, &QShortcut::activated, this, &FindBar::openAsked);
+    // A shortcut, since the main window keeps the key itself from all that is in it.
+    escape_->setEnabled(false);
+    connect(escape_, &QShortcut::activated, this, &FindBar::closeAsked);
     connect(field_, &QLineEdit::textChanged, this, &FindBar::typed);
     connect(close_, &QAbstractButton::clicked, this, &FindBar::closeAsked);
+    hide();
+}
+
+void FindBar::SetOpen(bool open) {
+    setVisible(open);
+    escape_->setEnabled(open);
+    if (open) {
+        setTabOrder(searched_.previousInFocusChain(), field_);
+        setTabOrder(field_, close_);
+        setTabOrder(close_, &searched_);
+    }
 }
 
 QString FindBar::Text() const {
@@ -54,12 +73,6 @@ void FindBar::SetCount(const QString& text) {
 void FindBar::TakeFocus() {
     field_->setFocus(Qt::ShortcutFocusReason);
     field_->selectAll();
-}
-
-void FindBar::LeadTo(QWidget& next) {
-    setTabOrder(next.previousInFocusChain(), field_);
-    setTabOrder(field_, close_);
-    setTabOrder(close_, &next);
 }
 
 // The field itself would keep Down.

@@ -1,0 +1,52 @@
+// The bar over a list, a tree or a view, in which one types what is looked for.
+#pragma once
+
+#include <QWidget>
+
+class QShortcut;
+
+namespace quorvi {
+
+class CSearchEdit;
+class PlainLabel;
+class WindowButton;
+
+// A field, how much was found, and a button that closes it. From anywhere in the window of what is
+// searched Ctrl+F asks for the bar, and while it is open Escape asks to close it; Down asks for
+// what is searched. The window's thread.
+class FindBar : public QWidget {
+    Q_OBJECT
+  public:
+    // Closed. `searched` is what it belongs to, which outlives it; `placeholder` says by what one
+    // can look.
+    FindBar(QWidget& searched, const QString& placeholder, QWidget* parent);
+
+    [[nodiscard]] bool IsOpen() const { return !isHidden(); }
+    // An open bar takes part in the Tab key's round, before what is searched.
+    void SetOpen(bool open);
+    [[nodiscard]] QString Text() const;
+    void SetText(const QString& text);
+    // What was found, in words; empty for nothing to say.
+    void SetCount(const QString& text);
+    // The keyboard comes to the field, whose text is selected.
+    void TakeFocus();
+
+  Q_SIGNALS:
+    void openAsked();
+    void typed();
+    void closeAsked();
+    void listAsked();
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QWidget& searched_;
+    QShortcut* escape_;
+    CSearchEdit* field_;
+    PlainLabel* count_;
+    WindowButton* close_;
+};
+
+}  // namespace quorvi
