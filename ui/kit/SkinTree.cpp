@@ -1,6 +1,7 @@
 #include "ui/kit/SkinTree.h"
 
 #include <QMouseEvent>
+#include <algorithm>
 
 #include "ui/look/Look.h"
 
@@ -42,6 +43,9 @@ void CSkinTree::Add(QTreeWidgetItem* parent, const TreeNode& node) {
     auto* item = new QTreeWidgetItem(parent);
     item->setText(0, node.text);
     item->setData(0, treeRoleIcon, node.icon);
+    if (!node.find.isNull()) {
+        item->setData(0, treeRoleFind, node.find);
+    }
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     if (ticks_ == Ticks::each) {
         flags |= Qt::ItemIsUserCheckable;
@@ -80,8 +84,31 @@ void CSkinTree::SetTicked(QTreeWidgetItem* item, bool on) {
     viewport()->update();
 }
 
+// The children of a node that can be seen, where some cannot; none where all can.
+std::vector<QTreeWidgetItem*> CSkinTree::Narrowed(const QTreeWidgetItem* item) const {
+    std::vector<QTreeWidgetItem*> seen;
+    const QModelIndex index = indexFromItem(item);
+    for (int row = 0; row < item->childCount(); ++row) {
+        if (!isRowHidden(row, index)) {
+            seen.push_back(item->child(row));
+        }
+    }
+    return seen.size() == static_cast<std::size_t>(item->childCount())
+               ? std::vector<QTreeWidgetItem*>()
+               : seen;
+}
+
 void CSkinTree::Flip(QTreeWidgetItem* item) {
-    SetTicked(item, !IsTicked(item));
+    const std::vector<QTreeWidgetItem*> seen = Narrowed(item);
+    if (seen.empty()) {
+        SetTicked(item, !IsTicked(item));
+    } else {
+        const bool on = !std::ranges::all_of(
+            seen, [this](const QTreeWidgetItem* child) { return IsTicked(child); });
+        for (QTreeWidgetItem* child : seen) {
+            SetTicked(child, on);
+        }
+    }
     Q_EMIT ticksChanged();
 }
 

@@ -12,11 +12,12 @@ struct TreeNode {
     QString text;
     QString icon = {};  // a name of look::icon; empty for none
     std::vector<TreeNode> children = {};
+    QString find = {};  // what it is searched by; null for its text
 };
 
 // A tree that holds its nodes. With ticks each node has a box: a node that has children ticks and
-// unticks them all, and is half ticked while only some of them are; Space flips the tick. The
-// window's thread.
+// unticks them all, and is half ticked while only some of them are; Space flips the tick. Of nodes
+// that are hidden none is ticked or unticked by that. The window's thread.
 class CSkinTree : public SkinnedTree<QTreeWidget> {
     Q_OBJECT
   public:
@@ -54,6 +55,7 @@ class CSkinTree : public SkinnedTree<QTreeWidget> {
   private:
     void Add(QTreeWidgetItem* parent, const TreeNode& node);
     void Flip(QTreeWidgetItem* item);
+    [[nodiscard]] std::vector<QTreeWidgetItem*> Narrowed(const QTreeWidgetItem* item) const;
 
     Ticks ticks_;
 };

@@ -109,6 +109,8 @@ void SkinnedTree<Base>::paintEvent(QPaintEvent* event) {
         PaintSkeleton(painter);
     } else if (redraw_ && IsVoid()) {
         status_->PaintVoid(painter);
+    } else if (redraw_ && !search_.nothing.isEmpty()) {
+        status_->PaintNothingFound(painter, search_.nothing);
     }
     if (loading) {
         status_->PaintBar(painter);
@@ -188,9 +190,14 @@ void SkinnedTree<Base>::PaintNode(QPainter& painter, const QModelIndex& index) c
                                  : InkOf(index, treeRoleTextInk, Color::ink);
     painter.setFont(this->font());
     painter.setPen(look::color(ink));
-    painter.drawText(
-        words, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        this->fontMetrics().elidedText(ShownText(index), Qt::ElideRight, words.width()));
+    const QString text = ShownText(index);
+    const auto part = search_.partOf ? search_.partOf(text) : std::nullopt;
+    if (part) {
+        DrawFoundText(painter, words, text, this->font(), Qt::AlignLeft, *part, !off);
+        return;
+    }
+    painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     this->fontMetrics().elidedText(text, Qt::ElideRight, words.width()));
 }
 
 // ---- mouse and keys ----------------------------------------------------------------------------
@@ -225,11 +232,19 @@ bool SkinnedTree<Base>::viewportEvent(QEvent* event) {
 }
 
 template <typename Base>
+bool SkinnedTree<Base>::IsHidden(QModelIndex index) const {
+    while (index.isValid() && !this->isRowHidden(index.row(), index.parent())) {
+        index = index.parent();
+    }
+    return index.isValid();
+}
+
+template <typename Base>
 void SkinnedTree<Base>::keyPressEvent(QKeyEvent* event) {
     const QModelIndex current = this->currentIndex();
     switch (event->key()) {
         case Qt::Key_Space:
-            if (current.isValid()) {
+            if (current.isValid() && !IsHidden(current)) {
                 Mark(current);
             }
             event->accept();
