@@ -170,8 +170,10 @@ std::vector<RecipientGroup> RecipientTree(const GroupNames& names, const GroupMe
     for (const auto& [id, people] : members) {
         const auto title = names.find(id);
         RecipientGroup group;
-        group.text = NodeText(title == names.end() ? std::string_view() : title->second,
-                              std::to_string(people.size()));
+        if (title != names.end()) {
+            group.title = title->second;
+        }
+        group.text = NodeText(group.title, std::to_string(people.size()));
         for (const auto& [name, number] : people) {
             group.members.push_back(NodeText(name, number));
         }

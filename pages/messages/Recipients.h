@@ -67,6 +67,7 @@ struct RecipientList {
 
 // A group of the tree with the texts of its nodes: "title [count]" over "name [number]" each.
 struct RecipientGroup {
+    std::string title;
     std::string text;
     std::vector<std::string> members;
 };

@@ -16,6 +16,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/kit/SkinTree.h"
+#include "ui/list/TreeFind.h"
 #include "ui/look/Theme.h"
 
 namespace quorvi {
@@ -46,6 +47,8 @@ std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& membe
     std::vector<TreeNode> nodes;
     for (const RecipientGroup& group : RecipientTree(names, members)) {
         TreeNode& node = nodes.emplace_back(TreeNode{.text = ToQString(group.text)});
+        // A null title would be searched by the node's text, in which the count stands.
+        node.find = group.title.empty() ? QStringLiteral("") : ToQString(group.title);
         for (const std::string& member : group.members) {
             node.children.push_back({ToQString(member)});
         }
@@ -84,6 +87,7 @@ void CSmsComposeDlg::BuildControls() {
     tree_->Status().SetEmptyText(ToQString(u8"没有联系人"), ToQString(u8"可以直接输入收件人号码"));
     SayWhenFailed(tree_->Status(), {});
     tree_->Status().Set(ListState::loading);
+    new TreeFind(*tree_);
 
     view_ = new CHtmlCtrlFix(kView, HtmlContent::local, *this, Body());
     view_->setAccessibleName(ToQString(u8"短信对话"));

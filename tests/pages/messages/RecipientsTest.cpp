@@ -167,6 +167,7 @@ TEST(RecipientTree, ShowsGroupsBySignedIdWithTheirMembersByName) {
     ASSERT_EQ(tree.size(), 3u);
     EXPECT_EQ(tree[0].text, Ansi(u8"【未分组】 [1]"));
     EXPECT_EQ(tree[0].members, Numbers{"Wang [10086]"});
+    EXPECT_EQ(tree[1].title, "Work");
     EXPECT_EQ(tree[1].text, "Work [2]");
     EXPECT_EQ(tree[1].members, (Numbers{"Gu [13512340098]", "Lin [+8613861234567]"}));
 }
