@@ -118,6 +118,10 @@ QVariant AutoStartModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return TextOf(index);
+        case treeRoleFind:  // an application by its package, too
+            return level == Level::application
+                       ? TextOf(index) + u'\n' + TextOf(this->index(0, 0, index))
+                       : QVariant();
         case treeRoleIcon:
             return QStringLiteral("autostart");
         case treeRoleIconInk:

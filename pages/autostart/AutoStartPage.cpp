@@ -9,6 +9,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinTree.h"
+#include "ui/list/TreeFind.h"
 #include "ui/page/PageKeys.h"
 
 namespace quorvi {
@@ -27,6 +28,7 @@ CAutoStartPage::CAutoStartPage(PageHost& host, const Services& services, QWidget
     tree_->setModel(model_);
     SayWhenEmpty(tree_->Status(), u8"手机上没有自启动项，或者还没有获取");
     SayWhenFailed(tree_->Status(), u8"刷新自启动项");
+    new TreeFind(*tree_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(tree_);

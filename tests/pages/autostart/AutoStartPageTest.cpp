@@ -1,6 +1,8 @@
 #include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QHelpEvent>
+#include <QLineEdit>
+#include <QTest>
 #include <QToolTip>
 
 #include "pages/autostart/AutoStartPage.h"
@@ -351,6 +353,49 @@ TEST_F(AutoStartPage, HostileTextsAreShownAsTextAndTheTreeStandsUp) {
 
 TEST_F(AutoStartPage, MayGoWhileItsPhoneStalls) {
     GoWhileThePhoneStalls();
+}
+
+// ---- finding -----------------------------------------------------------------------------------
+
+TEST_F(AutoStartPage, CtrlFFindsEventsAndApplicationsByNameAndPackage) {
+    OpenLoaded();
+    auto* field = page_->findChild<QLineEdit*>(QStringLiteral("find"));
+    Tree().setFocus();
+    QTest::keySequence(QGuiApplication::focusWindow(), QKeySequence::Find);
+    ASSERT_TRUE(field->hasFocus());
+    const auto shown = [&](std::initializer_list<int> rows) {
+        const QModelIndex node = Node(rows);
+        return !Tree().isRowHidden(node.row(), node.parent());
+    };
+    QTest::keyClicks(field, QStringLiteral("tianqi"));
+    EXPECT_FALSE(shown({0}));
+    EXPECT_TRUE(shown({1}));
+    EXPECT_TRUE(IsOpen({1}));
+    EXPECT_TRUE(shown({1, 0}));
+    EXPECT_FALSE(shown({1, 1}));
+    field->setText(QStringLiteral("example.bus"));
+    EXPECT_FALSE(shown({1, 0}));
+    EXPECT_TRUE(shown({1, 1}));
+    field->setText(ToQString(u8"启动后"));
+    EXPECT_TRUE(shown({0}));
+    EXPECT_TRUE(shown({0, 0}));
+    EXPECT_FALSE(shown({1}));
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_TRUE(shown({1}));
+    EXPECT_FALSE(IsOpen({1}));
+    EXPECT_TRUE(Tree().hasFocus());
+}
+
+TEST_F(AutoStartPage, ARefreshIsNarrowedToWhatIsLookedFor) {
+    OpenLoaded();
+    auto* field = page_->findChild<QLineEdit*>(QStringLiteral("find"));
+    QTest::keySequence(QGuiApplication::focusWindow(), QKeySequence::Find);
+    QTest::keyClicks(field, QStringLiteral("tianqi"));
+    Tell({{.event = 1, .name = "天气"}, {.event = 3, .name = "公交"}});
+    LoadAgain();
+    EXPECT_TRUE(WaitFor([&] {
+        return Children({}) == 2 && !Tree().isRowHidden(0, {}) && Tree().isRowHidden(1, {});
+    }));
 }
 
 }  // namespace
