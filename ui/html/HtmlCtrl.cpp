@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "ui/html/HtmlLink.h"
 #include "ui/html/HtmlTemplate.h"
@@ -121,8 +122,37 @@ void CHtmlCtrlBase::Edit(HtmlEdit edit) {
     if (ready_) {
         browser_->Run(edit.script, {});
     }
+    Keep(std::move(edit));
+}
+
+void CHtmlCtrlBase::Keep(HtmlEdit edit) {
     std::erase_if(edits_, [&](const HtmlEdit& earlier) { return earlier.id == edit.id; });
     edits_.push_back(std::move(edit));
+}
+
+void CHtmlCtrlBase::ShowChildren(std::string_view id,
+                                 const std::optional<std::vector<int>>& children) {
+    HtmlEdit edit = ShowChildrenEdit(id, children);
+    if (narrows_) {
+        narrowNext_ = edit.script;
+    } else if (ready_) {
+        Narrow(edit.script);
+    }
+    Keep(std::move(edit));
+}
+
+void CHtmlCtrlBase::Narrow(const QString& script) {
+    narrows_ = true;
+    browser_->Run(script, [self = QPointer(this)](const QVariant&) {
+        if (!self) {
+            return;
+        }
+        self->narrows_ = false;
+        if (const QString next = std::exchange(self->narrowNext_, {});
+            self->ready_ && !next.isEmpty()) {
+            self->Narrow(next);
+        }
+    });
 }
 
 bool CHtmlCtrlBase::Holds(const QWidget& widget) {
@@ -319,6 +349,8 @@ void CHtmlCtrlBase::OnLoadFinished() {
     }
     ready_ = true;
     Dress();
+    narrows_ = false;  // in a document that is gone
+    narrowNext_.clear();
     if (browser_->Url() == TemplateUrl(kUnreachableTemplate)) {
         NameUnreachable();
     }

@@ -14,6 +14,7 @@
 #include <QUrl>
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,6 +73,9 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     // the document had to be loaded again.
     void SetInnerHtml(std::string_view id, const HtmlFragment& html,
                       HtmlScroll scroll = HtmlScroll::keep);
+    // Shows these of an element's children alone (see ShowChildrenEdit), for one element at a time.
+    // Told faster than the document can show it, it leaves out what is between.
+    void ShowChildren(std::string_view id, const std::optional<std::vector<int>>& children);
     // From the next document on, one that shows its end goes on showing it when the view becomes
     // lower.
     void StayAtEnd() { staysAtEnd_ = true; }
@@ -119,6 +123,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     [[nodiscard]] HtmlLook Look() const;
     void Dress();
     void Edit(HtmlEdit edit);
+    void Keep(HtmlEdit edit);
+    void Narrow(const QString& script);
     void TakeKeys(QWidget& keys);
     void TellOfDelete();
     void TellOfMenu(const QContextMenuEvent& event);
@@ -132,6 +138,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     QByteArray postData_;
     std::vector<HtmlEdit> edits_;  // one an element, in the order in which they were set last
     bool ready_ = false;           // the document stands and takes edits
+    bool narrows_ = false;         // it is at showing some of an element's children
+    QString narrowNext_;           // and what it is told next; empty for nothing
     bool announced_ = false;
     bool staysAtEnd_ = false;
     int revivals_ = 0;

@@ -72,8 +72,39 @@ constexpr char16_t kFunction[] =
   }
   const content = document.createDocumentFragment();
   while (shell.firstChild) content.append(shell.firstChild);
+  globalThis.narrowed?.delete(id);
   element.replaceChildren(content);
   if (scroll !== null) window.scrollTo(0, scroll);
+}))";
+
+// What an element holds is kept with where it was scrolled to: the first child in sight, since
+// children that have not come near yet may change their height.
+constexpr char16_t kShowChildren[] =
+    uR"((function(id, places) {
+  const element = document.getElementById(id);
+  if (!element) return;
+  const narrowed = globalThis.narrowed ??= new Map();
+  if (!narrowed.has(id)) {
+    if (places === null) return;
+    const all = [...element.children];
+    const first = all.find(child => child.getBoundingClientRect().bottom > 0);
+    narrowed.set(id, {all, first, top: first?.getBoundingClientRect().top,
+                      focused: document.activeElement});
+  }
+  const {all, first, top, focused} = narrowed.get(id);
+  const content = document.createDocumentFragment();
+  for (const child of places?.map(place => all[place]) ?? all) {
+    if (child) content.append(child);
+  }
+  element.replaceChildren(content);
+  window.scrollTo(0, 0);
+  if (places === null) {
+    narrowed.delete(id);
+    if (first) window.scrollBy(0, first.getBoundingClientRect().top - top);
+    if (element.contains(focused) && document.activeElement === document.body) {
+      focused.focus({preventScroll: true});
+    }
+  }
 }))";
 
 // Past the end of any document.
@@ -116,16 +147,34 @@ Script ScriptOf(const HtmlFragment& fragment) {
     return script;
 }
 
+QString CallOf(const char16_t* function, const QJsonArray& arguments) {
+    const QByteArray json = QJsonDocument(arguments).toJson(QJsonDocument::Compact);
+    return QString::fromUtf16(function) + QStringLiteral("(...") + QString::fromUtf8(json) +
+           QStringLiteral(")");
+}
+
 }  // namespace
 
 HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html, HtmlScroll scroll) {
     const QString element = ToQString(id);
     const Script parts = ScriptOf(html);
     const QJsonArray arguments{element, ToQString(parts.html), parts.texts, ScrollTarget(scroll)};
-    const QByteArray json = QJsonDocument(arguments).toJson(QJsonDocument::Compact);
-    QString script = QString::fromUtf16(kFunction);
-    script += QStringLiteral("(...") + QString::fromUtf8(json) + QStringLiteral(")");
-    return {element, script};
+    return {element, CallOf(kFunction, arguments)};
+}
+
+HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<int>>& children) {
+    const QString element = ToQString(id);
+    QJsonValue places = QJsonValue::Null;
+    if (children) {
+        QJsonArray array;
+        for (const int place : *children) {
+            array.append(place);
+        }
+        places = array;
+    }
+    // A blank is in no id, so this takes no other change's place.
+    return {element + QStringLiteral(" children"),
+            CallOf(kShowChildren, QJsonArray{element, places})};
 }
 
 }  // namespace quorvi

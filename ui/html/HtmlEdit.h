@@ -1,8 +1,11 @@
-// One change of an HTML view's document: an element's inner HTML.
+// One change of an HTML view's document: an element's inner HTML, or which of its children are
+// shown.
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "base/HtmlFragment.h"
 
@@ -14,7 +17,7 @@ enum class HtmlScroll { keep, top, end };
 // The change as the script that makes it. Made on any thread, so that the one who has the text pays
 // for its conversion.
 struct HtmlEdit {
-    QString id;
+    QString id;  // one change of the same id takes the place of the other
     QString script;
 };
 
@@ -24,5 +27,12 @@ struct HtmlEdit {
 // anew of what is words and form in it: see HtmlCtrl.h.
 [[nodiscard]] HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html,
                                         HtmlScroll scroll);
+
+// Of the element with the id `id` the children at these places are shown, in this order, counted
+// from 0 as its inner HTML has them; all of them for none. The document is as if the element held
+// no others, and stands at its top; with all of them it is scrolled to where it was before, and the
+// link that had the focus has it again.
+[[nodiscard]] HtmlEdit ShowChildrenEdit(std::string_view id,
+                                        const std::optional<std::vector<int>>& children);
 
 }  // namespace quorvi

@@ -394,6 +394,96 @@ TEST_F(HtmlCtrl, DocumentComesBackWhenItsRendererIsKilled) {
     EXPECT_EQ(InnerHtml(QStringLiteral("block")), QStringLiteral("<i>kept</i>"));
 }
 
+// ---- some of an element's children -------------------------------------------------------------
+
+// Fifty items with a link each, and more than a view can hold.
+HtmlFragment Items() {
+    HtmlFragment items;
+    for (int i = 0; i < 50; ++i) {
+        items.Own(u8"<p style='height:100px'>").Text(std::to_string(i));
+        items.Own(u8" <a href='qvh:x'>link</a></p>");
+    }
+    return items;
+}
+
+class HtmlChildren : public HtmlCtrl {
+  protected:
+    void SetUp() override {
+        ShowBlock();
+        view_->SetInnerHtml("block", Items());
+    }
+    QString Shown() {
+        return Ask(QStringLiteral("[...document.querySelectorAll('#block p')]"
+                                  ".map(e => parseInt(e.innerText)).join(' ')"))
+            .toString();
+    }
+    QString All() {
+        QStringList all;
+        for (int i = 0; i < 50; ++i) {
+            all.append(QString::number(i));
+        }
+        return all.join(u' ');
+    }
+};
+
+TEST_F(HtmlChildren, OnlyThoseThatAreNamedAreShown) {
+    view_->ShowChildren("block", std::vector<int>{2, 7, 49});
+    EXPECT_EQ(Shown(), QStringLiteral("2 7 49"));
+    view_->ShowChildren("block", std::vector<int>{7, 8, 50});  // there is no 50
+    EXPECT_TRUE(WaitFor([&] { return Shown() == QStringLiteral("7 8"); }));
+    view_->ShowChildren("block", std::vector<int>{});
+    EXPECT_TRUE(WaitFor([&] { return Shown().isEmpty(); }));
+    view_->ShowChildren("block", std::nullopt);
+    EXPECT_TRUE(WaitFor([&] { return Shown() == All(); }));
+}
+
+TEST_F(HtmlChildren, AllOfThemAreShownAsTheyWereBefore) {
+    Ask(
+        QStringLiteral("scrollTo(0, 1234); document.querySelectorAll('a')[2].focus("
+                       "{preventScroll: true})"));
+    view_->ShowChildren("block", std::vector<int>{7});
+    EXPECT_TRUE(WaitFor([&] { return Shown() == QStringLiteral("7"); }));
+    EXPECT_EQ(Ask(QStringLiteral("scrollY")).toInt(), 0);
+    view_->ShowChildren("block", std::nullopt);
+    EXPECT_TRUE(WaitFor([&] { return Shown() == All(); }));
+    EXPECT_EQ(Ask(QStringLiteral("scrollY")).toInt(), 1234);
+    EXPECT_TRUE(Ask(QStringLiteral("document.activeElement === document.querySelectorAll('a')[2]"))
+                    .toBool());
+}
+
+TEST_F(HtmlChildren, ToldFasterThanItCanShowItLeavesOutWhatIsBetween) {
+    Ask(
+        QStringLiteral("globalThis.changes = 0; new MutationObserver(() => ++changes)"
+                       ".observe(document.getElementById('block'), {childList: true})"));
+    for (int i = 0; i < 40; ++i) {
+        view_->ShowChildren("block", std::vector<int>{i});
+    }
+    EXPECT_TRUE(WaitFor([&] { return Shown() == QStringLiteral("39"); }));
+    EXPECT_EQ(Ask(QStringLiteral("changes")).toInt(), 2);
+}
+
+TEST_F(HtmlChildren, WhatIsSetAnewIsShownWhole) {
+    view_->ShowChildren("block", std::vector<int>{7});
+    view_->SetInnerHtml("block", HtmlFragment(u8"<p>3</p><p>4</p>"));
+    EXPECT_EQ(Shown(), QStringLiteral("3 4"));
+    view_->ShowChildren("block", std::vector<int>{1});
+    EXPECT_TRUE(WaitFor([&] { return Shown() == QStringLiteral("4"); }));
+    view_->ShowChildren("block", std::nullopt);
+    EXPECT_TRUE(WaitFor([&] { return Shown() == QStringLiteral("3 4"); }));
+}
+
+TEST_F(HtmlChildren, AreNarrowedInADocumentThatComesBack) {
+    view_->ShowChildren("block", std::vector<int>{7});
+    const auto renderer = static_cast<pid_t>(view_->Browser()->page()->renderProcessPid());
+    ASSERT_GT(renderer, 0);
+    const QSignalSpy loaded(view_->Browser()->page(), &QWebEnginePage::loadFinished);
+    kill(renderer, SIGKILL);
+    ASSERT_TRUE(WaitFor([&] { return loaded.count() >= 1; }));
+    EXPECT_EQ(Shown(), QStringLiteral("7"));
+    view_->ShowChildren("block", std::nullopt);
+    EXPECT_TRUE(WaitFor([&] { return Shown() == All(); }));
+}
+
 TEST_F(HtmlCtrl, LocalViewsShareOneRenderer) {
     CHtmlCtrlFix& first = ShowBlock();
     CHtmlCtrlFix second(1361, HtmlContent::local, owner_, nullptr);
