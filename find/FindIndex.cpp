@@ -1,6 +1,9 @@
 #include "find/FindIndex.h"
 
+#include <unicode/ustring.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <span>
 
 namespace quorvi {
@@ -18,6 +21,17 @@ void FindIndex::AddRow() {
 void FindIndex::AddText(std::u16string_view text, FindKind kind) {
     texts_.push_back({all_.size(), text.size(), kind});
     all_ += Folded(text);
+}
+
+void FindIndex::AddUtf8(std::string_view text, FindKind kind) {
+    constexpr UChar32 kReplacement = 0xFFFD;
+    std::u16string wide(text.size(), u'\0');  // no text is longer in UTF-16 than in UTF-8
+    std::int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strFromUTF8WithSub(wide.data(), static_cast<std::int32_t>(wide.size()), &length, text.data(),
+                         static_cast<std::int32_t>(text.size()), kReplacement, nullptr, &error);
+    wide.resize(U_SUCCESS(error) != 0 ? static_cast<std::size_t>(length) : 0);
+    AddText(wide, kind);
 }
 
 std::vector<int> FindIndex::Find(const FindQuery& query) const {

@@ -18,6 +18,8 @@ class FindIndex {
     void AddRow();
     // Appends a text to the last row.
     void AddText(std::u16string_view text, FindKind kind);
+    // The same of a text in UTF-8; what is none in it is a text that is not found.
+    void AddUtf8(std::string_view text, FindKind kind);
 
     [[nodiscard]] std::size_t RowCount() const { return rows_.size(); }
     // The rows that have the query in one of their texts, in their order.

@@ -44,5 +44,19 @@ TEST(FindIndex, IsEmptyAgainOnceItWasCleared) {
     EXPECT_EQ(index.Find(FindQuery(u"86")), std::vector<int>{0});
 }
 
+TEST(FindIndex, TakesTextsInUtf8) {
+    FindIndex index;
+    index.AddRow();
+    index.AddUtf8("林远舟", FindKind::name);
+    index.AddRow();
+    index.AddUtf8("😀 Hi", FindKind::text);
+    index.AddRow();
+    index.AddUtf8("\xFF\xE6 ok", FindKind::text);  // a part of a character
+    index.AddUtf8({}, FindKind::text);
+    EXPECT_EQ(index.Find(FindQuery(u"lyz")), std::vector<int>{0});
+    EXPECT_EQ(index.Find(FindQuery(u"😀 h")), std::vector<int>{1});
+    EXPECT_EQ(index.Find(FindQuery(u"ok")), std::vector<int>{2});
+}
+
 }  // namespace
 }  // namespace quorvi
