@@ -8,6 +8,7 @@
 #include "pages/kit/KeptDelete.h"
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
+#include "pages/messages/ConversationFind.h"
 #include "pages/messages/Conversations.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
@@ -39,6 +40,7 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)),
+      find_(new ConversationFind(*frame_, *view_)),
       transfers_(host, *this, FileKind::messages,
                  {.write = [agent = agent_, attribution = attribution_](
                                const std::filesystem::path& file, const TransferWatch& watch) {
@@ -74,6 +76,7 @@ void CSmsPage::ShowLoaded(Loaded loaded) {
     ShowLoadOutcome(Host(), loaded.outcome);
     if (!loaded.conversations.empty()) {
         shown_ = std::move(loaded.conversations);
+        find_->SetConversations(shown_);
         frame_->SetFilled();
     }
     frame_->SetState(connected ? ListState::idle : ListState::failed);

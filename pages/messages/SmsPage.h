@@ -16,6 +16,7 @@
 
 namespace quorvi {
 
+class ConversationFind;
 class HtmlFrame;
 
 // Page 11, dialog 397, key 2 in PageLoadState. What is done with a conversation is a link in
@@ -60,6 +61,7 @@ class CSmsPage : public Page, private HtmlListener {
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
+    ConversationFind* find_;
     FileTransfers transfers_;
     std::vector<Conversation> shown_;                // what the view shows
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation

@@ -26,6 +26,12 @@ class HtmlFrame::Cover : public QWidget {
         update();
     }
 
+    void SetNothingFound(const QString& headline) {
+        nothing_ = headline;
+        update();
+    }
+    [[nodiscard]] bool SaysNothingFound() const { return !nothing_.isEmpty(); }
+
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
@@ -34,7 +40,9 @@ class HtmlFrame::Cover : public QWidget {
             look::fill(painter, rect(), look::color(Color::surface));
         }
         if (whole_) {
-            if (loading) {
+            if (SaysNothingFound()) {
+                status_.PaintNothingFound(painter, nothing_);
+            } else if (loading) {
                 PaintBlocks(painter);
             } else {
                 status_.PaintVoid(painter);
@@ -61,13 +69,16 @@ class HtmlFrame::Cover : public QWidget {
     }
 
     ViewStatus status_;
+    QString nothing_;
     bool whole_ = false;
 };
 
-HtmlFrame::HtmlFrame(QWidget& view, QWidget* parent) : QFrame(parent), cover_(new Cover(this)) {
+HtmlFrame::HtmlFrame(QWidget& view, QWidget* parent)
+    : QFrame(parent), cover_(new Cover(this)), view_(view) {
     setFrameShape(QFrame::StyledPanel);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
+    layout->setSpacing(0);
     layout->addWidget(&view);
     RoundCorners::Attach(*this);
 }
@@ -90,6 +101,15 @@ void HtmlFrame::SetFilled() {
     PlaceCover();
 }
 
+void HtmlFrame::SetBar(QWidget& bar) {
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, &bar);
+}
+
+void HtmlFrame::SetNothingFound(const QString& headline) {
+    cover_->SetNothingFound(headline);
+    PlaceCover();
+}
+
 void HtmlFrame::SetFailedText(const QString& headline, const QString& sentence) {
     cover_->Status().SetFailedText(headline, sentence);
 }
@@ -99,9 +119,19 @@ void HtmlFrame::resizeEvent(QResizeEvent* event) {
     PlaceCover();
 }
 
+// The view has come to another place: a bar above it was shown or hidden.
+bool HtmlFrame::event(QEvent* event) {
+    const bool handled = QFrame::event(event);
+    if (event->type() == QEvent::LayoutRequest) {
+        layout()->activate();
+        PlaceCover();
+    }
+    return handled;
+}
+
 void HtmlFrame::PlaceCover() {
-    const bool whole = !filled_ && State() != ListState::idle;
-    QRect area = contentsRect();
+    const bool whole = (!filled_ && State() != ListState::idle) || cover_->SaysNothingFound();
+    QRect area = view_.geometry() & contentsRect();
     if (!whole) {
         area.setHeight(Metric::loadBar);
     }

@@ -23,17 +23,24 @@ class HtmlFrame : public QFrame {
     // The view has something to show from now on, and stays in sight.
     void SetFilled();
     [[nodiscard]] bool IsFilled() const { return filled_; }
+    // Lays a bar over the view, which becomes the frame's child and takes its room while it is
+    // shown.
+    void SetBar(QWidget& bar);
+    // Says in place of the view that nothing was found; an empty headline shows the view.
+    void SetNothingFound(const QString& headline);
     // The sentence of a failed load, which names the refresh button.
     void SetFailedText(const QString& headline, const QString& sentence);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     class Cover;
     void PlaceCover();
 
     Cover* cover_;
+    QWidget& view_;
     bool filled_ = false;
 };
 

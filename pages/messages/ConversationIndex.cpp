@@ -1,0 +1,18 @@
+#include "pages/messages/ConversationIndex.h"
+
+#include "base/Text.h"
+
+namespace quorvi {
+
+FindIndex IndexOfConversations(std::span<const Conversation> conversations) {
+    FindIndex index;
+    for (const Conversation& conversation : conversations) {
+        index.AddRow();
+        index.AddUtf8(ToUtf8(conversation.name), FindKind::name);
+        index.AddUtf8(ToUtf8(conversation.number), FindKind::number);
+        index.AddUtf8(ToUtf8(conversation.text), FindKind::text);
+    }
+    return index;
+}
+
+}  // namespace quorvi

@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "base/Text.h"
+#include "pages/messages/ConversationIndex.h"
+
+namespace quorvi {
+namespace {
+
+Conversation Held(std::string name, std::string number, std::string text) {
+    Conversation conversation;
+    conversation.name = std::move(name);
+    conversation.number = std::move(number);
+    conversation.text = std::move(text);
+    return conversation;
+}
+
+const std::array<Conversation, 3> kThree{
+    Held(Ansi(u8"林远舟"), "138-6123-4567", Ansi(u8"今晚七点见")),
+    Held("10086", "10086", Ansi(u8"您的余额为 12 元")),
+    Held(Ansi(u8"罗忆中"), "", "See you at 7"),
+};
+
+std::vector<int> Found(std::u16string_view typed) {
+    return IndexOfConversations(kThree).Find(FindQuery(typed));
+}
+
+TEST(ConversationIndex, ANameIsFoundByAnyPartOfItByPinyinAndByItsInitials) {
+    EXPECT_EQ(Found(u"远"), std::vector<int>{0});
+    EXPECT_EQ(Found(u"yuanzh"), std::vector<int>{0});
+    EXPECT_EQ(Found(u"lyz"), (std::vector<int>{0, 2}));
+}
+
+TEST(ConversationIndex, ANumberIsFoundByItsDigits) {
+    EXPECT_EQ(Found(u"1386123"), std::vector<int>{0});
+    EXPECT_EQ(Found(u"0086"), std::vector<int>{1});
+}
+
+TEST(ConversationIndex, AMessageIsFoundByItsTextLetterByLetter) {
+    EXPECT_EQ(Found(u"七点"), std::vector<int>{0});
+    EXPECT_EQ(Found(u"YOU AT"), std::vector<int>{2});
+    EXPECT_EQ(Found(u"jinwan"), std::vector<int>{});  // no pinyin of what was written
+}
+
+}  // namespace
+}  // namespace quorvi
