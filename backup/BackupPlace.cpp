@@ -109,7 +109,7 @@ std::filesystem::path ChosenBackup(const std::filesystem::path& chosen) {
 
 std::string BackupTitle(const Manifest& manifest) {
     const std::string time = FormatUnixTime(manifest.made).substr(0, kMinuteLength);
-    return manifest.phone.empty() ? time : time + "  " + manifest.phone;
+    return manifest.phone.empty() ? time : time + " " + manifest.phone;
 }
 
 }  // namespace quorvi

@@ -42,7 +42,7 @@ inline constexpr std::size_t kMostLookedAt = 200;
 // chosen where only files can.
 [[nodiscard]] std::filesystem::path ChosenBackup(const std::filesystem::path& chosen);
 
-// "2026-11-22 21:30  Aurora S2", in local time. ANSI; without a model the time alone.
+// "2026-11-22 21:30 Aurora S2", in local time. ANSI; without a model the time alone.
 [[nodiscard]] std::string BackupTitle(const Manifest& manifest);
 
 }  // namespace quorvi

@@ -106,7 +106,7 @@ TEST_F(BackupPlaceTest, TheTitleIsTheTimeAndTheModel) {
     manifest.made = kNow;
     EXPECT_THAT(BackupTitle(manifest), testing::MatchesRegex("2026-11-1[89] [0-9:]{5}"));
     manifest.phone = "Aurora";
-    EXPECT_THAT(BackupTitle(manifest), testing::EndsWith("  Aurora"));
+    EXPECT_THAT(BackupTitle(manifest), testing::MatchesRegex("2026-11-1[89] [0-9:]{5} Aurora"));
 }
 
 TEST_F(BackupPlaceTest, AStopEndsTheWaitForTheModel) {
