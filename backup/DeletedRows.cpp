@@ -4,13 +4,16 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 #include "backup/BackupReader.h"
 #include "backup/BackupTexts.h"
 #include "backup/ContactMatch.h"
+#include "backup/MessageFile.h"
 #include "backup/RestoreContent.h"
 #include "base/Format.h"
+#include "base/Json.h"
 #include "base/Text.h"
 #include "pages/alarms/AlarmList.h"
 
@@ -22,6 +25,8 @@ constexpr std::int64_t kSecondsOfADay = std::int64_t{24} * 60 * 60;
 constexpr std::size_t kMostNamed = 2;
 // A deletion of more is not read for the sake of two names.
 constexpr std::uint32_t kMostRead = 1000;
+// Nor are messages of more bytes.
+constexpr std::size_t kMostMessageBytes = 4 * 1024 * 1024;
 
 constexpr std::array<BackupKind, 4> kCanGoBack{BackupKind::groups, BackupKind::contacts,
                                                BackupKind::alarms, BackupKind::bookmarks};
@@ -65,16 +70,61 @@ std::vector<std::string> NamesOf(const KeptDeletion& deletion, const BackedUpKin
     return names;
 }
 
+// With whom the deleted conversations were held, by name or else number; none where that can't be
+// read.
+std::vector<std::string> PartiesOf(const KeptDeletion& deletion, const BackedUpKind& kind) {
+    std::vector<std::string> parties;
+    const auto file = std::ranges::find(kind.files, kMessageRecords, &BackedUpFile::name);
+    const OpenedBackup opened = BackupReader::Open(deletion.backup);
+    if (file == kind.files.end() || !opened.reader) {
+        return parties;
+    }
+    std::string why;
+    const auto text = opened.reader->ReadWhole(*file, kMostMessageBytes, why);
+    const auto conversations = text ? ParseJson(*text) : std::nullopt;
+    if (!conversations || !conversations->isArray()) {
+        return parties;
+    }
+    for (const Json::Value& conversation : *conversations) {
+        const std::string name = TextMember(conversation, "name");
+        parties.push_back(name.empty() ? TextMember(conversation, "number") : name);
+    }
+    std::erase(parties, std::string());
+    return parties;
+}
+
+std::string Joined(std::span<const std::string> names) {
+    std::string joined;
+    for (const std::string& name : names) {
+        joined += (joined.empty() ? std::string() : Ansi(u8"、")) + name;
+    }
+    return joined;
+}
+
+// Counted are messages, and named conversations.
+std::string WhatOfMessages(const KeptDeletion& deletion, const BackedUpKind& kind) {
+    const std::string count = GroupedDigits(kind.count);
+    const std::vector<std::string> parties = PartiesOf(deletion, kind);
+    if (parties.empty()) {
+        return count + Ansi(u8" 项");
+    }
+    const std::string named =
+        Joined(std::span(parties).first(std::min(parties.size(), kMostNamed)));
+    return fmt::format(fmt::runtime(parties.size() > kMostNamed ? Ansi(u8"{} 等（{} 条）")
+                                                                : Ansi(u8"{}（{} 条）")),
+                       named, count);
+}
+
 std::string WhatOf(const KeptDeletion& deletion, const BackedUpKind& kind) {
+    if (kind.kind == BackupKind::messages) {
+        return WhatOfMessages(deletion, kind);
+    }
     const std::vector<std::string> names = NamesOf(deletion, kind);
     const std::string count = GroupedDigits(kind.count);
     if (names.empty()) {
         return count + Ansi(u8" 项");
     }
-    std::string named;
-    for (const std::string& name : names) {
-        named += (named.empty() ? std::string() : Ansi(u8"、")) + name;
-    }
+    const std::string named = Joined(names);
     return kind.count > names.size()
                ? fmt::format(fmt::runtime(Ansi(u8"{} 等 {} 项")), named, count)
                : named;

@@ -18,6 +18,9 @@ enum class MessageFormat {
     json,  // an array of conversations, each with its messages
 };
 
+// The file of a backup that holds its messages as MessageFormat::json.
+inline constexpr std::string_view kMessageRecords = "messages.json";
+
 // By the ending of a file's name: .txt, .csv, .html or .htm, .json; nothing for any other.
 [[nodiscard]] std::optional<MessageFormat> MessageFormatOf(std::string_view fileName);
 

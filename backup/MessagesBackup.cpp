@@ -42,7 +42,7 @@ std::string Called(const Conversation& conversation) {
 
 bool WriteConversations(BackupRun& run, const std::vector<Conversation>& conversations) {
     run.Begin(BackupKind::messages, conversations.size());
-    BackupFile json = run.writer.Begin("messages.json");
+    BackupFile json = run.writer.Begin(std::string(kMessageRecords));
     BackupFile csv = run.writer.Begin("messages.csv");
     json.Write(MessageFileHead(MessageFormat::json));
     csv.Write(MessageFileHead(MessageFormat::csv));

@@ -5,6 +5,7 @@
 #include "backup/DeletedRows.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "tests/pages/messages/MessageReplies.h"
 #include "tests/support/ScriptedAgent.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -64,6 +65,25 @@ TEST_F(DeletedRowsTest, CallsAreCountedAndCannotGoBack) {
     Keep(std::vector<CallLogRow>(21));
     EXPECT_EQ(Rows()[0].what, Ansi(u8"21 项"));
     EXPECT_FALSE(Rows()[0].canGoBack);
+}
+
+TEST_F(DeletedRowsTest, AConversationIsCalledByItsNameOrElseByItsNumber) {
+    agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload({{}, {}}).Get());
+    Conversation named;
+    named.name = Ansi(u8"林远舟");
+    named.number = "138";
+    Conversation nameless;
+    nameless.id = 2;
+    nameless.number = "10086";
+    Keep(std::vector{named});
+    EXPECT_EQ(Rows()[0].what, Ansi(u8"林远舟（2 条）"));
+    EXPECT_FALSE(Rows()[0].canGoBack);
+    ASSERT_TRUE(items_.Forget(Rows()[0].backup));
+    Keep(std::vector{nameless, named});
+    EXPECT_EQ(Rows()[0].what, Ansi(u8"10086、林远舟（4 条）"));
+    ASSERT_TRUE(items_.Forget(Rows()[0].backup));
+    Keep(std::vector{nameless, named, named});
+    EXPECT_EQ(Rows()[0].what, Ansi(u8"10086、林远舟 等（6 条）"));
 }
 
 TEST_F(DeletedRowsTest, TheLastDayIsNotCalledNone) {
