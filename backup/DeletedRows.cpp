@@ -130,9 +130,12 @@ std::string WhatOf(const KeptDeletion& deletion, const BackedUpKind& kind) {
                : named;
 }
 
+// A day that has begun counts, but for the last.
 std::string LeftText(std::int64_t made, std::int64_t now) {
-    const std::int64_t days = (made + kKeptSeconds - now) / kSecondsOfADay;
-    return days < 1 ? Ansi(u8"不到 1 天") : std::to_string(days) + Ansi(u8" 天");
+    const std::int64_t left = made + kKeptSeconds - now;
+    return left < kSecondsOfADay
+               ? Ansi(u8"不到 1 天")
+               : std::to_string((left + kSecondsOfADay - 1) / kSecondsOfADay) + Ansi(u8" 天");
 }
 
 }  // namespace

@@ -67,6 +67,13 @@ TEST_F(DeletedRowsTest, CallsAreCountedAndCannotGoBack) {
     EXPECT_FALSE(Rows()[0].canGoBack);
 }
 
+TEST_F(DeletedRowsTest, AFreshDeletionHasAllOfItsDays) {
+    Keep(std::vector{Bookmark("a")});
+    EXPECT_EQ(Rows(kNow)[0].left, Ansi(u8"30 天"));
+    EXPECT_EQ(Rows(kNow + 60)[0].left, Ansi(u8"30 天"));
+    EXPECT_EQ(Rows(kNow + 29 * kDay)[0].left, Ansi(u8"1 天"));
+}
+
 TEST_F(DeletedRowsTest, AConversationIsCalledByItsNameOrElseByItsNumber) {
     agent_.AnswerPayload(AgentCommand::readConversation, MessagesPayload({{}, {}}).Get());
     Conversation named;
