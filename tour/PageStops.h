@@ -31,6 +31,13 @@ inline constexpr ViewState kOfThePhone{"", AgentPort};
 // Has the window show the page.
 void GoTo(CMainDlg& window, const PageNumbers& page);
 
+// Opens the find bar of a page or a dialog, and types there; and closes it again.
+void LookFor(QWidget& where, std::u8string_view typed);
+void LookForNothing(QWidget& where);
+// A page that was visited before, with something looked for on it.
+[[nodiscard]] TourStop FindStop(std::string_view name, const PageNumbers& page,
+                                std::u8string_view typed);
+
 // What a command button of a page opens, on a page that was visited before.
 [[nodiscard]] TourStop CommandStop(std::string_view name, const PageNumbers& page, int command);
 

@@ -1,5 +1,13 @@
 // The tour's stops at the pages of the user's own records: their dialogs, their menu, and what
 // each of them shows while it loads, when there is nothing, and when there is no link.
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <memory>
+
 #include "base/Text.h"
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/alarms/AlarmPage.h"
@@ -12,11 +20,15 @@
 #include "pages/contacts/ContactPage.h"
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/files/FilePage.h"
+#include "pages/kit/FileTransfers.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "pages/messages/SmsPage.h"
 #include "tour/PageStops.h"
+#include "ui/html/HtmlCtrl.h"
 #include "ui/kit/ControlNumber.h"
+#include "ui/kit/SkinDialog.h"
+#include "ui/kit/SkinMenu.h"
 
 namespace quorvi {
 namespace {
@@ -52,6 +64,13 @@ TourStop AtFolder(std::string name, std::u8string_view path) {
             }};
 }
 
+void OpenContactMenu(CContactPage& page) {
+    auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
+    list.SetTicked(2, true);
+    Q_EMIT list.menuAsked(list.CurrentRow(),
+                          list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
+}
+
 SkinDialog* MakeGroups(CMainDlg& window, AgentAddress agent) {
     return new CContactGroupDlg(window, &window, agent);
 }
@@ -62,6 +81,55 @@ SkinDialog* MakeComposer(CMainDlg& window, AgentAddress agent) {
 
 SkinDialog* MakeComposerForNew(CMainDlg& window, AgentAddress agent) {
     return new CSmsComposeDlg(window, kNoConversation, &window, agent);
+}
+
+SkinDialog* MakeComposerThatFinds(CMainDlg& window, AgentAddress agent) {
+    SkinDialog* composer = MakeComposerForNew(window, agent);
+    LookFor(*composer, u8"lyz");
+    return composer;
+}
+
+// The menu of a conversation, as the right button opens it.
+void OpenMessageMenu(CMainDlg& window) {
+    GoTo(window, kMessagesPage);
+    PostToWindow(&window, [&window] {
+        const auto& view = *window.PageOfDialog(kMessagesPage.dialog)->findChild<CHtmlCtrlBase*>();
+        QWidget& keys = *view.focusProxy()->focusProxy();
+        const QPoint at = keys.rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, keys.mapToGlobal(at));
+        QApplication::sendEvent(&keys, &event);
+    });
+}
+
+// The question of an import of two contacts, behind which the file breaks off.
+TourStop ImportQuestion() {
+    auto folder = std::make_shared<QTemporaryDir>();
+    return {
+        .name = "dialog-contacts-import",
+        .open =
+            [folder](CMainDlg& window) {
+                QFile file(folder->filePath(QStringLiteral("contacts.vcf")));
+                if (file.open(QIODevice::WriteOnly)) {
+                    file.write(
+                        "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada\r\nTEL:10010\r\n"
+                        "END:VCARD\r\nBEGIN:VCARD\r\nVERSION:3.0\r\nFN:Bo\r\n"
+                        "TEL:10011\r\nEND:VCARD\r\nBEGIN:VCARD\r\nFN:C\r\n");
+                    file.close();
+                }
+                GoTo(window, kContactsPage);
+                PostToWindow(&window, [&window, name = file.fileName()] {
+                    auto* page = window.PageOfDialog(kContactsPage.dialog);
+                    OpenContactMenu(static_cast<CContactPage&>(*page));
+                    auto* menu = page->findChild<CSkinMenu*>();
+                    Q_EMIT menu->commandChosen(FileTransfers::menuImport);
+                    menu->close();
+                    auto* dialog = window.findChild<QFileDialog*>();
+                    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+                    static_cast<QDialog*>(dialog)->accept();
+                });
+            },
+        .ready =
+            [] { return qobject_cast<SkinDialog*>(QApplication::activeModalWidget()) != nullptr; }};
 }
 
 SkinDialog* MakeContactEditor(CMainDlg& window, AgentAddress agent) {
@@ -104,13 +172,6 @@ void OpenBookmarkMenu(CMainDlg& window) {
     });
 }
 
-void OpenContactMenu(CContactPage& page) {
-    auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
-    list.SetTicked(2, true);
-    Q_EMIT list.menuAsked(list.CurrentRow(),
-                          list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
-}
-
 }  // namespace
 
 std::vector<TourStop> PersonalStops() {
@@ -124,7 +185,12 @@ std::vector<TourStop> PersonalStops() {
                    [](CMainDlg& window, AgentAddress agent) {
                        return new CGroupEditDlg(window, &window, agent);
                    }),
+        ImportQuestion(),
+        FindStop("sms-find", kMessagesPage, u8"l"),
+        FindStop("sms-found-nothing", kMessagesPage, u8"xyz"),
+        {.name = "menu-sms", .open = &OpenMessageMenu},
         DialogStop("dialog-composer", kMessagesPage, kOfThePhone, &MakeComposer),
+        DialogStop("dialog-composer-find", kMessagesPage, kOfThePhone, &MakeComposerThatFinds),
         CommandStop("dialog-alarm-add", kAlarmsPage, CAlarmPage::commandAdd),
         DialogStop("dialog-alarm-update", kAlarmsPage, kOfThePhone, &MakeAlarmEditor),
         CommandStop("dialog-bookmark-add", kBookmarksPage, CBookmarkPage::commandAdd),

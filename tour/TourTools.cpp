@@ -114,6 +114,7 @@ TourStop ScreenStop(const ScreenState& state) {
 std::vector<TourStop> ToolsStops() {
     std::vector<TourStop> stops = {
         AutoStartOpened(),
+        FindStop("autostart-find", kAutoStartPage, u8"tianq"),
         AtApps("menu-apps", &OpenAppMenu),
         CommandStop("dialog-apps-nothing-checked", kAppsPage, CAppPage::commandUninstall),
         AtApps("dialog-apps-uninstall", &AskToUninstall),
