@@ -26,7 +26,9 @@ FindBar::FindBar(QWidget& searched, const QString& placeholder, QWidget* parent)
     setFixedHeight(Metric::findBar);
     field_->setObjectName(QStringLiteral("find"));
     field_->setAccessibleName(ToQString(u8"在列表中查找"));
-    field_->setFixedSize(Metric::searchWidth, Metric::findField);
+    field_->setFixedHeight(Metric::findField);
+    field_->setMaximumWidth(Metric::searchWidth);
+    field_->setMinimumWidth(Metric::findField);
     field_->installEventFilter(this);
     count_->setObjectName(QStringLiteral("findCount"));
     close_->setObjectName(QStringLiteral("findClose"));
@@ -35,7 +37,9 @@ FindBar::FindBar(QWidget& searched, const QString& placeholder, QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(Metric::rowPictureInset, 0, Metric::gap1, Metric::hairline);
     layout->setSpacing(Metric::gap2);
-    layout->addWidget(field_);
+    // The field gives way where it is narrow; where it is wide, the count takes what is left.
+    constexpr int kFieldFirst = 100;
+    layout->addWidget(field_, kFieldFirst);
     layout->addWidget(count_, 1);
     layout->addWidget(close_);
     auto* shortcut = new QShortcut(QKeySequence::Find, &searched);

@@ -1,14 +1,15 @@
 #include "ui/list/TreeFind.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLocale>
 #include <QScrollBar>
-#include <QVBoxLayout>
 #include <string_view>
 #include <utility>
 
 #include "ui/kit/FindBar.h"
 #include "ui/kit/QtText.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {
@@ -29,12 +30,8 @@ TreeFind::TreeFind(SearchedTree& tree)
     : QObject(&tree.View()),
       searched_(tree),
       tree_(tree.View()),
-      bar_(new FindBar(tree_, ToQString(u8"名称、拼音或号码"), tree_.header())) {
-    // The head of the tree, which is hidden otherwise, makes the room.
-    auto* layout = new QVBoxLayout(tree_.header());
-    layout->setContentsMargins({});
-    layout->addWidget(bar_);
-    tree_.header()->setFixedHeight(bar_->height());
+      bar_(new FindBar(tree_, ToQString(u8"名称、拼音或号码"), &tree_)) {
+    tree_.installEventFilter(this);
     connect(bar_, &FindBar::openAsked, this, &TreeFind::Open);
     connect(bar_, &FindBar::typed, this, &TreeFind::Narrow);
     connect(bar_, &FindBar::closeAsked, this, &TreeFind::Close);
@@ -55,7 +52,12 @@ void TreeFind::Open() {
         current_ = tree_.currentIndex();
         ReadNodes();  // now, so that no key has to wait for it
         bar_->SetOpen(true);
+        // The head of the tree, which is hidden otherwise, makes the room; the bar lies over it and
+        // the padding around it.
+        tree_.header()->setFixedHeight(bar_->height() + look::Metric::hairline -
+                                       tree_.frameWidth());
         tree_.setHeaderHidden(false);
+        PlaceBar();
     }
     bar_->TakeFocus();
 }
@@ -76,6 +78,19 @@ void TreeFind::Close() {
         tree_.scrollTo(tree_.currentIndex());  // opens what it hangs below
     }
     tree_.setFocus(Qt::OtherFocusReason);
+}
+
+void TreeFind::PlaceBar() {
+    const int line = look::Metric::hairline;
+    bar_->setGeometry(line, line, tree_.width() - 2 * line, bar_->height());
+    bar_->raise();
+}
+
+bool TreeFind::eventFilter(QObject* object, QEvent* event) {
+    if (object == &tree_ && event->type() == QEvent::Resize) {
+        PlaceBar();
+    }
+    return QObject::eventFilter(object, event);
 }
 
 void TreeFind::OnNodesChanged() {

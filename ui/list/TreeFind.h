@@ -27,6 +27,9 @@ class TreeFind : public QObject {
     void Open();
     void Close();
 
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
   private:
     // A node of the top level, and where it stands among all that are searched; those below it
     // follow it there.
@@ -36,6 +39,7 @@ class TreeFind : public QObject {
         bool wasOpen;  // before something was looked for
     };
 
+    void PlaceBar();
     void OnNodesChanged();
     void Narrow();
     void ReadNodes();

@@ -70,10 +70,15 @@ TEST_F(TreeFinding, CtrlFOpensTheBarAndEscapeClosesIt) {
     QTest::keySequence(tree_, QKeySequence::Find);
     EXPECT_TRUE(Field().hasFocus());
     EXPECT_EQ(Field().accessibleName(), ToQString(u8"在列表中查找"));
-    EXPECT_EQ(tree_->viewport()->mapTo(&window_, QPoint()).y(), top + look::Metric::findBar);
     const auto* bar = window_.findChild<QWidget*>(QStringLiteral("findBar"));
-    EXPECT_EQ(bar->width(), tree_->viewport()->width());
-    EXPECT_EQ(bar->height(), look::Metric::findBar);
+    const int line = look::Metric::hairline;
+    EXPECT_EQ(bar->geometry(), QRect(line, line, 300 - 2 * line, look::Metric::findBar));
+    EXPECT_EQ(tree_->viewport()->mapTo(tree_, QPoint()).y(), bar->geometry().bottom() + 1);
+    tree_->resize(200, 200);
+    EXPECT_EQ(bar->width(), 200 - 2 * line);
+    const QWidget& count = *window_.findChild<QLabel*>(QStringLiteral("findCount"));
+    EXPECT_LT(Field().geometry().right(), count.x());
+    EXPECT_GT(Field().width(), look::Metric::findField);
     QTest::keyClick(&Field(), Qt::Key_Escape);
     EXPECT_FALSE(Field().isVisible());
     EXPECT_TRUE(tree_->hasFocus());
