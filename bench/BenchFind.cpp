@@ -1,6 +1,6 @@
 // What a key costs in the bar over a list of 20,000 names and numbers: to find the rows, and until
-// the narrowed list is painted. Ends with status 1 when a key takes longer than a frame of the
-// screen.
+// the narrowed list is painted; and the same over a tree that has as many in one open group. Ends
+// with status 1 when a key takes longer than a frame of the screen.
 #include <benchmark/benchmark.h>
 
 #include <QLineEdit>
@@ -13,7 +13,9 @@
 #include "bench/WindowTurns.h"
 #include "find/FindIndex.h"
 #include "tests/support/SampleList.h"
+#include "ui/kit/SkinTree.h"
 #include "ui/list/ListFind.h"
+#include "ui/list/TreeFind.h"
 
 namespace quorvi {
 namespace {
@@ -96,8 +98,72 @@ void Key(benchmark::State& state, std::u16string_view typed) {
     }
 }
 
+struct ShownTree {
+    CSkinTree tree{nullptr, CSkinTree::Ticks::each};
+    TreeFind* find = nullptr;
+
+    ShownTree() {
+        tree.setFixedSize(kViewSize);
+        find = new TreeFind(tree);
+        TreeNode group{.text = QStringLiteral("all [20000]")};
+        for (const SampleRecord& record : Records()) {
+            group.children.push_back(
+                {.text = record.name + QStringLiteral(" [") + record.number + QStringLiteral("]"),
+                 .find = record.name + u'\n' + record.number});
+        }
+        tree.SetNodes({group});
+        tree.topLevelItem(0)->setExpanded(true);
+        tree.show();
+        QApplication::processEvents();
+    }
+};
+
+void TreeOpen(benchmark::State& state) {
+    ShownTree shown;
+    for (auto _ : state) {
+        shown.find->Open();
+        shown.tree.viewport()->repaint();
+        state.PauseTiming();
+        shown.find->Close();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void TreeKey(benchmark::State& state, std::u16string_view typed) {
+    ShownTree shown;
+    shown.find->Open();
+    auto* field = shown.tree.findChild<QLineEdit*>(QStringLiteral("find"));
+    const QString text = QString::fromUtf16(typed.data(), static_cast<qsizetype>(typed.size()));
+    for (auto _ : state) {
+        field->setText(text);
+        shown.tree.viewport()->repaint();
+        state.PauseTiming();
+        field->clear();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+// The last letter is taken back: all nodes come again.
+void TreeAll(benchmark::State& state) {
+    ShownTree shown;
+    shown.find->Open();
+    auto* field = shown.tree.findChild<QLineEdit*>(QStringLiteral("find"));
+    for (auto _ : state) {
+        state.PauseTiming();
+        field->setText(QStringLiteral("q"));
+        QApplication::processEvents();
+        state.ResumeTiming();
+        field->clear();
+        shown.tree.viewport()->repaint();
+    }
+}
+
 void Judge(const Figures& figures, Verdict& verdict) {
     verdict.AtMost("20,000 rows, the bar opens, ms", figures.Time("Open"), kMostOpen);
+    verdict.AtMost("20,000 nodes, the bar opens, ms", figures.Time("TreeOpen"), kMostOpen);
+    verdict.AtMost("20,000 nodes come again, ms", figures.Time("TreeAll"), kMostKey);
     for (std::size_t i = 0; i < kTyped.size(); ++i) {
         const QString typed =
             QString::fromUtf16(kTyped[i].data(), static_cast<qsizetype>(kTyped[i].size()));
@@ -106,6 +172,8 @@ void Judge(const Figures& figures, Verdict& verdict) {
                       figures.Time("Index" + which));
         verdict.AtMost(("on the screen, ms: " + typed.toStdString()).c_str(),
                        figures.Time("Key" + which), kMostKey);
+        verdict.AtMost(("in a tree, ms: " + typed.toStdString()).c_str(),
+                       figures.Time("TreeKey" + which), kMostKey);
     }
 }
 
@@ -116,8 +184,12 @@ int main(int count, char** words) {
     using namespace quorvi;
     const auto application = MakeApplication(count, words);
     benchmark::RegisterBenchmark("Open", Open)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("TreeOpen", TreeOpen)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("TreeAll", TreeAll)->Unit(benchmark::kMillisecond);
     for (std::size_t i = 0; i < kTyped.size(); ++i) {
         const std::string which = std::to_string(i);
+        benchmark::RegisterBenchmark(("TreeKey" + which).c_str(), TreeKey, kTyped[i])
+            ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("Index" + which).c_str(), Index, kTyped[i])
             ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("Key" + which).c_str(), Key, kTyped[i])

@@ -43,6 +43,12 @@ struct ConversationShown {
     std::string party;
 };
 
+// The number of a member's node stands behind the last bracket of its text.
+QString SearchedMember(const QString& text) {
+    const qsizetype bracket = text.lastIndexOf(u'[');
+    return text.left(bracket) + u'\n' + text.mid(bracket);
+}
+
 std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& members) {
     std::vector<TreeNode> nodes;
     for (const RecipientGroup& group : RecipientTree(names, members)) {
@@ -50,7 +56,8 @@ std::vector<TreeNode> NodesOf(const GroupNames& names, const GroupMembers& membe
         // A null title would be searched by the node's text, in which the count stands.
         node.find = group.title.empty() ? QStringLiteral("") : ToQString(group.title);
         for (const std::string& member : group.members) {
-            node.children.push_back({ToQString(member)});
+            const QString text = ToQString(member);
+            node.children.push_back({.text = text, .find = SearchedMember(text)});
         }
     }
     return nodes;

@@ -116,7 +116,12 @@ void TreeFind::ReadNodes() {
     const auto add = [this](int row, const QModelIndex& parent) {
         const QModelIndex node = tree_.model()->index(row, 0, parent);
         index_.AddRow();
-        index_.AddText(Units(SearchedText(node)), FindKind::name);
+        const QString text = SearchedText(node);
+        const qsizetype line = text.indexOf(u'\n');
+        index_.AddText(Units(line < 0 ? text : text.left(line)), FindKind::name);
+        if (line >= 0) {
+            index_.AddText(Units(text.mid(line + 1)), FindKind::number);
+        }
         if (tree_.isRowHidden(row, parent)) {
             tree_.setRowHidden(row, parent, false);
         }

@@ -12,11 +12,11 @@ namespace quorvi {
 class FindBar;
 
 // From anywhere in the tree's window Ctrl+F opens a bar over the nodes and Escape closes it, and
-// the tree is as it was. Searched are the nodes of the two upper levels, as names, by their
-// treeRoleFind or else their text. A node of the top level is shown while it or one of those below
-// it is found: found itself, with all that is below it; otherwise open, with those that are found.
-// Nodes that are hidden keep their ticks and the selection. Nodes that come while the bar is open
-// are narrowed, too. The window's thread.
+// the tree is as it was. Searched are the nodes of the two upper levels by their treeRoleFind, or
+// else their text: its first line as a name, the rest as a number. A node of the top level is shown
+// while it or one of those below it is found: found itself, with all that is below it; otherwise
+// open, with those that are found. Nodes that are hidden keep their ticks and the selection. Nodes
+// that come while the bar is open are narrowed, too. The window's thread.
 class TreeFind : public QObject {
     Q_OBJECT
   public:

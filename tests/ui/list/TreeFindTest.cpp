@@ -21,7 +21,8 @@ TreeNode Group(std::u8string_view name, std::initializer_list<std::u8string_view
     TreeNode group{.text = ToQString(name) + QStringLiteral(" [%1]").arg(members.size())};
     group.find = ToQString(name);
     for (const std::u8string_view member : members) {
-        group.children.push_back({ToQString(member)});
+        const QString text = ToQString(member);
+        group.children.push_back({.text = text, .find = QString(text).replace(u' ', u'\n')});
     }
     return group;
 }
@@ -129,7 +130,7 @@ TEST_F(TreeFinding, ClosedTheTreeIsAsItWas) {
     for (int i = 0; i < 40; ++i) {
         groups.push_back(Group(u8"组", {u8"成员甲", u8"成员乙"}));
     }
-    groups[7].children[1].text = ToQString(u8"林远舟");
+    groups[7].children[1] = {.text = ToQString(u8"林远舟")};
     tree_->SetNodes(groups);
     Top(2)->setExpanded(true);
     tree_->setCurrentItem(Top(9));
