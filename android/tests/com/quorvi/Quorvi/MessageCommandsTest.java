@@ -15,29 +15,13 @@ import com.quorvi.Quorvi.wire.MalformedRequest;
 
 import org.junit.Before;
 import org.junit.Test;
-import org.robolectric.annotation.Config;
-import org.robolectric.annotation.Implementation;
-import org.robolectric.annotation.Implements;
 import org.robolectric.shadow.api.Shadow;
 import org.robolectric.shadows.ShadowSmsManager;
 
-import java.util.ArrayList;
-import java.util.Collections;
-
-@Config(shadows = MessageCommandsTest.Radio.class)
 public class MessageCommandsTest extends OnPhones {
     private static final byte[] DONE = Bytes.u32(1);
     private static final byte[] NO_DATA = Bytes.u32(0x075BCD17);
     private static final byte[] RESERVED = Bytes.u32(-1);
-
-    /** Divides messages without asking a radio, which this machine has not. */
-    @Implements(SmsManager.class)
-    public static final class Radio extends ShadowSmsManager {
-        @Implementation
-        protected ArrayList<String> divideMessage(String text) {
-            return new ArrayList<>(Collections.singletonList(text));
-        }
-    }
 
     /** As the phone's own: conversations/n are the messages of thread n. */
     static final class Messages extends TableProvider {

@@ -20,7 +20,7 @@ import java.util.List;
 
 /** A test on Android itself: each runs on 4.4, 6, 10 and 14. */
 @RunWith(RobolectricTestRunner.class)
-@Config(manifest = Config.NONE, sdk = {19, 23, 29, 34})
+@Config(manifest = Config.NONE, sdk = {19, 23, 29, 34}, shadows = Radio.class)
 public abstract class OnPhones {
     private static final List<TableProvider> INSTALLED = new ArrayList<>();
 

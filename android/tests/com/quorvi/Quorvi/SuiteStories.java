@@ -21,7 +21,6 @@ import org.json.JSONObject;
 import org.junit.Before;
 import org.junit.Test;
 import org.robolectric.Shadows;
-import org.robolectric.annotation.Config;
 import org.robolectric.shadows.ShadowPackageManager;
 import org.robolectric.util.ReflectionHelpers;
 
@@ -34,7 +33,6 @@ import java.util.Arrays;
  * told with the simulated phone.
  */
 @SuppressWarnings("deprecation")
-@Config(shadows = MessageCommandsTest.Radio.class)
 public class SuiteStories extends SuiteOnAgent {
     private final ContactsProvider book = new ContactsProvider();
     private final MessageCommandsTest.Messages messages = new MessageCommandsTest.Messages();
