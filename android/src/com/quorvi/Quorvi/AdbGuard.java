@@ -11,7 +11,7 @@ import java.net.Socket;
 /**
  * Admits adb's daemon and nobody else of this phone. Whose a connection is stands in the kernel's
  * table of sockets; a phone that doesn't show that table (from Android 10 on) has its owner asked,
- * once for each time that the cable is plugged in.
+ * once: a guard is made each time that the agent starts, and the agent ends when the cable goes.
  */
 final class AdbGuard implements PeerGuard {
     private static final int ROOT = 0;
@@ -63,11 +63,6 @@ final class AdbGuard implements PeerGuard {
     synchronized void answer(boolean isAllowed) {
         answer = isAllowed ? Answer.ALLOWED : Answer.REFUSED;
         notifyAll();
-    }
-
-    /** The cable was unplugged: the next PC is another one until the owner says otherwise. */
-    synchronized void forget() {
-        answer = Answer.NONE;
     }
 
     private static int userOf(Socket connection, String table) throws IOException {

@@ -43,16 +43,27 @@ public final class AgentService extends Service {
     private final AdbGuard guard = new AdbGuard(new AdbGuard.Owner() {
         @Override
         public void ask() {
-            state.ask(guardOfThis());
-            notifyOwner();
+            whileRunning(new Runnable() {
+                @Override
+                public void run() {
+                    state.ask(guardOfThis());
+                }
+            });
         }
     });
     private final Runnable showState = new Runnable() {
         @Override
         public void run() {
-            notifyOwner();
+            whileRunning(new Runnable() {
+                @Override
+                public void run() {
+                    notifyOwner();
+                }
+            });
         }
     };
+    private final Handler windowsThread = new Handler(Looper.getMainLooper());
+    private boolean hasEnded;
     private AgentServer server;
     private boolean wasPlugged;
 
@@ -68,7 +79,7 @@ public final class AgentService extends Service {
     };
 
     private final ContentObserver debugging =
-            new ContentObserver(new Handler(Looper.getMainLooper())) {
+            new ContentObserver(windowsThread) {
                 @Override
                 public void onChange(boolean isOwnChange) {
                     if (Settings.Secure.getInt(getContentResolver(), ADB_ENABLED, 1) == 0) {
@@ -79,6 +90,21 @@ public final class AgentService extends Service {
 
     private AdbGuard guardOfThis() {
         return guard;
+    }
+
+    /**
+     * Does it on the window's thread, and not at all once the service has ended: a connection may still
+     * be ending then, and a notice that it put up would stay.
+     */
+    private void whileRunning(final Runnable what) {
+        windowsThread.post(new Runnable() {
+            @Override
+            public void run() {
+                if (!hasEnded) {
+                    what.run();
+                }
+            }
+        });
     }
 
     @Override
@@ -113,6 +139,7 @@ public final class AgentService extends Service {
 
     @Override
     public void onDestroy() {
+        hasEnded = true;
         state.unwatch(showState);
         unregisterReceiver(usb);
         getContentResolver().unregisterContentObserver(debugging);
@@ -120,6 +147,8 @@ public final class AgentService extends Service {
         guard.answer(false);
         if (server != null) {
             final AgentServer ending = server;
+            // At once, since the owner may start it again at once and then the port must be free.
+            ending.close();
             // A provider may take its time with the last request; the window's thread doesn't wait.
             new Thread("agent-stop") {
                 @Override
@@ -188,7 +217,12 @@ public final class AgentService extends Service {
     private final class Listener implements AgentServer.Listener {
         @Override
         public void answered(AgentCommand command) {
-            state.show(AgentState.Link.CONNECTED);
+            whileRunning(new Runnable() {
+                @Override
+                public void run() {
+                    state.show(AgentState.Link.CONNECTED);
+                }
+            });
         }
 
         @Override

@@ -31,6 +31,9 @@ final class AppIcon {
         } catch (RuntimeException e) {
             // A picture that the application bears and the phone can't read.
             return null;
+        } catch (OutOfMemoryError e) {
+            // One of many more pixels than the phone has memory for.
+            return null;
         }
     }
 

@@ -19,6 +19,7 @@ import com.quorvi.Quorvi.wire.MalformedRequest;
 import com.quorvi.Quorvi.wire.ReplyWriter;
 
 import java.io.IOException;
+import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
@@ -95,8 +96,9 @@ final class ContactCommands implements CommandGroup {
                         Contacts.CONTENT_URI, LIST_COLUMNS, null, null, "sort_key, " + Contacts._ID);
         try {
             Map<Long, byte[]> photos = new HashMap<>();
-            for (int row = 0; contacts.moveToPosition(row); ++row) {
-                if (row % PHOTOS_AT_ONCE == 0) {
+            for (int listed = 0; contacts.moveToNext(); ++listed) {
+                if (listed % PHOTOS_AT_ONCE == 0) {
+                    int row = contacts.getPosition();
                     photos = photosFrom(contacts);
                     contacts.moveToPosition(row);
                 }
@@ -244,15 +246,35 @@ final class ContactCommands implements CommandGroup {
                         Data._ID,
                         field.type,
                         isGroups ? field.type : field.text);
+        List<Item> items = new ArrayList<>();
         try {
-            reply.uint32(rows.getCount());
             while (rows.moveToNext()) {
-                reply.uint64(rows.getLong(0))
-                        .uint32(rows.getInt(1))
-                        .text(isGroups ? titleOf(rows.getLong(1)) : rows.getString(2));
+                items.add(
+                        new Item(
+                                rows.getLong(0),
+                                rows.getInt(1),
+                                isGroups ? titleOf(rows.getLong(1)) : rows.getString(2)));
             }
         } finally {
             rows.close();
+        }
+        // Not the rows that the phone counted: one may have gone since.
+        reply.uint32(items.size());
+        for (Item item : items) {
+            reply.uint64(item.id).uint32(item.type).text(item.text);
+        }
+    }
+
+    /** One of a contact's numbers, addresses and so on. */
+    private static final class Item {
+        final long id;
+        final int type;
+        final String text;
+
+        Item(long id, int type, String text) {
+            this.id = id;
+            this.type = type;
+            this.text = text;
         }
     }
 

@@ -41,7 +41,7 @@ final class Provider {
             // that it does not know is anything.
             Log.w(TAG, table + " is not to be read", e);
         }
-        return cursor == null ? new MatrixCursor(columns) : cursor;
+        return new Rows(cursor == null ? new MatrixCursor(columns) : cursor);
     }
 
     /** Null where the phone refuses. */

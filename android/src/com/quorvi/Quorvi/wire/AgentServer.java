@@ -13,7 +13,7 @@ import java.util.Map;
 
 /**
  * Listens on the phone's own loopback address and answers, each connection on a thread of its own.
- * start() and stop() may be called on any thread, once each.
+ * start(), close() and stop() may be called on any thread, start() once.
  */
 public final class AgentServer {
     /** Connections that are answered at once; the others wait. */
@@ -77,17 +77,22 @@ public final class AgentServer {
         return socket.getLocalPort();
     }
 
-    /** Ends every connection, and returns when none of the server's threads is left. */
+    /** Frees the port and ends every connection, without waiting for what a command still does. */
+    public synchronized void close() {
+        stopping = true;
+        closeQuietly(socket);
+        for (Socket one : served.keySet()) {
+            closeQuietly(one);
+        }
+        notifyAll();
+    }
+
+    /** Closes, and returns when none of the server's threads is left. */
     public void stop() throws InterruptedException {
+        close();
         List<Thread> threads;
         synchronized (this) {
-            stopping = true;
-            closeQuietly(socket);
-            for (Socket one : served.keySet()) {
-                closeQuietly(one);
-            }
             threads = new ArrayList<>(served.values());
-            notifyAll();
         }
         acceptor.join();
         for (Thread thread : threads) {
@@ -184,6 +189,9 @@ public final class AgentServer {
         } catch (RuntimeException e) {
             // What the phone's providers throw costs one connection, not the agent.
             listener.failed(e);
+        } catch (OutOfMemoryError e) {
+            // So does a record that this phone has no memory for.
+            listener.failed(new IOException(e));
         }
     }
 
