@@ -52,10 +52,6 @@ void TreeFind::Open() {
         current_ = tree_.currentIndex();
         ReadNodes();  // now, so that no key has to wait for it
         bar_->SetOpen(true);
-        // The head of the tree, which is hidden otherwise, makes the room; the bar lies over it and
-        // the padding around it.
-        tree_.header()->setFixedHeight(bar_->height() + look::Metric::hairline -
-                                       tree_.frameWidth());
         tree_.setHeaderHidden(false);
         PlaceBar();
     }
@@ -80,14 +76,17 @@ void TreeFind::Close() {
     tree_.setFocus(Qt::OtherFocusReason);
 }
 
+// The head of the tree, which is hidden otherwise, makes the room; the bar lies over it and the
+// padding around it, which a tree has once it was shown.
 void TreeFind::PlaceBar() {
     const int line = look::Metric::hairline;
+    tree_.header()->setFixedHeight(bar_->height() + line - tree_.frameWidth());
     bar_->setGeometry(line, line, tree_.width() - 2 * line, bar_->height());
     bar_->raise();
 }
 
 bool TreeFind::eventFilter(QObject* object, QEvent* event) {
-    if (object == &tree_ && event->type() == QEvent::Resize) {
+    if (object == &tree_ && (event->type() == QEvent::Resize || event->type() == QEvent::Show)) {
         PlaceBar();
     }
     return QObject::eventFilter(object, event);

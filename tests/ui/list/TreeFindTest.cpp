@@ -86,6 +86,17 @@ TEST_F(TreeFinding, CtrlFOpensTheBarAndEscapeClosesIt) {
     EXPECT_EQ(tree_->viewport()->mapTo(&window_, QPoint()).y(), top);
 }
 
+TEST_F(TreeFinding, ABarThatWasOpenedBeforeTheTreeIsShownLiesRight) {
+    QWidget window;
+    window.resize(300, 200);
+    CSkinTree tree(&window);
+    tree.setGeometry(0, 0, 300, 200);
+    (new TreeFind(tree))->Open();
+    window.show();
+    const auto* bar = tree.findChild<QWidget*>(QStringLiteral("findBar"));
+    EXPECT_EQ(tree.viewport()->mapTo(&tree, QPoint()).y(), bar->geometry().bottom() + 1);
+}
+
 TEST_F(TreeFinding, AGroupIsShownWhileOneOfItsMembersIsFoundAndOpensForThem) {
     QTest::keySequence(tree_, QKeySequence::Find);
     QTest::keyClicks(&Field(), QStringLiteral("lyz"));
