@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -18,6 +19,7 @@
 #include "app/platform/RunningInstance.h"
 #include "app/window/CaptionBar.h"
 #include "app/window/CommandRow.h"
+#include "app/window/KeysDlg.h"
 #include "app/window/NavigationBar.h"
 #include "app/window/ProductName.h"
 #include "app/window/StatusStrip.h"
@@ -176,6 +178,13 @@ void CMainDlg::BuildFrame() {
             [this](int item) { Post(Message::selectItem, 0, item); });
     connect(commands_, &CommandRow::pressed, this,
             [this](int index) { Post(Message::commandButton, 0, index); });
+
+    // A shortcut, so that it is a letter to a field that has the focus, in the window or in a page
+    // of the store. Keyboards differ in whether it needs Shift.
+    auto* keys = new QShortcut(this);
+    keys->setKeys({Qt::Key_Question, Qt::SHIFT | Qt::Key_Question});
+    keys->setAutoRepeat(false);
+    connect(keys, &QShortcut::activated, this, [this] { (new KeysDlg(this))->Open(); });
 }
 
 void CMainDlg::OnInitDialog() {
