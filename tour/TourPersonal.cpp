@@ -29,6 +29,7 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/list/ListFind.h"
 
 namespace quorvi {
 namespace {
@@ -172,12 +173,36 @@ void OpenBookmarkMenu(CMainDlg& window) {
     });
 }
 
+CContactListCtrl& ContactList(CMainDlg& window) {
+    return *FindControl<CContactListCtrl>(window.PageOfDialog(kContactsPage.dialog), kContactList);
+}
+
+TourStop FindStop() {
+    TourStop stop = AtContacts("contacts-find", [](CContactPage& page) {
+        FindControl<CContactListCtrl>(&page, kContactList)->Find()->Open();
+        page.findChild<QLineEdit*>(QStringLiteral("find"))->setText(QStringLiteral("l"));
+    });
+    stop.leave = [](CMainDlg& window) { ContactList(window).Find()->Close(); };
+    return stop;
+}
+
+TourStop DeleteTickedStop() {
+    TourStop stop = AtContacts("dialog-contacts-delete", [](CContactPage& page) {
+        FindControl<CContactListCtrl>(&page, kContactList)->TickAll(true);
+        page.DeleteTicked();
+    });
+    stop.leave = [](CMainDlg& window) { ContactList(window).TickAll(false); };
+    return stop;
+}
+
 }  // namespace
 
 std::vector<TourStop> PersonalStops() {
     std::vector<TourStop> stops = {
         AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
+        FindStop(),
+        DeleteTickedStop(),
         AtContacts("menu-contacts", &OpenContactMenu),
         AtFolder("files-card", u8"/sdcard"),
         AtFolder("files-empty-folder", u8"/sdcard/空文件夹"),

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/platform/TrayMenu.h"
+#include "app/window/KeysDlg.h"
 #include "app/window/MainDlg.h"
 #include "app/window/ProductName.h"
 #include "pages/devices/DeviceManagerDlg.h"
@@ -53,6 +54,7 @@ std::vector<TourStop> TheTourStops() {
         std::ranges::move(more(), std::back_inserter(stops));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});
+    stops.push_back({"dialog-keys", [](CMainDlg& window) { (new KeysDlg(&window))->Open(); }});
     stops.push_back(
         {"dialog-device-manager", [](CMainDlg& window) { window.RunDeviceManager({}, [] {}); }});
     stops.push_back(
