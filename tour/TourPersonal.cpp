@@ -29,7 +29,6 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinMenu.h"
-#include "ui/list/ListFind.h"
 
 namespace quorvi {
 namespace {
@@ -177,15 +176,6 @@ CContactListCtrl& ContactList(CMainDlg& window) {
     return *FindControl<CContactListCtrl>(window.PageOfDialog(kContactsPage.dialog), kContactList);
 }
 
-TourStop FindStop() {
-    TourStop stop = AtContacts("contacts-find", [](CContactPage& page) {
-        FindControl<CContactListCtrl>(&page, kContactList)->Find()->Open();
-        page.findChild<QLineEdit*>(QStringLiteral("find"))->setText(QStringLiteral("l"));
-    });
-    stop.leave = [](CMainDlg& window) { ContactList(window).Find()->Close(); };
-    return stop;
-}
-
 TourStop DeleteTickedStop() {
     TourStop stop = AtContacts("dialog-contacts-delete", [](CContactPage& page) {
         FindControl<CContactListCtrl>(&page, kContactList)->TickAll(true);
@@ -201,7 +191,7 @@ std::vector<TourStop> PersonalStops() {
     std::vector<TourStop> stops = {
         AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
-        FindStop(),
+        FindStop("contacts-find", kContactsPage, u8"l"),
         DeleteTickedStop(),
         AtContacts("menu-contacts", &OpenContactMenu),
         AtFolder("files-card", u8"/sdcard"),
