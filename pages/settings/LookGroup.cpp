@@ -5,7 +5,8 @@
 #include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <array>
+#include <utility>
 
 #include "ui/kit/ApplyLook.h"
 #include "ui/kit/QtText.h"
@@ -170,25 +171,38 @@ void LookGroup::ShowSizes(int chosen) {
 void LookGroup::OnTheme(LookChoice look) {
     ApplyLookChoice(look);
     ShowTheme(look);
-    ++atWork_;
-    RunJob(
-        this,
-        [&settings = host_.Settings(), look] {
-            ChooseLook(settings, look);
-            return true;
-        },
-        [this](bool) { --atWork_; });
+    unstored_.look = look;
+    Store();
 }
 
 void LookGroup::OnTextSize(int index) {
+    unstored_.percent = size_->itemData(index).toInt();
+    Store();
+}
+
+// One worker at a time, so that of two choices the later one stays.
+void LookGroup::Store() {
+    if (storing_ || (!unstored_.look && !unstored_.percent)) {
+        return;
+    }
+    storing_ = true;
     ++atWork_;
     RunJob(
         this,
-        [&settings = host_.Settings(), percent = size_->itemData(index).toInt()] {
-            ChooseTextPercent(settings, percent);
+        [&settings = host_.Settings(), choice = std::exchange(unstored_, {})] {
+            if (choice.look) {
+                ChooseLook(settings, *choice.look);
+            }
+            if (choice.percent) {
+                ChooseTextPercent(settings, *choice.percent);
+            }
             return true;
         },
-        [this](bool) { --atWork_; });
+        [this](bool) {
+            storing_ = false;
+            --atWork_;
+            Store();
+        });
 }
 
 }  // namespace quorvi

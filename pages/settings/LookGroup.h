@@ -3,6 +3,7 @@
 
 #include <QSize>
 #include <array>
+#include <optional>
 
 #include "base/LookChoice.h"
 #include "ui/kit/SkinLabels.h"
@@ -32,12 +33,19 @@ class LookGroup : public CSkinGroupBox {
     void LayOut();
     void OnTheme(LookChoice look);
     void OnTextSize(int index);
+    void Store();
     void ShowTheme(LookChoice look);
     void ShowSizes(int chosen);
 
     PageHost& host_;
     std::array<SkinRadio*, 4> themes_{};  // by LookChoice
     CSkinCombo* size_;
+    struct Choice {
+        std::optional<LookChoice> look;
+        std::optional<int> percent;
+    };
+    Choice unstored_;
+    bool storing_ = false;
     int started_ = 0;  // the size in percent with which the program runs; 0: not known yet
     int atWork_ = 0;   // workers
 };

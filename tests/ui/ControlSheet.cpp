@@ -1,4 +1,5 @@
-// Writes pictures of the whole kit in all its states, to be looked at: control_sheet DIRECTORY.
+// Writes pictures of the whole kit in all its states, to be looked at: control_sheet DIRECTORY
+// [light|dark|contrast].
 // It is built in tools/.
 #include <QAbstractItemView>
 #include <QApplication>
@@ -379,5 +380,10 @@ int Run(const QString& folder) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     quorvi::ApplyLook(application);
-    return argc == 2 ? quorvi::Run(QString::fromLocal8Bit(argv[1])) : 2;
+    const auto look = quorvi::LookOfName(argc == 3 ? argv[2] : "light");
+    if ((argc != 2 && argc != 3) || !look) {
+        return 2;
+    }
+    quorvi::ApplyLookChoice(*look);
+    return quorvi::Run(QString::fromLocal8Bit(argv[1]));
 }

@@ -197,7 +197,7 @@ TEST_F(SettingsPageTest, TabGoesFromTheTopToTheBottom) {
     ShowActive(*page_);
     Control<CSkinCheck>(1016).setFocus();
     QStringList order;
-    for (int i = 0; i < 19; ++i) {
+    for (int i = 0; i < 21; ++i) {
         order.append(page_->focusWidget()->objectName());
         QTest::keyClick(page_->focusWidget(), Qt::Key_Tab);
     }
@@ -206,7 +206,7 @@ TEST_F(SettingsPageTest, TabGoesFromTheTopToTheBottom) {
               QStringLiteral("1016 1355 backupKind0 backupKind1 backupKind2 backupKind3 "
                              "backupKind4 backupKind5 backupKind6 backupKind7 backupFolder "
                              "backupChoose backupZip backupStart restoreBrowse deletedList "
-                             "codePageGbk diagnosisShow diagnosisSave"));
+                             "lookSystem textSize codePageGbk diagnosisShow diagnosisSave"));
 }
 
 TEST_F(SettingsPageTest, AnyOtherStoredChoiceCountsAsHiding) {

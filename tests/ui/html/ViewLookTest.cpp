@@ -63,12 +63,18 @@ TEST_F(ViewLook, ADocumentIsUnseenUntilItsLookIsNamed) {
 
 TEST_F(ViewLook, ADocumentThatStandsFollowsAChange) {
     ShowContact();
-    for (const auto& [theme, name] :
-         {std::pair{Theme::contrast, "contrast"}, {Theme::dark, "dark"}, {Theme::light, "light"}}) {
-        look::SetTheme(theme);
-        EXPECT_TRUE(WaitFor([&] { return LookOfRoot() == QLatin1String(name); })) << name;
-        EXPECT_EQ(Ground(), Told(Color::surface, theme)) << name;
-        EXPECT_EQ(EngineGround(), look::color(Color::page, theme)) << name;
+    struct Change {
+        Theme theme;
+        QString name;
+    };
+    for (const Change& change : {Change{Theme::contrast, QStringLiteral("contrast")},
+                                 Change{Theme::dark, QStringLiteral("dark")},
+                                 Change{Theme::light, QStringLiteral("light")}}) {
+        look::SetTheme(change.theme);
+        EXPECT_TRUE(WaitFor([&] { return LookOfRoot() == change.name; }))
+            << change.name.toStdString();
+        EXPECT_EQ(Ground(), Told(Color::surface, change.theme));
+        EXPECT_EQ(EngineGround(), look::color(Color::page, change.theme));
     }
 }
 
