@@ -11,8 +11,6 @@
 #include "tests/support/PrintQt.h"
 #include "tests/support/TestServices.h"
 #include "tests/support/WidgetTest.h"
-#include "ui/kit/ControlNumber.h"
-#include "ui/kit/QtText.h"
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinFields.h"
 #include "ui/look/Theme.h"

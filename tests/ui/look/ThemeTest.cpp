@@ -5,14 +5,12 @@
 #include <QDBusVariant>
 #include <QFile>
 #include <QRegularExpression>
-#include <functional>
 #include <map>
 #include <vector>
 
 #include "tests/support/BuildPlaces.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/QtTest.h"
-#include "ui/kit/ApplyLook.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/look/DesktopWishes.h"
@@ -185,7 +183,7 @@ TEST_F(ThemeTest, TheSheetOfTheOtherThemesAgreesWithTheTable) {
     }
     const QString sheet = read("dark.css");
     for (const auto& [theme, name] :
-         {std::pair{Theme::dark, "dark"}, {Theme::contrast, "contrast"}}) {
+         {std::pair{Theme::dark, "dark"}, std::pair{Theme::contrast, "contrast"}}) {
         const QRegularExpression block(
             QStringLiteral("data-look=\"%1\"\\] \\{([^}]*)\\}").arg(QLatin1String(name)));
         const QString body = block.match(sheet).captured(1);
