@@ -360,9 +360,7 @@ bool CMainDlg::eventFilter(QObject* object, QEvent* event) {
             }
             const int key = press->key();
             if (key == Qt::Key_F1) {
-                OpenGuide(this, [this] {
-                    SetStatus(ToQString(u8"【X】没有打开使用指南，请检查桌面有没有浏览器"));
-                });
+                OpenGuide(this, [this] { SetStatus(ToQString(kGuideNotOpened)); });
                 return true;
             }
             const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;

@@ -8,6 +8,7 @@
 #include "pages/phoneinfo/NoPhone.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/OpenGuide.h"
 
 namespace quorvi {
 namespace {
@@ -62,6 +63,19 @@ void CHomePage::Show(const SystemInfoReply& reply) {
     if (again_) {
         PostToWindow(this, [this] { Refresh(); });
     }
+}
+
+// The guide's link is none of the phone's, and stands only where there is no phone.
+void CHomePage::OnAppCmd(const std::string& text) {
+    if (text == kGuideLink) {
+        ShowGuide();
+    } else {
+        OnLink(text);
+    }
+}
+
+void CHomePage::ShowGuide() {
+    OpenGuide(this, [this] { Host().SetStatus(ToQString(kGuideNotOpened)); });
 }
 
 void CHomePage::OnLink(const std::string& text) {

@@ -32,7 +32,8 @@ class CHomePage : public Page, private HtmlListener {
     void OnMessage(Message message, int first, int second) override;
 
   private:
-    void OnAppCmd(const std::string& text) override { OnLink(text); }
+    void OnAppCmd(const std::string& text) override;
+    void ShowGuide();
     void Show(const SystemInfoReply& reply);
     void ShowTrouble(LinkTrouble trouble);
 

@@ -5,6 +5,7 @@
 #include "tests/pages/phoneinfo/SystemInfoReply.h"
 #include "tests/support/HtmlDriver.h"
 #include "tests/support/LoopbackAgent.h"
+#include "tests/support/OpenedAddresses.h"
 #include "tests/support/PageTest.h"
 #include "tests/support/ScriptedAgent.h"
 #include "ui/kit/ControlNumber.h"
@@ -87,6 +88,23 @@ TEST_F(HomePage, ATroubleIsExplainedInThePlaceOfTheStateAndGoesAsItCame) {
     const QString shown = InnerHtml(View(), QStringLiteral("no_phone"));
     Open(UnusedPort());
     EXPECT_EQ(InnerHtml(View(), QStringLiteral("no_phone")), shown);
+}
+
+TEST_F(HomePage, WithoutAPhoneALinkOpensTheGuide) {
+    for (const LinkTrouble trouble : {LinkTrouble::none, LinkTrouble::unauthorized}) {
+        OpenedAddresses opened({QStringLiteral("file")});
+        services_.linkTrouble.Set(trouble);
+        Open(UnusedPort());
+        ASSERT_TRUE(WaitFor([&] {
+            return AskHtml(View(),
+                           QStringLiteral("document.querySelector('#no_phone .ask') != null"))
+                       .toBool() == (trouble != LinkTrouble::none);
+        }));
+        ClickHtml(View(), QStringLiteral("#no_phone a[href='qvh:guide']"));
+        ASSERT_TRUE(WaitFor([&] { return !opened.taken.isEmpty(); }));
+        EXPECT_TRUE(opened.taken.front().endsWith(QStringLiteral("/Data/guide.html")));
+    }
+    EXPECT_TRUE(host_.posted.empty());
 }
 
 TEST_F(HomePage, TilesKeepTheirHeightInALargerWindow) {

@@ -34,6 +34,14 @@ TEST(NoPhone, ATroubleShowsItsHeadlineItsThreeStepsAndItsRemark) {
     }
 }
 
+TEST(NoPhone, EachOfThemLeadsToTheGuide) {
+    for (const LinkTrouble trouble : {LinkTrouble::none, LinkTrouble::unauthorized,
+                                      LinkTrouble::noPermissions, LinkTrouble::offline}) {
+        EXPECT_NE(HtmlOf(trouble).find("<a href='qvh:" + std::string(kGuideLink) + "'>"),
+                  std::string::npos);
+    }
+}
+
 TEST(NoPhone, APhoneThatWaitsForItsUserHasAPictureOfTheQuestion) {
     EXPECT_NE(HtmlOf(LinkTrouble::unauthorized).find("'unauthorized.svg'"), std::string::npos);
     EXPECT_NE(HtmlOf(LinkTrouble::offline).find("'no_phone.svg'"), std::string::npos);
