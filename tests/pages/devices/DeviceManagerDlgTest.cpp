@@ -463,6 +463,8 @@ TEST_F(DeviceManagerDlgTest, APairingThatCannotBeIsSaidSo) {
     QTest::keyClick(Part<QLineEdit>("pairing code"), Qt::Key_Return);
     ASSERT_TRUE(
         Reached([this] { return State().startsWith(ToQString(u8"【错误】这台电脑的 adb 太旧")); }));
+    EXPECT_TRUE(State().contains(ToQString(u8"请安装 31 或更新的版本，或者接数据线")))
+        << State().toStdString();
     ASSERT_TRUE(Reached([] { return RunningJobs() == 0; }));
     EXPECT_EQ(Runs("pair 10.0.0.3:37123 123456"), 1);
     EXPECT_EQ(Runs("connect 10.0.0.3:37123"), 0);
