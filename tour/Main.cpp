@@ -1,6 +1,6 @@
-// quorvi-tour [--look light|dark|contrast] FOLDER: starts the suite's window, waits for the link,
-// and writes a picture of each stop into FOLDER, in that look. Ends with 0 when all are written, 1
-// when one is not, 2 for wrong usage.
+// quorvi-tour [--look light|dark|contrast] FOLDER [STOP...]: starts the suite's window, waits for
+// the link, and writes a picture of each stop, or of these, into FOLDER, in that look. Ends with 0
+// when all are written, 1 when one is not, 2 for wrong usage.
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
@@ -24,24 +24,31 @@ namespace {
 struct TourOptions {
     LookChoice look = LookChoice::light;
     std::string folder;
+    std::vector<std::string> stops;  // by name; all when it is empty
 };
 
 std::optional<TourOptions> ReadOptions(const std::vector<std::string>& words) {
     TourOptions options;
-    std::size_t at = 0;
-    if (words.size() == 3 && words[0] == "--look") {
-        const std::optional<LookChoice> look = LookOfName(words[1]);
+    auto word = words.begin();
+    if (words.size() > 2 && *word == "--look") {
+        const std::optional<LookChoice> look = LookOfName(word[1]);
         if (!look) {
             return std::nullopt;
         }
         options.look = *look;
-        at = 2;
+        word += 2;
     }
-    if (words.size() != at + 1 || words[at].starts_with('-')) {
+    if (word == words.end() || word->starts_with('-')) {
         return std::nullopt;
     }
-    options.folder = words[at];
+    options.folder = *word;
+    options.stops.assign(word + 1, words.end());
     return options;
+}
+
+int Misused() {
+    std::fprintf(stderr, "usage: quorvi-tour [--look light|dark|contrast] FOLDER [STOP...]\n");
+    return 2;
 }
 
 }  // namespace
@@ -51,13 +58,16 @@ int main(int argc, char** argv) {
     using namespace quorvi;
     const auto options = ReadOptions({argv + 1, argv + argc});
     if (!options) {
-        std::fprintf(stderr, "usage: quorvi-tour [--look light|dark|contrast] FOLDER\n");
-        return 2;
+        return Misused();
     }
     PrepareQt();
     // Made once and never torn down, as in the suite's own program.
     auto& application = *new QApplication(argc, argv);
     PrepareApplication(application);
+    std::vector<TourStop> stops = StopsOf(TheTourStops(), options->stops);
+    if (stops.empty()) {
+        return Misused();
+    }
     // A site that answers alike wherever the tour goes.
     auto& site = *new site::SampleServer;
     if (const std::string error = site.Start(); !error.empty()) {
@@ -75,7 +85,7 @@ int main(int argc, char** argv) {
     ListenForEndSignals([&suite] { suite.Window().EndDialog(); });
     suite.Start(false);
 
-    Tour tour(suite.Window(), QString::fromStdString(folder.string()), TheTourStops(),
+    Tour tour(suite.Window(), QString::fromStdString(folder.string()), std::move(stops),
               [](int failed) { EndProcess(failed == 0 ? 0 : 1); });
     tour.Start();
     EndProcess(QApplication::exec());

@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "app/window/MainDlg.h"
 #include "ui/html/HtmlFrame.h"
@@ -30,6 +31,17 @@ void CloseAll(QWidget* (*top)()) {
 }
 
 }  // namespace
+
+std::vector<TourStop> StopsOf(std::vector<TourStop> stops, const std::vector<std::string>& names) {
+    if (names.empty()) {
+        return stops;
+    }
+    const auto isOther = [&names](const TourStop& stop) {
+        return std::ranges::find(names, stop.name) == names.end();
+    };
+    stops.erase(std::ranges::remove_if(stops, isOther).begin(), stops.end());
+    return stops.size() == names.size() ? std::move(stops) : std::vector<TourStop>{};
+}
 
 Tour::Tour(CMainDlg& window, const QString& folder, std::vector<TourStop> stops,
            std::function<void(int)> done, TourPatience patience)
@@ -114,7 +126,8 @@ QPixmap Tour::Picture() const {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     for (QWidget* widget : widgets) {
         if (widget != &window_ && widget->isVisible() &&
-            (widget->windowType() == Qt::Dialog || widget->windowType() == Qt::Popup)) {
+            (widget->windowType() == Qt::Dialog || widget->windowType() == Qt::Popup ||
+             widget->windowType() == Qt::ToolTip)) {
             DrawOver(painter, window_, *widget);
         }
     }

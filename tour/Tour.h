@@ -40,6 +40,13 @@ struct TourStop {
 [[nodiscard]] std::vector<TourStop> DownloadStops();
 // Those at the backups of the phone.
 [[nodiscard]] std::vector<TourStop> BackupStops();
+// Those where something does not work.
+[[nodiscard]] std::vector<TourStop> TroubleStops();
+
+// Those of `stops` that bear one of these names, in the order of the stops; all without a name.
+// Nothing when a name is none of a stop's.
+[[nodiscard]] std::vector<TourStop> StopsOf(std::vector<TourStop> stops,
+                                            const std::vector<std::string>& names);
 
 // How long the tour waits. `link` and `load` are the most: on a busy machine all comes in this
 // time, and what hangs does not keep the tour for ever.

@@ -50,7 +50,8 @@ std::vector<TourStop> TheTourStops() {
     stops.push_back(CommandStop("dialog-nothing-checked", kContactsPage, 3));
     stops.push_back(CommandStop("dialog-sms-composer", kMessagesPage, 1));
     stops.push_back(CommandStop("dialog-confirm-delete", kCallsPage, 2));
-    for (auto* more : {&PersonalStops, &ToolsStops, &OnlineStops, &DownloadStops, &BackupStops}) {
+    for (auto* more :
+         {&PersonalStops, &ToolsStops, &OnlineStops, &DownloadStops, &BackupStops, &TroubleStops}) {
         std::ranges::move(more(), std::back_inserter(stops));
     }
     stops.push_back({"menu-tray", &OpenTrayMenu});

@@ -50,6 +50,19 @@ TEST_F(TourOfTheWindow, WritesThePictureOfEachStop) {
     EXPECT_EQ(QImage(folder_.filePath(QStringLiteral("tour/one.png"))).size(), window_->size());
 }
 
+TEST(TourStops, AreThoseThatAreNamedInTheirOwnOrder) {
+    const auto namesOf = [](const std::vector<std::string>& asked) {
+        std::vector<std::string> names;
+        for (const TourStop& stop : StopsOf({{"a", {}}, {"b", {}}, {"c", {}}}, asked)) {
+            names.push_back(stop.name);
+        }
+        return names;
+    };
+    EXPECT_EQ(namesOf({}), (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(namesOf({"c", "a"}), (std::vector<std::string>{"a", "c"}));
+    EXPECT_TRUE(namesOf({"a", "x"}).empty());
+}
+
 TEST_F(TourOfTheWindow, APictureWaitsForWhatItsStopWaitsFor) {
     window_->Link().LinkEnded();
     bool ready = false;
