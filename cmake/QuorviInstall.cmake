@@ -7,6 +7,7 @@ set(quorvi_data_folder share/quorvi)
 install(TARGETS quorvictl quorvi-phone quorvi-site RUNTIME DESTINATION bin)
 install(FILES Data/deployment.json Data/device.md Data/device.xml Data/guide.html
   DESTINATION "${quorvi_data_folder}/Data")
+install(DIRECTORY Data/guide DESTINATION "${quorvi_data_folder}/Data")
 install(FILES phone/com.quorvi.Quorvi.apk DESTINATION "${quorvi_data_folder}")
 install(FILES README.md ARCHITECTURE.md DESTINATION share/doc/quorvi)
 install(FILES docs/window.png DESTINATION share/doc/quorvi/docs)

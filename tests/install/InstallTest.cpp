@@ -4,7 +4,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "tests/support/WaitFor.h"
@@ -13,6 +16,8 @@ namespace quorvi {
 namespace {
 
 constexpr int kLimitMs = 60'000;
+// The package stays small.
+constexpr qint64 kMostGuidePictures = 1'500'000;
 constexpr const char* kModule = "lib/quorvi/libquorvi_browser.so";
 
 struct Ended {
@@ -75,6 +80,29 @@ TEST_F(Install, LaysOutAllThatTheSuiteIsMadeOf) {
           "share/metainfo/com.quorvi.Quorvi.metainfo.xml"}) {
         EXPECT_TRUE(QFile::exists(In(file))) << file;
     }
+}
+
+// A browser shows an empty frame for a picture that is not there.
+TEST_F(Install, TheGuideHasEachPictureThatItNamesAndNoOther) {
+    const QString guide = QString::fromUtf8(Contents(In("share/quorvi/Data/guide.html")));
+    QStringList named;
+    const QRegularExpression picture(QStringLiteral("<img src=\"guide/([^\"]+)\""));
+    for (auto found = picture.globalMatch(guide); found.hasNext();) {
+        named.append(found.next().captured(1));
+    }
+    named.sort();
+    const QFileInfoList installed =
+        QDir(In("share/quorvi/Data/guide")).entryInfoList(QDir::Files, QDir::Name);
+    QStringList names;
+    qint64 bytes = 0;
+    for (const QFileInfo& file : installed) {
+        names.append(file.fileName());
+        bytes += file.size();
+        EXPECT_FALSE(QImage(file.filePath()).isNull()) << file.fileName().toStdString();
+    }
+    EXPECT_GE(names.size(), 4);
+    EXPECT_EQ(names, named);
+    EXPECT_LE(bytes, kMostGuidePictures);
 }
 
 TEST_F(Install, BringsNoToolOfTheDevelopers) {
