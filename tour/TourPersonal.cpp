@@ -53,6 +53,28 @@ TourStop AtContacts(std::string name, Open open) {
             }};
 }
 
+// The list with all that is known of one of them beside it, which comes a moment after the list.
+TourStop ContactDetail(std::string name) {
+    constexpr int row = 2;
+    constexpr int looks = 20;
+    auto page = std::make_shared<QPointer<QWidget>>();
+    return {.name = std::move(name),
+            .open =
+                [page](CMainDlg& window) {
+                    GoTo(window, kContactsPage);
+                    *page = window.PageOfDialog(kContactsPage.dialog);
+                },
+            .ready =
+                [page, left = looks]() mutable {
+                    auto& list = *FindControl<CContactListCtrl>(*page, kContactList);
+                    if (list.CurrentRow() != row) {
+                        list.SelectRow(row);
+                        return false;
+                    }
+                    return --left < 0;
+                }};
+}
+
 // A stop at a folder of the simulated phone, on a file page that was visited before.
 TourStop AtFolder(std::string name, std::u8string_view path) {
     return {.name = std::move(name), .open = [path](CMainDlg& window) {
@@ -189,6 +211,7 @@ TourStop DeleteTickedStop() {
 
 std::vector<TourStop> PersonalStops() {
     std::vector<TourStop> stops = {
+        ContactDetail("contacts-detail"),
         AtContacts("dialog-contact-update", [](CContactPage& page) { page.EditSelected(); }),
         AtContacts("dialog-contact-delete", [](CContactPage& page) { page.DeleteSelected(); }),
         FindStop("contacts-find", kContactsPage, u8"l"),
