@@ -1,8 +1,11 @@
 package com.quorvi.Quorvi;
 
+import android.app.AppOpsManager;
 import android.app.Application;
 import android.content.ContentProvider;
+import android.content.Context;
 import android.content.pm.ProviderInfo;
+import android.os.Process;
 
 import com.quorvi.Quorvi.wire.Asked;
 import com.quorvi.Quorvi.wire.CommandGroup;
@@ -12,6 +15,7 @@ import org.junit.After;
 import org.junit.runner.RunWith;
 import org.robolectric.RobolectricTestRunner;
 import org.robolectric.RuntimeEnvironment;
+import org.robolectric.Shadows;
 import org.robolectric.annotation.Config;
 import org.robolectric.shadows.ShadowContentResolver;
 
@@ -20,7 +24,7 @@ import java.util.List;
 
 /** A test on Android itself: each runs on 4.4, 6, 10 and 14. */
 @RunWith(RobolectricTestRunner.class)
-@Config(manifest = Config.NONE, sdk = {19, 23, 29, 34}, shadows = Radio.class)
+@Config(sdk = {19, 23, 29, 34}, shadows = Radio.class)
 public abstract class OnPhones {
     private static final List<TableProvider> INSTALLED = new ArrayList<>();
 
@@ -45,6 +49,18 @@ public abstract class OnPhones {
             INSTALLED.add((TableProvider) provider);
         }
         ShadowContentResolver.registerProviderInternal(authority, provider);
+    }
+
+    /** As it is from Android 6 on until the owner has been on the page for it. */
+    static void forbidSettings() {
+        AppOpsManager operations =
+                (AppOpsManager) phone().getSystemService(Context.APP_OPS_SERVICE);
+        Shadows.shadowOf(operations)
+                .setMode(
+                        AppOpsManager.OPSTR_WRITE_SETTINGS,
+                        Process.myUid(),
+                        phone().getPackageName(),
+                        AppOpsManager.MODE_ERRORED);
     }
 
     static byte[] ask(CommandGroup group, byte[] request) throws Exception {
