@@ -25,12 +25,16 @@ import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
 import java.util.List;
+import java.util.concurrent.TimeUnit;
 
 /**
  * The agent, whole, listening on its port of this computer, and the suite's command line asking it.
  * Where the command line is says the property agent.quorvictl.
  */
 public abstract class SuiteOnAgent extends OnPhones {
+    /** Between two looks at what the phone's own thread has to do. */
+    private static final int PAUSE_MILLIS = 2;
+
     @Rule
     public final TemporaryFolder home = new TemporaryFolder();
 
@@ -90,10 +94,9 @@ public abstract class SuiteOnAgent extends OnPhones {
         try (OutputStream in = process.getOutputStream()) {
             in.write(input.getBytes(StandardCharsets.UTF_8));
         }
-        while (process.isAlive()) {
+        while (!process.waitFor(PAUSE_MILLIS, TimeUnit.MILLISECONDS)) {
             // The phone's own thread, on which it answers some of what the agent asks it.
             Shadows.shadowOf(Looper.getMainLooper()).idle();
-            Thread.yield();
         }
         assertEquals(arguments[0] + ": " + read(messages), 0, process.exitValue());
         return read(output);

@@ -18,11 +18,9 @@ import android.telephony.SmsManager;
 
 import org.json.JSONArray;
 import org.json.JSONObject;
-import org.junit.Before;
 import org.junit.Test;
 import org.robolectric.Shadows;
 import org.robolectric.shadows.ShadowPackageManager;
-import org.robolectric.util.ReflectionHelpers;
 
 import java.io.File;
 import java.nio.file.Files;
@@ -33,49 +31,7 @@ import java.util.Arrays;
  * told with the simulated phone.
  */
 @SuppressWarnings("deprecation")
-public class SuiteStories extends SuiteOnAgent {
-    private final ContactsProvider book = new ContactsProvider();
-    private final MessageCommandsTest.Messages messages = new MessageCommandsTest.Messages();
-    private final TableProvider calls =
-            new TableProvider("number TEXT, date INTEGER, duration INTEGER, type INTEGER, name TEXT");
-    private final TableProvider clock =
-            new TableProvider(
-                    "hour INTEGER, minutes INTEGER, daysofweek INTEGER, alarmtime INTEGER,"
-                            + " enabled INTEGER, vibrate INTEGER, message TEXT, alert TEXT");
-    private final TableProvider media = new TableProvider("title TEXT");
-    private TableProvider browser;
-
-    @Before
-    public void fill() {
-        ReflectionHelpers.setStaticField(Build.class, "MANUFACTURER", "Aurora");
-        ReflectionHelpers.setStaticField(Build.class, "MODEL", "S2");
-        install("com.android.contacts", book);
-        for (int i = 1; i <= 3; ++i) {
-            book.addContact(i);
-            book.addData(10 * i, i, "name", "data1", "'联系人 " + i + "'");
-            book.addData(10 * i + 1, i, "phone_v2", "data1, data2", "'1386123450" + i + "', 2");
-            book.addData(10 * i + 2, i, "photo", "data15", "x'FFD8FF'");
-        }
-        book.database().execSQL("INSERT INTO groups(_id, title) VALUES (4, '徒步小队')");
-        book.addData(41, 1, "group_membership", "data1", "4");
-        install("sms", messages);
-        messages.add("thread_id, address, date, body, type", "12, '95588', 1000, '余额', 1");
-        messages.add("thread_id, address, date, body, type", "13, '10086', 2000, '话费', 1");
-        install("call_log", calls);
-        for (int i = 1; i <= 5; ++i) {
-            calls.add("number, date, duration, type", "'1386123450" + i + "', " + i + ", 60, 1");
-        }
-        install("com.android.deskclock", clock);
-        install("media", media);
-        media.add("title", "'晨光'");
-        Settings.System.putString(
-                phone().getContentResolver(),
-                "alarm_alert",
-                "content://media/internal/audio/media/1");
-        browser = BookmarkCommandsTest.browser();
-        browser.add("title, url, visits, bookmark", "'天气', 'http://weather.example/', 7, 1");
-    }
-
+public class SuiteStories extends SuitePhone {
     @Test
     public void theStateOfThePhoneHasNineteenRows() throws Exception {
         JSONArray rows = list("info");

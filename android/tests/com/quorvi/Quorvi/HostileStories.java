@@ -1,0 +1,177 @@
+package com.quorvi.Quorvi;
+
+import static org.junit.Assert.assertEquals;
+
+import android.content.ContentProvider;
+import android.content.ContentValues;
+import android.database.Cursor;
+import android.net.Uri;
+
+import org.json.JSONArray;
+import org.json.JSONObject;
+import org.junit.Test;
+
+import java.util.Arrays;
+
+/** A phone that holds what nobody would enter, that refuses, and that has nothing at all. */
+public class HostileStories extends SuitePhone {
+    private static final int MEGABYTE = 1000 * 1000;
+
+    /** As the simulated phone's, and what that cannot hold: a character of two halves. */
+    private static final String[] TEXTS = {
+        "<script>document.title='owned'</script><b>bold",
+        "</li></ul><img src=x onerror=alert(1)><a href='qvh:did=12'>qvh</a>",
+        "%s%n%d %1$s",
+        "zero \0 inside",
+        "\u0001\u0002\u001b[31m\t\r\n\u007f",
+        "../../../../etc/passwd\\..\\x",
+        "\u202e右到左\u202c \u200b\ufeff",
+        "😀 𠮷野家",
+        "half \ud83d of one",
+    };
+
+    private static String megabyte() {
+        char[] all = new char[MEGABYTE];
+        Arrays.fill(all, 'x');
+        return new String(all);
+    }
+
+    private void add(TableProvider provider, String... columnsAndTexts) {
+        ContentValues row = new ContentValues();
+        for (int i = 0; i < columnsAndTexts.length; i += 2) {
+            row.put(columnsAndTexts[i], columnsAndTexts[i + 1]);
+        }
+        provider.database().insertOrThrow(TableProvider.TABLE, null, row);
+    }
+
+    private void addContact(int part, String text) {
+        book.addContact(part);
+        ContentValues name = new ContentValues();
+        name.put("raw_contact_id", part);
+        name.put("mimetype", "vnd.android.cursor.item/name");
+        name.put("data1", text);
+        book.database().insertOrThrow("data_rows", null, name);
+    }
+
+    @Test
+    public void aNameOfAMegabyteIsListed() throws Exception {
+        addContact(10, megabyte());
+        JSONArray contacts = list("contacts", "list");
+        assertEquals(4, contacts.length());
+        the(contacts, "name", megabyte());
+    }
+
+    @Test
+    public void aNameBeyondTheBasicPlaneIsSentFoundAndTakenAway() throws Exception {
+        ask(
+                "{\"name\": \"😀 𠮷野\", \"phones\": [{\"type\": 2, \"text\": \"110\"}]}",
+                "contacts", "add");
+        JSONObject added = the(list("contacts", "list"), "name", "😀 𠮷野");
+        ask("", "contacts", "delete", added.getString("id"));
+        assertEquals(3, list("contacts", "list").length());
+    }
+
+    @Test
+    public void hostileMessagesCallsAndGroupsAreListed() throws Exception {
+        for (int i = 0; i < TEXTS.length; ++i) {
+            String id = Integer.toString(100 + i);
+            add(messages, "thread_id", id, "address", TEXTS[i], "date", "-1", "body", TEXTS[i],
+                    "type", "9");
+            add(calls, "number", TEXTS[i], "date", "-1", "duration", "-1", "type", "77", "name",
+                    TEXTS[i]);
+            ContentValues group = new ContentValues();
+            group.put("title", TEXTS[i]);
+            group.put("account_name", TEXTS[i]);
+            book.database().insertOrThrow("groups", null, group);
+        }
+        add(messages, "thread_id", "99", "address", "1", "date", "5", "body", megabyte(), "type", "1");
+        assertEquals(2 + TEXTS.length + 1, list("sms", "list").length());
+        assertEquals(megabyte(), list("sms", "show", "99").getJSONObject(0).getString("text"));
+        assertEquals(5 + TEXTS.length, list("calls", "list").length());
+        assertEquals(1 + TEXTS.length, list("groups", "list").length());
+    }
+
+    @Test
+    public void hostileAlarmsAndBookmarksAreListed() throws Exception {
+        for (String text : TEXTS) {
+            add(clock, "hour", "99", "minutes", "-5", "daysofweek", "-1", "enabled", "7", "vibrate",
+                    "7", "message", text, "alarmtime", "-1", "alert", text);
+            add(browser, "title", text, "url", text, "visits", "-1", "bookmark", "1");
+        }
+        browser.add("title, bookmark, favicon, thumbnail", "'pictures', 1, x'', x'89504E47'");
+        assertEquals(TEXTS.length, list("alarms", "list").length());
+        JSONArray bookmarks = list("bookmarks", "list");
+        assertEquals(1 + TEXTS.length + 1, bookmarks.length());
+        assertEquals(4, the(bookmarks, "title", "pictures").getInt("thumbnail_bytes"));
+    }
+
+    /** Neither refuses nor answers, as databases of some makers. */
+    private static final class Silent extends ContentProvider {
+        @Override
+        public boolean onCreate() {
+            return true;
+        }
+
+        @Override
+        public Cursor query(
+                Uri uri, String[] columns, String where, String[] values, String order) {
+            return null;
+        }
+
+        @Override
+        public Uri insert(Uri uri, ContentValues values) {
+            return null;
+        }
+
+        @Override
+        public int update(Uri uri, ContentValues values, String where, String[] arguments) {
+            return 0;
+        }
+
+        @Override
+        public int delete(Uri uri, String where, String[] arguments) {
+            return 0;
+        }
+
+        @Override
+        public String getType(Uri uri) {
+            return null;
+        }
+    }
+
+    private interface Provided {
+        ContentProvider make();
+    }
+
+    /** Every list is empty, every change is done without anything, nothing is an error. */
+    private void nothingIsThere(Provided provided) throws Exception {
+        for (String authority :
+                new String[] {
+                    "com.android.contacts", "sms", "call_log", "com.android.deskclock", "browser",
+                    "media"
+                }) {
+            install(authority, provided.make());
+        }
+        for (String kind :
+                new String[] {"contacts", "groups", "sms", "calls", "alarms", "bookmarks"}) {
+            assertEquals(kind, "[]", ask("", kind, "list").replaceAll("\\s", ""));
+        }
+        ask("{\"name\": \"无\", \"phones\": [{\"type\": 2, \"text\": \"110\"}]}", "contacts", "add");
+        ask("", "contacts", "delete", "101", "--force");
+        ask("", "groups", "add", "无");
+        ask("", "calls", "clear", "--force");
+        ask("", "sms", "delete", "12", "--force");
+        ask("", "sms", "send", "--to", "110", "--text", "无");
+        assertEquals(19, list("info").length());
+    }
+
+    @Test
+    public void aPhoneThatRefusesItsDatabasesHasNothing() throws Exception {
+        nothingIsThere(RefusingProvider::new);
+    }
+
+    @Test
+    public void aPhoneWhoseDatabasesDoNotAnswerHasNothing() throws Exception {
+        nothingIsThere(Silent::new);
+    }
+}
