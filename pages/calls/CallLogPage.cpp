@@ -87,6 +87,7 @@ void CCallLogPage::Delete(const std::vector<int>& rows) {
                   .rows = list_->RecordsOf(rows),
                   .names = list_->NamesOf(rows, MarkedRow::counts),
                   .question = u8"您真的要删除选择的【 %1 】条通话记录吗？",
+                  .said = u8"已删除 %1 条通话记录",
                   .request = &DeleteCallsRequest});
 }
 
@@ -99,7 +100,7 @@ void CCallLogPage::DeleteAll() {
                 return FetchCallLog(AgentSession(agent), NoAttribution);
             }));
         },
-        DeleteAllCallsRequest());
+        DeleteAllCallsRequest(), ToQString(u8"已删除所有通话记录"));
 }
 
 }  // namespace quorvi

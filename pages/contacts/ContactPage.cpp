@@ -268,6 +268,7 @@ void CContactPage::Delete(const std::vector<int>& rows) {
                   .rows = contacts,
                   .names = list_->NamesOf(rows, MarkedRow::leftOut),
                   .question = u8"您真的要删除选择的【 %1 】条联系人吗？",
+                  .said = u8"已删除 %1 个联系人",
                   .request = &DeleteContactsRequest});
 }
 

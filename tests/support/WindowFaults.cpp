@@ -86,7 +86,11 @@ void WindowFaults::Suffer(const FaultMode& mode, AgentCommand code,
     ASSERT_TRUE(WaitIdle());
     EXPECT_FALSE(heart_->HasStopped()) << "the window's thread waited for the phone";
     if (mode.left != Left::cable) {
-        EXPECT_EQ(Status(), StatusBehind(mode, code));
+        const QString behind = StatusBehind(mode, code);
+        // Once a change has got to the phone, the status says what was done.
+        const bool toldAsDone = behind == Ready() && (Status().startsWith(ToQString(u8"已删除")) ||
+                                                      Status().startsWith(ToQString(u8"已结束")));
+        EXPECT_TRUE(toldAsDone || Status() == behind) << Status().toStdString();
     }
 }
 

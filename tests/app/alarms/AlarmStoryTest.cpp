@@ -139,7 +139,7 @@ TEST_F(AlarmStory, AnAlarmIsAddedChangedAndDeleted) {
                                                           .U32(3)       // alarm ids, in row order
                                                           .U32(10))));
     EXPECT_EQ(Requests(870401).size(), 3u);  // one behind each change
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已删除 2 个闹铃"));
 }
 
 TEST_F(AlarmStory, AnAlarmAtMidnightKeepsItsHour) {

@@ -84,7 +84,7 @@ TEST_P(AppAdbFaults, AreToldInWordsAndTheNextTryWorks) {
     EXPECT_EQ(Status(), ToQString(u8"【X】“便笺”没有卸载：") + ToQString(GetParam().told));
     EXPECT_TRUE(ThePage().isEnabled());
     UninstallWith("Success\n");
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已卸载 1 个应用"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, AppAdbFaults, testing::ValuesIn(kAdbFaults),

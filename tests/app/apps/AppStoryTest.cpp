@@ -80,7 +80,7 @@ TEST_F(AppStory, OneThatIsUninstalledIsGoneFromThePhoneAndTheListIsReadOnce) {
     EXPECT_EQ(Listed(), 1u);
     EXPECT_EQ(RowOf("com.example.notes"), -1);
     EXPECT_EQ(Installed().find("com.example.notes"), std::string::npos);
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已卸载 1 个应用"));
 }
 
 TEST_F(AppStory, OneThatIsTickedIsAskedForAndUninstalled) {

@@ -123,7 +123,7 @@ TEST_F(BookmarkStory, ABookmarkIsAddedVisitedChangedAndDeleted) {
                                                           .U32(2)  // bookmark ids, in row order
                                                           .U32(15))));
     EXPECT_EQ(Requests(870701).size(), 3u);  // one behind each change
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已删除 2 个书签"));
 }
 
 TEST_F(BookmarkStory, WhatIsNoWebPageIsAskedAboutAndWhatHasNoAddressStartsNothing) {

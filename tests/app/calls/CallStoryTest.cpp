@@ -76,7 +76,7 @@ TEST_F(CallStory, TickedCallsAreDeletedAndThenAllTheRest) {
     EXPECT_FALSE(List().Redraw());
     // At first, before all calls go, so that each is kept on the PC, and after that.
     EXPECT_EQ(Requests(870301).size(), 3u);
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已删除所有通话记录"));
 }
 
 TEST_F(CallStory, AQuestionThatIsNotConfirmedSendsNothing) {

@@ -241,7 +241,7 @@ TEST_F(ContactStory, AContactIsAddedReadBackChangedAndDeleted) {
                                                        .U32(16)      // total
                                                        .U32(1)       // item count
                                                        .U32(id))));  // contact id
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已删除 1 个联系人"));
 }
 
 class GroupStory : public ContactStory {

@@ -69,7 +69,7 @@ TEST_F(TaskStory, TwoProcessesAreEndedAndTheirMemoryIsFree) {
     // The memory is asked for first, before each list.
     EXPECT_EQ(Requests(871806).size(), 1u);
     EXPECT_EQ(Requests(871801).size(), 1u);
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已结束 2 个进程"));
 }
 
 TEST_F(TaskStory, NothingTickedIsSentAndAskedForAgain) {

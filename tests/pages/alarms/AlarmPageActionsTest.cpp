@@ -194,6 +194,16 @@ TEST_F(AlarmPage, CtrlNOpensAnEditorAndADeleteIsToldInTheStatus) {
     EXPECT_EQ(host_.status, ToQString(u8"已删除 3 个闹铃"));
 }
 
+TEST_F(AlarmPage, ADeleteThatThePhoneDidNotAcknowledgeIsNotToldAsDone) {
+    agent_.Answer(AgentCommand::deleteAlarms, {});  // closed without a word
+    OpenLoaded();
+    List().SelectRow(0);
+    PressKeyIn(List(), Qt::Key_Delete);
+    PressIn(548, 1215);
+    WaitForLoads(2);
+    EXPECT_TRUE(host_.statuses.isEmpty());
+}
+
 using AlarmDelete = TickedDelete<AlarmPage, CAlarmPage::commandDelete, AgentCommand::listAlarms,
                                  AgentCommand::deleteAlarms, BackupKind::alarms, 2>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Alarms, KeptDeletePage, AlarmDelete);

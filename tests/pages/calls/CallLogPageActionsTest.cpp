@@ -18,6 +18,20 @@ using CallDelete = TickedDelete<CallLogPage, CCallLogPage::commandDelete, AgentC
                                 AgentCommand::deleteCalls, BackupKind::calls, 2>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Calls, KeptDeletePage, CallDelete);
 
+TEST_F(CallLogPage, TheStatusSaysWhatWasDeleted) {
+    CCallLogPage& page = OpenLoaded();
+    List().SetTicked(0, true);
+    List().SetTicked(1, true);
+    page.OnCommand(CCallLogPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 2 条通话记录"));
+    page.OnCommand(CCallLogPage::commandDeleteAll);
+    PressIn(kConfirm, 1215);
+    ASSERT_TRUE(WaitFor([&] { return host_.status == ToQString(u8"已删除所有通话记录"); }));
+    Settle();
+}
+
 TEST_F(CallLogPage, OfAllCallsThoseAreKeptThatThePhoneHasByThen) {
     CCallLogPage& page = OpenLoaded();
     agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{.id = 7}, {.id = 10}}).Get());
