@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "app/window/KeysDlg.h"
 #include "base/Text.h"
 #include "pages/alarms/AlarmEditDlg.h"
 #include "pages/bookmarks/BookmarkEditDlg.h"
@@ -129,6 +130,7 @@ std::vector<SuiteDialog> SuiteDialogs() {
          [](DialogGround& g) {
              return new RestorePlanDlg(g.agent.Port(), g.scratch.Path() / "none.zip", &g.window);
          }},
+        {"Keys", "1074 1021", [](DialogGround& g) { return new KeysDlg(&g.window); }},
         {"Diagnosis", "3 1215 1021",
          [](DialogGround& g) {
              return new DiagnosisDlg(QStringLiteral("versions.txt"), &g.window);

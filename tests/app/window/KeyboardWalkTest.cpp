@@ -6,6 +6,7 @@
 
 #include "agent/AgentCommand.h"
 #include "app/window/CaptionBar.h"
+#include "app/window/KeysDlg.h"
 #include "app/window/PageFactory.h"
 #include "tests/pages/alarms/AlarmReplies.h"
 #include "tests/pages/autostart/AutoStartReplies.h"
@@ -276,6 +277,51 @@ TEST_F(KeyboardWalk, LeadsThroughAllPagesToEveryControlAndDoesNothingUnasked) {
         }
     }
     EXPECT_EQ(ended_, 0);
+}
+
+TEST_F(KeyboardWalk, F5DoesWhatTheRefreshButtonOfThePageDoes) {
+    int refreshed = 0;
+    for (const PageRow& row : kPages) {
+        const CommandButton& first = row.commands[0];
+        if (first.image != "refresh" || row.page == kScreenshotPage.page) {
+            continue;  // a capture asks adb, of which this agent hears nothing
+        }
+        SCOPED_TRACE(row.page);
+        window_->Post(Message::goToPage, TabOf(row), row.page);
+        ASSERT_TRUE(WaitFor([&] { return window_->MainPage() == row.page; }));
+        AwaitPage();
+        const auto asked = [&](const auto& press) {
+            const std::size_t before = agent_.Requests().size();
+            press();
+            AwaitPage();
+            auto requests = agent_.Requests();
+            requests.erase(requests.begin(),
+                           requests.begin() + static_cast<std::ptrdiff_t>(before));
+            return requests;
+        };
+        const auto byButton = asked([&] { window_->Post(Message::commandButton, 0, 0); });
+        const auto byKey = asked([&] { QTest::keyClick(window_->windowHandle(), Qt::Key_F5); });
+        ASSERT_FALSE(byButton.empty());
+        EXPECT_NE(std::ranges::find(byKey, byButton.front()), byKey.end());
+        ++refreshed;
+    }
+    EXPECT_EQ(refreshed, 11);
+}
+
+TEST_F(KeyboardWalk, AQuestionMarkShowsTheKeysFromAViewToo) {
+    for (const int page : {10, 11}) {
+        const PageRow& row = *FindPage(page);
+        window_->Post(Message::goToPage, TabOf(row), page);
+        ASSERT_TRUE(WaitFor([&] { return window_->MainPage() == page; }));
+        AwaitPage();
+        ShowActive(*window_);
+        Views().constFirst()->setFocus();
+        QTest::keyClick(window_->windowHandle(), Qt::Key_Question, Qt::ShiftModifier);
+        auto* keys = window_->findChild<KeysDlg*>();
+        ASSERT_NE(keys, nullptr);
+        keys->reject();
+        ASSERT_TRUE(WaitFor([&] { return window_->findChild<KeysDlg*>() == nullptr; }));
+    }
 }
 
 }  // namespace
