@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/window/PlaceholderPage.h"
+#include "pages/kit/KeptColumns.h"
 #include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
@@ -46,6 +47,9 @@ void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& 
     }
     pages_[kDialogNeverShown] = MakeAnnouncement(host, kDialogNeverShown, &frame_);
     for (const auto& [dialog, page] : pages_) {
+        for (CSkinListCtrl* list : page->findChildren<CSkinListCtrl*>()) {
+            KeepColumns(*list, host.Settings(), ColumnsName(*page, *list));
+        }
         page->hide();
         layout_->addWidget(page, 0, 0);
     }
