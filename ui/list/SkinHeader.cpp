@@ -175,14 +175,15 @@ void CSkinHeader::paintEvent(QPaintEvent*) {
         if (isSectionHidden(i)) {
             continue;
         }
-        if (!first) {
+        const bool hasBox = list_.Column(i).kind == CellKind::check && !list_.Column(i).deadHead;
+        if (!first && !hasBox) {  // the box itself sets its column off
             look::leftLine(
                 painter,
                 HeadRect(i).adjusted(0, Metric::headerRuleInset, 0, -Metric::headerRuleInset),
                 look::color(Color::line2));
         }
         first = false;
-        if (list_.Column(i).kind == CellKind::check && !list_.Column(i).deadHead) {
+        if (hasBox) {
             PaintTicks(painter, i);
         } else {
             PaintCaption(painter, i);
