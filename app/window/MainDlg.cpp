@@ -299,6 +299,12 @@ void CMainDlg::OnPageCommand(int first, int second) {
         case PageCommand::takeNextPackage:
             pages_.PageOf(kDownloadsPage).Load();
             break;
+        case PageCommand::writeToNumber:
+            pages_.PageOf(kMessagesPage).OnMessage(Message::takeNumber, 0, 0);
+            break;
+        case PageCommand::addNumber:
+            pages_.PageOf(kContactsPage).OnMessage(Message::takeNumber, 0, 0);
+            break;
         case PageCommand::repaintContent:
             content_->update();
             break;

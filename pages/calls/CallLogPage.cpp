@@ -31,10 +31,12 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
                 return FetchCallLog(session, attribution, progress);
             }),
       transfers_(host, *this, FileKind::calls,
-                 {.write = [agent = services.agent, attribution = services.attribution](
-                               const std::filesystem::path& file, const TransferWatch& watch) {
-                     return ExportCalls(agent, attribution, file, watch);
-                 }}) {
+                 {.write =
+                      [agent = services.agent, attribution = services.attribution](
+                          const std::filesystem::path& file, const TransferWatch& watch) {
+                          return ExportCalls(agent, attribution, file, watch);
+                      }}),
+      numbers_(host, services) {
     ShowCount(*this, *list_);
     list_->EnableFind();
     SayWhenEmpty(*list_, u8"手机上没有通话记录，或者还没有获取");
@@ -45,17 +47,22 @@ CCallLogPage::CCallLogPage(PageHost& host, const Services& services, QWidget* pa
     HeedKeys(*this, {.refresh = [this] { RefreshCallLog(); },
                      .list = list_,
                      .erase = [this] { DeleteChosen(); }});
-    connect(list_, &CSkinListCtrl::menuAsked, this,
-            [this](int, const QPoint& at) { OpenMenu(at); });
+    connect(list_, &CSkinListCtrl::menuAsked, this, &CCallLogPage::OpenMenu);
 }
 
-void CCallLogPage::OpenMenu(const QPoint& at) {
+void CCallLogPage::OpenMenu(int row, const QPoint& at) {
     auto* menu = new CSkinMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->SetStrip(FileTransfers::Icons());
-    transfers_.AddItems(*menu, 0);
-    connect(menu, &CSkinMenu::commandChosen, this, [this](int command) {
-        if (isEnabled()) {
+    const QStringList icons = NumberMenu::Icons();
+    menu->SetStrip(icons + FileTransfers::Icons());
+    std::string number;
+    if (const CallLogRow* call = list_->RecordAt(row)) {
+        number = call->number;
+        NumberMenu::AddItems(*menu, 0, number);
+    }
+    transfers_.AddItems(*menu, static_cast<int>(icons.size()));
+    connect(menu, &CSkinMenu::commandChosen, this, [this, number](int command) {
+        if (isEnabled() && !numbers_.Take(command, number)) {
             transfers_.Take(command);
         }
     });

@@ -6,6 +6,7 @@
 #include "pages/calls/CallLogListCtrl.h"
 #include "pages/kit/FileTransfers.h"
 #include "pages/kit/ListRoad.h"
+#include "pages/kit/NumberMenu.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "ui/page/Page.h"
@@ -36,11 +37,12 @@ class CCallLogPage : public Page {
   private:
     void RunCommand(int index) override;
     void Delete(const std::vector<int>& rows);
-    void OpenMenu(const QPoint& at);
+    void OpenMenu(int row, const QPoint& at);
 
     CCallLogListCtrl* list_;
     ListRoad road_;
     FileTransfers transfers_;
+    NumberMenu numbers_;
 };
 
 }  // namespace quorvi

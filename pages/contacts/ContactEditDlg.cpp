@@ -236,6 +236,12 @@ void CContactEditDlg::Begin(const ContactForm& form) {
     begun_ = Form();
 }
 
+void CContactEditDlg::BeginWithNumber(const std::string& number) {
+    ContactForm form;
+    form.phones[0].text = number;
+    Begin(form);
+}
+
 bool CContactEditDlg::WouldLose() const {
     return Form() != begun_;
 }

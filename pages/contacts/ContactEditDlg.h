@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 
 #include "agent/AgentAddress.h"
@@ -36,6 +37,10 @@ class CContactEditDlg : public SkinDialog {
     // the one that was set, whatever the field shows of it.
     [[nodiscard]] ContactForm Form() const;
     void SetForm(const ContactForm& form);
+
+    // Right behind the construction, in add mode: the new contact begins with a number, which is
+    // ANSI.
+    void BeginWithNumber(const std::string& number);
 
     // Right behind the construction: puts a form back that did not get to the phone from an earlier
     // dialog. One that changes a contact comes over what is loaded, and is given up where the phone

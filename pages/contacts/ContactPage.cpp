@@ -25,6 +25,20 @@ namespace {
 constexpr int kList = 1067;
 constexpr int kView = 1370;
 
+constexpr std::u8string_view kAdded = u8"已添加联系人 %1";
+constexpr std::u8string_view kSaved = u8"已保存联系人 %1";
+// Characters of a name that the status has room for.
+constexpr qsizetype kNameInStatus = 16;
+
+// As much of a name as the status has room for.
+QString ShownInStatus(const QString& name) {
+    if (name.size() <= kNameInStatus) {
+        return name;
+    }
+    const bool splits = name.at(kNameInStatus - 1).isHighSurrogate();
+    return name.left(splits ? kNameInStatus - 1 : kNameInStatus) + QStringLiteral("…");
+}
+
 enum MenuCommand { menuAdd = 1, menuEdit, menuDelete, menuExportTicked };
 
 std::vector<std::uint32_t> IdsOf(const std::vector<ContactListRow>& contacts) {
@@ -41,6 +55,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
     : Page(host, kNumbers.dialog, parent),
       agent_(services.agent),
       unsaved_(services.device),
+      toAdd_(services.numbersToAdd),
       list_(SetControlNumber(new CContactListCtrl(this), kList, ToQString(u8"联系人"))),
       road_(
           {.host = host,
@@ -216,7 +231,30 @@ void CContactPage::AddContact() {
     }
     editor->Open([this, editor](int result) {
         unsavedNew_ = editor->Unsaved();
-        EndEditor(result);
+        EndEditor(*editor, result, kAdded);
+    });
+}
+
+void CContactPage::OnMessage(Message message, int /*first*/, int /*second*/) {
+    if (message == Message::takeNumber) {
+        if (const auto number = toAdd_.Take()) {
+            AddNumber(*number);
+        }
+    }
+}
+
+void CContactPage::AddNumber(const std::string& number) {
+    auto* editor = new CContactEditDlg(Host(), this, agent_);
+    if (const auto form = unsavedNumbers_.extract(number)) {
+        editor->Resume(form.mapped());
+    } else {
+        editor->BeginWithNumber(number);
+    }
+    editor->Open([this, editor, number](int result) {
+        if (editor->Unsaved()) {
+            unsavedNumbers_[number] = *editor->Unsaved();
+        }
+        EndEditor(*editor, result, kAdded);
     });
 }
 
@@ -231,7 +269,7 @@ void CContactPage::EditSelected() {
             if (editor->Unsaved()) {
                 here.contacts[id] = *editor->Unsaved();
             }
-            EndEditor(result);
+            EndEditor(*editor, result, kSaved);
         });
     }
 }
@@ -243,9 +281,16 @@ void CContactPage::OpenGroups() {
     groups->Open([groups, &here](int) { here.groups = groups->Unsaved(); });
 }
 
-void CContactPage::EndEditor(int result) {
+void CContactPage::EndEditor(const CContactEditDlg& editor, int result, std::u8string_view said) {
     if (result == QDialog::Accepted) {
-        RefreshContacts();
+        if (!editor.Unsaved()) {
+            Host().SetStatus(
+                ToQString(said).arg(ShownInStatus(ToShownQString(editor.Form().name))));
+        }
+        // A page that has not been shown yet loads when it is.
+        if (isVisible() || Host().LoadState().Contains(kNumbers.loadKey)) {
+            RefreshContacts();
+        }
     } else {
         list_->viewport()->update();
         view_->update();

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "pages/contacts/ContactForm.h"
@@ -22,6 +23,7 @@
 
 namespace quorvi {
 
+class CContactEditDlg;
 class HtmlFrame;
 
 // Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
@@ -42,9 +44,13 @@ class CContactPage : public Page, private HtmlListener {
     void RefreshDetail() { FetchDetail(); }
 
     void Load() override { RefreshContacts(); }
+    // Message::takeNumber.
+    void OnMessage(Message message, int first, int second) override;
 
     // Opens the editor.
     void AddContact();
+    // Opens it for a new contact with a number, which is ANSI.
+    void AddNumber(const std::string& number);
     void EditSelected();
     // Asks, deletes, and fetches the list again.
     void DeleteTicked();
@@ -63,7 +69,9 @@ class CContactPage : public Page, private HtmlListener {
     void OpenMenu(const QPoint& at);
     void OpenGroups();
     void ExportTicked();
-    void EndEditor(int result);
+    // `said` tells in the status what was done, with the contact's name for %1, once the phone has
+    // acknowledged it.
+    void EndEditor(const CContactEditDlg& editor, int result, std::u8string_view said);
     void Delete(const std::vector<int>& rows);
 
     AgentAddress agent_;
@@ -76,8 +84,10 @@ class CContactPage : public Page, private HtmlListener {
     OfEachPhone<Unsaved> unsaved_;
     bool fillMissed_ = false;                // a fill's detail was dropped, since one was running
     std::optional<ContactForm> unsavedNew_;  // a new contact that did not get to any phone
-    bool selecting_ = false;                 // the page itself moves the selection
-    QTimer detailTimer_;                     // timer 0: the detail after a fill
+    std::map<std::string, ContactForm> unsavedNumbers_;  // and those for a number
+    WaitingNumbers toAdd_;
+    bool selecting_ = false;  // the page itself moves the selection
+    QTimer detailTimer_;      // timer 0: the detail after a fill
     CContactListCtrl* list_;
     ListRoad road_;
     FileTransfers transfers_;

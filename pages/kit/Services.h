@@ -12,6 +12,7 @@
 #include "download/WaitingPackages.h"
 #include "link/PackageInstaller.h"
 #include "link/PhonePresence.h"
+#include "pages/kit/WaitingNumbers.h"
 #include "refdata/NumberAttribution.h"
 
 namespace quorvi {
@@ -32,8 +33,11 @@ struct Services {
     // The table of the downloads, and the queue that works it off.
     std::shared_ptr<TaskStore> taskStore;
     TaskQueue taskQueue;
-    Observed<int> taskCount{};            // rows of the download page at its last load
-    WaitingPackages waitingPackages{};    // see QueuePackage
+    Observed<int> taskCount{};          // rows of the download page at its last load
+    WaitingPackages waitingPackages{};  // see QueuePackage
+    // See NumberMenu.
+    WaitingNumbers numbersToWriteTo{};
+    WaitingNumbers numbersToAdd{};
     Observed<LinkTrouble> linkTrouble{};  // why a phone that is there cannot be used
 };
 

@@ -288,6 +288,11 @@ bool CSmsComposeDlg::WouldLose() const {
     return !text_->document()->isEmpty() || (picked_ && !recipients_->text().isEmpty());
 }
 
+void CSmsComposeDlg::WriteTo(const std::string& number) {
+    recipients_->setText(ToShownQString(number));
+    text_->setFocus();
+}
+
 void CSmsComposeDlg::Resume(const UnsentMessage& message) {
     picked_ = true;
     recipients_->setText(message.recipients);
@@ -314,6 +319,7 @@ void CSmsComposeDlg::Send() {
 void CSmsComposeDlg::SendNow() {
     const std::string text = FromQString(text_->toPlainText());
     const std::vector<std::string> numbers = RecipientNumbers(FromQString(recipients_->text()));
+    sentTo_ = numbers.size();
     // The message cannot be called back from here on, so the dialog ends with Accepted even if the
     // user closes it now.
     EndWithOk();

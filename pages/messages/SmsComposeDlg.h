@@ -1,6 +1,7 @@
 // The composer: one window to write a new message, and to read and answer a conversation.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -35,10 +36,15 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     // kNoConversation for a new message.
     CSmsComposeDlg(PageHost& host, std::uint32_t conversation, QWidget* parent, AgentAddress agent);
 
+    // Begins with a number as the only recipient; ANSI.
+    void WriteTo(const std::string& number);
     // Puts a message back that did not get out of an earlier composer.
     void Resume(const UnsentMessage& message);
     // What the user has told to send and the phone has not acknowledged.
     [[nodiscard]] const std::optional<UnsentMessage>& Unsent() const { return unsent_; }
+
+    // How many numbers the message was told to be sent to.
+    [[nodiscard]] std::size_t SentTo() const { return sentTo_; }
 
     // Message::documentLoaded with the first argument 0, which the view posts: reads the
     // conversation, if there is one, and then the tree.
@@ -77,6 +83,7 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     CSkinButton* cancel_ = nullptr;
     CSkinStateLabel* state_ = nullptr;
     std::optional<UnsentMessage> unsent_;
+    std::size_t sentTo_ = 0;
     bool resolving_ = false;
     bool picked_ = false;  // the recipients are the user's, and not the party of the conversation
 };

@@ -42,10 +42,13 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       frame_(new HtmlFrame(*view_, this)),
       find_(new ConversationFind(*frame_, *view_)),
       transfers_(host, *this, FileKind::messages,
-                 {.write = [agent = agent_, attribution = attribution_](
-                               const std::filesystem::path& file, const TransferWatch& watch) {
-                     return ExportMessages(agent, attribution, std::nullopt, file, watch);
-                 }}) {
+                 {.write =
+                      [agent = agent_, attribution = attribution_](
+                          const std::filesystem::path& file, const TransferWatch& watch) {
+                          return ExportMessages(agent, attribution, std::nullopt, file, watch);
+                      }}),
+      numbers_(host, services),
+      toWriteTo_(services.numbersToWriteTo) {
     view_->setAccessibleName(ToQString(u8"短信会话"));
     view_->LoadFromResource(kConversationsTemplate);
     SayWhenFailed(*frame_, u8"刷新列表");
@@ -122,21 +125,27 @@ void CSmsPage::OpenMenu(std::uint32_t conversation, const QPoint& at) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->SetStrip(QStringList{QStringLiteral("message-read"), QStringLiteral("delete"),
                                QStringLiteral("save")} +
-                   FileTransfers::Icons());
+                   NumberMenu::Icons() + FileTransfers::Icons());
+    const std::string number = Shown(conversation).number;
     if (conversation != kNoConversation) {
         menu->AddItem(CSkinMenu::normal, menuView, 0, ToQString(u8"查看会话"));
         menu->AddItem(CSkinMenu::normal, menuDelete, 1, ToQString(u8"删除会话"));
         menu->AddItem(transfers_.AtWork() ? CSkinMenu::disabled : CSkinMenu::normal, menuExportOne,
                       2, ToQString(u8"导出会话…"));
+        menu->addSeparator();
+        NumberMenu::AddItems(*menu, 3, number);
     }
-    transfers_.AddItems(*menu, 3);
-    connect(menu, &CSkinMenu::commandChosen, this,
-            [this, conversation](int command) { TakeFromMenu(command, conversation); });
+    transfers_.AddItems(*menu, 3 + static_cast<int>(NumberMenu::Icons().size()));
+    connect(menu, &CSkinMenu::commandChosen, this, [this, conversation, number](int command) {
+        if (isEnabled() && !numbers_.Take(command, number)) {
+            TakeFromMenu(command, conversation);
+        }
+    });
     menu->popup(at);
 }
 
 void CSmsPage::TakeFromMenu(int command, std::uint32_t conversation) {
-    if (!isEnabled() || transfers_.Take(command)) {
+    if (transfers_.Take(command)) {
         return;
     }
     switch (command) {
@@ -172,6 +181,12 @@ Conversation CSmsPage::Shown(std::uint32_t conversation) const {
 }
 
 void CSmsPage::OnMessage(Message message, int first, int second) {
+    if (message == Message::takeNumber) {
+        if (const auto number = toWriteTo_.Take()) {
+            WriteTo(*number);
+        }
+        return;
+    }
     if (message != Message::conversation || !isEnabled()) {
         return;
     }
@@ -184,15 +199,30 @@ void CSmsPage::OnMessage(Message message, int first, int second) {
 }
 
 void CSmsPage::Compose(std::uint32_t conversation) {
-    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agent_);
-    if (const auto unsent = unsent_.extract(conversation)) {
-        composer->Resume(unsent.mapped());
+    OpenComposer(new CSmsComposeDlg(Host(), conversation, this, agent_), unsent_, conversation);
+}
+
+void CSmsPage::WriteTo(const std::string& number) {
+    auto* composer = new CSmsComposeDlg(Host(), kNoConversation, this, agent_);
+    composer->WriteTo(number);
+    OpenComposer(composer, unsentTo_, number);
+}
+
+template <typename Key>
+void CSmsPage::OpenComposer(CSmsComposeDlg* composer, std::map<Key, UnsentMessage>& unsent,
+                            const Key& key) {
+    if (const auto message = unsent.extract(key)) {
+        composer->Resume(message.mapped());
     }
-    composer->Open([this, composer, conversation](int result) {
+    composer->Open([this, composer, &unsent, key](int result) {
         if (composer->Unsent()) {
-            unsent_[conversation] = *composer->Unsent();
+            unsent[key] = *composer->Unsent();
+        } else if (composer->SentTo() > 0) {
+            Host().SetStatus(ToQString(u8"已发送给 %1 人").arg(composer->SentTo()));
         }
-        if (result == QDialog::Accepted) {
+        // A page that has not been shown yet loads when it is.
+        if (result == QDialog::Accepted &&
+            (isVisible() || Host().LoadState().Contains(kNumbers.loadKey))) {
             RefreshSms();
         }
     });
@@ -212,7 +242,13 @@ void CSmsPage::Delete(std::uint32_t conversation) {
                     .agent = agent_,
                     .find = [going](AgentAddress) { return going; },
                     .request = DeleteConversationRequest(conversation),
-                    .done = [this](const AcknowledgedReply&) { RefreshSms(); }});
+                    .done =
+                        [this](const AcknowledgedReply& reply) {
+                            if (reply.outcome == SessionOutcome::complete) {
+                                Host().SetStatus(ToQString(u8"已删除 1 个会话"));
+                            }
+                            RefreshSms();
+                        }});
 }
 
 }  // namespace quorvi

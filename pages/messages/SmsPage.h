@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "pages/kit/FileTransfers.h"
+#include "pages/kit/NumberMenu.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
 #include "pages/messages/SmsComposeDlg.h"
@@ -34,12 +35,15 @@ class CSmsPage : public Page, private HtmlListener {
     void RefreshSms();
 
     void Load() override { RefreshSms(); }
-    // Message::conversation, which the page sends to itself.
+    // Message::conversation, which the page sends to itself, and Message::takeNumber.
     void OnMessage(Message message, int first, int second) override;
 
     // Opens the composer with a conversation, or kNoConversation; fetches the list again if a
     // message was sent. One that did not get out stands in the next composer of that conversation.
     void Compose(std::uint32_t conversation);
+    // Opens the composer for a new message to a number, which is ANSI. One that did not get out
+    // stands in the next composer for that number.
+    void WriteTo(const std::string& number);
 
   private:
     struct Loaded;
@@ -54,6 +58,10 @@ class CSmsPage : public Page, private HtmlListener {
     // What the view shows of a conversation; nothing but its id where it shows none.
     [[nodiscard]] Conversation Shown(std::uint32_t conversation) const;
     void ShowLoaded(Loaded loaded);
+    // Opens a composer, which begins with what stands in `unsent` under `key`, if anything.
+    template <typename Key>
+    void OpenComposer(CSmsComposeDlg* composer, std::map<Key, UnsentMessage>& unsent,
+                      const Key& key);
     void Delete(std::uint32_t conversation);
 
     AgentAddress agent_;
@@ -65,6 +73,9 @@ class CSmsPage : public Page, private HtmlListener {
     FileTransfers transfers_;
     std::vector<Conversation> shown_;                // what the view shows
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
+    std::map<std::string, UnsentMessage> unsentTo_;  // by the number that was written to
+    NumberMenu numbers_;
+    WaitingNumbers toWriteTo_;
 };
 
 }  // namespace quorvi

@@ -17,6 +17,7 @@ enum class Message : int {
     pageCommand = 2024,     // first: PageCommand, second: its argument
     dashboardLink = 2025,   // the dashboard to itself, first: action
     conversation = 2026,    // the SMS page to itself, first: 0 view, 1 delete, second: id
+    takeNumber = 2100,      // to the SMS page or the contacts page, for which a number waits
 };
 
 // First arguments of Message::pageCommand.
@@ -26,6 +27,8 @@ enum class PageCommand : int {
     captureScreen = 2,    // go to page 44 and send it startCapture
     takeNextPackage = 3,  // have the download page look up a package of Services::waitingPackages
     repaintContent = 4,   // repaint the content frame
+    writeToNumber = 5,    // have the SMS page write to a number of Services::numbersToWriteTo
+    addNumber = 6,        // have the contacts page add one of Services::numbersToAdd
 };
 
 }  // namespace quorvi

@@ -1,6 +1,8 @@
 // What the call log page does with its calls: what is kept of those that it deletes, and its menu.
 #include <gmock/gmock.h>
 
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <filesystem>
 
@@ -89,7 +91,68 @@ TEST_F(CallLogPage, ACallOfWhichOnlyTheIdCameIsAskedAboutAndForgottenWhenItStays
 
 // ---- the menu ----------------------------------------------------------------------------------
 
-using CallLogMenu = TransfersPageTest<CallLogPage>;
+class CallLogMenu : public TransfersPageTest<CallLogPage> {
+  protected:
+    Services all_ = services_.At(agent_.Port());
+};
+
+TEST_F(CallLogMenu, TheMenuOfACallIsAboutItsNumberAndOpensAtTheMenuKey) {
+    OpenLoaded();
+    List().SelectRow(1);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(List().viewport(), &event);
+    auto* menu = page_->findChild<CSkinMenu*>();
+    ASSERT_NE(menu, nullptr);
+    QStringList texts;
+    for (const QAction* item : menu->actions()) {
+        texts.append(item->isSeparator() ? QStringLiteral("-") : item->text());
+    }
+    EXPECT_EQ(texts, (QStringList{ToQString(u8"复制号码"), ToQString(u8"给这个号码写短信"),
+                                  ToQString(u8"添加为联系人"), QStringLiteral("-"),
+                                  ToQString(u8"导出通话记录…")}));
+    ChooseFrom(menu, NumberMenu::commandCopy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("95588"));
+    EXPECT_EQ(host_.status, ToQString(u8"已复制号码 95588"));
+}
+
+TEST_F(CallLogMenu, WritingAndAddingAreHandedToTheirPages) {
+    page_ = std::make_unique<CCallLogPage>(host_, all_);
+    page_->resize(760, 462);
+    page_->show();
+    page_->Load();
+    WaitForLoads(1);
+    ChooseFrom(OpenRowMenu(*page_, List(), 1, 1), NumberMenu::commandWrite);
+    EXPECT_EQ(all_.numbersToWriteTo.Take(), "95588");
+    EXPECT_EQ(all_.numbersToAdd.Take(), std::nullopt);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ChooseFrom(OpenRowMenu(*page_, List(), 0, 1), NumberMenu::commandAdd);
+    EXPECT_EQ(all_.numbersToAdd.Take(), "10086");
+    EXPECT_EQ(all_.numbersToWriteTo.Take(), std::nullopt);
+    const auto command = [](PageCommand which) {
+        return FakeHost::Posted(Message::pageCommand, static_cast<int>(which), 0);
+    };
+    EXPECT_EQ(host_.posted,
+              (std::vector{command(PageCommand::writeToNumber), command(PageCommand::addNumber)}));
+}
+
+TEST_F(CallLogMenu, WithoutANumberNothingIsOfferedForIt) {
+    agent_.AnswerPayload(AgentCommand::listCalls, CallsPayload({{.id = 7, .number = ""}}).Get());
+    OpenLoaded();
+    CSkinMenu* menu = OpenRowMenu(*page_, List(), 0, 1);
+    ASSERT_NE(menu, nullptr);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_FALSE(menu->actions().at(i)->isEnabled());
+    }
+    menu->close();
+}
+
+TEST_F(CallLogMenu, ANumberIsCopiedAsTheTextThatItIs) {
+    agent_.AnswerPayload(AgentCommand::listCalls,
+                         CallsPayload({{.id = 7, .number = "<b>&1</b>"}}).Get());
+    OpenLoaded();
+    ChooseFrom(OpenRowMenu(*page_, List(), 0, 1), NumberMenu::commandCopy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("<b>&1</b>"));
+}
 
 TEST_F(CallLogMenu, ExportsAllCallsIntoATableAndSaysWhere) {
     OpenLoaded();

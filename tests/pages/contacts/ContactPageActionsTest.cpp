@@ -117,8 +117,90 @@ TEST_F(ContactPage, MenuHasItsItems) {
     }
     EXPECT_EQ(texts, (QStringList{ToQString(u8"添加联系人"), ToQString(u8"修改选择的"),
                                   ToQString(u8"删除选择的"), QStringLiteral("-"),
-                                  ToQString(u8"导出联系人…"), ToQString(u8"导入联系人…")}));
+                                  ToQString(u8"导出联系人…"), ToQString(u8"导入联系人…"),
+                                  QStringLiteral("-"), ToQString(u8"排序")}));
     delete menu;
+}
+
+// ---- what the status says of a deed ------------------------------------------------------------
+
+TEST_F(ContactPage, ASavedContactIsNamedInTheStatus) {
+    CContactPage& page = OpenLoaded();
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(ToQString(u8"林远舟"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, ToQString(u8"已添加联系人 林远舟"));
+    page.EditSelected();
+    Settle();
+    PressIn(kEditor, 1020);
+    WaitForLoads(3);
+    EXPECT_EQ(host_.status, ToQString(u8"已保存联系人 林远舟"));
+}
+
+TEST_F(ContactPage, AContactThatWasNotSavedIsNotSaidToBe) {
+    agent_.Answer(AgentCommand::addContact, {});  // closed without a word
+    CContactPage& page = OpenLoaded();
+    page.AddContact();
+    PressIn(kEditor, 1021);
+    EXPECT_EQ(host_.status, kReady);
+    page.AddContact();
+    FindControl<QLineEdit>(OpenDialog(kEditor), 1149)->setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, kUnacknowledged);
+}
+
+// ---- a number that another page wants added ----------------------------------------------------
+
+class ContactPageNumbers : public ContactPage {
+  protected:
+    void SetUp() override {
+        ContactPage::SetUp();
+        page_ = std::make_unique<CContactPage>(host_, all_);
+    }
+    void Add(const char* number) {
+        all_.numbersToAdd.Add(number);
+        page_->OnMessage(Message::takeNumber, 0, 0);
+    }
+    static QLineEdit& Field(int control) {
+        return *FindControl<QLineEdit>(OpenDialog(kEditor), control);
+    }
+
+    Services all_ = services_.At(agent_.Port());
+};
+
+TEST_F(ContactPageNumbers, ANumberThatWaitsBeginsANewContact) {
+    Add("+86 138-0000-0000");
+    ASSERT_NE(OpenDialog(kEditor), nullptr);
+    EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"添加联系人 - Quorvi"));
+    EXPECT_EQ(Field(1382).text(), QStringLiteral("+86 138-0000-0000"));
+    Field(1149).setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    Settle();
+    EXPECT_EQ(agent_.Requests(AgentCommand::addContact).size(), 1u);
+    EXPECT_EQ(host_.status, ToQString(u8"已添加联系人 A"));
+    EXPECT_EQ(Loads(), 0u);  // a page that was never shown loads when it is
+}
+
+TEST_F(ContactPageNumbers, WithoutANumberThatWaitsNothingOpens) {
+    page_->OnMessage(Message::takeNumber, 0, 0);
+    EXPECT_EQ(OpenDialog(kEditor), nullptr);
+}
+
+TEST_F(ContactPageNumbers, OneThatDidNotGetToThePhoneStandsInTheNextEditorOfItsNumber) {
+    agent_.Answer(AgentCommand::addContact, {});  // closed without a word
+    Add("111");
+    Field(1149).setText(QStringLiteral("A"));
+    PressIn(kEditor, 1020);
+    Settle();
+    Add("222");
+    EXPECT_EQ(Field(1149).text(), QString());
+    PressIn(kEditor, 1021);
+    Add("111");
+    EXPECT_EQ(Field(1149).text(), QStringLiteral("A"));
+    EXPECT_EQ(Field(1382).text(), QStringLiteral("111"));
+    PressIn(kEditor, 1021);
 }
 
 TEST_F(ContactPage, ThirdCommandOpensTheGroups) {

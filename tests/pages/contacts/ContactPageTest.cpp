@@ -8,6 +8,7 @@
 #include "tests/support/Contrast.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/PictureFiles.h"
+#include "ui/list/SkinHeader.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -306,6 +307,80 @@ TEST_F(ContactPage, CutReplyShowsTheRowsThatCame) {
     EXPECT_EQ(List().RowCount(), 3);
     EXPECT_TRUE(List().Redraw());
     EXPECT_EQ(List().CurrentRow(), 0);
+}
+
+// ---- sorting -----------------------------------------------------------------------------------
+
+class ContactPageSort : public ContactPage {
+  protected:
+    void ClickHead(int key) {
+        auto& head = *static_cast<CSkinHeader*>(List().horizontalHeader());
+        QTest::mouseClick(head.viewport(), Qt::LeftButton, {}, head.SortRect(key).center());
+    }
+    // The names from top to bottom.
+    QStringList Names() {
+        QStringList names;
+        for (int place = 0; place < List().model()->rowCount(); ++place) {
+            names.append(List()
+                             .model()
+                             ->index(place, kNameColumn)
+                             .data()
+                             .toString()
+                             .section(QLatin1Char('\n'), 0, 0));
+        }
+        return names;
+    }
+    const QStringList asTheyCame_{ToQString(u8"林远舟"), ToQString(u8"顾晓棠"),
+                                  ToQString(u8"何思远")};
+    const QStringList byName_{ToQString(u8"顾晓棠"), ToQString(u8"何思远"), ToQString(u8"林远舟")};
+};
+
+TEST_F(ContactPageSort, AClickOnTheHeadOfNamesSortsByPinyin) {
+    OpenLoaded();
+    ClickHead(contactsByName);
+    EXPECT_EQ(Names(), byName_);
+    ClickHead(contactsByName);
+    EXPECT_EQ(Names(), QStringList(byName_.rbegin(), byName_.rend()));
+    ClickHead(contactsByName);
+    EXPECT_EQ(Names(), asTheyCame_);
+}
+
+TEST_F(ContactPageSort, AnotherListComesInTheSameOrderWithItsTopmostSelected) {
+    OpenLoaded();
+    ClickHead(contactsByName);
+    EXPECT_EQ(Selected(), 11u);  // stays with its contact
+    page_->Load();
+    WaitForLoads(2);
+    EXPECT_EQ(Names(), byName_);
+    EXPECT_EQ(Selected(), 12u);
+    EXPECT_EQ(List().CurrentRow(), 1);
+    ASSERT_TRUE(WaitFor([&] { return Details() == 2; }));
+}
+
+TEST_F(ContactPageSort, TheOrdersAreInTheMenuOfARow) {
+    OpenLoaded();
+    QMenu* menu = OpenMenu();
+    ASSERT_NE(menu, nullptr);
+    QMenu* orders = menu->actions().last()->menu();
+    ASSERT_NE(orders, nullptr);
+    ASSERT_EQ(orders->actions().size(), 8);
+    orders->actions().at(1)->trigger();
+    delete menu;
+    EXPECT_EQ(Names(), QStringList(byName_.rbegin(), byName_.rend()));
+}
+
+TEST_F(ContactPageSort, DeletesGoToTheContactsThatAreTicked) {
+    CContactPage& page = OpenLoaded();
+    ClickHead(contactsByName);
+    List().setFocus();
+    QTest::keyClick(&List(), Qt::Key_Home);
+    QTest::keyClick(&List(), Qt::Key_Space);
+    page.OnCommand(CContactPage::commandDelete);
+    PressIn(kConfirm, 1215);
+    WaitForLoads(2);
+    ASSERT_EQ(agent_.Requests(AgentCommand::deleteContacts).size(), 1u);
+    EXPECT_EQ(agent_.Requests(AgentCommand::deleteContacts)[0],
+              Join({Word(870106), Word(16), Word(1), Word(12)}));
 }
 
 TEST_F(ContactPage, TicksAreLostAtEachRefresh) {

@@ -293,6 +293,69 @@ TEST_F(SmsPage, ComposingOpensTheComposerWithoutAConversationAndLoadsAgainOnOk) 
     WaitForLoads(2);
 }
 
+// ---- a number that another page wants written to -----------------------------------------------
+
+class SmsPageNumbers : public SmsPage {
+  protected:
+    void SetUp() override {
+        SmsPage::SetUp();
+        page_ = std::make_unique<CSmsPage>(host_, all_);
+    }
+    void Write(const char* number) {
+        all_.numbersToWriteTo.Add(number);
+        page_->OnMessage(Message::takeNumber, 0, 0);
+        ASSERT_NE(OpenDialog(kComposer), nullptr);
+    }
+    static QLineEdit& Recipients() { return *FindControl<QLineEdit>(OpenDialog(kComposer), 1337); }
+    static QPlainTextEdit& Text() {
+        return *FindControl<QPlainTextEdit>(OpenDialog(kComposer), 1271);
+    }
+    void Send() {
+        PressIn(kComposer, 1030);
+        ASSERT_TRUE(WaitFor([] { return OpenDialog(kComposer) == nullptr; }));
+    }
+
+    Services all_ = services_.At(agent_.Port());
+};
+
+TEST_F(SmsPageNumbers, ANumberThatWaitsIsTheRecipientOfANewMessage) {
+    Write("13800000000");
+    EXPECT_EQ(Recipients().text(), QStringLiteral("13800000000"));
+    Text().setPlainText(QStringLiteral("text"));
+    Send();
+    EXPECT_EQ(agent_.Requests(AgentCommand::sendMessage).size(), 1u);
+    EXPECT_EQ(host_.status, ToQString(u8"已发送给 1 人"));
+    Settle();
+    EXPECT_EQ(Loads(), 0u);  // a page that was never shown loads when it is
+}
+
+TEST_F(SmsPageNumbers, OneThatDidNotGetOutStandsInTheNextComposerForItsNumber) {
+    agent_.Answer(AgentCommand::sendMessage, {});  // closed upon, without a word
+    Write("111");
+    Text().setPlainText(QStringLiteral("text"));
+    Send();
+    EXPECT_EQ(host_.status, kUnacknowledged);
+    Write("222");
+    EXPECT_EQ(Text().toPlainText(), QString());
+    OpenDialog(kComposer)->reject();
+    Write("111");
+    EXPECT_EQ(Text().toPlainText(), QStringLiteral("text"));
+    OpenDialog(kComposer)->reject();
+}
+
+TEST_F(SmsPage, TheStatusSaysToHowManyAMessageWentAndThatAConversationIsGone) {
+    CSmsPage& page = OpenLoaded();
+    page.Compose(kNoConversation);
+    FindControl<QLineEdit>(OpenDialog(kComposer), 1337)->setText(QStringLiteral("111;222"));
+    FindControl<QPlainTextEdit>(OpenDialog(kComposer), 1271)->setPlainText(QStringLiteral("text"));
+    PressIn(kComposer, 1030);
+    WaitForLoads(2);
+    EXPECT_EQ(host_.status, ToQString(u8"已发送给 2 人"));
+    Follow("did=7");
+    WaitForLoads(3);
+    EXPECT_EQ(host_.status, ToQString(u8"已删除 1 个会话"));
+}
+
 // A composer of a message, or of an answer in conversation 7.
 class SmsPageUnsent : public SmsPage, public testing::WithParamInterface<std::uint32_t> {
   protected:

@@ -1,6 +1,8 @@
 // Messages to a file, through the menu of the conversations.
 #include <gmock/gmock.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <filesystem>
 
 #include "tests/pages/messages/SmsPageFixture.h"
@@ -45,10 +47,19 @@ TEST_F(SmsTransfers, TheMenuOfAConversationHasWhatItsLinksDoAndTheExports) {
     OpenLoaded();
     CSkinMenu* menu = Menu("vid=7");
     ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(TextsOf(*menu), (QStringList{ToQString(u8"查看会话"), ToQString(u8"删除会话"),
-                                           ToQString(u8"导出会话…"), QStringLiteral("-"),
-                                           ToQString(u8"导出短信…")}));
+    EXPECT_EQ(
+        TextsOf(*menu),
+        (QStringList{ToQString(u8"查看会话"), ToQString(u8"删除会话"), ToQString(u8"导出会话…"),
+                     QStringLiteral("-"), ToQString(u8"复制号码"), ToQString(u8"给这个号码写短信"),
+                     ToQString(u8"添加为联系人"), QStringLiteral("-"), ToQString(u8"导出短信…")}));
     menu->close();
+}
+
+TEST_F(SmsTransfers, TheNumberOfAConversationIsCopied) {
+    OpenLoaded();
+    ChooseFrom(Menu("vid=7"), NumberMenu::commandCopy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("10086"));
+    EXPECT_EQ(host_.status, ToQString(u8"已复制号码 10086"));
 }
 
 TEST_F(SmsTransfers, BesideTheConversationsTheMenuHasTheExportOfAll) {
