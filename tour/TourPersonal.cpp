@@ -29,11 +29,13 @@
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinMenu.h"
+#include "ui/list/ListSort.h"
 
 namespace quorvi {
 namespace {
 
 constexpr int kContactList = 1067;
+constexpr int kCallList = 1072;
 constexpr int kBookmarkList = 1074;
 // Of the simulated phone.
 constexpr std::uint32_t kContact = 1;
@@ -207,6 +209,23 @@ TourStop DeleteTickedStop() {
     return stop;
 }
 
+// Sorted by the name, some of the rows ticked.
+void SortContacts(CContactPage& page) {
+    auto& list = *FindControl<CContactListCtrl>(&page, kContactList);
+    list.Sorting()->Sort(contactsByName, false);
+    list.SetTicked(1, true);
+    list.SetTicked(2, true);
+}
+
+void OpenCallMenu(CMainDlg& window) {
+    GoTo(window, kCallsPage);
+    PostToWindow(&window, [&window] {
+        auto& list = *FindControl<CSkinListCtrl>(window.PageOfDialog(kCallsPage.dialog), kCallList);
+        list.SelectRow(1);
+        Q_EMIT list.menuAsked(1, list.viewport()->mapToGlobal(list.CellRect(1, 1).center()));
+    });
+}
+
 }  // namespace
 
 std::vector<TourStop> PersonalStops() {
@@ -217,6 +236,8 @@ std::vector<TourStop> PersonalStops() {
         FindStop("contacts-find", kContactsPage, u8"l"),
         DeleteTickedStop(),
         AtContacts("menu-contacts", &OpenContactMenu),
+        AtContacts("contacts-sorted", &SortContacts),
+        {.name = "menu-calls", .open = &OpenCallMenu},
         AtFolder("files-card", u8"/sdcard"),
         AtFolder("files-empty-folder", u8"/sdcard/空文件夹"),
         DialogStop("dialog-group-add", kContactsPage, kOfThePhone,
