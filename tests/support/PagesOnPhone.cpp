@@ -8,6 +8,7 @@
 #include "base/Hex.h"
 #include "base/Text.h"
 #include "tests/support/AtWork.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -130,6 +131,14 @@ bool PagesOnPhone::WaitIdle() {
     int quiet = 0;
     return WaitFor([&] {
         quiet = Idle() ? quiet + 1 : 0;
+        return quiet > kQuietTurns;
+    });
+}
+
+bool PagesOnPhone::WaitNoPageReads() {
+    int quiet = 0;
+    return WaitFor([&] {
+        quiet = RunningJobs() == 0 ? quiet + 1 : 0;
         return quiet > kQuietTurns;
     });
 }

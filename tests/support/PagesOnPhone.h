@@ -67,6 +67,9 @@ class PagesOnPhone : public testing::Test {
     // Until the page and the dialogs that can be seen are at no work.
     [[nodiscard]] static bool WaitIdle();
     [[nodiscard]] static bool Idle();
+    // Until no page reads anything, those that are not shown included: one that meets a fault that
+    // was not meant for it says so in the status.
+    [[nodiscard]] static bool WaitNoPageReads();
     // Until the dialog of a number stands, or is gone, and nothing is at work.
     [[nodiscard]] static bool WaitForDialog(int number);
     [[nodiscard]] static bool WaitForNoDialog(int number);

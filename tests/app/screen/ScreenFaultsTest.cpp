@@ -31,6 +31,7 @@ class ScreenFaultsBase : public ScreenOnPhone {
         ScreenOnPhone::SetUp();
         OpenPage(kScreen);
         Capture();
+        ASSERT_TRUE(WaitNoPageReads());  // those on the way here
         ASSERT_EQ(Shown().size(), QSize(480, 800));
         before_ = Shown().cacheKey();
     }
