@@ -23,6 +23,8 @@
 #include "tests/support/WidgetTest.h"
 #include "tests/support/WindowDriver.h"
 #include "ui/kit/SkinDialog.h"
+#include "ui/kit/SkinTree.h"
+#include "ui/list/SkinListCtrl.h"
 #include "ui/page/Job.h"
 
 namespace quorvi {
@@ -40,7 +42,7 @@ constexpr Filled kFilled[] = {{10, "block"}, {11, "sms_ul"}};
 
 // The pages whose list is searched by Ctrl+F: downloads, contacts, calls, alarms, files, bookmarks,
 // applications and processes.
-constexpr int kSearched[] = {5, 10, 12, 13, 15, 16, 30, 45};
+constexpr int kSearched[] = {5, 10, 11, 12, 13, 15, 16, 30, 43, 45};
 
 QString NameOf(const QWidget* widget) {
     return widget == nullptr ? QStringLiteral("nothing")
@@ -237,8 +239,8 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         }
     }
 
-    // Ctrl+F opens the bar over the page's list, where that is searched, with the keys in it, and
-    // Escape leads back to the list.
+    // Ctrl+F opens the bar over the page's list, tree or view, where that is searched, with the
+    // keys in it, and Escape leads back there.
     void ExpectFind(int page) {
         QTest::keySequence(window_->windowHandle(), QKeySequence::Find);
         auto* field = window_->ShownPage()->findChild<QLineEdit*>(QStringLiteral("find"));
@@ -250,7 +252,15 @@ class KeyboardWalk : public WidgetTest, protected MainDoubles {
         EXPECT_EQ(QApplication::focusWidget(), field);
         QTest::keyClick(field, Qt::Key_Escape);
         EXPECT_FALSE(field->isVisible());
-        EXPECT_EQ(QApplication::focusWidget(), window_->ShownPage()->findChild<CSkinListCtrl*>());
+        const QWidget* focus = QApplication::focusWidget();
+        ASSERT_NE(focus, nullptr);
+        if (const QWidget* list = window_->ShownPage()->findChild<CSkinListCtrl*>()) {
+            EXPECT_EQ(focus, list);
+        } else if (const QWidget* tree = window_->ShownPage()->findChild<SkinTreeView*>()) {
+            EXPECT_EQ(focus, tree);
+        } else {
+            EXPECT_TRUE(CHtmlCtrlBase::Holds(*focus)) << NameOf(focus).toStdString();
+        }
     }
 
     ScriptedAgent agent_;
