@@ -168,9 +168,9 @@ TEST_F(DownloadStory, APackageOfTheStoreIsDownloadedPausedResumedByTheNextRunAnd
     // A search, the item's page, and a click on its package.
     Search(u8"听书");
     ASSERT_TRUE(WaitForHeading("found"));
-    ClickHtml(View(), QStringLiteral("#item"));
+    ClickPainted(QStringLiteral("#item"));
     ASSERT_TRUE(WaitForHeading("item"));
-    ClickHtml(View(), QStringLiteral("#get"));
+    ClickPainted(QStringLiteral("#get"));
     ASSERT_TRUE(WaitFor([] { return Store().LoadTaskList(TaskFilter::all).tasks.size() == 1; }));
 
     OpenPage(kDownloads);
