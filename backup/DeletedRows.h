@@ -15,8 +15,8 @@ struct DeletedRow {
     std::filesystem::path backup;
     std::string time;  // of the deletion, local
     std::string kind;
-    std::string
-        what;  // "张小满、何一凡 等 3 项", of messages "林远舟（5 条）", without names "21 项"
+    // "张小满、何一凡 等 3 项"; of messages "林远舟（5 条）"; without names "21 项".
+    std::string what;
     std::string left;  // how long it stays, in days
     bool canGoBack = false;
 
