@@ -1,10 +1,11 @@
 // Finding in texts that the phone sent: the first half of the bytes is what was typed, the second
-// the text.
+// the text, in units of UTF-16 and as it is in UTF-8.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include "find/FindIndex.h"
 #include "find/FindQuery.h"
 
 namespace {
@@ -31,6 +32,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                      part->length > text.size() - part->begin)) {
             std::abort();
         }
+    }
+    FindIndex index;
+    index.AddRow();
+    index.AddUtf8({reinterpret_cast<const char*>(data + size / 2), size - size / 2},
+                  FindKind::name);
+    if (index.Find(query).size() > 1) {
+        std::abort();
     }
     return 0;
 }
