@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "pages/messages/ConversationIndex.h"
