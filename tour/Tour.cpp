@@ -39,7 +39,7 @@ std::vector<TourStop> StopsOf(std::vector<TourStop> stops, const std::vector<std
     const auto isOther = [&names](const TourStop& stop) {
         return std::ranges::find(names, stop.name) == names.end();
     };
-    stops.erase(std::ranges::remove_if(stops, isOther).begin(), stops.end());
+    std::erase_if(stops, isOther);
     return stops.size() == names.size() ? std::move(stops) : std::vector<TourStop>{};
 }
 

@@ -21,7 +21,6 @@ namespace {
 
 // A colour that nothing else on the screen has.
 const QColor kMark(1, 2, 250);
-constexpr int kButton = 7001;
 
 class WindowOnWayland : public MainDlgTest {
   protected:
