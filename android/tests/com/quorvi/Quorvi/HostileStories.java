@@ -1,6 +1,7 @@
 package com.quorvi.Quorvi;
 
 import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertTrue;
 
 import android.content.ContentProvider;
 import android.content.ContentValues;
@@ -51,6 +52,25 @@ public class HostileStories extends SuitePhone {
         name.put("mimetype", "vnd.android.cursor.item/name");
         name.put("data1", text);
         book.database().insertOrThrow("data_rows", null, name);
+    }
+
+    @Test
+    public void hostileContactsAreListedShownAndBackedUp() throws Exception {
+        for (int i = 0; i < TEXTS.length; ++i) {
+            addContact(10 + i, TEXTS[i]);
+            // A picture that is none.
+            book.addData(1000 + 10 * i, 10 + i, "photo", "data15", "x'00'");
+        }
+        book.addContact(30); // without a name, with a photo of no byte
+        book.addData(2000, 30, "photo", "data15", "x''");
+        JSONArray contacts = list("contacts", "list");
+        assertEquals(3 + TEXTS.length + 1, contacts.length());
+        for (int i = 0; i < contacts.length(); ++i) {
+            show("contacts", "show", contacts.getJSONObject(i).getString("id"));
+        }
+        assertEquals("😀 𠮷野家", show("contacts", "show", "117").getString("name"));
+        JSONObject made = show("backup", home.getRoot() + "/one.zip", "--only", "contacts");
+        assertTrue(made.toString(), made.getBoolean("whole"));
     }
 
     @Test

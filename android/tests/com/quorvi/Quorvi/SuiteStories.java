@@ -69,6 +69,27 @@ public class SuiteStories extends SuitePhone {
     }
 
     @Test
+    public void anUpdateKeepsWhatTheEditorDoesNotShow() throws Exception {
+        for (int i = 0; i < 4; ++i) {
+            book.addData(50 + i, 1, "phone_v2", "data1, data2", "'05718812345" + i + "', 1");
+        }
+        book.addData(55, 1, "contact_event", "data1", "'1990-01-01'"); // not told to the PC at all
+        JSONObject before = show("contacts", "show", "101");
+        assertEquals(5, before.getJSONArray("phones").length());
+        ask(
+                "{\"name\": \"沈一鸣\", \"phones\": [{\"type\": 2, \"text\": \"13758880002\"}]}",
+                "contacts", "update", "101");
+        JSONObject after = show("contacts", "show", "101");
+        assertEquals("沈一鸣", after.getString("name"));
+        assertEquals(
+                2, the(after.getJSONArray("phones"), "text", "13758880002").getInt("type"));
+        the(after.getJSONArray("phones"), "text", "057188123453");
+        assertEquals(before.get("groups").toString(), after.get("groups").toString());
+        assertEquals(
+                "1", book.value("SELECT COUNT(*) FROM data_rows WHERE data1 = '1990-01-01'"));
+    }
+
+    @Test
     public void everyContactIsListedWithItsPhoto() throws Exception {
         JSONArray contacts = list("contacts", "list");
         assertEquals(3, contacts.length());
@@ -113,6 +134,16 @@ public class SuiteStories extends SuitePhone {
         ask("", "sms", "delete", bank.getString("id"));
         assertNull(pick(list("sms", "list"), "number", "95588"));
         assertEquals(1, list("sms", "list").length());
+    }
+
+    @Test
+    public void aConversationWhoseIdHasMoreThan31BitsIsReadAndDeleted() throws Exception {
+        messages.add("thread_id, address, date, body, type", "4294967293, '106', 9, '通知', 1");
+        String id = the(list("sms", "list"), "number", "106").getString("id");
+        assertEquals("通知", list("sms", "show", id).getJSONObject(0).getString("text"));
+        ask("", "sms", "delete", id);
+        assertNull(pick(list("sms", "list"), "number", "106"));
+        assertEquals(2, list("sms", "list").length());
     }
 
     @Test
