@@ -145,6 +145,27 @@ public class AgentServerTest {
         assertEquals(0, agentThreads());
     }
 
+    @Test
+    public void brokenRequestsAndPeersThatGoLeaveNoThreadAndNoDescriptor() throws Exception {
+        start(LONG_MILLIS);
+        ask();
+        int threads = agentThreads();
+        int descriptors = descriptors();
+        BrokenRequests requests = new BrokenRequests();
+        for (int i = 0; i < 500; ++i) {
+            try (Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port())) {
+                socket.getOutputStream().write(requests.next());
+                socket.shutdownOutput();
+                socket.getInputStream().read(); // and goes, whatever else would come
+            } catch (SocketException e) {
+                continue; // the agent closed it before all was sent
+            }
+        }
+        ask();
+        waitUntilAtMost(threads, true);
+        waitUntilAtMost(descriptors, false);
+    }
+
     private void ask() throws Exception {
         Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port());
         try {
