@@ -174,7 +174,7 @@ TEST_F(ContactPageNumbers, ANumberThatWaitsBeginsANewContact) {
     Add("+86 138-0000-0000");
     ASSERT_NE(OpenDialog(kEditor), nullptr);
     EXPECT_EQ(OpenDialog(kEditor)->windowTitle(), ToQString(u8"添加联系人 - Quorvi"));
-    EXPECT_EQ(Field(1382).text(), QStringLiteral("+86 138-0000-0000"));
+    EXPECT_EQ(Field(1150).text(), QStringLiteral("+86 138-0000-0000"));
     Field(1149).setText(QStringLiteral("A"));
     PressIn(kEditor, 1020);
     Settle();
@@ -199,7 +199,7 @@ TEST_F(ContactPageNumbers, OneThatDidNotGetToThePhoneStandsInTheNextEditorOfItsN
     PressIn(kEditor, 1021);
     Add("111");
     EXPECT_EQ(Field(1149).text(), QStringLiteral("A"));
-    EXPECT_EQ(Field(1382).text(), QStringLiteral("111"));
+    EXPECT_EQ(Field(1150).text(), QStringLiteral("111"));
     PressIn(kEditor, 1021);
 }
 
