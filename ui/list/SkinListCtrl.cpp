@@ -255,10 +255,12 @@ int CSkinListCtrl::TopRow() const {
 }
 
 void CSkinListCtrl::ShowRows(std::optional<std::vector<int>> rows) {
+    span_.reset();  // its rows stand apart now
     Rearrange([&] { model_->Show(std::move(rows)); });
 }
 
 void CSkinListCtrl::OrderRows(std::optional<std::vector<int>> rows) {
+    span_.reset();  // its rows stand apart now
     Rearrange([&] { model_->Order(std::move(rows)); });
 }
 

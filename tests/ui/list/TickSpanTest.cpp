@@ -75,6 +75,13 @@ TEST_F(TickSpan, WithNothingToExtendAClickWithShiftFlipsTheOneTick) {
     EXPECT_EQ(Ticked(), (Rows{4, 5, 6}));
 }
 
+TEST_F(TickSpan, InAnotherOrderOfTheRowsItBeginsAnew) {
+    ClickTick(2);
+    list_->OrderRows(Rows{9, 8, 7, 6, 5, 4, 3, 2, 1, 0});
+    ClickTick(5, Qt::ShiftModifier);
+    EXPECT_EQ(Ticked(), (Rows{2, 5}));
+}
+
 TEST_F(TickSpan, ShiftAndSpaceExtendToTheRowUnderTheCursor) {
     list_->SelectRow(1);
     Key(Qt::Key_Space);
