@@ -18,6 +18,14 @@ constexpr std::array kFilledIn{
     AgentCommand::renameGroup, AgentCommand::addAlarm,       AgentCommand::updateAlarm,
     AgentCommand::addBookmark, AgentCommand::updateBookmark, AgentCommand::sendMessage};
 
+// Whether a status says what was done.
+bool TellsOfADeed(const QString& status) {
+    static constexpr std::array<std::u8string_view, 5> kDeeds{u8"已删除", u8"已结束", u8"已添加",
+                                                              u8"已保存", u8"已发送给"};
+    return std::ranges::any_of(
+        kDeeds, [&](std::u8string_view deed) { return status.startsWith(ToQString(deed)); });
+}
+
 }  // namespace
 
 std::unique_ptr<Heartbeat> WindowFaults::heart_;
@@ -88,8 +96,7 @@ void WindowFaults::Suffer(const FaultMode& mode, AgentCommand code,
     if (mode.left != Left::cable) {
         const QString behind = StatusBehind(mode, code);
         // Once a change has got to the phone, the status says what was done.
-        const bool toldAsDone = behind == Ready() && (Status().startsWith(ToQString(u8"已删除")) ||
-                                                      Status().startsWith(ToQString(u8"已结束")));
+        const bool toldAsDone = behind == Ready() && TellsOfADeed(Status());
         EXPECT_TRUE(toldAsDone || Status() == behind) << Status().toStdString();
     }
 }

@@ -124,7 +124,7 @@ TEST_F(MessageStory, AMessageGoesToTwoAndTheirConversationsAreReadAndDeleted) {
     EXPECT_FALSE(Senders().contains(ToQString(u8"爸爸")));
     EXPECT_TRUE(Senders().contains(ToQString(u8"房东 王阿姨")));
     EXPECT_EQ(Requests(870201).size(), 2u);
-    EXPECT_EQ(Status(), ToQString(u8"就绪"));
+    EXPECT_EQ(Status(), ToQString(u8"已删除 1 个会话"));
 }
 
 TEST_F(MessageStory, AConversationIsAnswered) {
