@@ -32,7 +32,7 @@ std::string Utf8(std::string_view ansi) {
 
 // "林远舟 (13800138000)".
 std::string PartyOf(const Conversation& conversation) {
-    const std::string name = Utf8(conversation.name);
+    std::string name = Utf8(conversation.name);
     const std::string number = Utf8(conversation.number);
     if (number.empty() || number == name) {
         return name;
