@@ -215,7 +215,8 @@ void CAlarmEditDlg::Save() {
     }
     ok_->setEnabled(false);
     SendForm(*this, host_, agent_,
-             id_ ? UpdateAlarmRequest(*id_, settings) : AddAlarmRequest(settings), form, unsaved_);
+             id_ ? UpdateAlarmRequest(*id_, settings) : AddAlarmRequest(settings), form, unsaved_,
+             ToQString(id_ ? u8"已保存闹铃" : u8"已添加闹铃"));
 }
 
 }  // namespace quorvi

@@ -151,7 +151,7 @@ void CBookmarkEditDlg::Save() {
     const BookmarkSettings settings = SettingsOf(form);
     SendForm(*this, host_, agent_,
              id_ ? UpdateBookmarkRequest(*id_, settings) : AddBookmarkRequest(settings), form,
-             unsaved_);
+             unsaved_, ToQString(id_ ? u8"已保存书签" : u8"已添加书签"));
 }
 
 }  // namespace quorvi

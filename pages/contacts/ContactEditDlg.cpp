@@ -6,6 +6,7 @@
 #include "agent/AgentSession.h"
 #include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
+#include "pages/kit/ShownNames.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinChecks.h"
@@ -341,7 +342,9 @@ void CContactEditDlg::Save() {
 
 void CContactEditDlg::Send(Bytes request) {
     SetBusy(true);
-    SendForm(*this, host_, agent_, std::move(request), Form(), unsaved_);
+    SendForm(
+        *this, host_, agent_, std::move(request), Form(), unsaved_,
+        ToQString(adds_ ? u8"已添加联系人 %1" : u8"已保存联系人 %1").arg(ShortName(name_->text())));
 }
 
 }  // namespace quorvi

@@ -25,20 +25,6 @@ namespace {
 constexpr int kList = 1067;
 constexpr int kView = 1370;
 
-constexpr std::u8string_view kAdded = u8"已添加联系人 %1";
-constexpr std::u8string_view kSaved = u8"已保存联系人 %1";
-// Characters of a name that the status has room for.
-constexpr qsizetype kNameInStatus = 16;
-
-// As much of a name as the status has room for.
-QString ShownInStatus(const QString& name) {
-    if (name.size() <= kNameInStatus) {
-        return name;
-    }
-    const bool splits = name.at(kNameInStatus - 1).isHighSurrogate();
-    return name.left(splits ? kNameInStatus - 1 : kNameInStatus) + QStringLiteral("…");
-}
-
 enum MenuCommand { menuAdd = 1, menuEdit, menuDelete, menuExportTicked };
 
 std::vector<std::uint32_t> IdsOf(const std::vector<ContactListRow>& contacts) {
@@ -231,7 +217,7 @@ void CContactPage::AddContact() {
     }
     editor->Open([this, editor](int result) {
         unsavedNew_ = editor->Unsaved();
-        EndEditor(*editor, result, kAdded);
+        EndEditor(result);
     });
 }
 
@@ -254,7 +240,7 @@ void CContactPage::AddNumber(const std::string& number) {
         if (editor->Unsaved()) {
             unsavedNumbers_[number] = *editor->Unsaved();
         }
-        EndEditor(*editor, result, kAdded);
+        EndEditor(result);
     });
 }
 
@@ -269,7 +255,7 @@ void CContactPage::EditSelected() {
             if (editor->Unsaved()) {
                 here.contacts[id] = *editor->Unsaved();
             }
-            EndEditor(*editor, result, kSaved);
+            EndEditor(result);
         });
     }
 }
@@ -281,12 +267,8 @@ void CContactPage::OpenGroups() {
     groups->Open([groups, &here](int) { here.groups = groups->Unsaved(); });
 }
 
-void CContactPage::EndEditor(const CContactEditDlg& editor, int result, std::u8string_view said) {
+void CContactPage::EndEditor(int result) {
     if (result == QDialog::Accepted) {
-        if (!editor.Unsaved()) {
-            Host().SetStatus(
-                ToQString(said).arg(ShownInStatus(ToShownQString(editor.Form().name))));
-        }
         // A page that has not been shown yet loads when it is.
         if (isVisible() || Host().LoadState().Contains(kNumbers.loadKey)) {
             RefreshContacts();

@@ -6,7 +6,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "pages/contacts/ContactForm.h"
@@ -23,7 +22,6 @@
 
 namespace quorvi {
 
-class CContactEditDlg;
 class HtmlFrame;
 
 // Page 10, dialog 132, key 1 in PageLoadState. Nothing is kept on the PC: after every change the
@@ -69,9 +67,7 @@ class CContactPage : public Page, private HtmlListener {
     void OpenMenu(const QPoint& at);
     void OpenGroups();
     void ExportTicked();
-    // `said` tells in the status what was done, with the contact's name for %1, once the phone has
-    // acknowledged it.
-    void EndEditor(const CContactEditDlg& editor, int result, std::u8string_view said);
+    void EndEditor(int result);
     void Delete(const std::vector<int>& rows);
 
     AgentAddress agent_;

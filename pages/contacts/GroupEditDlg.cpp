@@ -6,6 +6,7 @@
 
 #include "pages/kit/FormEditor.h"
 #include "pages/kit/SavedText.h"
+#include "pages/kit/ShownNames.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinFields.h"
@@ -89,9 +90,10 @@ void CGroupEditDlg::Save() {
         return;
     }
     ok_->setEnabled(false);
-    SendForm(*this, host_, agent_,
-             group_ ? RenameGroupRequest(*group_, title) : AddGroupRequest(title), title_->text(),
-             unsaved_);
+    SendForm(
+        *this, host_, agent_, group_ ? RenameGroupRequest(*group_, title) : AddGroupRequest(title),
+        title_->text(), unsaved_,
+        ToQString(group_ ? u8"已保存分组 %1" : u8"已添加分组 %1").arg(ShortName(title_->text())));
 }
 
 }  // namespace quorvi

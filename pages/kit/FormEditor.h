@@ -2,6 +2,7 @@
 // the phone has acknowledged it. All on the window's thread.
 #pragma once
 
+#include <QString>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -16,18 +17,19 @@ namespace quorvi {
 
 // Sends the form of a dialog, whose body is disabled meanwhile, and ends the dialog with Accepted,
 // however it is closed and whether or not the phone was reached. `unsaved`, a member of the dialog,
-// is the form from now on until the phone has acknowledged it.
+// is the form from now on until the phone has acknowledged it; then the status says `said`.
 template <typename Form>
 void SendForm(SkinDialog& dialog, PageHost& host, AgentAddress agent, Bytes request, Form form,
-              std::optional<Form>& unsaved) {
+              std::optional<Form>& unsaved, QString said) {
     dialog.EndWithOk();
     unsaved = std::move(form);
     SendChange(host, *dialog.Body(), agent, std::move(request),
-               [&dialog, &host, &unsaved](const AcknowledgedReply& reply) {
+               [&dialog, &host, &unsaved, said = std::move(said)](const AcknowledgedReply& reply) {
+                   ShowAcknowledgement(host, reply.outcome);
                    if (reply.outcome == SessionOutcome::complete) {
                        unsaved.reset();
+                       host.SetStatus(said);
                    }
-                   ShowAcknowledgement(host, reply.outcome);
                    dialog.accept();
                });
 }

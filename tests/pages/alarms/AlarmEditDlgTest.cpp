@@ -144,7 +144,7 @@ TEST_F(AlarmEditor, ANewAlarmIsSentAsItIsFilledIn) {
                                              .Text("晨跑")         // label
                                              .Text("content://a")  // alert
                                              .Get()});
-    EXPECT_TRUE(host_.statuses.isEmpty());
+    EXPECT_EQ(host_.statuses, QStringList{ToQString(u8"已添加闹铃")});
 }
 
 TEST_F(AlarmEditor, AnAlarmIsShownInItsFields) {
@@ -253,6 +253,7 @@ TEST_F(AlarmEditor, TextsThatAreLeftAloneGoBackInTheVeryBytesThatCame) {
     AlarmSettings sent = SettingsOf(FormOf(row));
     sent.enabled = true;
     EXPECT_EQ(Save(), std::vector<Bytes>{UpdateAlarmRequest(7, sent)});
+    EXPECT_EQ(host_.statuses, QStringList{ToQString(u8"已保存闹铃")});
 }
 
 TEST_F(AlarmEditor, ConnectFailureIsToldAndEndsWithOk) {

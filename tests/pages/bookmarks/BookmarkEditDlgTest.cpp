@@ -78,7 +78,7 @@ TEST_F(BookmarkEditor, ANewBookmarkIsSentAsItIsFilledIn) {
                                              .Text("菜谱")                  // title
                                              .Text("http://cook.example/")  // url
                                              .Get()});
-    EXPECT_TRUE(host_.statuses.isEmpty());
+    EXPECT_EQ(host_.statuses, QStringList{ToQString(u8"已添加书签")});
 }
 
 TEST_F(BookmarkEditor, NothingIsRefusedAnEmptyTitleNeither) {
@@ -100,6 +100,7 @@ TEST_F(BookmarkEditor, ABookmarkIsShownInItsFields) {
     EXPECT_EQ(Edit(kUrl).text(), QStringLiteral("http://weather.example/"));
     EXPECT_EQ(Edit(kVisits).text(), QStringLiteral("3"));
     EXPECT_EQ(Save(), std::vector<Bytes>{UpdateBookmarkRequest(7, SettingsOf(kWeather))});
+    EXPECT_EQ(host_.statuses, QStringList{ToQString(u8"已保存书签")});
 }
 
 TEST_F(BookmarkEditor, AVisitsNumberBelowZeroStandsAsItCame) {

@@ -184,6 +184,7 @@ TEST_F(GroupDialog, AddingSendsTheTitleAndLoadsAgain) {
     const auto requests = agent_.Requests(AgentCommand::addGroup);
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0], Join({Word(870121), Word(19), Word(1), Text("家")}));
+    EXPECT_EQ(host_.status, ToQString(u8"已添加分组 家"));
 }
 
 TEST_F(GroupDialog, AnEmptyTitleSendsNothingAndTheListLoadsAgain) {
@@ -219,6 +220,7 @@ TEST_F(GroupDialog, RenamingWithAnUnchangedTitleStillSends) {
     const auto requests = agent_.Requests(AgentCommand::renameGroup);
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0], Join({Word(870122), Word(26), Word(1), Word(5), Text("朋友")}));
+    EXPECT_EQ(host_.status, ToQString(u8"已保存分组 朋友"));
 }
 
 TEST_F(GroupDialog, AnUnchangedTitleGoesBackInTheVeryBytesThatCame) {
