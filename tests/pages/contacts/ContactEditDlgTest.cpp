@@ -441,7 +441,7 @@ TEST_F(ContactEditor, SaveThatThePhoneDoesNotAnswerIsToldUntilOneIsAcknowledged)
     EXPECT_EQ(host_.status, kUnacknowledged);
     agent_.AnswerAcknowledged(AgentCommand::addContact);
     save(new CContactEditDlg(host_, nullptr, agent_.Port()));
-    EXPECT_EQ(host_.status, kReady);
+    EXPECT_EQ(host_.status, ToQString(u8"已添加联系人 A"));
 }
 
 TEST_F(ContactEditor, ChangeThatIsResumedStandsOverWhatIsLoaded) {
