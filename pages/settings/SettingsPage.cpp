@@ -161,6 +161,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
     view->setFocusPolicy(Qt::NoFocus);
     view->setWidgetResizable(true);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    groups->resize(view->size());  // else it is measured now, and once more when it is shown
     view->setWidget(groups);
     // The ground is the page's.
     view->viewport()->setAutoFillBackground(false);

@@ -38,7 +38,8 @@ CSkinHeader::CSkinHeader(CSkinListCtrl& list) : QHeaderView(Qt::Horizontal, &lis
 }
 
 QSize CSkinHeader::sizeHint() const {
-    return {QHeaderView::sizeHint().width(), BarHeight() + Metric::header};
+    // As wide as its columns are; their words, which Qt would measure, decide nothing.
+    return {length(), BarHeight() + Metric::header};
 }
 
 int CSkinHeader::BarHeight() const {
