@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <utility>
 
 #include "ui/html/HtmlLink.h"
 
@@ -13,9 +14,12 @@ constexpr char kFlagsVariable[] = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr char kSandboxVariable[] = "QTWEBENGINE_DISABLE_SANDBOX";
 constexpr char kTextureVariable[] = "force_s3tc_enable";
 constexpr char kDrawingVariable[] = "QT_QUICK_BACKEND";
+constexpr char kGlVariable[] = "QT_XCB_GL_INTEGRATION";
 
 // Where the templates stand.
 constexpr std::string_view kTemplateScheme = "qrc:";
+
+bool glVariableIsOurs = false;
 
 }  // namespace
 
@@ -45,9 +49,21 @@ void PrepareHtmlViews() {
     if (!qEnvironmentVariableIsSet(kDrawingVariable)) {
         qputenv(kDrawingVariable, "software");
     }
+    // The context that the engine wants to share would have the driver of the graphics card loaded,
+    // or the compiler of one in software, before the window is made.
+    if (qgetenv(kDrawingVariable) == "software" && !qEnvironmentVariableIsSet(kGlVariable)) {
+        qputenv(kGlVariable, "none");
+        glVariableIsOurs = true;
+    }
     // The browser engine sets this one itself as the first view is made. A new variable moves the
     // environment, and a program that another thread is just starting with it does not start.
     qputenv(kTextureVariable, "true");
+}
+
+void LeaveOpenGlToOthers() {
+    if (std::exchange(glVariableIsOurs, false)) {
+        qunsetenv(kGlVariable);
+    }
 }
 
 }  // namespace quorvi

@@ -34,8 +34,12 @@ struct HtmlDecision {
 
 // Settings of the browser engine that must stand before the application object is made, and before
 // there is another thread: one renderer for all local views, which draws without OpenGL unless the
-// environment asks for another way, and the sandbox off where the system cannot give one (the user
-// root). Does not load the engine.
+// environment asks for another way, and then no OpenGL at all under X; and the sandbox off where
+// the system cannot give one (the user root). Does not load the engine.
 void PrepareHtmlViews();
+
+// Takes back, once the application object has been made, what would keep the programs that this one
+// starts, a browser say, from OpenGL. Before there are threads that start programs.
+void LeaveOpenGlToOthers();
 
 }  // namespace quorvi
