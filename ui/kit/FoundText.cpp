@@ -14,6 +14,8 @@ void DrawFoundText(QPainter& painter, const QRect& area, const QString& text, co
     found.length = part.length;
     QFont bold = font;
     bold.setBold(true);
+    // In high contrast the colours are too near to white to be told apart.
+    bold.setUnderline(look::CurrentTheme() == look::Theme::contrast);
     found.format.setFont(bold);
     if (enabled) {
         found.format.setForeground(look::color(look::Color::plum7));

@@ -15,7 +15,8 @@ struct TextPart {
 };
 
 // Draws a text of one line with the painter's pen, the part in bold and, unless `enabled` is false,
-// in the colour of links. Where the line is cut off, what is left of the part stands out.
+// in the colour of links; in high contrast underlined, too. Where the line is cut off, what is left
+// of the part stands out.
 void DrawFoundText(QPainter& painter, const QRect& area, const QString& text, const QFont& font,
                    Qt::Alignment alignment, const TextPart& part, bool enabled);
 

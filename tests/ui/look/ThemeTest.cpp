@@ -4,13 +4,18 @@
 #include <QApplication>
 #include <QDBusVariant>
 #include <QFile>
+#include <QFontMetrics>
+#include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
+#include <algorithm>
 #include <map>
 #include <vector>
 
 #include "tests/support/BuildPlaces.h"
 #include "tests/support/Contrast.h"
 #include "tests/support/QtTest.h"
+#include "ui/kit/FoundText.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/look/DesktopWishes.h"
@@ -321,6 +326,36 @@ TEST_F(ThemeTest, AnOpenDialogIsDrawnAnew) {
     look::SetTheme(Theme::dark);
     EXPECT_EQ(dialog.grab().toImage().pixelColor(inTheBody).rgb(),
               look::color(Color::dialog, Theme::dark).rgb());
+}
+
+// The longest run of dots of one row that "iiii" leaves on the surface.
+int LongestRunOfFoundText() {
+    QImage image(80, 30, QImage::Format_ARGB32);
+    image.fill(look::color(surface));
+    QPainter painter(&image);
+    painter.setPen(look::color(ink));
+    DrawFoundText(painter, image.rect(), QStringLiteral("iiii"), look::font(look::Size::s16),
+                  Qt::AlignLeft, {0, 4}, true);
+    int longest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        int run = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            run = image.pixelColor(x, y) == look::color(surface) ? 0 : run + 1;
+            longest = std::max(longest, run);
+        }
+    }
+    return longest;
+}
+
+// The inks of links and of text are nearly the same there.
+TEST_F(ThemeTest, FoundTextIsUnderlinedInHighContrast) {
+    const int width = QFontMetrics(look::font(look::Size::s16)).horizontalAdvance(QStringLiteral("iiii"));
+    look::SetTheme(Theme::contrast);
+    EXPECT_GE(LongestRunOfFoundText(), width);
+    for (const Theme other : {Theme::light, Theme::dark}) {
+        look::SetTheme(other);
+        EXPECT_LT(LongestRunOfFoundText(), width / 2);
+    }
 }
 
 // A widget that is gone is told of nothing.
