@@ -11,6 +11,7 @@
 #include "ui/kit/SkinFields.h"
 #include "ui/kit/SkinMenu.h"
 #include "ui/kit/SkinTree.h"
+#include "ui/kit/StockControls.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
@@ -82,7 +83,11 @@ SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
     switch (element) {
-        case PE_FrameFocusRect:    // the focus ring says it
+        case PE_FrameFocusRect:  // elsewhere the focus ring says it
+            if (IsInStockDialog(widget)) {
+                PaintStockFocus(*painter, *option, *widget);
+            }
+            return;
         case PE_PanelItemViewRow:  // lists paint their own rows
         case PE_FrameMenu:         // with the panel
         case PE_PanelScrollAreaCorner:
@@ -106,6 +111,12 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             look::plate(*painter, option->rect, Metric::radius, look::color(Color::tip),
                         Qt::transparent);
             return;
+        case PE_PanelButtonCommand:
+            PaintStockButton(*painter, *option);
+            return;
+        case PE_PanelButtonTool:
+            PaintStockTool(*painter, *option);
+            return;
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
@@ -122,6 +133,10 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
     if (element == CE_MenuEmptyArea) {
         return;
     }
+    if (element == CE_HeaderSection || element == CE_HeaderEmptyArea) {
+        PaintStockHead(*painter, option->rect);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -130,6 +145,12 @@ void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     if (control == CC_ScrollBar) {
         if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
             PaintScrollBar(*painter, *bar);
+            return;
+        }
+    }
+    if (control == CC_ComboBox) {
+        if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option)) {
+            PaintStockCombo(*painter, *combo);
             return;
         }
     }
@@ -178,7 +199,15 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
             return MenuItemSize(*item);
         }
     }
-    return QProxyStyle::sizeFromContents(type, option, size, widget);
+    const QSize stock = QProxyStyle::sizeFromContents(type, option, size, widget);
+    switch (type) {
+        case CT_LineEdit:
+        case CT_ComboBox:
+        case CT_PushButton:
+            return IsInStockDialog(widget) ? stock.expandedTo({0, Metric::fieldHeight}) : stock;
+        default:
+            return stock;
+    }
 }
 
 int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -203,7 +232,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_LayoutTopMargin:
         case PM_LayoutRightMargin:
         case PM_LayoutBottomMargin:
-            return 0;
+            return IsStockDialog(widget) ? Metric::dialogPadding : 0;
         case PM_LayoutHorizontalSpacing:
         case PM_LayoutVerticalSpacing:
             return Metric::gap2;
@@ -224,6 +253,7 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         case SH_UnderlineShortcut:
         case SH_ScrollBar_Transient:
         case SH_ItemView_ShowDecorationSelected:
+        case SH_DialogButtonBox_ButtonsHaveIcons:
             return 0;
         case SH_ScrollBar_LeftClickAbsolutePosition:
             return 0;
@@ -248,6 +278,12 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         default:
             return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QIcon SkinStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                              const QWidget* widget) const {
+    const QIcon icon = StockIcon(picture);
+    return icon.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : icon;
 }
 
 void SkinStyle::polish(QWidget* widget) {

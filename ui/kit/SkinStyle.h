@@ -28,6 +28,8 @@ class SkinStyle : public QProxyStyle {
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr,
                   QStyleHintReturn* returnData = nullptr) const override;
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption* option = nullptr,
+                       const QWidget* widget = nullptr) const override;
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
 };

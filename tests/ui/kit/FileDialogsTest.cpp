@@ -1,15 +1,24 @@
 // The dialog in which a file is chosen to be read.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QImage>
+#include <QLayout>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
 #include <fstream>
 
+#include "tests/support/Contrast.h"
 #include "tests/support/FileDialogDriver.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WidgetTest.h"
 #include "ui/kit/FileDialogs.h"
 #include "ui/kit/QtText.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {
@@ -27,6 +36,7 @@ class AskOpenFileTest : public WidgetTest {
     }
     void TearDown() override {
         CloseFileDialog();
+        look::SetTheme(look::Theme::light);
         Settle();
     }
     [[nodiscard]] QString PathOf(const char* name) const {
@@ -65,6 +75,40 @@ TEST_F(AskOpenFileTest, TakesNoFileThatIsNotThere) {
     EXPECT_EQ(said, 1);
     EXPECT_TRUE(chosen_.isEmpty());
     EXPECT_NE(OpenFileDialog(), nullptr);
+}
+
+TEST_F(AskOpenFileTest, ItsPartsStandOffItsEdge) {
+    const QMargins margins = OpenFileDialog()->layout()->contentsMargins();
+    constexpr int padding = look::Metric::dialogPadding;
+    EXPECT_EQ(margins, QMargins(padding, padding, padding, padding));
+}
+
+TEST_F(AskOpenFileTest, TheOutlineOfItsComboBoxesIsSeenInEachTheme) {
+    for (const look::Theme theme : {look::Theme::light, look::Theme::dark, look::Theme::contrast}) {
+        look::SetTheme(theme);
+        auto* combo = OpenFileDialog()->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        ASSERT_NE(combo, nullptr);
+        const QImage image = combo->grab().toImage();
+        EXPECT_GE(
+            ContrastOf(image.pixelColor(image.width() / 2, 0), look::color(look::Color::page)),
+            3.0);
+    }
+}
+
+TEST_F(AskOpenFileTest, ItsButtonsShowTheFocus) {
+    const auto ringed = [](QWidget& button) {
+        const QImage image = button.grab().toImage();
+        return image.pixelColor(image.width() / 2, 0) == look::color(look::Color::ring);
+    };
+    QFileDialog& dialog = *OpenFileDialog();
+    ShowActive(dialog);
+    auto* cancel = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel);
+    auto* up = dialog.findChild<QToolButton*>(QStringLiteral("toParentButton"));
+    for (QWidget* button : std::initializer_list<QWidget*>{cancel, up}) {
+        EXPECT_FALSE(ringed(*button));
+        button->setFocus(Qt::TabFocusReason);
+        EXPECT_TRUE(ringed(*button)) << button->objectName().toStdString();
+    }
 }
 
 TEST_F(AskOpenFileTest, SaysNothingWhenTheUserGivesUp) {
