@@ -1,6 +1,7 @@
-// quorvi-tour [--look light|dark|contrast] FOLDER [STOP...]: starts the suite's window, waits for
-// the link, and writes a picture of each stop, or of these, into FOLDER, in that look. Ends with 0
-// when all are written, 1 when one is not, 2 for wrong usage.
+// quorvi-tour [--look light|dark|contrast] [--home HOME] FOLDER [STOP...]: starts the suite's
+// window, waits for the link, and writes a picture of each stop, or of these, into FOLDER, in that
+// look. The user's folder is HOME, otherwise one in FOLDER. Ends with 0 when all are written, 1
+// when one is not, 2 for wrong usage.
 #include <QApplication>
 #include <cstdio>
 #include <filesystem>
@@ -17,12 +18,14 @@
 #include "base/LookChoice.h"
 #include "site/SampleServer.h"
 #include "tour/Tour.h"
+#include "tour/TourHome.h"
 
 namespace quorvi {
 namespace {
 
 struct TourOptions {
     LookChoice look = LookChoice::light;
+    std::string home;  // empty: one in the folder
     std::string folder;
     std::vector<std::string> stops;  // by name; all when it is empty
 };
@@ -30,13 +33,16 @@ struct TourOptions {
 std::optional<TourOptions> ReadOptions(const std::vector<std::string>& words) {
     TourOptions options;
     auto word = words.begin();
-    if (words.size() > 2 && *word == "--look") {
+    for (; words.end() - word > 2 && word->starts_with("--"); word += 2) {
+        if (*word == "--home") {
+            options.home = word[1];
+            continue;
+        }
         const std::optional<LookChoice> look = LookOfName(word[1]);
-        if (!look) {
+        if (*word != "--look" || !look) {
             return std::nullopt;
         }
         options.look = *look;
-        word += 2;
     }
     if (word == words.end() || word->starts_with('-')) {
         return std::nullopt;
@@ -47,7 +53,8 @@ std::optional<TourOptions> ReadOptions(const std::vector<std::string>& words) {
 }
 
 int Misused() {
-    std::fprintf(stderr, "usage: quorvi-tour [--look light|dark|contrast] FOLDER [STOP...]\n");
+    std::fprintf(
+        stderr, "usage: quorvi-tour [--look light|dark|contrast] [--home HOME] FOLDER [STOP...]\n");
     return 2;
 }
 
@@ -60,6 +67,8 @@ int main(int argc, char** argv) {
     if (!options) {
         return Misused();
     }
+    LiveIn(options->home.empty() ? std::filesystem::path(options->folder) / "home"
+                                 : std::filesystem::path(options->home));
     PrepareQt();
     // Made once and never torn down, as in the suite's own program.
     auto& application = *new QApplication(argc, argv);

@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <memory>
 #include <string>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "pages/settings/SettingsPage.h"
 #include "tour/PageStops.h"
 #include "tour/PhoneBehind.h"
+#include "tour/TourHome.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 
@@ -27,12 +27,6 @@ constexpr int kStop = 1216;
 // So much is done before the pictures of a backup and of a restore at work.
 constexpr int kRead = 6;     // conversations
 constexpr int kWritten = 4;  // bookmarks
-
-// A folder of the tour's own, gone with the process.
-std::filesystem::path Folder() {
-    static const QTemporaryDir folder;
-    return folder.path().toStdString();
-}
 
 QAbstractButton& ButtonOf(const QWidget& page, const char* name) {
     return *page.findChild<QAbstractButton*>(QString::fromLatin1(name));
@@ -55,7 +49,7 @@ TourStop EndStop(std::string name) {
             .leave = [scroll](CMainDlg& window) { scroll(window, false); }};
 }
 
-// A page over the window's own, whose backups stand in the tour's folder, and which makes one: of
+// A page over the window's own, whose backups stand in the tour's home, and which makes one: of
 // the phone, or until `stalls` does.
 TourStop BackupStop(std::string name, const PhoneBehind* stalls) {
     auto shown = std::make_shared<QPointer<Page>>();
@@ -64,7 +58,7 @@ TourStop BackupStop(std::string name, const PhoneBehind* stalls) {
                 [shown, stalls](CMainDlg& window) {
                     GoTo(window, kSettingsPage);
                     window.Settings().WriteText(kSettingsKey, "backup_folder",
-                                                ToAnsi(Folder().string()));
+                                                ToAnsi(BackupFolderAtHome().string()));
                     PostToWindow(&window, [shown, stalls, &window] {
                         Page* own = window.PageOfDialog(kSettingsPage.dialog);
                         Services services = window.PageServices();
@@ -100,7 +94,7 @@ TourStop RestoreStop(std::string name, const PhoneBehind& phone, Until until) {
         .open =
             [shown, &phone](CMainDlg& window) {
                 GoTo(window, kSettingsPage);
-                const auto backups = FindBackups(Folder());
+                const auto backups = FindBackups(BackupFolderAtHome());
                 *shown = new RestorePlanDlg(
                     phone.Port(), backups.empty() ? std::filesystem::path() : backups.front().path,
                     &window);
