@@ -158,26 +158,41 @@ TEST_F(LookTest, NoColourStandsOutsideTheTable) {
     EXPECT_GT(files, 0);
 }
 
-// The style sheets of the HTML views, and of the guide, hold a subset of the table, value for
-// value.
-TEST_F(LookTest, StyleSheetsOfTheViewsAgreeWithTheTable) {
+// Expects the colours that a style sheet declares to be those of the table in a theme, and more of
+// them than a few.
+void ExpectColorsOfTheTable(const QString& sheet, look::Theme theme) {
     std::map<std::string, QRgb> table;
     for (const look::ColorRow& row : look::kColors) {
-        table[std::string(row.token)] = look::color(row.color, look::Theme::light).rgb();
+        table[std::string(row.token)] = look::color(row.color, theme).rgb();
     }
     const QRegularExpression declaration(QStringLiteral("--([a-z0-9-]+):\\s*#([0-9A-Fa-f]{6})"));
-    for (const char* sheet : {"/res/views/base.css", "/Data/guide.html"}) {
-        auto matches = declaration.globalMatch(ReadAll(kSource + QString::fromLatin1(sheet)));
-        int found = 0;
-        while (matches.hasNext()) {
-            const auto match = matches.next();
-            const std::string token = match.captured(1).toStdString();
-            ASSERT_TRUE(table.contains(token)) << token;
-            EXPECT_EQ(0xFF000000U | match.captured(2).toUInt(nullptr, 16), table[token]) << token;
-            ++found;
-        }
-        EXPECT_GT(found, 10) << sheet;
+    int found = 0;
+    for (auto matches = declaration.globalMatch(sheet); matches.hasNext();) {
+        const auto match = matches.next();
+        const std::string token = match.captured(1).toStdString();
+        ASSERT_TRUE(table.contains(token)) << token;
+        EXPECT_EQ(0xFF000000U | match.captured(2).toUInt(nullptr, 16), table[token]) << token;
+        ++found;
     }
+    EXPECT_GT(found, 10);
+}
+
+// The style sheet of the HTML views holds a subset of the table, value for value.
+TEST_F(LookTest, StyleSheetOfTheViewsAgreesWithTheTable) {
+    ExpectColorsOfTheTable(ReadAll(kSource + QStringLiteral("/res/views/base.css")),
+                           look::Theme::light);
+}
+
+// The guide's, in the three looks that a browser may wish.
+TEST_F(LookTest, StyleSheetOfTheGuideAgreesWithTheTable) {
+    const QString guide = ReadAll(kSource + QStringLiteral("/Data/guide.html"));
+    const qsizetype dark = guide.indexOf(QStringLiteral("@media (prefers-color-scheme: dark)"));
+    const qsizetype contrast = guide.indexOf(QStringLiteral("@media (prefers-contrast: more)"));
+    ASSERT_GT(dark, 0);
+    ASSERT_GT(contrast, dark);
+    ExpectColorsOfTheTable(guide.left(dark), look::Theme::light);
+    ExpectColorsOfTheTable(guide.mid(dark, contrast - dark), look::Theme::dark);
+    ExpectColorsOfTheTable(guide.mid(contrast), look::Theme::contrast);
 }
 
 TEST_F(LookTest, EveryIconRendersAtEveryScale) {
