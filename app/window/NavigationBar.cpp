@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "app/window/PageTable.h"
 #include "ui/kit/QtText.h"
@@ -158,9 +159,10 @@ void NavigationBar::mousePressEvent(QMouseEvent* event) {
 void NavigationBar::paintEvent(QPaintEvent* event) {
     if (welcome_) {
         QPainter painter(viewport());
-        const QRectF area = viewport()->rect();
-        look::drawCentred(painter,
-                          QRectF(QPointF(0, area.bottom() - kWave.height()), QSizeF(kWave)),
+        // In a low window its crests alone are seen, below the last item.
+        const int items = visualItemRect(item(count() - 1)).bottom() + 1;
+        const int top = std::max(items, viewport()->height() - kWave.height());
+        look::drawCentred(painter, QRectF(QPointF(0, top), QSizeF(kWave)),
                           look::picture(u"welcome-wave", kWave, devicePixelRatioF()));
     }
     QListWidget::paintEvent(event);

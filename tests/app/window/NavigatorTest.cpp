@@ -7,6 +7,7 @@
 #include <QTabBar>
 
 #include "tests/app/window/MainDlgFixture.h"
+#include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {
@@ -60,6 +61,24 @@ TEST_F(Navigator, StartsOnPageZero) {
     EXPECT_EQ(VisiblePages(), std::vector{130});
     EXPECT_EQ(Items().currentRow(), 0);
     EXPECT_EQ(Tabs().currentIndex(), 0);
+}
+
+TEST_F(Navigator, TheWaveOfTheWelcomeTabLeavesTheItemsAlone) {
+    const auto pixel = [this](int y) {
+        const QPoint right(Items().viewport()->width() - 2, y);
+        return window_->grab().toImage().pixelColor(Items().viewport()->mapTo(&*window_, right));
+    };
+    const QRect last = Items().visualItemRect(Items().item(Items().count() - 1));
+    for (const int height : {look::Metric::windowHeight, look::Metric::windowLeastHeight}) {
+        window_->resize(look::Metric::windowWidth, height);
+        Settle();
+        const QColor ground = pixel(0);
+        EXPECT_EQ(pixel(last.center().y()), ground) << height;
+        EXPECT_EQ(pixel(last.bottom()), ground) << height;
+    }
+    window_->resize(look::Metric::windowWidth, look::Metric::windowHeight);
+    Settle();
+    EXPECT_NE(pixel(Items().viewport()->height() - 2), pixel(0));
 }
 
 TEST_F(Navigator, AllPagesAreMadeAtTheStartAndHidden) {
