@@ -8,7 +8,7 @@ namespace {
 // Row = LinkTrouble.
 constexpr std::array<LinkAdvice, 4> kAdvice{{
     {},
-    {u8"手机在等你允许“USB 调试”",
+    {u8"手机在等您允许“USB 调试”",
      u8"手机还没有允许这台电脑",
      {u8"解锁手机，屏幕上会问“允许 USB 调试吗？”", u8"勾选“一律允许使用这台计算机进行调试”",
       u8"按“确定”，Quorvi 会自动接着连接"},

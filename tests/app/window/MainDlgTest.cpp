@@ -296,11 +296,11 @@ TEST_F(MainWindow, WhatAPhoneWaitsForStandsInTheBannersToolTip) {
     window_->Link().OnDevices({{"HT04CPL00123", DeviceState::unauthorized}});
     EXPECT_EQ(services_.linkTrouble.Get(), LinkTrouble::unauthorized);
     auto* banner = window_->findChild<QLabel*>(QStringLiteral("banner"));
-    EXPECT_EQ(banner->accessibleDescription(), ToQString(u8"手机在等你允许“USB 调试”"));
+    EXPECT_EQ(banner->accessibleDescription(), ToQString(u8"手机在等您允许“USB 调试”"));
     QHelpEvent help(QEvent::ToolTip, banner->rect().center(),
                     banner->mapToGlobal(banner->rect().center()));
     QApplication::sendEvent(banner, &help);
-    EXPECT_TRUE(QToolTip::text().contains(ToQString(u8"手机在等你允许“USB 调试”")));
+    EXPECT_TRUE(QToolTip::text().contains(ToQString(u8"手机在等您允许“USB 调试”")));
     QToolTip::hideText();
     window_->Link().OnDevices({{"HT04CPL00123", DeviceState::ready}});
     EXPECT_EQ(banner->accessibleDescription(), QString());

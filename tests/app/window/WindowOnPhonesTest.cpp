@@ -74,7 +74,7 @@ TEST_F(WindowOnPhones, APhoneThatAsksItsUserIsLinkedToByItselfOnceItsUserAllowsI
     ASSERT_TRUE(WaitFor([&] { return BannerText() == ToQString(u8"【提示】检测到一个设备断开"); }));
     ASSERT_EQ(desk_->Rig().Control(0, "debugging asks"), "ok\n");
     ASSERT_EQ(desk_->Rig().Control(0, "plug"), "ok\n");
-    ASSERT_TRUE(WaitFor([&] { return tip() == ToQString(u8"手机在等你允许“USB 调试”"); }));
+    ASSERT_TRUE(WaitFor([&] { return tip() == ToQString(u8"手机在等您允许“USB 调试”"); }));
     ASSERT_TRUE(
         WaitFor([&] { return BannerText() == ToQString(u8"【错误】没有找到Android设备"); }));
     EXPECT_EQ(desk_->Tray().balloons.back().text,
