@@ -1,6 +1,7 @@
 #include "tour/Tour.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "app/window/MainDlg.h"
+#include "ui/html/HtmlCtrl.h"
 #include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
@@ -18,6 +20,36 @@ constexpr int kTickMs = 50;
 // Draws what `over` shows into the picture of the window, where it stands over the window.
 void DrawOver(QPainter& painter, const CMainDlg& window, QWidget& over) {
     painter.drawPixmap(over.mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), over.grab());
+}
+
+// Whether a view, its frame left out, is painted in one colour: the browser paints a document a
+// while after it is there.
+bool IsBlank(QWidget& view) {
+    constexpr int frame = 4;
+    const QRect inner = view.rect().adjusted(frame, frame, -frame, -frame);
+    const QImage image = view.grab(inner).toImage().convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != image.pixel(0, 0)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+// The views of a window, those in frames with what lies over them.
+QWidgetList ViewsIn(const QWidget& window) {
+    QWidgetList views;
+    for (HtmlFrame* frame : window.findChildren<HtmlFrame*>()) {
+        views.append(frame);
+    }
+    for (CHtmlCtrlBase* view : window.findChildren<CHtmlCtrlBase*>()) {
+        if (qobject_cast<HtmlFrame*>(view->parentWidget()) == nullptr) {
+            views.append(view);
+        }
+    }
+    return views;
 }
 
 // Closes the widget that `top` gives, and the one that it gives then, until it gives none, or the
@@ -107,12 +139,17 @@ void Tour::Look() {
 }
 
 // Whether the load of the page that is shown, if it has one, is over, and no view waits for its
-// document.
+// document or for its paint.
 bool Tour::IsQuiet() const {
     const auto frames = window_.findChildren<HtmlFrame*>();
     if (std::ranges::any_of(frames, [](const HtmlFrame* frame) {
             return frame->isVisible() && frame->State() == ListState::loading;
         })) {
+        return false;
+    }
+    const QWidgetList views = ViewsIn(window_);
+    if (std::ranges::any_of(views,
+                            [](QWidget* view) { return view->isVisible() && IsBlank(*view); })) {
         return false;
     }
     const PageRow* row = FindPage(window_.MainPage());

@@ -1,10 +1,12 @@
 // When the tour goes from stop to stop.
 #include <QDialog>
+#include <QLabel>
 #include <QTemporaryDir>
 
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/AwaitTimer.h"
 #include "tour/Tour.h"
+#include "ui/html/HtmlFrame.h"
 
 namespace quorvi {
 namespace {
@@ -111,6 +113,21 @@ TEST_F(TourOfTheWindow, AStopWaitsForThePagesLoad) {
     LookOn();
     EXPECT_FALSE(failed_);
     window_->LoadState().Set(kKeyContacts, PageLoadState::kEnded);
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(TourOfTheWindow, AStopWaitsUntilAViewIsPainted) {
+    window_->Link().LinkEnded();
+    auto* view = new QLabel;
+    auto* frame = new HtmlFrame(*view, &*window_);
+    frame->resize(200, 100);
+    frame->SetFilled();
+    frame->show();
+    StartTour({.settle = std::chrono::milliseconds(0)});
+    ASSERT_TRUE(Opens());
+    LookOn();
+    EXPECT_FALSE(failed_);
+    view->setText(QStringLiteral("painted"));
     EXPECT_TRUE(Ends());
 }
 
