@@ -32,7 +32,18 @@ class RingFrame : public QFocusFrame {
         }
         QPainter painter(this);
         const QPointF origin = mapFromGlobal(widget()->mapToGlobal(QPoint(0, 0)));
-        look::outerRing(painter, shape->RingRect().translated(origin), shape->RingRadius());
+        const QRectF around = shape->RingRect().translated(origin) & Room();
+        if (!around.isEmpty()) {
+            look::outerRing(painter, around, shape->RingRadius());
+        }
+    }
+
+  private:
+    // Where a ring fits around: less than all in a page that scrolls, which cuts off what is beyond
+    // its edge. There the ring lies on the control instead.
+    [[nodiscard]] QRectF Room() const {
+        constexpr int ring = Metric::ringGap + Metric::ringWidth;
+        return parentWidget()->rect().translated(-pos()).adjusted(ring, ring, -ring, -ring);
     }
 };
 

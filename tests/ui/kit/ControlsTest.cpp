@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QHelpEvent>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -233,6 +234,26 @@ TEST_F(ControlsTest, TheRingIsDrawnOutsideTheControl) {
     const QImage shown = window_.grab().toImage();
     const QPoint at = second->mapTo(&window_, QPoint(second->width() / 2, -3));
     EXPECT_EQ(shown.pixelColor(at), look::color(look::Color::plum6));
+}
+
+// The page cuts off what is drawn beyond its edge.
+TEST_F(ControlsTest, TheRingIsWholeAtTheEdgeOfAPageThatScrolls) {
+    QScrollArea area;
+    area.setFrameShape(QFrame::NoFrame);
+    area.resize(80, 32);
+    auto* button = new CSkinButton(QStringLiteral("一"));
+    button->resize(80, 32);
+    area.setWidget(button);
+    ShowActive(area);
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Home);
+    ASSERT_TRUE(FocusRing::ShownOn(button));
+    const QImage shown = area.grab().toImage();
+    const QColor ring = look::color(look::Color::ring);
+    EXPECT_EQ(shown.pixelColor(40, 0), ring);
+    EXPECT_EQ(shown.pixelColor(40, 31), ring);
+    EXPECT_EQ(shown.pixelColor(0, 16), ring);
+    EXPECT_EQ(shown.pixelColor(79, 16), ring);
 }
 
 TEST_F(ControlsTest, StateLabelsTakeTheStatedColours) {
