@@ -75,6 +75,7 @@ CContactPage::CContactPage(PageHost& host, const Services& services, QWidget* pa
     view_->setAccessibleName(ToQString(u8"联系人详细信息"));
     view_->LoadFromResource(kContactTemplate);
     frame_->SetFilled();  // the template says what to do while nothing is selected
+    frame_->ShowFocus();
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});

@@ -100,6 +100,7 @@ void CSmsComposeDlg::BuildControls() {
     view_->setAccessibleName(ToQString(u8"短信对话"));
     view_->StayAtEnd();  // below it the recipients take more room or less
     frame_ = new HtmlFrame(*view_, Body());
+    frame_->ShowFocus();
     if (conversation_ == kNoConversation) {
         frame_->SetFilled();  // with the template's own word
     }

@@ -114,6 +114,14 @@ void HtmlFrame::SetFailedText(const QString& headline, const QString& sentence) 
     cover_->Status().SetFailedText(headline, sentence);
 }
 
+QRectF HtmlFrame::RingRect() const {
+    return showsFocus_ ? QRectF(rect()) : QRectF();
+}
+
+qreal HtmlFrame::RingRadius() const {
+    return Metric::radius;
+}
+
 void HtmlFrame::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     PlaceCover();

@@ -4,13 +4,14 @@
 #include <QFrame>
 
 #include "ui/kit/ViewStatus.h"
+#include "ui/look/FocusRing.h"
 
 namespace quorvi {
 
 // Holds one view and lays the mark over it: the running bar at its top while work goes on. As long
 // as the view has nothing to show, what a list would paint in that state covers all of it. The
 // window's thread.
-class HtmlFrame : public QFrame {
+class HtmlFrame : public QFrame, public RingShape {
     Q_OBJECT
   public:
     // Takes the view as its child.
@@ -28,6 +29,11 @@ class HtmlFrame : public QFrame {
     void SetBar(QWidget& bar);
     // Says in place of the view that nothing was found; an empty headline shows the view.
     void SetNothingFound(const QString& headline);
+    // Has the focus ring laid around it while the view has the focus: for a view in which nothing
+    // takes it and shows it, but which keys scroll.
+    void ShowFocus() { showsFocus_ = true; }
+    [[nodiscard]] QRectF RingRect() const override;
+    [[nodiscard]] qreal RingRadius() const override;
     // The sentence of a failed load, which names the refresh button.
     void SetFailedText(const QString& headline, const QString& sentence);
 
@@ -42,6 +48,7 @@ class HtmlFrame : public QFrame {
     Cover* cover_;
     QWidget& view_;
     bool filled_ = false;
+    bool showsFocus_ = false;
 };
 
 }  // namespace quorvi

@@ -53,6 +53,17 @@ RingFrame* FrameOf(QWidget* window) {
     return frame != nullptr ? frame : new RingFrame(window);
 }
 
+// What the ring goes around while `widget` has the focus: the widget itself, or what it is the
+// inside of; null where the widget paints a ring of its own, or none.
+QWidget* RingedOf(QWidget* widget) {
+    for (QWidget* each = widget; each != nullptr; each = each->parentWidget()) {
+        if (const auto* shape = dynamic_cast<const RingShape*>(each)) {
+            return shape->RingRect().isEmpty() ? nullptr : each;
+        }
+    }
+    return nullptr;
+}
+
 // The frame that was laid around a control last. It is not looked for again when that control loses
 // the focus: it may be losing it because its window's parts are being deleted.
 QPointer<RingFrame>& Worn() {
@@ -112,11 +123,9 @@ void FocusRing::Update() {
     if (widget == nullptr) {
         return;
     }
-    const auto* shape = dynamic_cast<const RingShape*>(widget);
-    const bool around = shape != nullptr && !shape->RingRect().isEmpty();
     RingFrame* frame = FrameOf(widget->window());
     Worn() = frame;
-    frame->setWidget(around && shown_ ? widget : nullptr);
+    frame->setWidget(shown_ ? RingedOf(widget) : nullptr);
     if (frame->widget() != nullptr) {
         frame->show();
         frame->raise();

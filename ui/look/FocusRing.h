@@ -9,8 +9,9 @@ class QWidget;
 
 namespace quorvi {
 
-// What a control tells of the ring around it. A control whose ring lies inside itself paints it
-// when FocusRing::ShownOn says so, and is no RingShape or gives an empty rectangle.
+// What a control tells of the ring around it while it, or what is in it, has the focus. A control
+// whose ring lies inside itself paints it when FocusRing::ShownOn says so, and is no RingShape or
+// gives an empty rectangle.
 class RingShape {
   public:
     virtual ~RingShape() = default;

@@ -236,6 +236,31 @@ TEST_F(ControlsTest, TheRingIsDrawnOutsideTheControl) {
     EXPECT_EQ(shown.pixelColor(at), look::color(look::Color::plum6));
 }
 
+// A control whose inside takes the focus, as a view's does.
+class Holder : public QWidget, public RingShape {
+  public:
+    QWidget inside{this};
+
+    Holder() {
+        setFixedSize(60, 30);
+        inside.setFocusPolicy(Qt::TabFocus);
+    }
+    [[nodiscard]] QRectF RingRect() const override { return rect(); }
+    [[nodiscard]] qreal RingRadius() const override { return 0; }
+};
+
+TEST_F(ControlsTest, TheRingGoesAroundAControlWhoseInsideHasTheFocus) {
+    auto* first = Add(new CSkinButton(QStringLiteral("一")), 1);
+    auto* holder = Add(new Holder, 2);
+    Show();
+    first->setFocus();
+    QTest::keyClick(first, Qt::Key_Tab);
+    ASSERT_TRUE(holder->inside.hasFocus());
+    const QImage shown = window_.grab().toImage();
+    const QPoint at = holder->mapTo(&window_, QPoint(30, -3));
+    EXPECT_EQ(shown.pixelColor(at), look::color(look::Color::ring));
+}
+
 // The page cuts off what is drawn beyond its edge.
 TEST_F(ControlsTest, TheRingIsWholeAtTheEdgeOfAPageThatScrolls) {
     QScrollArea area;
