@@ -59,13 +59,35 @@ inline QPoint MiddleOf(const CHtmlCtrlBase& view, const QString& selector) {
     return middle.size() == 2 ? QPoint(middle[0].toInt(), middle[1].toInt()) : QPoint();
 }
 
-// A press with the mouse there.
+// Until the document has been painted once: before that the engine drops what the mouse does, and
+// on a busy machine a document stands long before. Asked again of a document that takes the place
+// of another, which begins anew.
+inline void WaitUntilPainted(const CHtmlCtrlBase& view) {
+    const QString asks = QStringLiteral(
+        "(() => {"
+        "if (globalThis.wasPainted === undefined) {"
+        "  globalThis.wasPainted = false;"
+        "  requestAnimationFrame(() => requestAnimationFrame(() => globalThis.wasPainted = true));"
+        "}"
+        "return globalThis.wasPainted; })()");
+    ASSERT_TRUE(WaitFor([&] { return AskHtml(view, asks).toBool(); }));
+}
+
+// A click at a place in the view, in a document that has been painted.
+inline void ClickHtmlAt(const CHtmlCtrlBase& view, const QPoint& at,
+                        Qt::MouseButton button = Qt::LeftButton,
+                        Qt::KeyboardModifiers modifiers = {}) {
+    WaitUntilPainted(view);
+    QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers, at);
+}
+
+// A click in the middle of the first element that the selector finds.
 inline void ClickHtml(const CHtmlCtrlBase& view, const QString& selector,
                       Qt::MouseButton button = Qt::LeftButton,
                       Qt::KeyboardModifiers modifiers = {}) {
     const QPoint middle = MiddleOf(view, selector);
     ASSERT_FALSE(middle.isNull());
-    QTest::mouseClick(view.Browser()->focusProxy(), button, modifiers, middle);
+    ClickHtmlAt(view, middle, button, modifiers);
 }
 
 // Asks for a menu, as the right button does at a place, or the menu key anywhere.

@@ -168,9 +168,9 @@ TEST_F(DownloadStory, APackageOfTheStoreIsDownloadedPausedResumedByTheNextRunAnd
     // A search, the item's page, and a click on its package.
     Search(u8"听书");
     ASSERT_TRUE(WaitForHeading("found"));
-    ClickPainted(QStringLiteral("#item"));
+    ClickHtml(View(), QStringLiteral("#item"));
     ASSERT_TRUE(WaitForHeading("item"));
-    ClickPainted(QStringLiteral("#get"));
+    ClickHtml(View(), QStringLiteral("#get"));
     ASSERT_TRUE(WaitFor([] { return Store().LoadTaskList(TaskFilter::all).tasks.size() == 1; }));
 
     OpenPage(kDownloads);

@@ -30,20 +30,6 @@ class StoreDriver : public PagesOnPhone {
                            .toString() == QLatin1StringView(heading);
         });
     }
-    // Clicks once the document has been painted: until then the engine drops what the mouse does,
-    // and on a busy machine a document stands long before.
-    static void ClickPainted(const QString& selector) {
-        const QString asks = QStringLiteral(
-            "(() => {"
-            "if (globalThis.wasPainted === undefined) {"
-            "  globalThis.wasPainted = false;"
-            "  requestAnimationFrame(() => requestAnimationFrame("
-            "      () => globalThis.wasPainted = true));"
-            "}"
-            "return globalThis.wasPainted; })()");
-        ASSERT_TRUE(WaitFor([&] { return AskHtml(View(), asks).toBool(); }));
-        ClickHtml(View(), selector);
-    }
     static void Search(std::u8string_view words) {
         auto& box = *Window().findChild<CaptionBar*>();
         Type(box.Search(), ToQString(words));

@@ -89,9 +89,9 @@ TEST_F(StoreStory, ASearchLeadsToAnItemAndItsPackageOntoThePhone) {
     EXPECT_THAT(Asked(),
                 AllOf(Contains("GET /search.php?keywords=%E5%90%AC%E4%B9%A6&key=f3b8e03c HTTP/1.1"),
                       Not(Contains("GET / HTTP/1.1"))));
-    ClickPainted(QStringLiteral("#item"));
+    ClickHtml(View(), QStringLiteral("#item"));
     ASSERT_TRUE(WaitForHeading("item"));
-    ClickPainted(QStringLiteral("#get"));
+    ClickHtml(View(), QStringLiteral("#get"));
     ASSERT_TRUE(WaitFor([] { return Tasks(TaskFilter::done).size() == 1; })) << Standing();
     const CDownloadTask task = Tasks(TaskFilter::done)[0];
     EXPECT_EQ(task.title, Ansi(u8"晨间听书"));
@@ -113,7 +113,7 @@ TEST_F(StoreStory, ALinkThatNamesNoPackageIsToldAndMakesNoTask) {
     site_->Serve("search.php", "<h1>bad</h1> <a id=bad href='qvh:../x.apk'>x</a>");
     Search(u8"词典");
     ASSERT_TRUE(WaitForHeading("bad"));
-    ClickPainted(QStringLiteral("#bad"));
+    ClickHtml(View(), QStringLiteral("#bad"));
     ASSERT_TRUE(WaitFor([] {
         return Status() == ToQString(u8"【错误】应用的包名不正确，没有添加任务，请换一个应用下载");
     }));

@@ -129,7 +129,7 @@ class HostileMessage : public PageTest, public testing::WithParamInterface<Hosti
         return places;
     }
     static void Click(const CHtmlCtrlBase& view, const QPoint& at, Qt::MouseButton button) {
-        QTest::mouseClick(view.Browser()->focusProxy(), button, Qt::NoModifier, at);
+        ClickHtmlAt(view, at, button);
     }
     void ExpectUnharmed(const CHtmlCtrlBase& view, int resource) {
         EXPECT_TRUE(WaitFor([&] { return IsShown(view); }));

@@ -228,8 +228,7 @@ TEST_F(SmsPage, AllOfABlockIsTheLinkToItsConversation) {
                                                            "document.querySelector('#sms_ul > li')"
                                                            ".getBoundingClientRect())"))
                                 .toList();
-    QTest::mouseClick(View().Browser()->focusProxy(), Qt::LeftButton, {},
-                      QPoint(at[0].toInt(), at[1].toInt()));
+    ClickHtmlAt(View(), QPoint(at[0].toInt(), at[1].toInt()));
     ASSERT_TRUE(WaitFor([&] { return !agent_.Requests(AgentCommand::readConversation).empty(); }));
     EXPECT_EQ(agent_.Requests(AgentCommand::readConversation)[0], Join({Word(870202), Word(7)}));
     PressIn(kComposer, 1021);

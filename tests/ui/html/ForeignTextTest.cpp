@@ -53,21 +53,12 @@ class ForeignText : public HtmlCtrl, public testing::WithParamInterface<Hostile>
         for (const QVariant& middle : middles) {
             const QPoint at(middle.toList()[0].toInt(), middle.toList()[1].toInt());
             for (const auto button : {Qt::LeftButton, Qt::MiddleButton}) {
-                QTest::mouseClick(view_->Browser()->focusProxy(), button, Qt::NoModifier, at);
+                ClickHtmlAt(*view_, at, button);
             }
         }
     }
-    // Clicks the program's link until it is heard of: by then all that was done before has had its
-    // effect. While the browser turns one link down, it drops a click on another.
-    void ClickOwn() {
-        ASSERT_TRUE(WaitFor([&] {
-            if (!Ask(QStringLiteral("document.querySelector('#own') !== null")).toBool()) {
-                return false;  // the view was wiped, and comes back
-            }
-            Click(QStringLiteral("#own"));
-            return !owner_.commands.empty();
-        }));
-    }
+    // By then all that was done before has had its effect.
+    void ClickOwn() { ClickUntilHeard(QStringLiteral("#own")); }
     // Where the program's link stands, and how it and its line look.
     QJsonObject Following() {
         return QJsonDocument::fromJson(

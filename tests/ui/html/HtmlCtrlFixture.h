@@ -92,6 +92,19 @@ class HtmlCtrl : public testing::Test {
         ClickHtml(*view_, selector, button, modifiers);
     }
 
+    // Clicks a private link until it is heard of: while the browser turns one link down, it drops a
+    // click on another.
+    void ClickUntilHeard(const QString& selector) {
+        ASSERT_TRUE(WaitFor([&] {
+            if (!Ask(QStringLiteral("document.querySelector('%1') !== null").arg(selector))
+                     .toBool()) {
+                return false;  // the view was wiped, and comes back
+            }
+            Click(selector);
+            return !owner_.commands.empty();
+        }));
+    }
+
     Owner owner_;
     WebServer server_;
     std::unique_ptr<CHtmlCtrlFix> view_;
