@@ -21,7 +21,7 @@ inline constexpr std::array<KeyRow, 13> kKeyTable{{
     {u8"← → ↑ ↓", u8"在标签、导航和列表里移动"},
     {u8"F5", u8"刷新这一页"},
     {u8"Ctrl+N", u8"添加联系人、分组、闹铃或书签，编写短信"},
-    {u8"Ctrl+F Esc", u8"在列表里查找，结束查找"},
+    {u8"Ctrl+F Esc", u8"在列表和打开的会话里查找，结束查找"},
     {u8"Ctrl+C", u8"复制选中的一行，屏幕截图页复制图片"},
     {u8"空格", u8"勾选列表里的一行，按下按钮"},
     {u8"Shift+空格 Shift+↑ Shift+↓", u8"连续勾选；按住 Shift 点复选框也可以"},

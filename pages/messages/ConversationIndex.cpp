@@ -15,4 +15,13 @@ FindIndex IndexOfConversations(std::span<const Conversation> conversations) {
     return index;
 }
 
+FindIndex IndexOfMessages(std::span<const ConversationMessage> messages) {
+    FindIndex index;
+    for (const ConversationMessage& message : messages) {
+        index.AddRow();
+        index.AddUtf8(ToUtf8(message.text), FindKind::text);
+    }
+    return index;
+}
+
 }  // namespace quorvi

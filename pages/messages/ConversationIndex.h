@@ -1,4 +1,4 @@
-// Finding among the phone's conversations.
+// Finding among the phone's conversations, and in one of them.
 #pragma once
 
 #include <span>
@@ -11,5 +11,8 @@ namespace quorvi {
 // A row a conversation, in their order: its name as a name, its number by the digits, and the text
 // of its last message letter by letter. Any thread.
 [[nodiscard]] FindIndex IndexOfConversations(std::span<const Conversation> conversations);
+
+// A row a message, in their order: its text letter by letter. Any thread.
+[[nodiscard]] FindIndex IndexOfMessages(std::span<const ConversationMessage> messages);
 
 }  // namespace quorvi

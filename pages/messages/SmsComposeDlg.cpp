@@ -1,13 +1,16 @@
 #include "pages/messages/SmsComposeDlg.h"
 
 #include <QGridLayout>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
+#include "pages/messages/ConversationIndex.h"
 #include "pages/messages/OutgoingMessage.h"
 #include "pages/messages/RecipientLine.h"
+#include "pages/messages/ViewFind.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/ControlNumber.h"
@@ -35,13 +38,6 @@ constexpr int kRecipients = 1337;
 constexpr int kText = 1271;
 constexpr int kSend = 1030;
 constexpr int kCancel = 1021;
-
-// What a worker brings of a conversation; its fragment is in the view by then.
-struct ConversationShown {
-    SessionOutcome outcome;
-    bool shown;
-    std::string party;
-};
 
 // The number of a member's node stands behind the last bracket of its text.
 QString SearchedMember(const QString& text) {
@@ -94,7 +90,7 @@ void CSmsComposeDlg::BuildControls() {
     tree_->Status().SetEmptyText(ToQString(u8"没有联系人"), ToQString(u8"可以直接输入收件人号码"));
     SayWhenFailed(tree_->Status(), {});
     tree_->Status().Set(ListState::loading);
-    new TreeFind(*tree_);
+    treeFind_ = new TreeFind(*tree_);
 
     view_ = new CHtmlCtrlFix(kView, HtmlContent::local, *this, Body());
     view_->setAccessibleName(ToQString(u8"短信对话"));
@@ -103,6 +99,16 @@ void CSmsComposeDlg::BuildControls() {
     frame_->ShowFocus();
     if (conversation_ == kNoConversation) {
         frame_->SetFilled();  // with the template's own word
+    } else {
+        find_ = new ViewFind(*frame_, *view_,
+                             {.list = "conversation_list",
+                              .by = ToQString(u8"短信内容"),
+                              .name = ToQString(u8"在短信对话中查找"),
+                              .scroll = HtmlScroll::end});
+        find_->LeaveKey();
+        treeFind_->LeaveKey();
+        auto* key = new QShortcut(QKeySequence::Find, this);
+        connect(key, &QShortcut::activated, this, &CSmsComposeDlg::Find);
     }
 
     const QString recipients = ToQString(u8"收件人:");
@@ -174,28 +180,42 @@ void CSmsComposeDlg::ReadConversation() {
     RunJob(
         this,
         [agent = agent_, id = conversation_, document = view_->Document()] {
-            const ConversationReply reply = FetchConversation(AgentSession(agent), id);
-            const bool shown = !reply.messages.empty();
-            if (shown) {
+            ConversationReply reply = FetchConversation(AgentSession(agent), id);
+            if (!reply.messages.empty()) {
                 document.SetInnerHtml("conversation_list", ConversationFragment(reply.messages),
                                       HtmlScroll::end);
             }
-            return ConversationShown{reply.outcome, shown, ConversationParty(reply.messages)};
+            return reply;
         },
-        [this](ConversationShown&& read) {
-            ShowConversation(read.outcome, read.shown, read.party);
+        [this](ConversationReply&& reply) {
+            ShowConversation(std::move(reply));
             ReadTree();
         });
 }
 
-void CSmsComposeDlg::ShowConversation(SessionOutcome outcome, bool shown,
-                                      const std::string& party) {
+// The fragment of its messages is in the view by now.
+void CSmsComposeDlg::ShowConversation(ConversationReply&& reply) {
     frame_->SetFilled();
     frame_->SetState(ListState::idle);
     recipients_->setEnabled(true);
-    ShowLoadOutcome(host_, outcome);
-    if (shown) {
-        recipients_->setText(ToShownQString(party));  // cut where it is too long for any number
+    ShowLoadOutcome(host_, reply.outcome);
+    if (!reply.messages.empty()) {
+        messages_ = std::move(reply.messages);
+        find_->SetRows([this] { return IndexOfMessages(messages_); });
+        recipients_->setText(ToShownQString(
+            ConversationParty(messages_)));  // cut where it is too long for any number
+    }
+}
+
+// One bar at a time, so that Escape closes that.
+void CSmsComposeDlg::Find() {
+    const QWidget* at = focusWidget();
+    if (at != nullptr && (at == tree_ || tree_->isAncestorOf(at))) {
+        find_->Close();
+        treeFind_->Open();
+    } else {
+        treeFind_->Close();
+        find_->Open();
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "agent/AgentAddress.h"
 #include "pages/messages/Conversations.h"
@@ -20,6 +21,8 @@ class SkinTextEdit;
 class CSkinTree;
 class HtmlFrame;
 class RecipientLine;
+class TreeFind;
+class ViewFind;
 
 // What was to be sent, as it stood in the two fields.
 struct UnsentMessage {
@@ -54,7 +57,9 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     void OnAppCmd(const std::string&) override {}  // a conversation holds no links of ours
     void BuildControls();
     void ReadConversation();
-    void ShowConversation(SessionOutcome outcome, bool shown, const std::string& party);
+    void ShowConversation(ConversationReply&& reply);
+    // Of the tree while it has the focus, of the conversation from anywhere else.
+    void Find();
     void ReadTree();
     void ShowTree(GroupTree&& tree);
     void TidyTyped(const QString& text);
@@ -72,9 +77,12 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     std::uint32_t conversation_;
     AgentAddress agent_;
     GroupMembers members_;
+    std::vector<ConversationMessage> messages_;
     CHtmlCtrlFix* view_ = nullptr;
     HtmlFrame* frame_ = nullptr;
+    ViewFind* find_ = nullptr;  // none where there is no conversation
     CSkinTree* tree_ = nullptr;
+    TreeFind* treeFind_ = nullptr;
     CSkinEdit* recipients_ = nullptr;
     RecipientLine* line_ = nullptr;  // below them
     SkinTextEdit* text_ = nullptr;

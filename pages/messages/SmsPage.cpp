@@ -8,8 +8,9 @@
 #include "pages/kit/KeptDelete.h"
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
-#include "pages/messages/ConversationFind.h"
+#include "pages/messages/ConversationIndex.h"
 #include "pages/messages/Conversations.h"
+#include "pages/messages/ViewFind.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/html/HtmlTemplate.h"
 #include "ui/kit/QtText.h"
@@ -40,7 +41,11 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)),
-      find_(new ConversationFind(*frame_, *view_)),
+      find_(new ViewFind(*frame_, *view_,
+                         {.list = "sms_ul",
+                          .by = ToQString(u8"姓名、号码或最近一条短信"),
+                          .name = ToQString(u8"在会话中查找"),
+                          .scroll = HtmlScroll::top})),
       transfers_(host, *this, FileKind::messages,
                  {.write =
                       [agent = agent_, attribution = attribution_](
@@ -79,7 +84,7 @@ void CSmsPage::ShowLoaded(Loaded loaded) {
     ShowLoadOutcome(Host(), loaded.outcome);
     if (!loaded.conversations.empty()) {
         shown_ = std::move(loaded.conversations);
-        find_->SetConversations(shown_);
+        find_->SetRows([this] { return IndexOfConversations(shown_); });
         frame_->SetFilled();
     }
     frame_->SetState(connected ? ListState::idle : ListState::failed);

@@ -17,8 +17,8 @@
 
 namespace quorvi {
 
-class ConversationFind;
 class HtmlFrame;
+class ViewFind;
 
 // Page 11, dialog 397, key 2 in PageLoadState. What is done with a conversation is a link in
 // the fragment that the view shows, which carries the conversation's id; Delete on a block
@@ -69,7 +69,7 @@ class CSmsPage : public Page, private HtmlListener {
     PageLoad load_;
     CHtmlCtrlFix* view_;
     HtmlFrame* frame_;
-    ConversationFind* find_;
+    ViewFind* find_;
     FileTransfers transfers_;
     std::vector<Conversation> shown_;                // what the view shows
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation

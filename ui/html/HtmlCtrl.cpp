@@ -131,8 +131,9 @@ void CHtmlCtrlBase::Keep(HtmlEdit edit) {
 }
 
 void CHtmlCtrlBase::ShowChildren(std::string_view id,
-                                 const std::optional<std::vector<int>>& children) {
-    HtmlEdit edit = ShowChildrenEdit(id, children);
+                                 const std::optional<std::vector<int>>& children,
+                                 HtmlScroll scroll) {
+    HtmlEdit edit = ShowChildrenEdit(id, children, scroll);
     if (narrows_) {
         narrowNext_ = edit.script;
     } else if (ready_) {

@@ -75,7 +75,8 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
                       HtmlScroll scroll = HtmlScroll::keep);
     // Shows these of an element's children alone (see ShowChildrenEdit), for one element at a time.
     // Told faster than the document can show it, it leaves out what is between.
-    void ShowChildren(std::string_view id, const std::optional<std::vector<int>>& children);
+    void ShowChildren(std::string_view id, const std::optional<std::vector<int>>& children,
+                      HtmlScroll scroll = HtmlScroll::top);
     // From the next document on, one that shows its end goes on showing it when the view becomes
     // lower.
     void StayAtEnd() { staysAtEnd_ = true; }

@@ -80,7 +80,7 @@ constexpr char16_t kFunction[] =
 // What an element holds is kept with where it was scrolled to: the first child in sight, since
 // children that have not come near yet may change their height.
 constexpr char16_t kShowChildren[] =
-    uR"((function(id, places) {
+    uR"((function(id, places, scroll) {
   const element = document.getElementById(id);
   if (!element) return;
   const narrowed = globalThis.narrowed ??= new Map();
@@ -97,7 +97,7 @@ constexpr char16_t kShowChildren[] =
     if (child) content.append(child);
   }
   element.replaceChildren(content);
-  window.scrollTo(0, 0);
+  window.scrollTo(0, scroll);
   if (places === null) {
     narrowed.delete(id);
     if (first) window.scrollBy(0, first.getBoundingClientRect().top - top);
@@ -162,7 +162,8 @@ HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html, HtmlScr
     return {element, CallOf(kFunction, arguments)};
 }
 
-HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<int>>& children) {
+HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<int>>& children,
+                          HtmlScroll scroll) {
     const QString element = ToQString(id);
     QJsonValue places = QJsonValue::Null;
     if (children) {
@@ -174,7 +175,7 @@ HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<i
     }
     // A blank is in no id, so this takes no other change's place.
     return {element + QStringLiteral(" children"),
-            CallOf(kShowChildren, QJsonArray{element, places})};
+            CallOf(kShowChildren, QJsonArray{element, places, ScrollTarget(scroll)})};
 }
 
 }  // namespace quorvi

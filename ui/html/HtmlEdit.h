@@ -30,9 +30,10 @@ struct HtmlEdit {
 
 // Of the element with the id `id` the children at these places are shown, in this order, counted
 // from 0 as its inner HTML has them; all of them for none. The document is as if the element held
-// no others, and stands at its top; with all of them it is scrolled to where it was before, and the
-// link that had the focus has it again.
+// no others, and stands at its top or its end as `scroll` says; with all of them it is scrolled to
+// where it was before, and the link that had the focus has it again.
 [[nodiscard]] HtmlEdit ShowChildrenEdit(std::string_view id,
-                                        const std::optional<std::vector<int>>& children);
+                                        const std::optional<std::vector<int>>& children,
+                                        HtmlScroll scroll = HtmlScroll::top);
 
 }  // namespace quorvi

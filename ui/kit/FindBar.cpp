@@ -18,6 +18,7 @@ using look::Metric;
 FindBar::FindBar(QWidget& searched, const QString& placeholder, QWidget* parent)
     : QWidget(parent),
       searched_(searched),
+      key_(new QShortcut(QKeySequence::Find, &searched)),
       escape_(new QShortcut(QKeySequence(Qt::Key_Escape), &searched)),
       field_(new CSearchEdit(placeholder, this)),
       count_(new PlainLabel({}, look::Size::s12, Color::ink2, this)),
@@ -42,14 +43,21 @@ FindBar::FindBar(QWidget& searched, const QString& placeholder, QWidget* parent)
     layout->addWidget(field_, kFieldFirst);
     layout->addWidget(count_, 1);
     layout->addWidget(close_);
-    auto* shortcut = new QShortcut(QKeySequence::Find, &searched);
-    connect(shortcut, &QShortcut::activated, this, &FindBar::openAsked);
+    connect(key_, &QShortcut::activated, this, &FindBar::openAsked);
     // A shortcut, since the main window keeps the key itself from all that is in it.
     escape_->setEnabled(false);
     connect(escape_, &QShortcut::activated, this, &FindBar::closeAsked);
     connect(field_, &QLineEdit::textChanged, this, &FindBar::typed);
     connect(close_, &QAbstractButton::clicked, this, &FindBar::closeAsked);
     hide();
+}
+
+void FindBar::SetFieldName(const QString& name) {
+    field_->setAccessibleName(name);
+}
+
+void FindBar::LeaveKey() {
+    key_->setEnabled(false);
 }
 
 void FindBar::SetOpen(bool open) {

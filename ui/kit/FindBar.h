@@ -21,6 +21,11 @@ class FindBar : public QWidget {
     // can look.
     FindBar(QWidget& searched, const QString& placeholder, QWidget* parent);
 
+    // What a screen reader calls the field, where that is not a list's.
+    void SetFieldName(const QString& name);
+    // Ctrl+F is heeded elsewhere from now on: in a window that has two bars.
+    void LeaveKey();
+
     [[nodiscard]] bool IsOpen() const { return !isHidden(); }
     // An open bar takes part in the Tab key's round, before what is searched.
     void SetOpen(bool open);
@@ -43,6 +48,7 @@ class FindBar : public QWidget {
 
   private:
     QWidget& searched_;
+    QShortcut* key_;
     QShortcut* escape_;
     CSearchEdit* field_;
     PlainLabel* count_;

@@ -42,6 +42,10 @@ TreeFind::TreeFind(SearchedTree& tree)
     connect(model, &QAbstractItemModel::rowsRemoved, this, &TreeFind::OnNodesChanged);
 }
 
+void TreeFind::LeaveKey() {
+    bar_->LeaveKey();
+}
+
 bool TreeFind::IsOpen() const {
     return bar_->IsOpen();
 }

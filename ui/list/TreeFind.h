@@ -23,6 +23,9 @@ class TreeFind : public QObject {
     // The tree has its model, and owns what is made here.
     explicit TreeFind(SearchedTree& tree);
 
+    // Ctrl+F is heeded by whom the tree belongs to, from now on.
+    void LeaveKey();
+
     [[nodiscard]] bool IsOpen() const;
     void Open();
     void Close();

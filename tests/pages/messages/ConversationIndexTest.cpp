@@ -45,5 +45,18 @@ TEST(ConversationIndex, AMessageIsFoundByItsTextLetterByLetter) {
     EXPECT_EQ(Found(u"jinwan"), std::vector<int>{});  // no pinyin of what was written
 }
 
+TEST(ConversationIndex, AMessageOfOneConversationIsFoundByItsTextAlone) {
+    const std::array<ConversationMessage, 3> messages{
+        ConversationMessage{true, "13861234567", "2011-06-18 09:12:44", Ansi(u8"到家了吗")},
+        ConversationMessage{false, "13861234567", "2011-06-18 09:13:02", Ansi(u8"到了，138")},
+        ConversationMessage{true, "13861234567", "2011-06-18 09:14:10", "OK"},
+    };
+    const FindIndex index = IndexOfMessages(messages);
+    EXPECT_EQ(index.Find(FindQuery(u"到")), (std::vector<int>{0, 1}));
+    EXPECT_EQ(index.Find(FindQuery(u"ok")), std::vector<int>{2});
+    EXPECT_EQ(index.Find(FindQuery(u"138")), std::vector<int>{1});
+    EXPECT_EQ(index.Find(FindQuery(u"daojia")), std::vector<int>{});
+}
+
 }  // namespace
 }  // namespace quorvi

@@ -44,7 +44,7 @@ TEST_F(SmsFind, CtrlFInTheViewOpensTheBarAndEscapeClosesIt) {
     const int top = View().mapTo(page_.get(), QPoint()).y();
     EXPECT_FALSE(Field().isVisible());
     PressCtrlF();
-    EXPECT_EQ(Field().accessibleName(), ToQString(u8"在列表中查找"));
+    EXPECT_EQ(Field().accessibleName(), ToQString(u8"在会话中查找"));
     EXPECT_TRUE(WaitFor(
         [&] { return View().mapTo(page_.get(), QPoint()).y() == top + look::Metric::findBar; }));
     QTest::keyClick(&Field(), Qt::Key_Escape);

@@ -7,6 +7,7 @@
 #include <QWebEngineView>
 #include <algorithm>
 #include <csignal>
+#include <numeric>
 #include <thread>
 
 #include "base/Text.h"
@@ -431,6 +432,20 @@ TEST_F(HtmlChildren, OnlyThoseThatAreNamedAreShown) {
     EXPECT_TRUE(WaitFor([&] { return Shown().isEmpty(); }));
     view_->ShowChildren("block", std::nullopt);
     EXPECT_TRUE(WaitFor([&] { return Shown() == All(); }));
+}
+
+TEST_F(HtmlChildren, ThoseThatAreNamedAreSeenAtTheirEndWhereThatIsAskedFor) {
+    std::vector<int> most(40);
+    std::iota(most.begin(), most.end(), 3);
+    view_->ShowChildren("block", most, HtmlScroll::end);
+    EXPECT_TRUE(WaitFor([&] {
+        return Ask(QStringLiteral("scrollY > 0 && scrollY + innerHeight >= "
+                                  "document.documentElement.scrollHeight - 1"))
+            .toBool();
+    }));
+    view_->ShowChildren("block", std::nullopt);
+    EXPECT_TRUE(WaitFor([&] { return Shown() == All(); }));
+    EXPECT_EQ(Ask(QStringLiteral("scrollY")).toInt(), 0);
 }
 
 TEST_F(HtmlChildren, AllOfThemAreShownAsTheyWereBefore) {

@@ -1,0 +1,90 @@
+#include "pages/messages/ViewFind.h"
+
+#include <QLocale>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "ui/html/HtmlCtrl.h"
+#include "ui/html/HtmlFrame.h"
+#include "ui/kit/FindBar.h"
+#include "ui/kit/QtText.h"
+
+namespace quorvi {
+
+ViewFind::ViewFind(HtmlFrame& frame, CHtmlCtrlBase& view, const Searched& searched)
+    : QObject(&frame),
+      frame_(frame),
+      view_(view),
+      list_(searched.list),
+      scroll_(searched.scroll),
+      bar_(new FindBar(view, searched.by, &frame)) {
+    bar_->SetFieldName(searched.name);
+    frame_.SetBar(*bar_);
+    connect(bar_, &FindBar::openAsked, this, &ViewFind::Open);
+    connect(bar_, &FindBar::typed, this, &ViewFind::Narrow);
+    connect(bar_, &FindBar::closeAsked, this, &ViewFind::Close);
+    connect(bar_, &FindBar::listAsked, this, &ViewFind::GoToView);
+}
+
+void ViewFind::LeaveKey() {
+    bar_->LeaveKey();
+}
+
+bool ViewFind::IsOpen() const {
+    return bar_->IsOpen();
+}
+
+void ViewFind::Open() {
+    if (!IsOpen()) {
+        if (rows_) {
+            index_ = rows_();  // now, so that no key has to wait for it
+        }
+        bar_->SetOpen(true);
+    }
+    bar_->TakeFocus();
+}
+
+void ViewFind::Close() {
+    if (!IsOpen()) {
+        return;
+    }
+    bar_->SetOpen(false);
+    bar_->SetText({});  // shows all again
+    index_.Clear();
+    GoToView();
+}
+
+void ViewFind::SetRows(IndexOf index) {
+    rows_ = std::move(index);
+    if (IsOpen()) {
+        index_ = rows_();
+        Narrow();
+    }
+}
+
+void ViewFind::Narrow() {
+    const QString typed = bar_->Text();
+    const QStringView units(typed);
+    const FindQuery query({units.utf16(), static_cast<std::size_t>(units.size())});
+    if (query.IsEmpty()) {
+        bar_->SetCount({});
+        frame_.SetNothingFound({});
+        view_.ShowChildren(list_, std::nullopt);
+        return;
+    }
+    const std::vector<int> found = index_.Find(query);
+    const QString count = QLocale(QLocale::Chinese).toString(static_cast<int>(found.size()));
+    // What is on its way has nothing to count.
+    const bool none = index_.RowCount() == 0;
+    bar_->SetCount(none ? QString() : ToQString(u8"找到 %1 项").arg(count));
+    frame_.SetNothingFound(!none && found.empty() ? ToQString(u8"没有找到“%1”").arg(typed.trimmed())
+                                                  : QString());
+    view_.ShowChildren(list_, found, scroll_);
+}
+
+void ViewFind::GoToView() {
+    view_.setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace quorvi
