@@ -211,32 +211,45 @@ void FileTransfers::AskToImport(ImportContent content, const ImportResult& plan)
         Fail(u8"没有导入", plan.status.why);
         return;
     }
-    const QString rest =
-        (plan.there == 0 ? QString() : ToQString(u8"，手机上已有 ") + Counted(plan.there)) +
-        AndSkipped(plan.skipped, u8"，%1 项读不出来") +
-        AndSkipped(plan.leftOut, u8"，%1 项的一部分内容不会导入");
+    QStringList rest;
+    if (plan.there != 0) {
+        rest.append(ToQString(u8"手机上已有 ") + Counted(plan.there));
+    }
+    if (plan.skipped.count != 0) {
+        rest.append(AndSkipped(plan.skipped, u8"%1 项读不出来"));
+    }
+    if (plan.leftOut.count != 0) {
+        rest.append(AndSkipped(plan.leftOut, u8"%1 项的一部分内容不会导入"));
+    }
     if (plan.added == 0) {
-        host_.SetStatus(
-            ToQString(u8"【提示】文件里没有要导入的%1").arg(ToQString(TextsOf(kind_).noun)) + rest);
+        rest.prepend(
+            ToQString(u8"【提示】文件里没有要导入的%1").arg(ToQString(TextsOf(kind_).noun)));
+        host_.SetStatus(rest.join(ToQString(u8"，")));
         return;
     }
-    const QString question = ToQString(u8"要把 ") + Counted(plan.added) +
-                             ToQString(u8"导入到手机吗？") +
-                             (rest.isEmpty() ? QString() : ToQString(u8"（%1）").arg(rest.mid(1)));
+    auto* question =
+        new ConsentDlg(ToQString(u8"要把 ") + Counted(plan.added) + ToQString(u8"导入到手机吗？"),
+                       ToQString(u8"导入"), ToQString(u8"取消"), look::ButtonKind::primary, &page_);
+    question->AddRemark(rest.join(u'\n'));
     auto shared = std::make_shared<const ImportContent>(std::move(content));
-    AskForConsent(&page_, question, ToQString(u8"导入"), ToQString(u8"取消"),
-                  look::ButtonKind::primary, [this, shared] {
-                      atWork_ = true;
-                      RunDisabled(
-                          page_,
-                          [read = offer_.read, shared, watch = Watch(u8"正在导入%1：%2/%3")] {
-                              return read(*shared, ImportMode::send, watch);
-                          },
-                          [this](const ImportResult& result) {
-                              atWork_ = false;
-                              EndImport(result);
-                          });
-                  });
+    question->Open([this, shared](int result) {
+        if (result == QDialog::Accepted) {
+            SendImport(shared);
+        }
+    });
+}
+
+void FileTransfers::SendImport(const std::shared_ptr<const ImportContent>& content) {
+    atWork_ = true;
+    RunDisabled(
+        page_,
+        [read = offer_.read, content, watch = Watch(u8"正在导入%1：%2/%3")] {
+            return read(*content, ImportMode::send, watch);
+        },
+        [this](const ImportResult& result) {
+            atWork_ = false;
+            EndImport(result);
+        });
 }
 
 void FileTransfers::EndImport(const ImportResult& result) {

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 #include "backup/Export.h"
 #include "backup/FileTransfer.h"
@@ -58,6 +59,7 @@ class FileTransfers {
     void EndExport(const QString& file, const ExportResult& result);
     void StartImport(const std::filesystem::path& file);
     void AskToImport(ImportContent content, const ImportResult& plan);
+    void SendImport(const std::shared_ptr<const ImportContent>& content);
     void EndImport(const ImportResult& result);
     // Says how far a transfer has come.
     [[nodiscard]] TransferWatch Watch(std::u8string_view saying);

@@ -20,6 +20,7 @@ class BookmarkTransfers : public TransfersPageTest<BookmarkPage> {
         SkinDialog* dialog = OpenDialog(kQuestion);
         return dialog == nullptr ? QString() : FindControl<QLabel>(dialog, 65535)->text();
     }
+    static QString Remark() { return FindControl<QLabel>(OpenDialog(kQuestion), 4)->text(); }
     std::size_t Added() { return agent_.Requests(AgentCommand::addBookmark).size(); }
 };
 
@@ -49,7 +50,8 @@ TEST_F(BookmarkTransfers, ANameWithoutAnEndingGetsThatOfTheFilter) {
 TEST_F(BookmarkTransfers, ImportSaysWhatItWillDoAndAddsWhatThePhoneDoesNotHave) {
     OpenLoaded();
     ImportFrom("a.html", kFile);
-    EXPECT_EQ(Question(), ToQString(u8"要把 2 个书签导入到手机吗？（手机上已有 1 个书签）"));
+    EXPECT_EQ(Question(), ToQString(u8"要把 2 个书签导入到手机吗？"));
+    EXPECT_EQ(Remark(), ToQString(u8"手机上已有 1 个书签"));
     EXPECT_EQ(Added(), 0u);
     PressIn(kQuestion, kYes);
     Settle();
