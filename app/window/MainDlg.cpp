@@ -25,6 +25,7 @@
 #include "app/window/StatusStrip.h"
 #include "app/window/TabStrip.h"
 #include "app/window/WindowPlace.h"
+#include "pages/kit/KeptColumns.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
@@ -184,7 +185,11 @@ void CMainDlg::BuildFrame() {
     auto* keys = new QShortcut(this);
     keys->setKeys({Qt::Key_Question, Qt::SHIFT | Qt::Key_Question});
     keys->setAutoRepeat(false);
-    connect(keys, &QShortcut::activated, this, [this] { (new KeysDlg(this))->Open(); });
+    connect(keys, &QShortcut::activated, this, [this] {
+        auto* dialog = new KeysDlg(this);
+        KeepColumnsOf(*dialog, Settings());
+        dialog->Open();
+    });
 }
 
 void CMainDlg::OnInitDialog() {

@@ -47,9 +47,7 @@ void PageStack::Build(const PageMakers& makers, PageHost& host, const Services& 
     }
     pages_[kDialogNeverShown] = MakeAnnouncement(host, kDialogNeverShown, &frame_);
     for (const auto& [dialog, page] : pages_) {
-        for (CSkinListCtrl* list : page->findChildren<CSkinListCtrl*>()) {
-            KeepColumns(*list, host.Settings(), ColumnsName(*page, *list));
-        }
+        KeepColumnsOf(*page, host.Settings());
         page->hide();
         layout_->addWidget(page, 0, 0);
     }

@@ -7,6 +7,7 @@
 
 #include "pages/contacts/GroupEditDlg.h"
 #include "pages/kit/FormEditor.h"
+#include "pages/kit/KeptColumns.h"
 #include "pages/kit/PhoneListCtrl.h"
 #include "pages/kit/ViewSentences.h"
 #include "ui/kit/ControlNumber.h"
@@ -112,6 +113,7 @@ void CContactGroupDlg::BuildControls() {
     column->addWidget(list_, 1);
     SetDefault(AddEndButton(kOk, ToQString(u8"确定"), QDialog::Accepted, ButtonKind::primary));
     SetInnerSize({Metric::groupsWidth, Metric::groupsHeight});
+    KeepColumnsOf(*this, host_.Settings());
 }
 
 void CContactGroupDlg::Refresh() {

@@ -12,6 +12,7 @@
 #include "link/AdbNames.h"
 #include "link/LinkText.h"
 #include "link/WirelessAddress.h"
+#include "pages/kit/KeptColumns.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/QtText.h"
 #include "ui/kit/SkinFields.h"
@@ -96,6 +97,9 @@ CDeviceManagerDlg::CDeviceManagerDlg(DeviceContext& device,
           })),
       settings_(settings) {
     BuildControls();
+    if (settings_ != nullptr) {
+        KeepColumnsOf(*this, *settings_);
+    }
     timer0_.setSingleShot(true);
     timer0_.setInterval(kTimer0);
     connect(&timer0_, &QTimer::timeout, this, &CDeviceManagerDlg::OnTimer0);

@@ -68,6 +68,12 @@ void KeepColumns(CSkinListCtrl& list, SettingsStore& settings, std::string name)
     new Keeper(list, settings, std::move(name));
 }
 
+void KeepColumnsOf(const QWidget& dialog, SettingsStore& settings) {
+    for (CSkinListCtrl* list : dialog.findChildren<CSkinListCtrl*>()) {
+        KeepColumns(*list, settings, ColumnsName(dialog, *list));
+    }
+}
+
 std::string ColumnsName(const QWidget& dialog, const CSkinListCtrl& list) {
     return "columns_" + dialog.objectName().section(QLatin1Char(' '), -1).toStdString() + "_" +
            list.objectName().toStdString();

@@ -14,6 +14,9 @@ namespace quorvi {
 // say, for the list of dialog 132. The window's thread.
 void KeepColumns(CSkinListCtrl& list, SettingsStore& settings, std::string name);
 
+// The same for every list of a page or dialog, each by a name of its own.
+void KeepColumnsOf(const QWidget& dialog, SettingsStore& settings);
+
 // The name for a list of a page or dialog, out of the numbers of both.
 [[nodiscard]] std::string ColumnsName(const QWidget& dialog, const CSkinListCtrl& list);
 

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "pages/kit/KeptColumns.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/settings/BackupPane.h"
 #include "pages/settings/DeletedPane.h"
@@ -53,6 +54,7 @@ bool BackupGroup::IsAtWork() const {
 
 void BackupGroup::ShowPlan(const std::filesystem::path& backup) {
     auto* plan = new RestorePlanDlg(agent_, backup, this);
+    KeepColumnsOf(*plan, host_.Settings());
     // The pages show what was there before.
     connect(plan, &RestorePlanDlg::phoneChanged, this, [this] {
         for (const PageNumbers& page : {kContactsPage, kAlarmsPage, kBookmarksPage}) {

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "pages/kit/KeptColumns.h"
+#include "tests/support/ColumnDriver.h"
 #include "tests/support/MemorySettings.h"
 #include "tests/support/PageTest.h"
 #include "tests/support/SampleList.h"
@@ -21,15 +22,17 @@ class KeptColumns : public PageTest {
             KeepColumns(list, settings, kName);
             list.show();
         }
-        void Drag(int by) {
-            auto& head = *static_cast<CSkinHeader*>(list.horizontalHeader());
-            const QPoint from = head.GripRect(sampleName).center();
-            QTest::mousePress(head.viewport(), Qt::LeftButton, {}, from);
-            QTest::mouseMove(head.viewport(), from + QPoint(by, 0));
-            QTest::mouseRelease(head.viewport(), Qt::LeftButton, {}, from + QPoint(by, 0));
-        }
+        void Drag(int by) { DragColumn(list, sampleName, by); }
         SampleListCtrl list;
     };
+    // What is kept of a list that was dragged by so much.
+    static std::string TextOf(int by) {
+        SampleListCtrl list;
+        list.resize(760, 300);
+        list.show();
+        DragColumn(list, sampleName, by);
+        return list.Widths().Text();
+    }
     [[nodiscard]] std::optional<std::string> Text() const {
         return host_.settings.ReadText(kSettingsKey, kName);
     }
@@ -65,12 +68,33 @@ TEST_F(KeptColumns, WhatIsNoneOfItsWidthsIsPassedOver) {
     EXPECT_EQ(shown.list.columnWidth(sampleLink), 80);
 }
 
+TEST_F(KeptColumns, AllListsOfADialogAreKept) {
+    QWidget dialog;
+    SetDialogNumber(dialog, 132);
+    dialog.resize(760, 600);
+    SampleListCtrl first(&dialog);
+    SampleListCtrl second(&dialog);
+    for (SampleListCtrl* list : {&first, &second}) {
+        SetControlNumber(list, list == &first ? 1067 : 1068, QStringLiteral("x"));
+        list->resize(760, 300);
+    }
+    host_.settings.WriteText(kSettingsKey, kName, TextOf(-30));
+    host_.settings.WriteText(kSettingsKey, "columns_132_1068", TextOf(-20));
+    KeepColumnsOf(dialog, host_.settings);
+    dialog.show();
+    EXPECT_EQ(first.columnWidth(sampleLink), 110);
+    EXPECT_EQ(second.columnWidth(sampleLink), 100);
+}
+
 TEST_F(KeptColumns, EachListHasANameOfItsOwn) {
     QWidget dialog;
     SetDialogNumber(dialog, 132);
     SampleListCtrl list;
     SetControlNumber(&list, 1067, QStringLiteral("x"));
     EXPECT_EQ(ColumnsName(dialog, list), kName);
+    QWidget another;
+    SetDialogNumber(another, 690);
+    EXPECT_EQ(ColumnsName(another, list), "columns_690_1067");
 }
 
 }  // namespace

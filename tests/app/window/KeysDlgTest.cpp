@@ -6,7 +6,9 @@
 #include "app/window/KeysDlg.h"
 #include "tests/app/window/MainDlgFixture.h"
 #include "tests/support/BuildPlaces.h"
+#include "tests/support/ColumnDriver.h"
 #include "ui/list/SkinListCtrl.h"
+#include "ui/page/Job.h"
 
 namespace quorvi {
 namespace {
@@ -30,6 +32,27 @@ TEST_F(KeysDialog, AQuestionMarkOpensItWherePressedWithShiftOrWithout) {
         ASSERT_NE(Dialog(), nullptr);
         QTest::keyClick(Dialog(), Qt::Key_Escape);
         ASSERT_TRUE(WaitFor([this] { return Dialog() == nullptr; }));
+        ShowActive(*window_);
+    }
+}
+
+TEST_F(KeysDialog, AColumnThatWasDraggedIsAsWideTheNextTime) {
+    Show();
+    int dragged = 0;
+    for (const bool again : {false, true}) {
+        QTest::keyClick(window_->windowHandle(), Qt::Key_Question, Qt::ShiftModifier);
+        ASSERT_NE(Dialog(), nullptr);
+        auto& list = *Dialog()->findChild<CSkinListCtrl*>();
+        if (again) {
+            EXPECT_EQ(list.columnWidth(0), dragged);
+        } else {
+            const int told = list.columnWidth(0);
+            DragColumn(list, 0, 40);
+            dragged = list.columnWidth(0);
+            EXPECT_EQ(dragged, told + 40);
+        }
+        QTest::keyClick(Dialog(), Qt::Key_Escape);
+        ASSERT_TRUE(WaitFor([this] { return Dialog() == nullptr && RunningJobs() == 0; }));
         ShowActive(*window_);
     }
 }

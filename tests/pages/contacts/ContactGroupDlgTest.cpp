@@ -4,6 +4,7 @@
 #include "pages/contacts/ContactGroupDlg.h"
 #include "pages/contacts/GroupEditDlg.h"
 #include "tests/support/AgentDialogTest.h"
+#include "tests/support/ColumnDriver.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/KeptDeletes.h"
 #include "tests/support/KeyDriver.h"
@@ -81,6 +82,21 @@ TEST_F(GroupDialog, CtrlFFindsAGroupAndEscapeEndsTheSearchBeforeTheDialog) {
     EXPECT_FALSE(field->isVisible());
     EXPECT_TRUE(dialog_->isVisible());
     EXPECT_EQ(List().model()->rowCount(), 2);
+}
+
+TEST_F(GroupDialog, AColumnThatWasDraggedIsAsWideTheNextTime) {
+    constexpr int kAccount = 2;
+    OpenLoaded();
+    const int told = List().columnWidth(kAccount);
+    DragColumn(List(), kAccount - 1, -30);
+    const int dragged = List().columnWidth(kAccount);
+    EXPECT_EQ(dragged, told + 30);
+    PressIn(679, 1215);
+    Settle();
+    ASSERT_TRUE(Gone());
+    OpenAt(agent_.Port());
+    WaitForLoads(2);
+    EXPECT_EQ(List().columnWidth(kAccount), dragged);
 }
 
 TEST_F(GroupDialog, OpeningLoadsTheGroupsIntoTheirColumns) {

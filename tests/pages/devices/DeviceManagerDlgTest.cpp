@@ -16,6 +16,7 @@
 #include "link/WirelessAddress.h"
 #include "pages/devices/DeviceManagerDlg.h"
 #include "tests/support/AwaitTimer.h"
+#include "tests/support/ColumnDriver.h"
 #include "tests/support/FakeAdb.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/MemorySettings.h"
@@ -162,6 +163,17 @@ TEST_F(DeviceManagerDlgTest, ControlsAreFoundByTheirNumbers) {
     EXPECT_EQ(List()->columnWidth(0), 104);
     EXPECT_EQ(List()->columnWidth(1), 200);
     EXPECT_EQ(List()->columnWidth(2), 140);
+}
+
+TEST_F(DeviceManagerDlgTest, AColumnThatWasDraggedIsAsWideTheNextTime) {
+    OpenWithRows(2);
+    DragColumn(*List(), 1, 25);
+    EXPECT_EQ(List()->columnWidth(1), 225);
+    ASSERT_TRUE(Reached(
+        [this] { return settings_.ReadText(kSettingsKey, "columns_533_1214").has_value(); }));
+    delete dialog_;
+    OpenWithRows(2);
+    EXPECT_EQ(List()->columnWidth(1), 225);
 }
 
 TEST_F(DeviceManagerDlgTest, TitleIsItsOwnUnlessGiven) {

@@ -8,6 +8,7 @@
 #include "pages/kit/PageNumbers.h"
 #include "pages/settings/SettingsPage.h"
 #include "tests/pages/settings/BackupPhone.h"
+#include "tests/support/ColumnDriver.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/FileDialogDriver.h"
 #include "ui/kit/SkinButtons.h"
@@ -299,6 +300,32 @@ TEST_F(DeletedTest, WhatWasDeletedIsListedAndABookmarkOpensItsPlan) {
     EXPECT_EQ(OpenDialog(kPlan)->findChild<CSkinListCtrl*>()->CellAt(0, 2).text,
               QStringLiteral("weather"));
     OpenDialog(kPlan)->close();
+}
+
+TEST_F(DeletedTest, AColumnOfAPlanThatWasDraggedIsAsWideInTheNext) {
+    constexpr int kName = 2;
+    BookmarkRow bookmark;
+    bookmark.title = "weather";
+    Keep(std::vector{bookmark}, now_);
+    agent_.AnswerNoData(AgentCommand::listBookmarks);
+    Open();
+    int dragged = 0;
+    for (const bool again : {false, true}) {
+        Q_EMIT List().rowOpened(0);
+        Settle();
+        ASSERT_NE(OpenDialog(kPlan), nullptr);
+        auto& plan = *OpenDialog(kPlan)->findChild<CSkinListCtrl*>();
+        if (again) {
+            EXPECT_EQ(plan.columnWidth(kName), dragged);
+        } else {
+            const int told = plan.columnWidth(kName);
+            DragColumn(plan, kName, 40);
+            dragged = plan.columnWidth(kName);
+            EXPECT_EQ(dragged, told + 40);
+        }
+        OpenDialog(kPlan)->close();
+        Settle();
+    }
 }
 
 TEST_F(DeletedTest, WhatWasBroughtBackIsReadByThePagesWhenTheyAreShownAgain) {
