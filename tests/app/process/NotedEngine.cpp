@@ -1,5 +1,7 @@
 // A module in the place of the browser engine's: as it is loaded it writes into the file that
-// QUORVI_NOTED_ENGINE names whether the window stands on the screen by then. It makes no browsers.
+// QUORVI_NOTED_ENGINE names whether the window stands on the screen by then, and its scale. It
+// makes no browsers.
+#include <QByteArray>
 #include <QFile>
 #include <QGuiApplication>
 #include <QObject>
@@ -21,7 +23,9 @@ namespace {
     const QWindowList windows = QGuiApplication::topLevelWindows();
     const bool shown =
         std::ranges::any_of(windows, [](const QWindow* window) { return window->isExposed(); });
-    return note.open(QIODevice::WriteOnly) && note.write(shown ? "window" : "nothing") > 0;
+    const double scale = windows.isEmpty() ? 0 : windows.front()->devicePixelRatio();
+    const QByteArray line = (shown ? "window " : "nothing ") + QByteArray::number(scale);
+    return note.open(QIODevice::WriteOnly) && note.write(line) == line.size();
 }();
 
 }  // namespace

@@ -10,6 +10,9 @@
 #include <optional>
 
 #include "app/process/ProcessEnd.h"
+#include "base/LookChoice.h"
+#include "base/Places.h"
+#include "base/SettingsFile.h"
 #include "tests/support/BuildPlaces.h"
 #include "tests/support/EnvironmentVariable.h"
 #include "tests/support/WidgetTest.h"
@@ -62,6 +65,7 @@ class Program : public WidgetTest {
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), Runtime());
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder_.path());
         environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+        environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment);
@@ -134,24 +138,39 @@ TEST_F(Program, TheBrowserEngineIsNoneOfItsLibrariesAndIsLoadedAfterwards) {
     EXPECT_TRUE(program->waitForFinished());
 }
 
-// The program beside another module, which notes when it is loaded.
-TEST_F(Program, TheBrowserEngineIsLoadedWhenTheWindowStandsOnTheScreen) {
-    const QString program = folder_.filePath(QStringLiteral("quorvi"));
-    const QString note = folder_.filePath(QStringLiteral("note"));
-    ASSERT_TRUE(QFile::copy(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), program));
-    ASSERT_TRUE(QFile::copy(QStringLiteral(NOTED_ENGINE),
-                            folder_.filePath(QStringLiteral("libquorvi_browser.so"))));
-    qputenv("QUORVI_NOTED_ENGINE", note.toLocal8Bit());
-    const auto started = Start({}, program);
-    qunsetenv("QUORVI_NOTED_ENGINE");
-    const auto noted = [&] {
-        QFile file(note);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
-    EXPECT_TRUE(WaitFor([&] { return !noted().isEmpty(); }));
-    EXPECT_EQ(noted(), "window");
-    started->terminate();
-    EXPECT_TRUE(started->waitForFinished());
+// The program beside another module, which notes what it finds when it is loaded.
+class NotedProgram : public Program {
+  protected:
+    QByteArray Note() {
+        const QString program = folder_.filePath(QStringLiteral("quorvi"));
+        const QString note = folder_.filePath(QStringLiteral("note"));
+        EXPECT_TRUE(QFile::copy(QStringLiteral(QUORVI_BIN_DIR "/quorvi"), program));
+        EXPECT_TRUE(QFile::copy(QStringLiteral(NOTED_ENGINE),
+                                folder_.filePath(QStringLiteral("libquorvi_browser.so"))));
+        const EnvironmentVariable file("QUORVI_NOTED_ENGINE", note.toStdString());
+        const auto started = Start({}, program);
+        const auto noted = [&] {
+            QFile written(note);
+            return written.open(QIODevice::ReadOnly) ? written.readAll() : QByteArray();
+        };
+        EXPECT_TRUE(WaitFor([&] { return !noted().isEmpty(); }));
+        started->terminate();
+        EXPECT_TRUE(started->waitForFinished());
+        return noted();
+    }
+};
+
+TEST_F(NotedProgram, TheBrowserEngineIsLoadedWhenTheWindowStandsOnTheScreen) {
+    EXPECT_EQ(Note(), "window 1");
+}
+
+TEST_F(NotedProgram, TheSizeOfTextThatWasChosenIsTheScaleOfItsWindow) {
+    Places places = ThePlaces();
+    places.config = folder_.path().toStdString();
+    SettingsFile settings(places.SettingsFile());
+    ChooseTextPercent(settings, 150);
+    ASSERT_EQ(ChosenTextPercent(settings), 150);
+    EXPECT_EQ(Note(), "window 1.5");
 }
 
 TEST_F(Program, ASecondStartEndsWithZeroAndTheFirstGoesOn) {
