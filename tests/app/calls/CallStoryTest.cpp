@@ -2,6 +2,10 @@
 // back.
 #include <gmock/gmock.h>
 
+#include <QLineEdit>
+
+#include "pages/kit/NumberMenu.h"
+#include "tests/support/MenuDriver.h"
 #include "tests/support/PagesOnPhone.h"
 
 namespace quorvi {
@@ -12,6 +16,16 @@ using testing::HasSubstr;
 constexpr int kList = 1072;
 constexpr std::size_t kDelete = 1;
 constexpr std::size_t kDeleteAll = 2;
+
+constexpr int kComposer = 550;
+constexpr int kRecipients = 1337;
+constexpr int kText = 1271;
+constexpr int kSend = 1030;
+
+constexpr int kEditor = 540;
+constexpr int kName = 1149;
+constexpr int kMobile = 1150;
+constexpr int kSave = 1020;
 
 enum Column {
     columnHead,
@@ -28,6 +42,18 @@ class CallStory : public PagesOnPhone {
     void SetUp() override {
         PagesOnPhone::SetUp();
         OpenFresh(kCalls);
+    }
+
+    // Chooses from the menu of the call with a number.
+    static void Choose(const char* number, int command) {
+        int row = 0;
+        while (row < List().RowCount() &&
+               List().CellAt(row, columnContact).text != QLatin1String(number) &&
+               List().CellAt(row, columnContact).second != QLatin1String(number)) {
+            ++row;
+        }
+        ASSERT_LT(row, List().RowCount()) << number;
+        ChooseFrom(OpenRowMenu(*Window().ShownPage(), List(), row, columnContact), command);
     }
 
     static CSkinListCtrl& List() { return OnPage<CSkinListCtrl>(kList); }
@@ -91,6 +117,36 @@ TEST_F(CallStory, AQuestionThatIsNotConfirmedSendsNothing) {
     Press(682, 1215);
     ASSERT_TRUE(WaitForNoDialog(682));
     EXPECT_TRUE(Requests(870303).empty());
+}
+
+// Over the page of the calls, which stays: neither of the other two pages was shown before.
+TEST_F(CallStory, AMessageIsWrittenToTheNumberOfACall) {
+    Choose("13861234567", NumberMenu::commandWrite);
+    ASSERT_TRUE(WaitForDialog(kComposer));
+    EXPECT_EQ(In<QLineEdit>(kComposer, kRecipients).text(),
+              ToQString(u8"\"林远舟\" <13861234567>;"));
+    EXPECT_EQ(Window().MainPage(), kCalls);
+    Type(In(kComposer, kText), ToQString(u8"晚点回你"));
+    Press(kComposer, kSend);
+    ASSERT_TRUE(WaitForNoDialog(kComposer));
+    ASSERT_EQ(Requests(870204).size(), 1u);
+    EXPECT_THAT(Requests(870204)[0], HasSubstr("to 13861234567: 晚点回你"));
+    EXPECT_EQ(Status(), ToQString(u8"已发送给 1 人"));
+    EXPECT_EQ(Window().MainPage(), kCalls);
+}
+
+TEST_F(CallStory, TheNumberOfACallIsAddedAsAContact) {
+    Choose("13000000000", NumberMenu::commandAdd);
+    ASSERT_TRUE(WaitForDialog(kEditor));
+    EXPECT_EQ(In<QLineEdit>(kEditor, kMobile).text(), QStringLiteral("13000000000"));
+    EXPECT_EQ(In<QLineEdit>(kEditor, kName).text(), QString());
+    EXPECT_EQ(Window().MainPage(), kCalls);
+    Type(In(kEditor, kName), ToQString(u8"叶师傅"));
+    Press(kEditor, kSave);
+    ASSERT_TRUE(WaitForNoDialog(kEditor));
+    ASSERT_EQ(Requests(870103).size(), 1u);
+    EXPECT_EQ(Status(), ToQString(u8"已添加联系人 叶师傅"));
+    EXPECT_EQ(Window().MainPage(), kCalls);
 }
 
 }  // namespace
