@@ -1,6 +1,7 @@
 // What a key costs in the bar over a list of 20,000 names and numbers: to find the rows, and until
-// the narrowed list is painted; and the same over a tree that has as many in one open group. Ends
-// with status 1 when a key takes longer than a frame of the screen.
+// the narrowed list is painted; the same over a tree that has as many in one open group; and to
+// find the messages of a conversation that has as many. Ends with status 1 when a key takes longer
+// than a frame of the screen.
 #include <benchmark/benchmark.h>
 
 #include <QLineEdit>
@@ -9,9 +10,11 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Text.h"
 #include "bench/Verdict.h"
 #include "bench/WindowTurns.h"
 #include "find/FindIndex.h"
+#include "pages/messages/ConversationIndex.h"
 #include "tests/support/SampleList.h"
 #include "ui/kit/SkinTree.h"
 #include "ui/list/ListFind.h"
@@ -53,6 +56,32 @@ void Index(benchmark::State& state, std::u16string_view typed) {
         index.AddText(record.name.toStdU16String(), FindKind::name);
         index.AddText(record.number.toStdU16String(), FindKind::number);
     }
+    const FindQuery query(typed);
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(index.Find(query));
+    }
+}
+
+std::vector<ConversationMessage> Messages() {
+    std::vector<ConversationMessage> messages(kRows);
+    for (std::size_t i = 0; i < messages.size(); ++i) {
+        messages[i].text = Ansi(
+                               u8"明天下午三点在人民广场地铁站十二号口见，带上上次借的书和雨伞，"
+                               u8"晚饭我来订。到了打这个电话：") +
+                           std::to_string(13'800'000'000LL + static_cast<long long>(i) * 37);
+    }
+    return messages;
+}
+
+void OpenMessages(benchmark::State& state) {
+    const auto messages = Messages();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(IndexOfMessages(messages));
+    }
+}
+
+void FindMessages(benchmark::State& state, std::u16string_view typed) {
+    const FindIndex index = IndexOfMessages(Messages());
     const FindQuery query(typed);
     for (auto _ : state) {
         benchmark::DoNotOptimize(index.Find(query));
@@ -163,11 +192,14 @@ void TreeAll(benchmark::State& state) {
 void Judge(const Figures& figures, Verdict& verdict) {
     verdict.AtMost("20,000 rows, the bar opens, ms", figures.Time("Open"), kMostOpen);
     verdict.AtMost("20,000 nodes, the bar opens, ms", figures.Time("TreeOpen"), kMostOpen);
+    verdict.AtMost("20,000 messages, the bar opens, ms", figures.Time("OpenMessages"), kMostOpen);
     verdict.AtMost("20,000 nodes come again, ms", figures.Time("TreeAll"), kMostKey);
     for (std::size_t i = 0; i < kTyped.size(); ++i) {
         const QString typed =
             QString::fromUtf16(kTyped[i].data(), static_cast<qsizetype>(kTyped[i].size()));
         const std::string which = std::to_string(i);
+        verdict.AtMost(("in messages, ms: " + typed.toStdString()).c_str(),
+                       figures.Time("Messages" + which), kMostKey);
         Verdict::Tell(("  found, ms: " + typed.toStdString()).c_str(),
                       figures.Time("Index" + which));
         verdict.AtMost(("on the screen, ms: " + typed.toStdString()).c_str(),
@@ -184,10 +216,13 @@ int main(int count, char** words) {
     using namespace quorvi;
     const auto application = MakeApplication(count, words);
     benchmark::RegisterBenchmark("Open", Open)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("OpenMessages", OpenMessages)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("TreeOpen", TreeOpen)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("TreeAll", TreeAll)->Unit(benchmark::kMillisecond);
     for (std::size_t i = 0; i < kTyped.size(); ++i) {
         const std::string which = std::to_string(i);
+        benchmark::RegisterBenchmark(("Messages" + which).c_str(), FindMessages, kTyped[i])
+            ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("TreeKey" + which).c_str(), TreeKey, kTyped[i])
             ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("Index" + which).c_str(), Index, kTyped[i])

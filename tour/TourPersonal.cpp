@@ -26,6 +26,7 @@
 #include "pages/messages/SmsPage.h"
 #include "tour/PageStops.h"
 #include "ui/html/HtmlCtrl.h"
+#include "ui/html/HtmlFrame.h"
 #include "ui/kit/ControlNumber.h"
 #include "ui/kit/SkinDialog.h"
 #include "ui/kit/SkinMenu.h"
@@ -110,6 +111,12 @@ SkinDialog* MakeComposerForNew(CMainDlg& window, AgentAddress agent) {
 SkinDialog* MakeComposerThatFinds(CMainDlg& window, AgentAddress agent) {
     SkinDialog* composer = MakeComposerForNew(window, agent);
     LookFor(*composer, u8"lyz");
+    return composer;
+}
+
+SkinDialog* MakeComposerThatFindsAMessage(CMainDlg& window, AgentAddress agent) {
+    SkinDialog* composer = MakeComposer(window, agent);
+    LookFor(*composer->findChild<HtmlFrame*>(), u8"点");
     return composer;
 }
 
@@ -250,6 +257,8 @@ std::vector<TourStop> PersonalStops() {
         {.name = "menu-sms", .open = &OpenMessageMenu},
         DialogStop("dialog-composer", kMessagesPage, kOfThePhone, &MakeComposer),
         DialogStop("dialog-composer-find", kMessagesPage, kOfThePhone, &MakeComposerThatFinds),
+        DialogStop("dialog-composer-find-message", kMessagesPage, kOfThePhone,
+                   &MakeComposerThatFindsAMessage),
         CommandStop("dialog-alarm-add", kAlarmsPage, CAlarmPage::commandAdd),
         DialogStop("dialog-alarm-update", kAlarmsPage, kOfThePhone, &MakeAlarmEditor),
         CommandStop("dialog-bookmark-add", kBookmarksPage, CBookmarkPage::commandAdd),
