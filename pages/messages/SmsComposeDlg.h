@@ -46,6 +46,9 @@ class CSmsComposeDlg : public SkinDialog, private HtmlListener {
     // What the user has told to send and the phone has not acknowledged.
     [[nodiscard]] const std::optional<UnsentMessage>& Unsent() const { return unsent_; }
 
+    // What was read of the conversation.
+    [[nodiscard]] const std::vector<ConversationMessage>& Messages() const { return messages_; }
+
     // How many numbers the message was told to be sent to.
     [[nodiscard]] std::size_t SentTo() const { return sentTo_; }
 

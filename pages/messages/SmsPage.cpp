@@ -8,7 +8,6 @@
 #include "pages/kit/KeptDelete.h"
 #include "pages/kit/PageSession.h"
 #include "pages/kit/ViewSentences.h"
-#include "pages/messages/ConversationIndex.h"
 #include "pages/messages/Conversations.h"
 #include "pages/messages/ViewFind.h"
 #include "ui/html/HtmlFrame.h"
@@ -43,7 +42,7 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       frame_(new HtmlFrame(*view_, this)),
       find_(new ViewFind(*frame_, *view_,
                          {.list = "sms_ul",
-                          .by = ToQString(u8"姓名、号码或最近一条短信"),
+                          .by = ToQString(u8"姓名、号码、看过的短信"),
                           .name = ToQString(u8"在会话中查找"),
                           .scroll = HtmlScroll::top})),
       transfers_(host, *this, FileKind::messages,
@@ -52,6 +51,7 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
                           const std::filesystem::path& file, const TransferWatch& watch) {
                           return ExportMessages(agent, attribution, std::nullopt, file, watch);
                       }}),
+      read_(services.device),
       numbers_(host, services),
       toWriteTo_(services.numbersToWriteTo) {
     view_->setAccessibleName(ToQString(u8"短信会话"));
@@ -84,10 +84,27 @@ void CSmsPage::ShowLoaded(Loaded loaded) {
     ShowLoadOutcome(Host(), loaded.outcome);
     if (!loaded.conversations.empty()) {
         shown_ = std::move(loaded.conversations);
-        find_->SetRows([this] { return IndexOfConversations(shown_); });
+        ShowFound();
         frame_->SetFilled();
     }
     frame_->SetState(connected ? ListState::idle : ListState::failed);
+}
+
+void CSmsPage::ShowFound() {
+    find_->SetRows([this] { return IndexOfConversations(shown_, read_.Here()); });
+}
+
+void CSmsPage::Remember(ReadTexts& read, std::uint32_t conversation,
+                        const std::vector<ConversationMessage>& messages) {
+    if (messages.empty()) {
+        return;
+    }
+    std::vector<std::string>& texts = read[conversation];
+    texts.clear();
+    for (const ConversationMessage& message : messages) {
+        texts.push_back(message.text);
+    }
+    ShowFound();
 }
 
 void CSmsPage::RunCommand(int index) {
@@ -204,7 +221,12 @@ void CSmsPage::OnMessage(Message message, int first, int second) {
 }
 
 void CSmsPage::Compose(std::uint32_t conversation) {
-    OpenComposer(new CSmsComposeDlg(Host(), conversation, this, agent_), unsent_, conversation);
+    auto* composer = new CSmsComposeDlg(Host(), conversation, this, agent_);
+    ReadTexts& read = read_.Here();  // another phone may be selected by then
+    connect(composer, &QDialog::finished, this, [this, composer, &read, conversation] {
+        Remember(read, conversation, composer->Messages());
+    });
+    OpenComposer(composer, unsent_, conversation);
 }
 
 void CSmsPage::WriteTo(const std::string& number) {
@@ -248,8 +270,9 @@ void CSmsPage::Delete(std::uint32_t conversation) {
                     .find = [going](AgentAddress) { return going; },
                     .request = DeleteConversationRequest(conversation),
                     .done =
-                        [this](const AcknowledgedReply& reply) {
+                        [this, conversation, &read = read_.Here()](const AcknowledgedReply& reply) {
                             if (reply.outcome == SessionOutcome::complete) {
+                                read.erase(conversation);
                                 Host().SetStatus(ToQString(u8"已删除 1 个会话"));
                             }
                             RefreshSms();

@@ -8,8 +8,10 @@
 
 #include "pages/kit/FileTransfers.h"
 #include "pages/kit/NumberMenu.h"
+#include "pages/kit/OfEachPhone.h"
 #include "pages/kit/PageNumbers.h"
 #include "pages/kit/Services.h"
+#include "pages/messages/ConversationIndex.h"
 #include "pages/messages/SmsComposeDlg.h"
 #include "ui/html/HtmlCtrl.h"
 #include "ui/page/Page.h"
@@ -57,6 +59,10 @@ class CSmsPage : public Page, private HtmlListener {
     void TakeFromMenu(int command, std::uint32_t conversation);
     // What the view shows of a conversation; nothing but its id where it shows none.
     [[nodiscard]] Conversation Shown(std::uint32_t conversation) const;
+    // Has the messages that a composer has read found among the conversations.
+    void Remember(ReadTexts& read, std::uint32_t conversation,
+                  const std::vector<ConversationMessage>& messages);
+    void ShowFound();
     void ShowLoaded(Loaded loaded);
     // Opens a composer, which begins with what stands in `unsent` under `key`, if anything.
     template <typename Key>
@@ -71,7 +77,8 @@ class CSmsPage : public Page, private HtmlListener {
     HtmlFrame* frame_;
     ViewFind* find_;
     FileTransfers transfers_;
-    std::vector<Conversation> shown_;                // what the view shows
+    std::vector<Conversation> shown_;  // what the view shows
+    OfEachPhone<ReadTexts> read_;
     std::map<std::uint32_t, UnsentMessage> unsent_;  // by conversation
     std::map<std::string, UnsentMessage> unsentTo_;  // by the number that was written to
     NumberMenu numbers_;

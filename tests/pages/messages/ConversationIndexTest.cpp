@@ -25,7 +25,7 @@ const std::array<Conversation, 3> kThree{
 };
 
 std::vector<int> Found(std::u16string_view typed) {
-    return IndexOfConversations(kThree).Find(FindQuery(typed));
+    return IndexOfConversations(kThree, {}).Find(FindQuery(typed));
 }
 
 TEST(ConversationIndex, ANameIsFoundByAnyPartOfItByPinyinAndByItsInitials) {
@@ -43,6 +43,18 @@ TEST(ConversationIndex, AMessageIsFoundByItsTextLetterByLetter) {
     EXPECT_EQ(Found(u"七点"), std::vector<int>{0});
     EXPECT_EQ(Found(u"YOU AT"), std::vector<int>{2});
     EXPECT_EQ(Found(u"jinwan"), std::vector<int>{});  // no pinyin of what was written
+}
+
+TEST(ConversationIndex, AConversationIsFoundByTheTextsThatWereReadOfItToo) {
+    std::array<Conversation, 2> two{kThree[0], kThree[1]};
+    two[0].id = 7;
+    two[1].id = 9;
+    const ReadTexts read{{9, {Ansi(u8"流量"), "CXLL"}}, {8, {Ansi(u8"流量")}}};
+    const FindIndex index = IndexOfConversations(two, read);
+    EXPECT_EQ(index.Find(FindQuery(u"流量")), std::vector<int>{1});
+    EXPECT_EQ(index.Find(FindQuery(u"cxll")), std::vector<int>{1});
+    EXPECT_EQ(index.Find(FindQuery(u"七点")), std::vector<int>{0});
+    EXPECT_EQ(index.Find(FindQuery(u"余额")), std::vector<int>{1});
 }
 
 TEST(ConversationIndex, AMessageOfOneConversationIsFoundByItsTextAlone) {

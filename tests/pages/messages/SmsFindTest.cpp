@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "tests/pages/messages/SmsPageFixture.h"
+#include "tests/support/AtWork.h"
 
 namespace quorvi {
 namespace {
@@ -117,6 +118,23 @@ TEST_F(SmsFind, ConversationsThatAreFetchedAnewAreNarrowedToo) {
     EXPECT_TRUE(Shows(u8"刘易之"));
     QTest::keyClick(&Field(), Qt::Key_Escape);
     EXPECT_TRUE(Shows(u8"王朝|刘易之"));
+}
+
+TEST_F(SmsFind, AConversationIsFoundByWhatWasReadOfItToo) {
+    agent_.AnswerPayload(AgentCommand::readConversation,
+                         MessagesPayload({{.text = "查流量"}, {.text = "余额"}}).Get());
+    services_.device.SetSerial("one");
+    OpenList();
+    PressCtrlF();
+    Field().setText(ToQString(u8"流量"));
+    ASSERT_TRUE(Shows(u8""));
+    page_->Compose(2);
+    ASSERT_TRUE(WaitFor([&] { return !AtWork(*OpenDialog(kComposer)); }));
+    PressIn(kComposer, 1021);
+    EXPECT_TRUE(Shows(u8"10086"));
+    services_.device.SetSerial("another");  // of which nothing was read
+    page_->Load();
+    EXPECT_TRUE(Shows(u8""));
 }
 
 TEST_F(SmsFind, TheTabKeyLeadsThroughTheBarToTheView) {
