@@ -2,11 +2,9 @@ package com.quorvi.Quorvi.wire;
 
 import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
-import static org.junit.Assert.assertFalse;
 import static org.junit.Assert.assertThrows;
 import static org.junit.Assert.assertTrue;
 
-import java.io.File;
 import java.io.IOException;
 import java.io.InputStream;
 import java.net.ConnectException;
@@ -134,23 +132,23 @@ public class AgentServerTest {
     public void aThousandSessionsLeaveNoThreadAndNoDescriptor() throws Exception {
         start(LONG_MILLIS);
         ask();
-        int threads = agentThreads();
-        int descriptors = descriptors();
+        int threads = Leftovers.threads();
+        int descriptors = Leftovers.descriptors();
         for (int i = 0; i < 1000; ++i) {
             ask();
         }
-        waitUntilAtMost(threads, true);
-        waitUntilAtMost(descriptors, false);
+        Leftovers.expectAtMost(threads, Leftovers::threads);
+        Leftovers.expectAtMost(descriptors, Leftovers::descriptors);
         server.stop();
-        assertEquals(0, agentThreads());
+        assertEquals(0, Leftovers.threads());
     }
 
     @Test
     public void brokenRequestsAndPeersThatGoLeaveNoThreadAndNoDescriptor() throws Exception {
         start(LONG_MILLIS);
         ask();
-        int threads = agentThreads();
-        int descriptors = descriptors();
+        int threads = Leftovers.threads();
+        int descriptors = Leftovers.descriptors();
         BrokenRequests requests = new BrokenRequests();
         for (int i = 0; i < 500; ++i) {
             try (Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port())) {
@@ -162,8 +160,8 @@ public class AgentServerTest {
             }
         }
         ask();
-        waitUntilAtMost(threads, true);
-        waitUntilAtMost(descriptors, false);
+        Leftovers.expectAtMost(threads, Leftovers::threads);
+        Leftovers.expectAtMost(descriptors, Leftovers::descriptors);
     }
 
     private void ask() throws Exception {
@@ -174,27 +172,6 @@ public class AgentServerTest {
         } finally {
             socket.close();
         }
-    }
-
-    /** The last connection's thread may still be ending. */
-    private static void waitUntilAtMost(int count, boolean isThreads) {
-        while ((isThreads ? agentThreads() : descriptors()) > count) {
-            Thread.yield();
-        }
-    }
-
-    private static int agentThreads() {
-        int count = 0;
-        for (Thread thread : Thread.getAllStackTraces().keySet()) {
-            count += thread.getName().startsWith("agent-") ? 1 : 0;
-        }
-        return count;
-    }
-
-    private static int descriptors() {
-        String[] all = new File("/proc/self/fd").list();
-        assertFalse(all == null);
-        return all.length;
     }
 
     private void start(int stallMillis) throws IOException {

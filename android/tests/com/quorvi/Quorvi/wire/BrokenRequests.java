@@ -25,6 +25,16 @@ public final class BrokenRequests {
         corpus = corpus();
     }
 
+    /** One of them in two is made of a whole request, of every command as often. */
+    public static BrokenRequests ofEveryCommand() throws IOException {
+        BrokenRequests requests = new BrokenRequests();
+        List<byte[]> whole = new ArrayList<>(WholeRequests.all().values());
+        for (int i = requests.corpus.size(); i > 0; i -= whole.size()) {
+            requests.corpus.addAll(whole);
+        }
+        return requests;
+    }
+
     /** Asks a table as many; returns how many of them it found malformed. */
     public static int send(CommandTable table, int count) throws IOException {
         BrokenRequests requests = new BrokenRequests();
@@ -39,7 +49,7 @@ public final class BrokenRequests {
         return malformed;
     }
 
-    byte[] next() {
+    public byte[] next() {
         return mutated(corpus.get(random.nextInt(corpus.size())), random);
     }
 
