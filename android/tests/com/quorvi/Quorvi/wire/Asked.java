@@ -22,29 +22,14 @@ public final class Asked {
     public static byte[] reply(CommandTable table, byte[] request)
             throws IOException, MalformedRequest {
         ByteArrayOutputStream out = new ByteArrayOutputStream();
-        new AgentConnection(table, temporary())
-                .serve(new ByteArrayInputStream(request), out, NOBODY_WATCHES);
+        replyTo(out, table, request);
         return out.toByteArray();
     }
 
-    /** Asks, and counts the bytes of the reply without keeping them. */
-    public static long replyBytes(CommandTable table, byte[] request)
+    public static void replyTo(OutputStream out, CommandTable table, byte[] request)
             throws IOException, MalformedRequest {
-        final long[] count = {0};
-        OutputStream out = new OutputStream() {
-            @Override
-            public void write(int one) {
-                ++count[0];
-            }
-
-            @Override
-            public void write(byte[] bytes, int offset, int length) {
-                count[0] += length;
-            }
-        };
         new AgentConnection(table, temporary())
                 .serve(new ByteArrayInputStream(request), out, NOBODY_WATCHES);
-        return count[0];
     }
 
     static File temporary() {
