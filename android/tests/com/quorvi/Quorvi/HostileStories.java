@@ -1,18 +1,25 @@
 package com.quorvi.Quorvi;
 
 import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
 
+import android.app.ActivityManager;
 import android.content.ContentProvider;
 import android.content.ContentValues;
+import android.content.pm.PackageInfo;
 import android.database.Cursor;
 import android.net.Uri;
 
 import org.json.JSONArray;
 import org.json.JSONObject;
 import org.junit.Test;
+import org.robolectric.Shadows;
+import org.robolectric.annotation.Config;
 
+import java.util.ArrayList;
 import java.util.Arrays;
+import java.util.List;
 
 /** A phone that holds what nobody would enter, that refuses, and that has nothing at all. */
 public class HostileStories extends SuitePhone {
@@ -29,6 +36,16 @@ public class HostileStories extends SuitePhone {
         "\u202e右到左\u202c \u200b\ufeff",
         "😀 𠮷野家",
         "half \ud83d of one",
+    };
+
+    /** What a command line would take for more than an application's name. */
+    private static final String[] NO_NAMES = {
+        "-k",
+        "com.example.chat; reboot",
+        "com.example.chat com.android.mms",
+        "$(reboot)",
+        "com.example.chat\nreboot",
+        "com.example.chat|reboot",
     };
 
     private static String megabyte() {
@@ -123,6 +140,71 @@ public class HostileStories extends SuitePhone {
         JSONArray bookmarks = list("bookmarks", "list");
         assertEquals(1 + TEXTS.length + 1, bookmarks.length());
         assertEquals(4, the(bookmarks, "title", "pictures").getInt("thumbnail_bytes"));
+    }
+
+    @Test
+    public void hostileProcessesAreListed() throws Exception {
+        List<ActivityManager.RunningAppProcessInfo> all = new ArrayList<>();
+        for (String text : TEXTS) {
+            all.add(process(text, 1, "com.example.harm"));
+            all.add(process("harm", 2, text));
+        }
+        ActivityManager.RunningAppProcessInfo numbers = process("numbers", -1);
+        numbers.importance = -1;
+        all.add(numbers);
+        all.add(process(megabyte(), Integer.MAX_VALUE, megabyte()));
+        run(all.toArray(new ActivityManager.RunningAppProcessInfo[0]));
+        JSONArray processes = list("processes", "list");
+        assertEquals(2 * TEXTS.length + 2, processes.length());
+        the(processes, "name", megabyte());
+        the(processes, "package", "😀 𠮷野家");
+        assertEquals(0xFFFFFFFFL, the(processes, "name", "numbers").getLong("pid"));
+        assertEquals(0, statusOf("", "processes", "list"));
+    }
+
+    @Test
+    public void hostileApplicationsAreListedAndNotStarted() throws Exception {
+        int delivered = list("apps", "list").length();
+        for (int i = 0; i < TEXTS.length; ++i) {
+            installApplication("com.example.harm.n" + i, TEXTS[i]);
+            installApplication(TEXTS[i], "harm");
+            PackageInfo version = application("com.example.version.n" + i, "harm");
+            version.versionName = TEXTS[i];
+            packages().installPackage(version);
+        }
+        for (String name : NO_NAMES) {
+            installApplication(name, "harm");
+        }
+        installApplication("com.example.megabyte", megabyte());
+        JSONArray applications = list("apps", "list");
+        assertEquals(
+                delivered + 3 * TEXTS.length + NO_NAMES.length + 1, applications.length());
+        the(applications, "package", "com.example.chat; reboot");
+        the(applications, "version", "😀 𠮷野家");
+        // Some Androids cut it themselves.
+        String name = the(applications, "package", "com.example.megabyte").getString("name");
+        assertTrue(name.length() + " letters", name.matches("x{1000,}"));
+        assertEquals(0, statusOf("", "apps", "list"));
+        assertEquals(1, statusOf("", "apps", "run", "$(reboot)"));
+        assertNull(Shadows.shadowOf(phone()).getNextStartedActivity());
+    }
+
+    @Config(sdk = 19)
+    @Test
+    public void hostileCachesAreListed() throws Exception {
+        for (int i = 0; i < TEXTS.length; ++i) {
+            installWithCache("com.example.harm.n" + i, TEXTS[i], 1, 0);
+            installWithCache(TEXTS[i], "harm", 1, 0);
+        }
+        installWithCache("com.example.numbers", "numbers", Long.MAX_VALUE, 0);
+        installWithCache("com.example.memory", "memory", 1L << 32, 1);
+        installWithCache("com.example.less", "less than nothing", -1, 0);
+        JSONArray items = list("cleaner", "scan");
+        assertEquals(3 + 2 * TEXTS.length + 2, items.length());
+        the(items, "name", "<script>document.title='owned'</script><b>bold");
+        the(items, "description", "../../../../etc/passwd\\..\\x");
+        assertEquals("com.example.numbers", items.getJSONObject(3).getString("description"));
+        assertEquals(0, statusOf("", "cleaner", "scan"));
     }
 
     /** Neither refuses nor answers, as databases of some makers. */

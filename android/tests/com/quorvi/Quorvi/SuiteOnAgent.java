@@ -78,16 +78,30 @@ public abstract class SuiteOnAgent extends OnPhones {
         return new JSONObject(ask("", arguments));
     }
 
-    /** What the command line prints; it succeeds. */
+    /** What the command line prints as JSON; it succeeds. */
     final String ask(String input, String... arguments) throws Exception {
+        String[] all = Arrays.copyOf(arguments, arguments.length + 1);
+        all[arguments.length] = "--json";
+        int status = statusOf(input, all);
+        assertEquals(arguments[0] + ": " + read(messages()), 0, status);
+        return read(output());
+    }
+
+    private File output() {
+        return new File(home.getRoot(), "output");
+    }
+
+    private File messages() {
+        return new File(home.getRoot(), "messages");
+    }
+
+    /** How the command line ends: 0 is success. */
+    final int statusOf(String input, String... arguments) throws Exception {
         List<String> command = new ArrayList<>();
         command.add(System.getProperty("agent.quorvictl"));
         command.addAll(Arrays.asList(arguments));
-        command.add("--json");
-        File output = new File(home.getRoot(), "output");
-        File messages = new File(home.getRoot(), "messages");
         ProcessBuilder builder =
-                new ProcessBuilder(command).redirectOutput(output).redirectError(messages);
+                new ProcessBuilder(command).redirectOutput(output()).redirectError(messages());
         builder.environment().put("HOME", home.getRoot().getPath());
         builder.environment().keySet().removeIf(name -> name.startsWith("XDG_"));
         Process process = builder.start();
@@ -98,8 +112,7 @@ public abstract class SuiteOnAgent extends OnPhones {
             // The phone's own thread, on which it answers some of what the agent asks it.
             Shadows.shadowOf(Looper.getMainLooper()).idle();
         }
-        assertEquals(arguments[0] + ": " + read(messages), 0, process.exitValue());
-        return read(output);
+        return process.exitValue();
     }
 
     private static String read(File file) throws Exception {

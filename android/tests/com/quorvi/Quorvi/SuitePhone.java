@@ -1,12 +1,22 @@
 package com.quorvi.Quorvi;
 
+import android.app.ActivityManager;
+import android.content.Context;
+import android.content.pm.ApplicationInfo;
+import android.content.pm.PackageInfo;
 import android.os.Build;
 import android.provider.Settings;
 
 import org.junit.Before;
+import org.robolectric.Shadows;
+import org.robolectric.shadows.ShadowActivityManager;
+import org.robolectric.shadows.ShadowPackageManager;
 import org.robolectric.util.ReflectionHelpers;
 
+import java.util.Arrays;
+
 /** The phone of the stories: three contacts, two conversations, five calls, a bookmark, no alarm. */
+@SuppressWarnings("deprecation")
 public abstract class SuitePhone extends SuiteOnAgent {
     final ContactsProvider book = new ContactsProvider();
     final MessageCommandsTest.Messages messages = new MessageCommandsTest.Messages();
@@ -48,5 +58,49 @@ public abstract class SuitePhone extends SuiteOnAgent {
                 "content://media/internal/audio/media/1");
         browser = BookmarkCommandsTest.browser();
         browser.add("title, url, visits, bookmark", "'天气', 'http://weather.example/', 7, 1");
+    }
+
+    static ShadowPackageManager packages() {
+        return Shadows.shadowOf(phone().getPackageManager());
+    }
+
+    static PackageInfo application(String name, String label) {
+        PackageInfo info = new PackageInfo();
+        info.packageName = name;
+        info.versionName = "1.0";
+        info.applicationInfo = new ApplicationInfo();
+        info.applicationInfo.packageName = name;
+        info.applicationInfo.nonLocalizedLabel = label;
+        info.applicationInfo.flags = ApplicationInfo.FLAG_INSTALLED;
+        return info;
+    }
+
+    static void installApplication(String name, String label) {
+        packages().installPackage(application(name, label));
+    }
+
+    /** An application whose cache is that large in the phone's memory, and on its card. */
+    static void installWithCache(String name, String label, long bytes, long onTheCard) {
+        android.content.pm.PackageStats stats = new android.content.pm.PackageStats(name);
+        stats.cacheSize = bytes;
+        stats.externalCacheSize = onTheCard;
+        packages().addPackage(application(name, label), stats);
+    }
+
+    static ShadowActivityManager activities() {
+        return Shadows.shadowOf(
+                (ActivityManager) phone().getSystemService(Context.ACTIVITY_SERVICE));
+    }
+
+    static void run(ActivityManager.RunningAppProcessInfo... processes) {
+        activities().setProcesses(Arrays.asList(processes));
+    }
+
+    /** A service in the background. */
+    static ActivityManager.RunningAppProcessInfo process(String name, int pid, String... packages) {
+        ActivityManager.RunningAppProcessInfo process =
+                new ActivityManager.RunningAppProcessInfo(name, pid, packages);
+        process.importance = ActivityManager.RunningAppProcessInfo.IMPORTANCE_SERVICE;
+        return process;
     }
 }

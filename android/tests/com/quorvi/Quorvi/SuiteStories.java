@@ -7,10 +7,8 @@ import static org.junit.Assert.assertTrue;
 
 import android.app.ActivityManager;
 import android.content.ComponentName;
-import android.content.Context;
 import android.content.Intent;
 import android.content.IntentFilter;
-import android.content.pm.ApplicationInfo;
 import android.content.pm.PackageInfo;
 import android.os.Build;
 import android.provider.Settings;
@@ -20,11 +18,10 @@ import org.json.JSONArray;
 import org.json.JSONObject;
 import org.junit.Test;
 import org.robolectric.Shadows;
-import org.robolectric.shadows.ShadowPackageManager;
+import org.robolectric.annotation.Config;
 
 import java.io.File;
 import java.nio.file.Files;
-import java.util.Arrays;
 
 /**
  * A user's stories with every command, from the command line to the agent and back: the same that are
@@ -284,28 +281,17 @@ public class SuiteStories extends SuitePhone {
 
     @Test
     public void aProcessIsListedAndEnded() throws Exception {
-        ActivityManager.RunningAppProcessInfo process =
-                new ActivityManager.RunningAppProcessInfo(
-                        "com.example.chat", 4711, new String[] {"com.example.chat"});
-        process.importance = ActivityManager.RunningAppProcessInfo.IMPORTANCE_SERVICE;
-        Shadows.shadowOf((ActivityManager) phone().getSystemService(Context.ACTIVITY_SERVICE))
-                .setProcesses(Arrays.asList(process));
+        run(process("com.example.chat", 4711, "com.example.chat"));
         assertEquals(4711, the(list("processes", "list"), "package", "com.example.chat").getInt("pid"));
         ask("", "processes", "end", "com.example.chat");
-        assertEquals(
-                "com.example.chat",
-                Shadows.shadowOf(
-                                (ActivityManager)
-                                        phone().getSystemService(Context.ACTIVITY_SERVICE))
-                        .getBackgroundPackage());
+        assertEquals("com.example.chat", activities().getBackgroundPackage());
     }
 
     @Test
     public void theFreeMemoryIsTold() throws Exception {
         ActivityManager.MemoryInfo memory = new ActivityManager.MemoryInfo();
         memory.availMem = 123456789;
-        Shadows.shadowOf((ActivityManager) phone().getSystemService(Context.ACTIVITY_SERVICE))
-                .setMemoryInfo(memory);
+        activities().setMemoryInfo(memory);
         assertEquals(123456789, show("processes", "memory").getInt("free"));
     }
 
@@ -317,17 +303,31 @@ public class SuiteStories extends SuitePhone {
         assertEquals("0", browser.value("SELECT visits FROM rows"));
     }
 
-    private static void installApplication(String name, String label) {
-        PackageInfo info = new PackageInfo();
-        info.packageName = name;
-        info.versionName = "1.0";
-        info.applicationInfo = new ApplicationInfo();
-        info.applicationInfo.packageName = name;
-        info.applicationInfo.nonLocalizedLabel = label;
-        packages().installPackage(info);
+    /** The phone empties all caches or none; later ones let nobody at them. */
+    @Config(sdk = 19, shadows = EmptyingPhone.class)
+    @Test
+    public void cachesThatAreAllChosenAreEmptied() throws Exception {
+        installWithCache("com.example.bus", "公交", 1024, 512);
+        installWithCache("com.example.chat", "聊天", 39 * 1024 * 1024, 0);
+        installWithCache("com.example.notes", "便签", 0, 0);
+        JSONArray items = list("cleaner", "scan");
+        assertEquals(5, items.length());
+        assertEquals("聊天", items.getJSONObject(3).getString("name"));
+        assertEquals("39.0 MB", items.getJSONObject(3).getString("size"));
+        assertEquals("1.50 KB", items.getJSONObject(4).getString("size"));
+        ask("", "cleaner", "clean", "com.example.chat");
+        assertEquals(5, list("cleaner", "scan").length());
+        ask("", "cleaner", "clean", "com.example.chat", "com.example.bus");
+        assertEquals(3, list("cleaner", "scan").length());
     }
 
-    private static ShadowPackageManager packages() {
-        return Shadows.shadowOf(phone().getPackageManager());
+    @Test
+    public void aPhoneWithoutApplicationsGivesAnEmptyList() throws Exception {
+        for (PackageInfo one : phone().getPackageManager().getInstalledPackages(0)) {
+            if (!one.packageName.equals(phone().getPackageName())) {
+                packages().removePackage(one.packageName);
+            }
+        }
+        assertEquals(0, list("apps", "list").length());
     }
 }
