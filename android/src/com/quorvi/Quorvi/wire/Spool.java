@@ -8,11 +8,13 @@ import java.io.FileOutputStream;
 import java.io.IOException;
 import java.io.InputStream;
 import java.io.OutputStream;
+import java.io.RandomAccessFile;
 
 /**
  * Keeps a payload until its length is known, which the wire wants in front: in memory while it is
  * small, in a file of the phone's cache beyond that, so that ten thousand photos cost the phone no
- * memory. For one thread; close() removes the file.
+ * memory. The file has no name once it is open, so that nothing of the reply stays when the phone ends
+ * the agent in the middle. For one thread; close() gives the file's room back.
  */
 final class Spool implements Closeable {
     /** What is kept in memory. */
@@ -22,7 +24,7 @@ final class Spool implements Closeable {
 
     private final File folder;
     private ByteArrayOutputStream memory = new ByteArrayOutputStream();
-    private File file;
+    private RandomAccessFile file;
     private OutputStream fileOutput;
     private long length;
 
@@ -54,22 +56,24 @@ final class Spool implements Closeable {
             return;
         }
         flushToFile();
+        file.seek(0);
         byte[] block = new byte[BLOCK_BYTES];
-        InputStream in = new FileInputStream(file);
-        try {
-            for (int count = in.read(block); count > 0; count = in.read(block)) {
-                out.write(block, 0, count);
-                progress.moved();
-            }
-        } finally {
-            in.close();
+        InputStream in = new FileInputStream(file.getFD());
+        for (int count = in.read(block); count > 0; count = in.read(block)) {
+            out.write(block, 0, count);
+            progress.moved();
         }
     }
 
     private void flushToFile() throws IOException {
         if (file == null) {
-            file = File.createTempFile("reply", null, folder);
-            fileOutput = new FileOutputStream(file);
+            File named = File.createTempFile("reply", null, folder);
+            try {
+                file = new RandomAccessFile(named, "rw");
+            } finally {
+                named.delete();
+            }
+            fileOutput = new FileOutputStream(file.getFD());
             byte[] sofar = memory.toByteArray();
             memory = new ByteArrayOutputStream(2 * BLOCK_BYTES);
             fileOutput.write(sofar);
@@ -85,11 +89,10 @@ final class Spool implements Closeable {
             return;
         }
         try {
-            fileOutput.close();
+            file.close();
         } catch (IOException e) {
-            // The file goes all the same.
+            // It is closed for us all the same.
         }
-        file.delete();
     }
 
     /** Is told that bytes have gone out. */
