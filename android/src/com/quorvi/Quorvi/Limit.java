@@ -15,7 +15,8 @@ enum Limit {
     BOOKMARKS(Build.VERSION_CODES.M, R.string.limit_bookmarks),
     CACHES(Build.VERSION_CODES.M, R.string.limit_caches),
     IDENTITY(Build.VERSION_CODES.Q, R.string.limit_identity),
-    BACKGROUND(Build.VERSION_CODES.Q, R.string.limit_background);
+    BACKGROUND(Build.VERSION_CODES.Q, R.string.limit_background),
+    ENDING(Build.VERSION_CODES.UPSIDE_DOWN_CAKE, R.string.limit_ending);
 
     private final int firstLevel;
     private final int text;

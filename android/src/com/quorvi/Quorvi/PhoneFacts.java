@@ -115,9 +115,19 @@ final class PhoneFacts {
 
     /** The operator and the kind of its network: "中国移动 (EDGE)". */
     String mobileNetwork() {
-        String operator = orEmpty(telephony().getNetworkOperatorName());
+        String operator = operator();
         String kind = networkKind();
         return operator.isEmpty() || kind.isEmpty() ? operator : operator + " (" + kind + ")";
+    }
+
+    private String operator() {
+        try {
+            return orEmpty(telephony().getNetworkOperatorName());
+        } catch (RuntimeException e) {
+            // A tablet of late has nobody to ask.
+            Log.w(TAG, "the phone does not tell its operator", e);
+            return "";
+        }
     }
 
     private String networkKind() {

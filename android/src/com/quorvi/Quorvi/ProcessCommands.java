@@ -4,6 +4,7 @@ import android.app.ActivityManager;
 import android.content.Context;
 import android.content.pm.ApplicationInfo;
 import android.content.pm.PackageManager;
+import android.os.Build;
 import android.os.Debug;
 
 import com.quorvi.Quorvi.wire.AgentCommand;
@@ -136,18 +137,22 @@ final class ProcessCommands implements CommandGroup {
                 .picture(icon);
     }
 
-    /** The phone ends what runs in the background and keeps what it needs. */
+    /**
+     * The phone ends what runs in the background and keeps what it needs. From Android 14 on it ends
+     * only what is the asking application's own: nothing.
+     */
     private void end(Exchange exchange) throws MalformedRequest {
         List<String> names = new ArrayList<>();
         for (long i = 0; i < exchange.items; ++i) {
             names.add(exchange.request.text());
         }
         exchange.request.end();
+        boolean isAllowed = Build.VERSION.SDK_INT < Build.VERSION_CODES.UPSIDE_DOWN_CAKE;
         for (String name : names) {
-            if (!name.equals(context.getPackageName())) {
+            if (isAllowed && !name.equals(context.getPackageName())) {
                 activities.killBackgroundProcesses(name);
             }
         }
-        exchange.done();
+        exchange.doneOrRefused(isAllowed || names.isEmpty());
     }
 }

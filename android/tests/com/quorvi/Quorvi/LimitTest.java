@@ -4,8 +4,10 @@ import static org.junit.Assert.assertEquals;
 
 import org.junit.Test;
 
+import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.Collections;
+import java.util.List;
 
 public class LimitTest {
     @Test
@@ -32,7 +34,15 @@ public class LimitTest {
     }
 
     @Test
-    public void fromAndroid10OnEveryLimitHolds() {
-        assertEquals(Arrays.asList(Limit.values()), Limit.of(29));
+    public void android10KeepsAllButTheEndOfWhatRuns() {
+        List<Limit> all = new ArrayList<>(Arrays.asList(Limit.values()));
+        all.remove(Limit.ENDING);
+        assertEquals(all, Limit.of(29));
+        assertEquals(all, Limit.of(33));
+    }
+
+    @Test
+    public void fromAndroid14OnEveryLimitHolds() {
+        assertEquals(Arrays.asList(Limit.values()), Limit.of(34));
     }
 }

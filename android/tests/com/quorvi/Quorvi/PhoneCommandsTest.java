@@ -6,6 +6,7 @@ import static org.junit.Assert.assertEquals;
 import android.Manifest;
 import android.app.ActivityManager;
 import android.content.Context;
+import android.content.ContextWrapper;
 import android.content.Intent;
 import android.content.pm.PackageInfo;
 import android.net.wifi.WifiManager;
@@ -181,6 +182,20 @@ public class PhoneCommandsTest extends OnPhones {
         assertEquals("", facts.mobileNetwork());
         Shadows.shadowOf(wifiInfo()).setLinkSpeed(-1);
         assertEquals("", facts.wifiNetwork());
+    }
+
+    @Test
+    public void aTabletWithoutARadioLeavesTheTextsEmpty() {
+        Context tablet = new ContextWrapper(phone()) {
+            @Override
+            public Object getSystemService(String name) {
+                return name.equals(TELEPHONY_SERVICE) ? null : super.getSystemService(name);
+            }
+        };
+        PhoneFacts ofTablet = new PhoneFacts(tablet, new File("/"));
+        assertEquals("", ofTablet.mobileNetwork());
+        assertEquals("", ofTablet.imei());
+        assertEquals("", ofTablet.imsi());
     }
 
     @Test

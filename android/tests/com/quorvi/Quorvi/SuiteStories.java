@@ -284,7 +284,11 @@ public class SuiteStories extends SuitePhone {
         run(process("com.example.chat", 4711, "com.example.chat"));
         assertEquals(4711, the(list("processes", "list"), "package", "com.example.chat").getInt("pid"));
         ask("", "processes", "end", "com.example.chat");
-        assertEquals("com.example.chat", activities().getBackgroundPackage());
+        assertEquals(
+                Build.VERSION.SDK_INT < Build.VERSION_CODES.UPSIDE_DOWN_CAKE
+                        ? "com.example.chat"
+                        : null,
+                activities().getBackgroundPackage());
     }
 
     @Test
