@@ -349,7 +349,8 @@ int LongestRunOfFoundText() {
 
 // The inks of links and of text are nearly the same there.
 TEST_F(ThemeTest, FoundTextIsUnderlinedInHighContrast) {
-    const int width = QFontMetrics(look::font(look::Size::s16)).horizontalAdvance(QStringLiteral("iiii"));
+    const int width =
+        QFontMetrics(look::font(look::Size::s16)).horizontalAdvance(QStringLiteral("iiii"));
     look::SetTheme(Theme::contrast);
     EXPECT_GE(LongestRunOfFoundText(), width);
     for (const Theme other : {Theme::light, Theme::dark}) {
