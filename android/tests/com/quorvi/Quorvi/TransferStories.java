@@ -14,6 +14,8 @@ import java.nio.file.Files;
 import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.Map;
+import java.util.TreeMap;
 
 /**
  * Files and backups of what the agent tells, and their way back to it: the same that are told with the
@@ -155,5 +157,61 @@ public class TransferStories extends SuitePhone {
         JSONArray phones = show("contacts", "show", "101").getJSONArray("phones");
         assertEquals(2, phones.length());
         the(phones, "text", "057188123456");
+    }
+
+    /** By kind, what a restore can bring back of a backup. */
+    private Map<String, String> contentOf(String backup) throws Exception {
+        JSONArray kinds = new JSONObject(text(backup + "/manifest.json")).getJSONArray("kinds");
+        Map<String, String> content = new TreeMap<>();
+        for (int i = 0; i < kinds.length(); ++i) {
+            JSONObject kind = kinds.getJSONObject(i);
+            if (kind.has("content")) {
+                content.put(kind.getString("kind"), kind.getString("content"));
+            }
+        }
+        return content;
+    }
+
+    @Test
+    public void aPhoneThatWasEmptiedRestoredAndBackedUpAgainHasTheSame() throws Exception {
+        addAnAlarm();
+        show("backup", file("one"));
+        emptyThePhone();
+        show("restore", file("one"));
+        show("backup", file("two"));
+        assertTrue(contentOf("one").toString(), contentOf("one").containsKey("contacts"));
+        assertEquals(contentOf("one"), contentOf("two"));
+    }
+
+    @Test
+    public void whatThePhoneDoesNotTakeIsTold() throws Exception {
+        show("backup", file("one"));
+        emptyThePhone();
+        JSONObject plan = show("restore", file("one"), "--dry-run");
+        StringBuilder told = new StringBuilder();
+        for (int i = 0; i < plan.getJSONArray("items").length(); ++i) {
+            JSONObject item = plan.getJSONArray("items").getJSONObject(i);
+            if (item.getString("action").equals("impossible")) {
+                told.append(item.getString("kind")).append(' ').append(item.getString("what"));
+            }
+        }
+        for (String text : new String[] {"contacts 3 张头像", "messages 短信", "calls 通话记录"}) {
+            assertTrue(text + " in " + told, told.indexOf(text) >= 0);
+        }
+        assertEquals(0, plan.getInt("done"));
+        assertEquals("a dry run sends nothing", 0, list("contacts", "list").length());
+    }
+
+    @Test
+    public void onlyWhatIsAskedForIsBackedUpAndRestored() throws Exception {
+        addAnAlarm();
+        JSONObject counts =
+                show("backup", file("one"), "--only", "alarms,bookmarks").getJSONObject("counts");
+        assertEquals(counts.toString(), 2, counts.length());
+        emptyThePhone();
+        show("restore", file("one"), "--only", "alarms");
+        assertEquals(counts.getInt("alarms"), list("alarms", "list").length());
+        assertEquals(0, list("bookmarks", "list").length());
+        assertEquals(1, statusOf("", "backup", file("two"), "--only", "photos"));
     }
 }
