@@ -1,6 +1,7 @@
 package com.quorvi.Quorvi;
 
 import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertFalse;
 import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
 
@@ -71,8 +72,7 @@ public class HostileStories extends SuitePhone {
         book.database().insertOrThrow("data_rows", null, name);
     }
 
-    @Test
-    public void hostileContactsAreListedShownAndBackedUp() throws Exception {
+    private void addHostileContacts() {
         for (int i = 0; i < TEXTS.length; ++i) {
             addContact(10 + i, TEXTS[i]);
             // A picture that is none.
@@ -80,6 +80,11 @@ public class HostileStories extends SuitePhone {
         }
         book.addContact(30); // without a name, with a photo of no byte
         book.addData(2000, 30, "photo", "data15", "x''");
+    }
+
+    @Test
+    public void hostileContactsAreListedShownAndBackedUp() throws Exception {
+        addHostileContacts();
         JSONArray contacts = list("contacts", "list");
         assertEquals(3 + TEXTS.length + 1, contacts.length());
         for (int i = 0; i < contacts.length(); ++i) {
@@ -128,18 +133,41 @@ public class HostileStories extends SuitePhone {
         assertEquals(1 + TEXTS.length, list("groups", "list").length());
     }
 
-    @Test
-    public void hostileAlarmsAndBookmarksAreListed() throws Exception {
+    private void addHostileAlarmsAndBookmarks() {
         for (String text : TEXTS) {
             add(clock, "hour", "99", "minutes", "-5", "daysofweek", "-1", "enabled", "7", "vibrate",
                     "7", "message", text, "alarmtime", "-1", "alert", text);
             add(browser, "title", text, "url", text, "visits", "-1", "bookmark", "1");
         }
         browser.add("title, bookmark, favicon, thumbnail", "'pictures', 1, x'', x'89504E47'");
+    }
+
+    @Test
+    public void hostileAlarmsAndBookmarksAreListed() throws Exception {
+        addHostileAlarmsAndBookmarks();
         assertEquals(TEXTS.length, list("alarms", "list").length());
         JSONArray bookmarks = list("bookmarks", "list");
         assertEquals(1 + TEXTS.length + 1, bookmarks.length());
         assertEquals(4, the(bookmarks, "title", "pictures").getInt("thumbnail_bytes"));
+    }
+
+    @Test
+    public void hostileRecordsAreBackedUpAndFoundAgain() throws Exception {
+        addHostileContacts();
+        addHostileAlarmsAndBookmarks();
+        String backup = home.getRoot() + "/one.zip";
+        assertTrue(show("backup", backup).getBoolean("whole"));
+        assertTrue(show("verify", backup).getBoolean("whole"));
+        JSONObject plan = show("restore", backup, "--dry-run");
+        JSONObject counts = plan.getJSONObject("counts");
+        // All but the one that has nothing to be found again by.
+        assertEquals(
+                plan.toString(),
+                3 + TEXTS.length,
+                counts.getJSONObject("contacts").getInt("there"));
+        assertFalse(plan.toString(), counts.getJSONObject("contacts").has("added"));
+        assertFalse(plan.toString(), counts.getJSONObject("alarms").has("added"));
+        assertFalse(plan.toString(), counts.getJSONObject("bookmarks").has("added"));
     }
 
     @Test
