@@ -25,11 +25,8 @@ import java.io.InputStream;
 import java.net.InetAddress;
 import java.net.Socket;
 import java.net.SocketException;
-import java.util.ArrayList;
 import java.util.Collections;
 import java.util.EnumSet;
-import java.util.List;
-import java.util.Set;
 import java.util.concurrent.Callable;
 import java.util.concurrent.FutureTask;
 import java.util.concurrent.TimeUnit;
@@ -48,9 +45,7 @@ public class BrokenRequestsTest extends OnPhones {
     /** Between two looks at what the phone's own thread has to do. */
     private static final int PAUSE_MILLIS = 2;
 
-    private final Set<AgentCommand> answered =
-            Collections.synchronizedSet(EnumSet.noneOf(AgentCommand.class));
-    private final List<Exception> failures = Collections.synchronizedList(new ArrayList<>());
+    private final AgentLog log = new AgentLog();
     private AgentServer agent;
 
     @Before
@@ -63,22 +58,7 @@ public class BrokenRequestsTest extends OnPhones {
         install("sms", messages);
         messages.add("thread_id, address, date, body, type", "101, '95588', 1000, '余额', 1");
         BookmarkCommandsTest.browser();
-        agent =
-                new AgentServer(
-                        Commands.of(phone()),
-                        connection -> true,
-                        phone().getCacheDir(),
-                        new AgentServer.Listener() {
-                            @Override
-                            public void answered(AgentCommand command) {
-                                answered.add(command);
-                            }
-
-                            @Override
-                            public void failed(Exception why) {
-                                failures.add(why);
-                            }
-                        });
+        agent = agentOf(log);
         agent.start(0);
     }
 
@@ -95,13 +75,14 @@ public class BrokenRequestsTest extends OnPhones {
         int threads = Leftovers.threads();
         int descriptors = Leftovers.descriptors();
         send(broken, REQUESTS - FIRST_REQUESTS);
-        for (Exception failure : failures) {
+        for (Exception failure : log.failures) {
             if (failure instanceof RuntimeException) {
                 throw new AssertionError("what is broken was not found to be", failure);
             }
         }
-        assertTrue("so few were broken: " + failures.size(), failures.size() > REQUESTS / 10);
-        assertTrue("so many were broken: " + failures.size(), failures.size() < REQUESTS * 9 / 10);
+        int failed = log.failures.size();
+        assertTrue("so few were broken: " + failed, failed > REQUESTS / 10);
+        assertTrue("so many were broken: " + failed, failed < REQUESTS * 9 / 10);
 
         askEveryCommand();
         Leftovers.expectAtMost(threads, Leftovers::threads);
@@ -112,16 +93,16 @@ public class BrokenRequestsTest extends OnPhones {
     }
 
     private void askEveryCommand() throws Exception {
-        answered.clear();
-        failures.clear();
+        log.answered.clear();
+        log.failures.clear();
         whileThePhoneRuns(() -> {
             for (byte[] request : WholeRequests.all().values()) {
                 ask(request);
             }
             return null;
         });
-        assertEquals(Collections.emptyList(), failures);
-        assertEquals(EnumSet.allOf(AgentCommand.class), answered);
+        assertEquals(Collections.emptyList(), log.failures);
+        assertEquals(EnumSet.allOf(AgentCommand.class), log.answered);
         assertArrayEquals(
                 Bytes.u32(20),
                 whileThePhoneRuns(() -> ask(Bytes.u32(AgentCommand.AGENT_VERSION.code))));

@@ -236,35 +236,10 @@ public class HostileStories extends SuitePhone {
     }
 
     /** Neither refuses nor answers, as databases of some makers. */
-    private static final class Silent extends ContentProvider {
-        @Override
-        public boolean onCreate() {
-            return true;
-        }
-
+    private static final class Silent extends ReadOnlyProvider {
         @Override
         public Cursor query(
                 Uri uri, String[] columns, String where, String[] values, String order) {
-            return null;
-        }
-
-        @Override
-        public Uri insert(Uri uri, ContentValues values) {
-            return null;
-        }
-
-        @Override
-        public int update(Uri uri, ContentValues values, String where, String[] arguments) {
-            return 0;
-        }
-
-        @Override
-        public int delete(Uri uri, String where, String[] arguments) {
-            return 0;
-        }
-
-        @Override
-        public String getType(Uri uri) {
             return null;
         }
     }

@@ -1,7 +1,5 @@
 package com.quorvi.Quorvi;
 
-import android.content.ContentProvider;
-import android.content.ContentValues;
 import android.database.Cursor;
 import android.database.MatrixCursor;
 import android.net.Uri;
@@ -9,7 +7,7 @@ import android.net.Uri;
 import java.util.function.IntConsumer;
 
 /** Ten thousand contacts with a photo each, made when they are asked for. */
-final class LargeBook extends ContentProvider {
+final class LargeBook extends ReadOnlyProvider {
     static final int CONTACTS = 10 * 1000;
     static final int PHOTO_BYTES = 20 * 1000;
     static final String NAME = "name";
@@ -27,11 +25,6 @@ final class LargeBook extends ContentProvider {
     }
 
     @Override
-    public boolean onCreate() {
-        return true;
-    }
-
-    @Override
     public Cursor query(
             Uri uri, String[] columns, String where, String[] arguments, String order) {
         MatrixCursor rows = new MatrixCursor(columns);
@@ -46,25 +39,5 @@ final class LargeBook extends ContentProvider {
             }
         }
         return rows;
-    }
-
-    @Override
-    public Uri insert(Uri uri, ContentValues values) {
-        return null;
-    }
-
-    @Override
-    public int update(Uri uri, ContentValues values, String where, String[] arguments) {
-        return 0;
-    }
-
-    @Override
-    public int delete(Uri uri, String where, String[] arguments) {
-        return 0;
-    }
-
-    @Override
-    public String getType(Uri uri) {
-        return null;
     }
 }

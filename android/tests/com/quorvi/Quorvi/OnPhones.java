@@ -7,6 +7,7 @@ import android.content.Context;
 import android.content.pm.ProviderInfo;
 import android.os.Process;
 
+import com.quorvi.Quorvi.wire.AgentServer;
 import com.quorvi.Quorvi.wire.Asked;
 import com.quorvi.Quorvi.wire.CommandGroup;
 import com.quorvi.Quorvi.wire.CommandTable;
@@ -49,6 +50,12 @@ public abstract class OnPhones {
             INSTALLED.add((TableProvider) provider);
         }
         ShadowContentResolver.registerProviderInternal(authority, provider);
+    }
+
+    /** The whole agent, which admits everybody and is not started yet. */
+    static AgentServer agentOf(AgentLog log) {
+        return new AgentServer(
+                Commands.of(phone()), connection -> true, phone().getCacheDir(), log);
     }
 
     /** As it is from Android 6 on until the owner has been on the page for it. */

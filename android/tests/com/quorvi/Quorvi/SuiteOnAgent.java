@@ -5,7 +5,6 @@ import static org.junit.Assert.fail;
 
 import android.os.Looper;
 
-import com.quorvi.Quorvi.wire.AgentCommand;
 import com.quorvi.Quorvi.wire.AgentServer;
 import com.quorvi.Quorvi.wire.Wire;
 
@@ -23,7 +22,6 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.util.ArrayList;
 import java.util.Arrays;
-import java.util.Collections;
 import java.util.List;
 import java.util.concurrent.TimeUnit;
 
@@ -38,25 +36,12 @@ public abstract class SuiteOnAgent extends OnPhones {
     @Rule
     public final TemporaryFolder home = new TemporaryFolder();
 
-    private final List<Exception> failures = Collections.synchronizedList(new ArrayList<Exception>());
+    private final AgentLog log = new AgentLog();
     private AgentServer agent;
 
     @Before
     public final void startAgent() throws Exception {
-        agent =
-                new AgentServer(
-                        Commands.of(phone()),
-                        connection -> true,
-                        phone().getCacheDir(),
-                        new AgentServer.Listener() {
-                            @Override
-                            public void answered(AgentCommand command) {}
-
-                            @Override
-                            public void failed(Exception why) {
-                                failures.add(why);
-                            }
-                        });
+        agent = agentOf(log);
         agent.start(Wire.AGENT_PORT);
     }
 
@@ -64,7 +49,7 @@ public abstract class SuiteOnAgent extends OnPhones {
     @After
     public final void stopAgent() throws Exception {
         agent.stop();
-        for (Exception failure : failures) {
+        for (Exception failure : log.failures) {
             throw new AssertionError("a request that the agent did not answer", failure);
         }
     }

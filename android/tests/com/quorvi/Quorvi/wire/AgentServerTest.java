@@ -151,7 +151,7 @@ public class AgentServerTest {
         int descriptors = Leftovers.descriptors();
         BrokenRequests requests = new BrokenRequests();
         for (int i = 0; i < 500; ++i) {
-            try (Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port())) {
+            try (Socket socket = connect()) {
                 socket.getOutputStream().write(requests.next());
                 socket.shutdownOutput();
                 socket.getInputStream().read(); // and goes, whatever else would come
@@ -165,7 +165,7 @@ public class AgentServerTest {
     }
 
     private void ask() throws Exception {
-        Socket socket = new Socket(InetAddress.getByAddress(new byte[] {127, 0, 0, 1}), server.port());
+        Socket socket = connect();
         try {
             socket.getOutputStream().write(Bytes.u32(AgentCommand.AGENT_VERSION.code));
             assertArrayEquals(Bytes.u32(20), everything(socket));
