@@ -1,6 +1,5 @@
 #include "pages/messages/ViewFind.h"
 
-#include <QLocale>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -8,7 +7,7 @@
 #include "ui/html/HtmlCtrl.h"
 #include "ui/html/HtmlFrame.h"
 #include "ui/kit/FindBar.h"
-#include "ui/kit/QtText.h"
+#include "ui/kit/TextUnits.h"
 
 namespace quorvi {
 
@@ -65,21 +64,18 @@ void ViewFind::SetRows(IndexOf index) {
 
 void ViewFind::Narrow() {
     const QString typed = bar_->Text();
-    const QStringView units(typed);
-    const FindQuery query({units.utf16(), static_cast<std::size_t>(units.size())});
+    const FindQuery query(Units(typed));
     if (query.IsEmpty()) {
-        bar_->SetCount({});
+        bar_->SetFound(std::nullopt);
         frame_.SetNothingFound({});
         view_.ShowChildren(list_, std::nullopt);
         return;
     }
     const std::vector<int> found = index_.Find(query);
-    const QString count = QLocale(QLocale::Chinese).toString(static_cast<int>(found.size()));
     // What is on its way has nothing to count.
     const bool none = index_.RowCount() == 0;
-    bar_->SetCount(none ? QString() : ToQString(u8"找到 %1 项").arg(count));
-    frame_.SetNothingFound(!none && found.empty() ? ToQString(u8"没有找到“%1”").arg(typed.trimmed())
-                                                  : QString());
+    bar_->SetFound(none ? std::nullopt : std::optional(found.size()));
+    frame_.SetNothingFound(!none && found.empty() ? bar_->NothingFound() : QString());
     view_.ShowChildren(list_, found, scroll_);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QShortcut>
 
@@ -78,8 +79,14 @@ void FindBar::SetText(const QString& text) {
     field_->setText(text);
 }
 
-void FindBar::SetCount(const QString& text) {
-    count_->setText(text);
+void FindBar::SetFound(std::optional<std::size_t> found) {
+    count_->setText(found ? ToQString(u8"找到 %1 项")
+                                .arg(QLocale(QLocale::Chinese).toString(static_cast<int>(*found)))
+                          : QString());
+}
+
+QString FindBar::NothingFound() const {
+    return ToQString(u8"没有找到“%1”").arg(Text().trimmed());
 }
 
 void FindBar::TakeFocus() {

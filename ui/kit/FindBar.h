@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QWidget>
+#include <cstddef>
+#include <optional>
 
 class QShortcut;
 
@@ -31,8 +33,10 @@ class FindBar : public QWidget {
     void SetOpen(bool open);
     [[nodiscard]] QString Text() const;
     void SetText(const QString& text);
-    // What was found, in words; empty for nothing to say.
-    void SetCount(const QString& text);
+    // Says how much was found; none for nothing to say.
+    void SetFound(std::optional<std::size_t> found);
+    // What stands in place of what is searched when nothing in it has the text.
+    [[nodiscard]] QString NothingFound() const;
     // The keyboard comes to the field, whose text is selected.
     void TakeFocus();
 

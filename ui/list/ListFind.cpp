@@ -1,25 +1,16 @@
 #include "ui/list/ListFind.h"
 
-#include <QLocale>
 #include <QScrollBar>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "ui/kit/FindBar.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/TextUnits.h"
 #include "ui/list/SkinHeader.h"
 #include "ui/list/SkinListCtrl.h"
 
 namespace quorvi {
-namespace {
-
-std::u16string_view Units(const QString& text) {
-    const QStringView view(text);
-    return {view.utf16(), static_cast<std::size_t>(view.size())};
-}
-
-}  // namespace
 
 ListFind::ListFind(CSkinListCtrl& list)
     : QObject(&list),
@@ -94,15 +85,14 @@ void ListFind::ReadRows() {
 void ListFind::Narrow() {
     query_ = FindQuery(Units(bar_->Text()));
     if (query_.IsEmpty()) {
-        bar_->SetCount({});
+        bar_->SetFound(std::nullopt);
         list_.ShowRows(std::nullopt);
         return;
     }
     ReadRows();
     std::vector<int> found = index_.Find(query_);
-    const QString count = QLocale(QLocale::Chinese).toString(static_cast<int>(found.size()));
     // A list that is on its way has nothing to count.
-    bar_->SetCount(list_.RowCount() == 0 ? QString() : ToQString(u8"找到 %1 项").arg(count));
+    bar_->SetFound(list_.RowCount() == 0 ? std::nullopt : std::optional(found.size()));
     list_.ShowRows(std::move(found));
 }
 
@@ -114,7 +104,7 @@ std::optional<FoundPart> ListFind::PartOf(const QString& text, FindKind kind) co
 }
 
 QString ListFind::NothingFound() const {
-    return query_.IsEmpty() ? QString() : ToQString(u8"没有找到“%1”").arg(bar_->Text().trimmed());
+    return query_.IsEmpty() ? QString() : bar_->NothingFound();
 }
 
 // To the selected row, or where that is not shown to the first that is.

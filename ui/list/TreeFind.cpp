@@ -2,22 +2,16 @@
 
 #include <QEvent>
 #include <QHeaderView>
-#include <QLocale>
 #include <QScrollBar>
-#include <string_view>
 #include <utility>
 
 #include "ui/kit/FindBar.h"
 #include "ui/kit/QtText.h"
+#include "ui/kit/TextUnits.h"
 #include "ui/look/Look.h"
 
 namespace quorvi {
 namespace {
-
-std::u16string_view Units(const QString& text) {
-    const QStringView view(text);
-    return {view.utf16(), static_cast<std::size_t>(view.size())};
-}
 
 QString SearchedText(const QModelIndex& node) {
     const QVariant text = node.data(treeRoleFind);
@@ -147,7 +141,7 @@ void TreeFind::Narrow() {
     const bool narrowed = !query_.IsEmpty();
     query_ = FindQuery(Units(bar_->Text()));
     if (query_.IsEmpty()) {
-        bar_->SetCount({});
+        bar_->SetFound(std::nullopt);
         searched_.SetSearch({});
         if (narrowed) {
             ShowAll();
@@ -159,9 +153,8 @@ void TreeFind::Narrow() {
         RememberOpen();
     }
     const std::vector<int> found = index_.Find(query_);
-    const QString count = QLocale(QLocale::Chinese).toString(static_cast<int>(found.size()));
     // A tree that is on its way has nothing to count.
-    bar_->SetCount(branches_.empty() ? QString() : ToQString(u8"找到 %1 项").arg(count));
+    bar_->SetFound(branches_.empty() ? std::nullopt : std::optional(found.size()));
     TreeSearch search{.partOf = [this](const QString& text) -> std::optional<TextPart> {
         const auto part = query_.In(Folded(Units(text)), FindKind::name);
         return part ? std::optional(
@@ -169,7 +162,7 @@ void TreeFind::Narrow() {
                     : std::nullopt;
     }};
     if (found.empty()) {
-        search.nothing = ToQString(u8"没有找到“%1”").arg(bar_->Text().trimmed());
+        search.nothing = bar_->NothingFound();
     }
     searched_.SetSearch(std::move(search));
     Show(found);
