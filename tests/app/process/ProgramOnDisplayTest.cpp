@@ -1,11 +1,11 @@
 // The program itself under X, started as a user starts it.
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <algorithm>
 
 #include "tests/support/BuildPlaces.h"
+#include "tests/support/FakeAdb.h"
 #include "tests/support/QtTest.h"
 
 namespace quorvi {
@@ -13,22 +13,16 @@ namespace {
 
 class ProgramOnADisplay : public QtTest {
   protected:
+    FakeAdb adb_{R"(env > "$dir/new" && mv "$dir/new" "$dir/environment"; exit 1)"};
     QTemporaryDir folder_;
     QProcess program_;
 
     void SetUp() override {
         ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb"));
-        // An adb that notes what it is started with and fails.
-        QFile adb(folder_.filePath(QStringLiteral("adb")));
-        ASSERT_TRUE(adb.open(QIODevice::WriteOnly));
-        adb.write(QByteArray("#!/bin/sh\ncd DIR && env > new && mv new note\nexit 1\n")
-                      .replace("DIR", folder_.path().toLocal8Bit()));
-        adb.close();
-        adb.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("PATH"),
-                           folder_.path() + QLatin1Char(':') + qEnvironmentVariable("PATH"));
+                           QString::fromStdString(adb_.Directory().string()) + QLatin1Char(':') +
+                               qEnvironmentVariable("PATH"));
         for (const char* place : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME",
                                   "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
             environment.insert(QLatin1String(place), folder_.path());
@@ -58,7 +52,7 @@ class ProgramOnADisplay : public QtTest {
 
     // The environment of the first program that this one has started; empty before.
     [[nodiscard]] QByteArray Inherited() const {
-        return Read(folder_.filePath(QStringLiteral("note")));
+        return Read(QString::fromStdString((adb_.Directory() / "environment").string()));
     }
 
   private:
