@@ -158,6 +158,7 @@ class ScreenWithoutServer : public ScreenFaultsBase {
 TEST_F(ScreenWithoutServer, IsSaidAndLeavesTheOldPicture) {
     ASSERT_EQ(kill(Server(), SIGKILL), 0);
     ASSERT_TRUE(WaitFor([] { return !Desk().Rig().AskServer("host:version"); }));
+    ASSERT_TRUE(WaitNoPageReads());  // those that met the end of the server
     Capture();
     EXPECT_EQ(Status(), Failure(CaptureFault::noServer));
     ExpectTheOldPicture();
