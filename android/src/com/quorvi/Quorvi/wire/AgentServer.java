@@ -24,6 +24,9 @@ public final class AgentServer {
 
     private static final int BACKLOG = 50;
 
+    /** The acceptor leaves a closed socket within microseconds; a phone that is busy gets this long. */
+    private static final int LEAVE_MILLIS = 1000;
+
     private final AgentConnection connections;
     private final PeerGuard guard;
     private final Listener listener;
@@ -31,6 +34,7 @@ public final class AgentServer {
     private final Map<Socket, Thread> served = new HashMap<>();
     private ServerSocket socket;
     private Thread acceptor;
+    private boolean isAccepting;
     private boolean stopping;
 
     /** @param spoolFolder where replies are kept that are too large for memory */
@@ -85,6 +89,20 @@ public final class AgentServer {
             closeQuietly(one);
         }
         notifyAll();
+        waitUntilNobodyAccepts();
+    }
+
+    /** The kernel keeps a closed socket, and its port, until the call that waits on it has returned. */
+    private void waitUntilNobodyAccepts() {
+        long end = System.nanoTime() + LEAVE_MILLIS * 1000000L;
+        try {
+            for (long left = LEAVE_MILLIS; isAccepting && left > 0; ) {
+                wait(left);
+                left = (end - System.nanoTime()) / 1000000L;
+            }
+        } catch (InterruptedException e) {
+            Thread.currentThread().interrupt();
+        }
     }
 
     /** Closes, and returns when none of the server's threads is left. */
@@ -105,7 +123,7 @@ public final class AgentServer {
         while (waitForRoom()) {
             Socket connection;
             try {
-                connection = socket.accept();
+                connection = accept();
             } catch (IOException e) {
                 if (isStopping() || !pauseAfterFailure()) {
                     return;
@@ -114,6 +132,18 @@ public final class AgentServer {
             }
             if (!guard.admits(connection) || !serve(connection)) {
                 closeQuietly(connection);
+            }
+        }
+    }
+
+    /** Called by the acceptor, behind waitForRoom(), which says that it accepts. */
+    private Socket accept() throws IOException {
+        try {
+            return socket.accept();
+        } finally {
+            synchronized (this) {
+                isAccepting = false;
+                notifyAll();
             }
         }
     }
@@ -127,7 +157,8 @@ public final class AgentServer {
         } catch (InterruptedException e) {
             return false;
         }
-        return !stopping;
+        isAccepting = !stopping;
+        return isAccepting;
     }
 
     private synchronized boolean isStopping() {

@@ -9,6 +9,7 @@ import java.io.IOException;
 import java.io.InputStream;
 import java.net.ConnectException;
 import java.net.InetAddress;
+import java.net.ServerSocket;
 import java.net.Socket;
 import java.net.SocketException;
 import java.net.SocketTimeoutException;
@@ -126,6 +127,21 @@ public class AgentServerTest {
         server.stop();
         assertEquals(0, everything(socket).length);
         assertThrows(ConnectException.class, this::connect);
+    }
+
+    /** An owner who ends the agent and starts it again at once gets its port. */
+    @Test
+    public void aClosedServerHasFreedItsPort() throws Exception {
+        for (int i = 0; i < 200; ++i) {
+            start(LONG_MILLIS);
+            if (i % 2 == 0) {
+                ask(); // by then somebody accepts, which is when the port is kept longest
+            }
+            int port = server.port();
+            server.close();
+            new ServerSocket(port, 1, InetAddress.getByAddress(new byte[] {127, 0, 0, 1})).close();
+            server.stop();
+        }
     }
 
     @Test
