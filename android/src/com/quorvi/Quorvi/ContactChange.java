@@ -96,15 +96,6 @@ final class ContactChange {
         return change;
     }
 
-    /** Of a new contact. */
-    List<ContentValues> newRows() {
-        List<ContentValues> all = new ArrayList<>();
-        for (Row row : rows) {
-            all.add(row.values());
-        }
-        return all;
-    }
-
     /** The PC sends it back as it found it, and the phone does not have it. */
     private void passStructured(RequestReader request) throws MalformedRequest {
         if (request.flag()) {

@@ -1,5 +1,6 @@
 package com.quorvi.Quorvi;
 
+import android.content.ContentProviderOperation;
 import android.content.ContentUris;
 import android.content.ContentValues;
 import android.content.Context;
@@ -295,13 +296,21 @@ final class ContactCommands implements CommandGroup {
     }
 
     private void add(ContactChange change) {
-        List<ContentValues> rows = change.newRows();
-        ContentValues contact = new ContentValues();
-        contact.put(RawContacts.STARRED, change.isFavourite ? 1 : 0);
-        contact.putNull(RawContacts.ACCOUNT_TYPE);
-        contact.putNull(RawContacts.ACCOUNT_NAME);
-        provider.insertWithRows(
-                RawContacts.CONTENT_URI, contact, Data.CONTENT_URI, Data.RAW_CONTACT_ID, rows);
+        ArrayList<ContentProviderOperation> changes = new ArrayList<>();
+        changes.add(
+                ContentProviderOperation.newInsert(RawContacts.CONTENT_URI)
+                        .withValue(RawContacts.STARRED, change.isFavourite ? 1 : 0)
+                        .withValue(RawContacts.ACCOUNT_TYPE, null)
+                        .withValue(RawContacts.ACCOUNT_NAME, null)
+                        .build());
+        for (ContactChange.Row row : change.rows) {
+            changes.add(
+                    ContentProviderOperation.newInsert(Data.CONTENT_URI)
+                            .withValueBackReference(Data.RAW_CONTACT_ID, 0)
+                            .withValues(row.values())
+                            .build());
+        }
+        provider.apply(RawContacts.CONTENT_URI, changes);
     }
 
     /** A contact that is gone stays so. */
@@ -310,35 +319,51 @@ final class ContactCommands implements CommandGroup {
         if (raw == null) {
             return;
         }
-        ContentValues starred = new ContentValues();
-        starred.put(Contacts.STARRED, change.isFavourite ? 1 : 0);
-        provider.update(
-                Contacts.CONTENT_URI, starred, Contacts._ID + "=?", Long.toString(contact));
+        ArrayList<ContentProviderOperation> changes = new ArrayList<>();
+        changes.add(
+                ContentProviderOperation.newUpdate(Contacts.CONTENT_URI)
+                        .withValue(Contacts.STARRED, change.isFavourite ? 1 : 0)
+                        .withSelection(
+                                Contacts._ID + "=?", new String[] {Long.toString(contact)})
+                        .build());
         String ofContact = " AND " + Data.CONTACT_ID + "=" + contact;
         for (String kind : change.clearedKinds) {
-            provider.delete(Data.CONTENT_URI, Data.MIMETYPE + "=?" + ofContact, kind);
+            changes.add(
+                    ContentProviderOperation.newDelete(Data.CONTENT_URI)
+                            .withSelection(Data.MIMETYPE + "=?" + ofContact, new String[] {kind})
+                            .build());
         }
         for (ContactChange.Row row : change.rows) {
             String[] id = {Long.toString(row.id), row.field.kind};
             String where = Data._ID + "=? AND " + Data.MIMETYPE + "=?" + ofContact;
             switch (row.operation) {
                 case ADD:
-                    ContentValues added = row.values();
-                    added.put(Data.RAW_CONTACT_ID, raw);
-                    provider.insert(Data.CONTENT_URI, added);
+                    changes.add(
+                            ContentProviderOperation.newInsert(Data.CONTENT_URI)
+                                    .withValues(row.values())
+                                    .withValue(Data.RAW_CONTACT_ID, raw)
+                                    .build());
                     break;
                 case REMOVE:
-                    provider.delete(Data.CONTENT_URI, where, id);
+                    changes.add(
+                            ContentProviderOperation.newDelete(Data.CONTENT_URI)
+                                    .withSelection(where, id)
+                                    .build());
                     break;
                 case UPDATE:
                     ContentValues changed = row.values();
                     changed.remove(Data.MIMETYPE);
-                    provider.update(Data.CONTENT_URI, changed, where, id);
+                    changes.add(
+                            ContentProviderOperation.newUpdate(Data.CONTENT_URI)
+                                    .withValues(changed)
+                                    .withSelection(where, id)
+                                    .build());
                     break;
                 default:
                     break;
             }
         }
+        provider.apply(Contacts.CONTENT_URI, changes);
     }
 
     /** The part of the contact that takes new rows: of several accounts the one that was first. */

@@ -13,7 +13,6 @@ import android.os.RemoteException;
 import android.util.Log;
 
 import java.util.ArrayList;
-import java.util.List;
 
 /**
  * Asks the phone's own databases. What a phone refuses or does not have reads as an empty table and
@@ -54,32 +53,18 @@ final class Provider {
         }
     }
 
-    /**
-     * Inserts a row and those that belong to it, all or none.
-     *
-     * @param owner the column by which these name the first
-     */
-    void insertWithRows(
-            Uri table, ContentValues first, Uri rowTable, String owner, List<ContentValues> rows) {
-        ArrayList<ContentProviderOperation> all = new ArrayList<>();
-        all.add(ContentProviderOperation.newInsert(table).withValues(first).build());
-        for (ContentValues row : rows) {
-            all.add(
-                    ContentProviderOperation.newInsert(rowTable)
-                            .withValueBackReference(owner, 0)
-                            .withValues(row)
-                            .build());
-        }
+    /** Does all of the changes or, where one of them fails or the agent ends in the middle, none. */
+    void apply(Uri table, ArrayList<ContentProviderOperation> changes) {
         try {
             if (isThere(table)) {
-                resolver.applyBatch(table.getAuthority(), all);
+                resolver.applyBatch(table.getAuthority(), changes);
             }
         } catch (RuntimeException e) {
-            Log.w(TAG, table + " takes no rows", e);
+            Log.w(TAG, table + " takes no changes", e);
         } catch (RemoteException e) {
-            Log.w(TAG, table + " takes no rows", e);
+            Log.w(TAG, table + " takes no changes", e);
         } catch (OperationApplicationException e) {
-            Log.w(TAG, table + " takes no rows", e);
+            Log.w(TAG, table + " takes no changes", e);
         }
     }
 

@@ -199,6 +199,30 @@ public class ContactCommandsTest extends OnPhones {
     }
 
     @Test
+    public void aChangeThatFailsInTheMiddleChangesNothing() throws Exception {
+        book.database()
+                .execSQL(
+                        "CREATE TRIGGER full BEFORE INSERT ON data_rows"
+                                + " BEGIN SELECT RAISE(ABORT, 'the disk is full'); END");
+        ask(Bytes.frame(
+                AgentCommand.UPDATE_CONTACT,
+                1,
+                Bytes.u32(101),
+                NONE, // no favourite any more
+                NONE, // structured
+                Bytes.u32(1), Bytes.u64(11), UPDATE, NONE, Bytes.text("张三丰"), // name
+                NONE, // nickname
+                NONE, // the note was cleared
+                Bytes.u32(2), // phones
+                Bytes.u64(12), REMOVE, Bytes.u32(2), Bytes.text("110"),
+                NEW_ROW, ADD, Bytes.u32(3), Bytes.text("8812345"),
+                NONE, NONE, NONE, NONE, NONE, NONE));
+        assertEquals("1", book.value("SELECT starred FROM raw_contacts"));
+        assertEquals("张三", book.value("SELECT data1 FROM data_rows WHERE _id = 11"));
+        assertEquals("7", book.value("SELECT COUNT(*) FROM data_rows"));
+    }
+
+    @Test
     public void aRowOfAnotherContactIsNotChanged() throws Exception {
         book.addContact(2);
         book.addData(21, 2, "name", "data1", "'Ann'");

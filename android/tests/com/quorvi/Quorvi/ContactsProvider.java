@@ -1,10 +1,15 @@
 package com.quorvi.Quorvi;
 
+import android.content.ContentProviderOperation;
+import android.content.ContentProviderResult;
 import android.content.ContentUris;
 import android.content.ContentValues;
+import android.content.OperationApplicationException;
 import android.database.Cursor;
 import android.database.sqlite.SQLiteDatabase;
 import android.net.Uri;
+
+import java.util.ArrayList;
 
 /** The phone's contacts as its own database keeps them: parts of contacts, rows of data, groups. */
 final class ContactsProvider extends TableProvider {
@@ -84,6 +89,20 @@ final class ContactsProvider extends TableProvider {
     @Override
     public int delete(Uri uri, String where, String[] arguments) {
         return database().delete(stored(uri), translated(uri, within(uri, where)), arguments);
+    }
+
+    /** In one transaction, as the phone's own. */
+    @Override
+    public ContentProviderResult[] applyBatch(ArrayList<ContentProviderOperation> changes)
+            throws OperationApplicationException {
+        database().beginTransaction();
+        try {
+            ContentProviderResult[] results = super.applyBatch(changes);
+            database().setTransactionSuccessful();
+            return results;
+        } finally {
+            database().endTransaction();
+        }
     }
 
     private static String stored(Uri uri) {
