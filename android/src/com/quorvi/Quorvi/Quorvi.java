@@ -2,6 +2,7 @@ package com.quorvi.Quorvi;
 
 import android.annotation.TargetApi;
 import android.app.Activity;
+import android.content.ActivityNotFoundException;
 import android.content.Intent;
 import android.content.pm.PackageManager;
 import android.net.Uri;
@@ -54,12 +55,12 @@ public final class Quorvi extends Activity {
         findViewById(R.id.allow_settings).setOnClickListener(new View.OnClickListener() {
             @Override
             public void onClick(View button) {
-                startActivity(
-                        new Intent(
-                                MANAGE_WRITE_SETTINGS,
-                                Uri.parse("package:" + getPackageName())));
+                open(MANAGE_WRITE_SETTINGS);
             }
         });
+        if (saved != null) {
+            return; // It's the same window, turned or back: what its owner has stopped stays so.
+        }
         if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.M) {
             askForPermissions();
         }
@@ -84,6 +85,15 @@ public final class Quorvi extends Activity {
     protected void onPause() {
         state.unwatch(refresh);
         super.onPause();
+    }
+
+    /** Of the phone's own pages for this application; the settings' first, where it has no such page. */
+    private void open(String page) {
+        try {
+            startActivity(new Intent(page, Uri.parse("package:" + getPackageName())));
+        } catch (ActivityNotFoundException e) {
+            startActivity(new Intent(Settings.ACTION_SETTINGS));
+        }
     }
 
     private boolean isRunning() {

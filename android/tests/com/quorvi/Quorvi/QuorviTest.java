@@ -5,8 +5,11 @@ import static org.junit.Assert.assertFalse;
 import static org.junit.Assert.assertNull;
 import static org.junit.Assert.assertTrue;
 
+import android.content.ComponentName;
 import android.content.Intent;
+import android.content.IntentFilter;
 import android.os.Build;
+import android.os.Bundle;
 import android.os.Looper;
 import android.view.View;
 import android.widget.TextView;
@@ -19,6 +22,7 @@ import org.robolectric.Shadows;
 import org.robolectric.android.controller.ActivityController;
 import org.robolectric.annotation.Config;
 import org.robolectric.shadows.ShadowActivity;
+import org.robolectric.shadows.ShadowPackageManager;
 
 import java.net.Socket;
 import java.util.Arrays;
@@ -92,6 +96,17 @@ public class QuorviTest extends OnPhones {
         window.newIntent(new Intent());
         assertEquals(
                 AgentService.class.getName(), startedService().getComponent().getClassName());
+    }
+
+    @Test
+    public void aWindowThatIsTurnedStartsNothingThatItsOwnerHasStopped() {
+        startedService();
+        Bundle saved = new Bundle();
+        window.saveInstanceState(saved);
+        ActivityController<Quorvi> turned = Robolectric.buildActivity(Quorvi.class).setup(saved);
+        assertNull(startedService());
+        assertNull(Shadows.shadowOf(turned.get()).getLastRequestedPermission());
+        turned.pause().stop().destroy();
     }
 
     @Test
@@ -218,6 +233,24 @@ public class QuorviTest extends OnPhones {
         Intent page = Shadows.shadowOf(phone()).getNextStartedActivity();
         assertEquals("android.settings.action.MANAGE_WRITE_SETTINGS", page.getAction());
         assertEquals("package:com.quorvi.Quorvi", page.getDataString());
+    }
+
+    @Test
+    @Config(sdk = {23, 29, 34})
+    public void aPhoneWithoutThatPageOpensItsSettings() throws Exception {
+        forbidSettings();
+        window.pause().resume();
+        Shadows.shadowOf(phone()).checkActivities(true);
+        ComponentName settings = new ComponentName("com.android.settings", "Settings");
+        ShadowPackageManager packages = Shadows.shadowOf(phone().getPackageManager());
+        packages.addActivityIfNotPresent(settings);
+        IntentFilter filter = new IntentFilter("android.settings.SETTINGS");
+        filter.addCategory(Intent.CATEGORY_DEFAULT);
+        packages.addIntentFilterForActivity(settings, filter);
+        view(R.id.allow_settings).performClick();
+        assertEquals(
+                "android.settings.SETTINGS",
+                Shadows.shadowOf(phone()).getNextStartedActivity().getAction());
     }
 
     @Test
