@@ -47,6 +47,9 @@ final class AdbGuard implements PeerGuard {
         for (String table : tables) {
             try {
                 int user = userOf(connection, table);
+                if (user == SocketTable.LEAVING) {
+                    return false; // Who has gone takes no reply, and the owner isn't troubled.
+                }
                 if (user != SocketTable.NOBODY) {
                     return user == ROOT || user == SHELL;
                 }
@@ -63,6 +66,10 @@ final class AdbGuard implements PeerGuard {
     synchronized void answer(boolean isAllowed) {
         answer = isAllowed ? Answer.ALLOWED : Answer.REFUSED;
         notifyAll();
+    }
+
+    synchronized boolean isAnswered() {
+        return answer != Answer.NONE;
     }
 
     private static int userOf(Socket connection, String table) throws IOException {

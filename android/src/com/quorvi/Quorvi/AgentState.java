@@ -44,7 +44,11 @@ final class AgentState {
         tell();
     }
 
+    /** Asks nothing that the owner has answered by now: a request may come on its way to here. */
     void ask(AdbGuard guard) {
+        if (guard.isAnswered()) {
+            return;
+        }
         synchronized (this) {
             asking = guard;
         }

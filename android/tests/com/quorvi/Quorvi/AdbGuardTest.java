@@ -59,6 +59,12 @@ public class AdbGuardTest {
     }
 
     @Test
+    public void aPeerThatHasClosedAlreadyIsNotAdmittedAndNobodyAsked() throws Exception {
+        assertFalse(guard(LONG_MILLIS, tableOf(0, "05"), emptyTable()).admits(connection));
+        assertEquals(0, asked.get());
+    }
+
+    @Test
     public void thePeerMayStandInTheSecondTable() throws Exception {
         assertTrue(guard(LONG_MILLIS, noTable(), tableOf(SHELL)).admits(connection));
         assertFalse(guard(LONG_MILLIS, emptyTable(), tableOf(AN_APPLICATION)).admits(connection));
@@ -120,12 +126,16 @@ public class AdbGuardTest {
 
     /** The kernel's table, in which the peer's end belongs to that user. */
     private String tableOf(int user) throws Exception {
+        return tableOf(user, "01");
+    }
+
+    private String tableOf(int user, String state) throws Exception {
         File table = kernel.newFile();
         String line =
                 String.format(
-                        "   0: 0100007F:%04X 0100007F:%04X 01 00000000:00000000 00:00000000"
+                        "   0: 0100007F:%04X 0100007F:%04X %s 00000000:00000000 00:00000000"
                                 + " 00000000 %d 0 4711 1\n",
-                        peer.getLocalPort(), agent.getLocalPort(), user);
+                        peer.getLocalPort(), agent.getLocalPort(), state, user);
         Files.write(table.toPath(), line.getBytes(StandardCharsets.US_ASCII));
         return table.getPath();
     }

@@ -210,6 +210,15 @@ public class QuorviTest extends OnPhones {
         assertFalse(admitsAfterClick(R.id.refuse));
     }
 
+    @Test
+    public void whatTheOwnerHasAnsweredIsNotAskedAgain() throws Exception {
+        AdbGuard guard = new AdbGuard(() -> {}, new String[0], 1);
+        guard.answer(true);
+        AgentState.PROCESS.ask(guard);
+        idle();
+        assertFalse(isShown(R.id.ask));
+    }
+
     /** Of a phone that shows nobody whose a connection is, as from Android 10 on. */
     private boolean admitsAfterClick(int button) throws Exception {
         AdbGuard guard = new AdbGuard(() -> {}, new String[0], 60 * 1000);

@@ -9,6 +9,9 @@ public final class SocketTable {
     /** Of {@link #userOf}: the table has no such socket. */
     public static final int NOBODY = -1;
 
+    /** Of {@link #userOf}: it has one that is being closed, whose user the kernel may not say any more. */
+    public static final int LEAVING = -2;
+
     private static final int LOCAL_COLUMN = 1;
     private static final int REMOTE_COLUMN = 2;
     private static final int STATE_COLUMN = 3;
@@ -18,7 +21,7 @@ public final class SocketTable {
     private SocketTable() {}
 
     /**
-     * The user of the established socket with these ports on the loopback address; closes nothing.
+     * The user of the socket with these ports on the loopback address; closes nothing.
      *
      * @param localPort the port of the socket that is looked for: the peer's own
      * @param remotePort the port that it is connected to: the agent's
@@ -28,9 +31,11 @@ public final class SocketTable {
         for (String line = lines.readLine(); line != null; line = lines.readLine()) {
             String[] columns = line.trim().split("\\s+");
             if (columns.length > USER_COLUMN
-                    && columns[STATE_COLUMN].equals(ESTABLISHED)
                     && isLoopback(columns[LOCAL_COLUMN], localPort)
                     && isLoopback(columns[REMOTE_COLUMN], remotePort)) {
+                if (!columns[STATE_COLUMN].equals(ESTABLISHED)) {
+                    return LEAVING;
+                }
                 try {
                     return Integer.parseInt(columns[USER_COLUMN]);
                 } catch (NumberFormatException e) {

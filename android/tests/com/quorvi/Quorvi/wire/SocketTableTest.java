@@ -34,9 +34,10 @@ public class SocketTableTest {
     }
 
     @Test
-    public void aSocketThatIsNotEstablishedIsNotThePeers() throws Exception {
-        // A socket that waits for its end, which the kernel gives to root.
-        assertEquals(SocketTable.NOBODY, user(HEAD + peer("0100007F", "06", "0")));
+    public void aSocketThatWaitsForItsEndIsLeavingWhoeverItIsSaidToBe() throws Exception {
+        // Closed, and then the kernel gives it to root; closed by half, and still its user's.
+        assertEquals(SocketTable.LEAVING, user(HEAD + peer("0100007F", "06", "0")));
+        assertEquals(SocketTable.LEAVING, user(HEAD + peer("0100007F", "05", "10087")));
     }
 
     @Test
