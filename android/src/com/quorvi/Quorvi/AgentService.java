@@ -178,7 +178,10 @@ public final class AgentService extends Service {
 
     private Notification notice() {
         String text = getString(state.asking() != null ? R.string.ask_pc : state.link().text);
-        String limits = Limit.textFor(this);
+        StringBuilder whole = new StringBuilder(text);
+        for (String more : new String[] {Permissions.missingText(this), Limit.textFor(this)}) {
+            whole.append(more.isEmpty() ? "" : "\n" + more);
+        }
         int flags = PendingIntent.FLAG_UPDATE_CURRENT;
         if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.M) {
             flags |= PendingIntent.FLAG_IMMUTABLE;
@@ -187,9 +190,7 @@ public final class AgentService extends Service {
                 .setSmallIcon(R.drawable.notice)
                 .setContentTitle(getString(R.string.name))
                 .setContentText(text)
-                .setStyle(
-                        new Notification.BigTextStyle()
-                                .bigText(limits.isEmpty() ? text : text + "\n" + limits))
+                .setStyle(new Notification.BigTextStyle().bigText(whole))
                 .setContentIntent(
                         PendingIntent.getActivity(this, 0, new Intent(this, Quorvi.class), flags))
                 .setOngoing(true)

@@ -9,6 +9,8 @@ final class AgentState {
         STOPPED(R.string.stopped),
         PORT_TAKEN(R.string.port_taken),
         WAITING(R.string.waiting),
+        /** By the owner, until the agent is started anew. */
+        REFUSED(R.string.refused),
         CONNECTED(R.string.connected);
 
         final int text;
@@ -76,7 +78,8 @@ final class AgentState {
         watchers.remove(watcher);
     }
 
-    private void tell() {
+    /** Has all that is shown looked at again. */
+    void tell() {
         List<Runnable> all;
         synchronized (this) {
             all = new ArrayList<>(watchers);

@@ -4,7 +4,6 @@ import android.annotation.TargetApi;
 import android.app.Activity;
 import android.content.ActivityNotFoundException;
 import android.content.Intent;
-import android.content.pm.PackageManager;
 import android.net.Uri;
 import android.os.Build;
 import android.os.Bundle;
@@ -58,6 +57,12 @@ public final class Quorvi extends Activity {
                 open(MANAGE_WRITE_SETTINGS);
             }
         });
+        findViewById(R.id.allow_missing).setOnClickListener(new View.OnClickListener() {
+            @Override
+            public void onClick(View button) {
+                open(Settings.ACTION_APPLICATION_DETAILS_SETTINGS);
+            }
+        });
         if (saved != null) {
             return; // It's the same window, turned or back: what its owner has stopped stays so.
         }
@@ -78,7 +83,7 @@ public final class Quorvi extends Activity {
     protected void onResume() {
         super.onResume();
         state.watch(refresh);
-        show();
+        state.tell(); // The owner may have allowed something meanwhile, which the notice says too.
     }
 
     @Override
@@ -97,8 +102,8 @@ public final class Quorvi extends Activity {
     }
 
     private boolean isRunning() {
-        return state.link() == AgentState.Link.WAITING
-                || state.link() == AgentState.Link.CONNECTED;
+        return state.link() != AgentState.Link.STOPPED
+                && state.link() != AgentState.Link.PORT_TAKEN;
     }
 
     private void startAgent() {
@@ -113,12 +118,18 @@ public final class Quorvi extends Activity {
     private void show() {
         ((TextView) findViewById(R.id.state)).setText(state.link().text);
         ((Button) findViewById(R.id.stop)).setText(isRunning() ? R.string.stop : R.string.start);
-        findViewById(R.id.ask).setVisibility(state.asking() != null ? View.VISIBLE : View.GONE);
-        findViewById(R.id.allow_settings)
-                .setVisibility(
-                        Build.VERSION.SDK_INT >= Build.VERSION_CODES.M && !mayWriteSettings()
-                                ? View.VISIBLE
-                                : View.GONE);
+        show(R.id.ask, state.asking() != null);
+        show(
+                R.id.allow_settings,
+                Build.VERSION.SDK_INT >= Build.VERSION_CODES.M && !mayWriteSettings());
+        String missing = Permissions.missingText(this);
+        ((TextView) findViewById(R.id.missing)).setText(missing);
+        show(R.id.missing, !missing.isEmpty());
+        show(R.id.allow_missing, !missing.isEmpty());
+    }
+
+    private void show(int view, boolean isShown) {
+        findViewById(view).setVisibility(isShown ? View.VISIBLE : View.GONE);
     }
 
     @TargetApi(Build.VERSION_CODES.M)
@@ -131,6 +142,9 @@ public final class Quorvi extends Activity {
             @Override
             public void onClick(View clicked) {
                 state.answered(isAllowed);
+                if (!isAllowed) {
+                    state.show(AgentState.Link.REFUSED);
+                }
             }
         });
     }
@@ -139,9 +153,7 @@ public final class Quorvi extends Activity {
     private void askForPermissions() {
         List<String> missing = new ArrayList<>();
         for (Permissions permission : Permissions.values()) {
-            if (permission.isAsked
-                    && checkSelfPermission(permission.androidName)
-                            != PackageManager.PERMISSION_GRANTED) {
+            if (permission.isMissing(this)) {
                 missing.add(permission.androidName);
             }
         }

@@ -154,6 +154,21 @@ public class AgentServiceTest extends OnPhones {
     }
 
     @Test
+    @Config(sdk = {23, 29, 34})
+    public void theNoticeSaysWhatItsOwnerHasNotAllowed() {
+        start();
+        String text = textOf(notice(), Notification.EXTRA_BIG_TEXT);
+        assertTrue(text, text.contains("您还没有允许：联系人、短信"));
+        for (Permissions permission : Permissions.values()) {
+            Shadows.shadowOf(phone()).grantPermissions(permission.androidName);
+        }
+        AgentState.PROCESS.tell(); // as the window does when it comes back to the front
+        idle();
+        text = textOf(notice(), Notification.EXTRA_BIG_TEXT);
+        assertFalse(text, text.contains("您还没有允许"));
+    }
+
+    @Test
     @Config(sdk = {29, 34})
     public void fromAndroid8OnTheNoticeHasAQuietChannelWithAName() {
         start();

@@ -52,7 +52,7 @@ public class QuorviLookTest extends OnPhones {
         look("zh-large");
     }
 
-    /** The window at its fullest: it asks about a PC, and leads to the page for settings. */
+    /** The window at its fullest: it asks about a PC, and leads to the pages for permissions and for settings. */
     private void look(String name) throws Exception {
         forbidSettings();
         AgentState.PROCESS.ask(new AdbGuard(() -> {}, new String[0], 1));
@@ -67,7 +67,7 @@ public class QuorviLookTest extends OnPhones {
                 ++texts[0];
                 assertIsWhole(text, content);
             });
-            assertEquals(8, texts[0]);
+            assertEquals(10, texts[0]);
             picture(window.get().getWindow().getDecorView(), name);
         } finally {
             window.pause().stop().destroy();

@@ -128,7 +128,7 @@ public class QuorviTest extends OnPhones {
                 Shadows.shadowOf(window.get()).getLastRequestedPermission();
         Set<String> needed = new TreeSet<>();
         for (Permissions permission : Permissions.values()) {
-            if (permission.isAsked) {
+            if (permission.isAsked()) {
                 needed.add(permission.androidName);
             }
         }
@@ -168,6 +168,7 @@ public class QuorviTest extends OnPhones {
         assertTrue(text(R.id.state), text(R.id.state).startsWith("已停止"));
         show(AgentState.Link.PORT_TAKEN);
         assertTrue(text(R.id.state), text(R.id.state).contains("端口"));
+        assertEquals("启动", text(R.id.stop));
     }
 
     @Test
@@ -208,6 +209,8 @@ public class QuorviTest extends OnPhones {
     @Test
     public void theOwnerRefusesThePc() throws Exception {
         assertFalse(admitsAfterClick(R.id.refuse));
+        assertTrue(text(R.id.state), text(R.id.state).startsWith("您拒绝了电脑"));
+        assertEquals("停止", text(R.id.stop));
     }
 
     @Test
@@ -267,6 +270,31 @@ public class QuorviTest extends OnPhones {
     public void beforeAndroid6NothingIsAsked() {
         assertNull(Shadows.shadowOf(window.get()).getLastRequestedPermission());
         assertFalse(isShown(R.id.allow_settings));
+        assertFalse(isShown(R.id.missing));
+    }
+
+    @Test
+    @Config(sdk = {23, 29, 34})
+    public void saysWhatItsOwnerHasNotAllowedAndLeadsThere() {
+        assertEquals(
+                "您还没有允许：联系人、短信、通话记录、手机状态、文件。电脑既看不到这些，也不能更改。",
+                text(R.id.missing));
+        assertTrue(isShown(R.id.missing));
+        view(R.id.allow_missing).performClick();
+        Intent page = Shadows.shadowOf(phone()).getNextStartedActivity();
+        assertEquals("android.settings.APPLICATION_DETAILS_SETTINGS", page.getAction());
+        assertEquals("package:com.quorvi.Quorvi", page.getDataString());
+        for (Permissions permission : Permissions.values()) {
+            if (permission != Permissions.WRITE_CONTACTS) {
+                Shadows.shadowOf(phone()).grantPermissions(permission.androidName);
+            }
+        }
+        window.pause().resume();
+        assertTrue(text(R.id.missing), text(R.id.missing).startsWith("您还没有允许：联系人。"));
+        Shadows.shadowOf(phone()).grantPermissions(Permissions.WRITE_CONTACTS.androidName);
+        window.pause().resume();
+        assertFalse(isShown(R.id.missing));
+        assertFalse(isShown(R.id.allow_missing));
     }
 
     @Test
