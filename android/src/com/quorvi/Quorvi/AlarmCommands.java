@@ -23,7 +23,7 @@ import java.util.Map;
  */
 final class AlarmCommands implements CommandGroup {
     /** Under which name the clock stands depends on the version. */
-    private static final Uri[] TABLES = {
+    static final Uri[] TABLES = {
         Uri.parse("content://com.android.deskclock/alarm"),
         Uri.parse("content://com.android.alarmclock/alarm"),
     };

@@ -8,7 +8,6 @@ import static org.junit.Assert.assertTrue;
 import android.content.ComponentName;
 import android.content.Intent;
 import android.content.IntentFilter;
-import android.os.Build;
 import android.os.Bundle;
 import android.os.Looper;
 import android.view.View;
@@ -302,6 +301,6 @@ public class QuorviTest extends OnPhones {
         String text = text(R.id.limits);
         assertTrue(text, text.startsWith("在这部手机上，电脑不能："));
         assertEquals(
-                text, Limit.of(Build.VERSION.SDK_INT).size(), text.split("\n• ").length - 1);
+                text, Limit.ofThisPhone(phone()).size(), text.split("\n• ").length - 1);
     }
 }
