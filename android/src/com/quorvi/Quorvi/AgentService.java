@@ -39,6 +39,9 @@ public final class AgentService extends Service {
     /** Settings.Global, where it stands from Android 4.2 on, has the same word. */
     private static final String ADB_ENABLED = "adb_enabled";
 
+    /** Of debugging without a cable, a switch of its own from Android 11 on. */
+    private static final String ADB_WIFI_ENABLED = "adb_wifi_enabled";
+
     private final AgentState state = AgentState.PROCESS;
     private final AdbGuard guard = new AdbGuard(new AdbGuard.Owner() {
         @Override
@@ -82,11 +85,25 @@ public final class AgentService extends Service {
             new ContentObserver(windowsThread) {
                 @Override
                 public void onChange(boolean isOwnChange) {
-                    if (Settings.Secure.getInt(getContentResolver(), ADB_ENABLED, 1) == 0) {
+                    if (!isDebugged()) {
                         stopSelf();
                     }
                 }
             };
+
+    private boolean isDebugged() {
+        return Settings.Secure.getInt(getContentResolver(), ADB_ENABLED, 1) != 0
+                || Build.VERSION.SDK_INT >= Build.VERSION_CODES.R && isDebuggedWithoutCable();
+    }
+
+    private boolean isDebuggedWithoutCable() {
+        try {
+            return Settings.Global.getInt(getContentResolver(), ADB_WIFI_ENABLED, 0) != 0;
+        } catch (RuntimeException e) {
+            Log.w(TAG, ADB_WIFI_ENABLED + " is not to be read", e);
+            return false;
+        }
+    }
 
     private AdbGuard guardOfThis() {
         return guard;
@@ -118,6 +135,11 @@ public final class AgentService extends Service {
         getContentResolver()
                 .registerContentObserver(
                         Settings.Secure.getUriFor(ADB_ENABLED), false, debugging);
+        if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.R) {
+            getContentResolver()
+                    .registerContentObserver(
+                            Settings.Global.getUriFor(ADB_WIFI_ENABLED), false, debugging);
+        }
         state.watch(showState);
         AgentServer starting =
                 new AgentServer(Commands.of(this), guard, getCacheDir(), new Listener());

@@ -228,6 +228,24 @@ public class AgentServiceTest extends OnPhones {
         assertTrue(shadow.isStoppedBySelf());
     }
 
+    @Test
+    @Config(sdk = 34)
+    public void fromAndroid11OnDebuggingWithoutACableKeepsIt() {
+        ShadowService shadow = start();
+        debuggingWithoutCable(1);
+        debugging(0);
+        assertFalse(shadow.isStoppedBySelf());
+        debuggingWithoutCable(0);
+        assertTrue(shadow.isStoppedBySelf());
+    }
+
+    private static void debuggingWithoutCable(int on) {
+        Settings.Global.putInt(phone().getContentResolver(), "adb_wifi_enabled", on);
+        phone().getContentResolver()
+                .notifyChange(Settings.Global.getUriFor("adb_wifi_enabled"), null);
+        idle();
+    }
+
     private static void debugging(int on) {
         Settings.Global.putInt(phone().getContentResolver(), "adb_enabled", on);
         Settings.Secure.putInt(phone().getContentResolver(), "adb_enabled", on);
