@@ -10,9 +10,11 @@
 
 namespace quorvi {
 
-// Writes beside its place, and takes it when all is written. Until then a file that stands there is
-// as it was; without Commit, or after an error, nothing is left. What a link points to is replaced,
-// and not the link. The folder must be there. Blocks as long as the disk does.
+// Writes beside its place, and takes it when all of it is on the disk. Until then a file that
+// stands there is as it was; without Commit, or after an error, nothing is left. Of several
+// programs that write one file at a time each writes a file of its own, and the last to commit
+// stays. What a link points to is replaced, and not the link. The folder must be there. Blocks as
+// long as the disk does.
 class WholeFile {
   public:
     explicit WholeFile(const std::filesystem::path& file, FileMode mode = FileMode::plain);
@@ -29,7 +31,7 @@ class WholeFile {
 
   private:
     std::filesystem::path target_;
-    std::filesystem::path part_;
+    std::filesystem::path part_;  // empty where none could be made
     FileMode mode_;
     FileDescriptor descriptor_;
     std::error_code error_;

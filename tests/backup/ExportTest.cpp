@@ -11,6 +11,7 @@
 #include "base/os/SmallFile.h"
 #include "tests/backup/PhoneRecords.h"
 #include "tests/support/ScriptedAgent.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
@@ -143,17 +144,6 @@ TEST_F(Exports, AFolderThatIsNotThereIsSaid) {
     EXPECT_EQ(result.status.why, Ansi(u8"文件写不进去，请换一个文件夹再试"));
 }
 
-TEST_F(Exports, AFullDiskIsSaid) {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "no /dev/full";
-    }
-    agent_.AnswerPayload(AgentCommand::listCalls, test::OneCall());
-    std::filesystem::create_symlink("/dev/full", File("a.csv.quorvi-part"));
-    const ExportResult result = ExportCalls(agent_.Port(), attribution_, File("a.csv"));
-    EXPECT_EQ(result.status.why, Ansi(u8"磁盘空间不足，没有写文件，请清出空间后再试"));
-    EXPECT_EQ(Entries(), 0);
-}
-
 TEST_F(Exports, APhoneWithoutRecordsGivesAFileWithoutAny) {
     agent_.AnswerNoData(AgentCommand::listConversations);
     EXPECT_EQ(ExportMessages(agent_.Port(), attribution_, std::nullopt, File("a.json")).status.end,
@@ -191,6 +181,21 @@ TEST_F(Exports, BookmarksWithTheirVisits) {
     EXPECT_EQ(ExportBookmarks(agent_.Port(), File("a.html")).exported, 1U);
     EXPECT_THAT(ReadBookmarkFile(Text("a.html")).bookmarks,
                 ElementsAre(FileBookmark{"天气", "http://a.example/?b&c", 3}));
+}
+
+TEST(ExportToAFullDisk, IsSaid) {
+    const SmallDisk disk(64 * 1024);
+    if (!disk.IsThere()) {
+        GTEST_SKIP() << "no namespace to mount in";
+    }
+    disk.Fill();
+    ScriptedAgent agent;
+    agent.AnswerPayload(AgentCommand::listCalls, test::OneCall());
+    const ExportResult result = ExportCalls(
+        agent.Port(), [](std::string_view) { return std::string(); }, disk.Path() / "a.csv");
+    EXPECT_EQ(result.status.why, Ansi(u8"磁盘空间不足，没有写文件，请清出空间后再试"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(disk.Path()), {}),
+              1);  // what fills it
 }
 
 TEST(FileEndings, AreThoseOfTheirKind) {

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <fstream>
 #include <iterator>
+#include <string>
 
 #include "base/os/WholeFile.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
@@ -43,18 +47,59 @@ TEST(WholeFile, MakesNoFolder) {
 }
 
 TEST(WholeFile, AFullDiskLeavesTheFileAsItWas) {
-    if (!std::filesystem::exists("/dev/full")) {
-        GTEST_SKIP() << "no /dev/full";
+    const SmallDisk disk(256 * 1024);
+    if (!disk.IsThere()) {
+        GTEST_SKIP() << "no namespace to mount in";
     }
-    const TemporaryFolder folder;
-    std::filesystem::create_symlink("/dev/full", folder.Path() / "a.quorvi-part");
+    const std::filesystem::path file = disk.Path() / "a";
+    ASSERT_TRUE(ReplaceFile(file, "old"));
     {
-        WholeFile whole(folder.Path() / "a");
-        whole.Append("one");
+        WholeFile whole(file);
+        whole.Append(std::string(512 * 1024, 'x'));
         EXPECT_EQ(whole.Error(), std::errc::no_space_on_device);
         EXPECT_EQ(whole.Commit(), std::errc::no_space_on_device);
     }
-    EXPECT_EQ(EntriesOf(folder.Path()), 0);
+    EXPECT_EQ(ReadSmallFile(file), "old");
+    EXPECT_EQ(EntriesOf(disk.Path()), 1);
+}
+
+TEST(WholeFile, TwoWritersOfOneFileDoNotMix) {
+    const TemporaryFolder folder;
+    const std::filesystem::path file = folder.Path() / "a";
+    {
+        WholeFile first(file);
+        first.Append("first, ");
+        WholeFile second(file);
+        second.Append("second");
+        first.Append("and all of it");
+        EXPECT_FALSE(first.Commit());
+        EXPECT_EQ(ReadSmallFile(file), "first, and all of it");
+        EXPECT_FALSE(second.Commit());
+    }
+    EXPECT_EQ(ReadSmallFile(file), "second");
+    EXPECT_EQ(EntriesOf(folder.Path()), 1);
+}
+
+TEST(WholeFile, TakesOverWhatAKilledWriterHasLeft) {
+    const TemporaryFolder folder;
+    std::ofstream(folder.Path() / "a.quorvi-part") << "half of what was longer";
+    WholeFile whole(folder.Path() / "a");
+    whole.Append("new");
+    EXPECT_FALSE(whole.Commit());
+    EXPECT_EQ(ReadSmallFile(folder.Path() / "a"), "new");
+    EXPECT_EQ(EntriesOf(folder.Path()), 1);
+}
+
+TEST(WholeFile, ALinkInThePlaceOfItsPartIsNotFollowed) {
+    const TemporaryFolder folder;
+    std::ofstream(folder.Path() / "precious") << "mine";
+    std::filesystem::create_symlink("precious", folder.Path() / "a.quorvi-part");
+    ASSERT_EQ(mkfifo((folder.Path() / "a.quorvi-part2").c_str(), S_IRWXU), 0);
+    WholeFile whole(folder.Path() / "a");
+    whole.Append("new");
+    EXPECT_FALSE(whole.Commit());
+    EXPECT_EQ(ReadSmallFile(folder.Path() / "precious"), "mine");
+    EXPECT_EQ(ReadSmallFile(folder.Path() / "a"), "new");
 }
 
 }  // namespace
