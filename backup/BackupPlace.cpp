@@ -55,7 +55,8 @@ bool MayBeABackup(const std::filesystem::directory_entry& entry) {
     if (entry.is_directory(unknown)) {
         return std::filesystem::exists(entry.path() / kManifestName, unknown);
     }
-    return entry.is_regular_file(unknown) && entry.path().extension() == kZipEnding;
+    return entry.is_regular_file(unknown) &&
+           EqualsNoCase(entry.path().extension().native(), kZipEnding);
 }
 
 }  // namespace

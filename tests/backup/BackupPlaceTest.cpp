@@ -76,10 +76,10 @@ TEST_F(BackupPlaceTest, AnEndlessModelIsCutBetweenCharacters) {
 }
 
 TEST_F(BackupPlaceTest, BackupsAreFoundNewestFirst) {
-    Write("old.zip", 1000);
+    Write("OLD.ZIP", 1000);  // as some disks write names
     Write("newest", 3000);
     Write("newer.zip", 2000, "Aurora");
-    EXPECT_THAT(Found(), ElementsAre("newest", "newer.zip", "old.zip"));
+    EXPECT_THAT(Found(), ElementsAre("newest", "newer.zip", "OLD.ZIP"));
     EXPECT_EQ(FindBackups(folder_.Path())[1].manifest.phone, "Aurora");
 }
 
