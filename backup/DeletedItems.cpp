@@ -59,6 +59,23 @@ bool WriteMembers(BackupRun& run, const std::vector<ContactGroup>& groups) {
     return WriteCards(run, cards);
 }
 
+// For a name that nothing has, nor another program writes to: several deletions may fall into one
+// second.
+std::unique_ptr<BackupWriter> NewWriter(const std::filesystem::path& folder, std::int64_t now,
+                                        std::filesystem::path& name) {
+    const std::filesystem::path first = folder / NameOfTime(now);
+    name = first;
+    for (int number = 2;; ++number) {
+        auto writer = std::make_unique<BackupWriter>(name);
+        if (writer->Error() != std::errc::file_exists &&
+            writer->Error() != std::errc::device_or_resource_busy) {
+            return writer;
+        }
+        name = first;
+        name += "-" + std::to_string(number);
+    }
+}
+
 struct Write {
     BackupRun& run;
 
@@ -82,34 +99,22 @@ struct Write {
 
 DeletedItems::DeletedItems(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-// A name that nothing has yet: several deletions may fall into one second.
-std::filesystem::path DeletedItems::NameFor(std::int64_t now) const {
-    const std::filesystem::path first = folder_ / NameOfTime(now);
-    std::filesystem::path name = first;
-    std::error_code unknown;
-    for (int number = 2; std::filesystem::exists(name, unknown); ++number) {
-        name = first;
-        name += "-" + std::to_string(number);
-    }
-    return name;
-}
-
 KeepResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
                               const StopSignal& stop) const {
     std::error_code failed;
     if (std::filesystem::create_directories(folder_, failed)) {
         std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, failed);
     }
-    const std::filesystem::path backup = NameFor(now);
-    BackupWriter writer(backup);
+    std::filesystem::path backup;
+    const std::unique_ptr<BackupWriter> writer = NewWriter(folder_, now, backup);
     const BackupRun::Progress tellNobody = [](const BackupProgress&) {};
-    BackupRun run(agent, writer, tellNobody, stop);
+    BackupRun run(agent, *writer, tellNobody, stop);
     run.folder = WhoseFolder::suite;
     run.result.manifest.made = now;
-    if (writer.Error()) {
-        run.FailDisk(writer.Error());
+    if (writer->Error()) {
+        run.FailDisk(writer->Error());
     } else if (std::visit(Write{run}, rows)) {
-        if (const std::error_code error = writer.Finish(run.result.manifest, stop)) {
+        if (const std::error_code error = writer->Finish(run.result.manifest, stop)) {
             error == std::errc::operation_canceled ? run.FailStopped() : run.FailDisk(error);
         }
     }

@@ -65,8 +65,6 @@ class DeletedItems {
     [[nodiscard]] bool Forget(const std::filesystem::path& backup) const;
 
   private:
-    [[nodiscard]] std::filesystem::path NameFor(std::int64_t now) const;
-
     std::filesystem::path folder_;
 };
 

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "backup/BackupReader.h"
+#include "backup/BackupWriter.h"
 #include "backup/DeletedItems.h"
 #include "backup/RecordFiles.h"
 #include "backup/Restore.h"
@@ -54,6 +55,16 @@ TEST_F(DeletedItemsTest, TwoDeletionsOfOneSecondAreTwo) {
     EXPECT_EQ(Keep(Alarms("a")).end, BackupEnd::whole);
     EXPECT_EQ(Keep(Alarms("b")).end, BackupEnd::whole);
     EXPECT_EQ(items_.List(kNow).size(), 2u);
+}
+
+TEST_F(DeletedItemsTest, IsKeptBesideOneThatAnotherProgramIsWritingInThatSecond) {
+    EXPECT_EQ(Keep(Alarms("a")).end, BackupEnd::whole);
+    const std::filesystem::path first = items_.List(kNow)[0].backup;
+    ASSERT_TRUE(items_.Forget(first));
+    const BackupWriter another(first);
+    ASSERT_FALSE(another.Error());
+    EXPECT_EQ(Keep(Alarms("b")).end, BackupEnd::whole);
+    EXPECT_EQ(items_.List(kNow).size(), 1u);
 }
 
 TEST_F(DeletedItemsTest, IsKeptForThirtyDays) {
