@@ -63,6 +63,10 @@ bool IsZip(const std::filesystem::path& target) {
     return EqualsNoCase(target.extension().native(), ".zip");
 }
 
+std::filesystem::path FolderOf(const std::filesystem::path& target) {
+    return target.has_parent_path() ? target.parent_path() : ".";
+}
+
 }  // namespace
 
 BackupFile::BackupFile(std::string name, FileDescriptor file)
@@ -124,6 +128,7 @@ std::error_code BackupWriter::Prepare() {
     if (std::filesystem::exists(std::filesystem::symlink_status(target_, failed))) {
         return std::make_error_code(std::errc::file_exists);
     }
+    RemoveUnfinishedBackups(FolderOf(target_));
     if (mkdir(part_.c_str(), kOwnersFolder) != 0 && errno != EEXIST) {
         return LastError();
     }
@@ -203,7 +208,7 @@ std::error_code BackupWriter::Finish(const Manifest& manifest, const StopSignal&
     }
     if (!failed) {
         // The name stands whether or not the disk can be told to keep it at once.
-        static_cast<void>(SyncFile(target_.has_parent_path() ? target_.parent_path() : "."));
+        static_cast<void>(SyncFile(FolderOf(target_)));
     }
     return failed;
 }

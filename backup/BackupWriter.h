@@ -43,8 +43,9 @@ class BackupFile {
 };
 
 // Until Finish all that is written stands beside the target, in a hidden folder of its own; it is
-// removed with the writer, and, where a writer was killed, by the next one for that target. Files
-// and folders are the user's alone. Used on one thread; blocks as long as the disk does.
+// removed with the writer, and, where a writer was killed, by the next one for any target in that
+// folder. Files and folders are the user's alone. Used on one thread; blocks as long as the disk
+// does.
 class BackupWriter {
   public:
     // A target that ends in ".zip" becomes one; any other, a folder. Not ready (Error) where

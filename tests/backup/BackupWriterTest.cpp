@@ -17,6 +17,7 @@ namespace {
 using std::filesystem::path;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 std::vector<std::string> NamesIn(const path& folder) {
     std::vector<std::string> names;
@@ -136,6 +137,16 @@ TEST_P(BackupTarget, TakesAwayWhatAKilledWriterHasLeft) {
     std::ofstream(left / "manifest.json") << "old";
     ASSERT_EQ(WriteBackup(Target(), "new"), std::error_code());
     EXPECT_THAT(NamesIn(folder_.Path()), ElementsAre(GetParam()));
+}
+
+TEST_P(BackupTarget, TakesAwayWhatAKilledWriterHasLeftOfAnotherName) {
+    const path left = folder_.Path() / ".Aurora S2 2026-11-22.zip.quorvi-part";
+    std::filesystem::create_directory(left);
+    std::ofstream(left / "messages.json") << "half";
+    BackupWriter another(folder_.Path() / "another.zip");
+    ASSERT_EQ(WriteBackup(Target(), "new"), std::error_code());
+    EXPECT_THAT(NamesIn(folder_.Path()),
+                UnorderedElementsAre(GetParam(), ".another.zip.quorvi-part"));
 }
 
 TEST_P(BackupTarget, TwoWritersDoNotMix) {
