@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "backup/Charset.h"
+#include "backup/ContactTableHeadings.h"
 #include "backup/Csv.h"
 #include "base/Text.h"
 #include "pages/contacts/ContactTypes.h"
@@ -35,83 +36,6 @@ const std::array<TableList, 6> kLists{{
     {"网站", &ContactCard::websites, nullptr, 0},
     {"地址", &ContactCard::addresses, &kAddressTypes, 0},
     {"公司", &ContactCard::organisations, &kOrganisationTypes, 0},
-}};
-
-// What other programs call a column.
-enum class Field { name, givenName, familyName, nickname, favourite, groups, note };
-struct FieldName {
-    std::string_view heading;  // in lower case
-    Field field;
-};
-constexpr std::array<FieldName, 22> kFieldNames{{
-    {kName, Field::name},
-    {"名字", Field::name},
-    {"联系人", Field::name},
-    {"name", Field::name},
-    {"full name", Field::name},
-    {"display name", Field::name},
-    {"名", Field::givenName},
-    {"first name", Field::givenName},
-    {"given name", Field::givenName},
-    {"姓", Field::familyName},
-    {"last name", Field::familyName},
-    {"family name", Field::familyName},
-    {kNickname, Field::nickname},
-    {"nickname", Field::nickname},
-    {kFavourite, Field::favourite},
-    {kGroups, Field::groups},
-    {"groups", Field::groups},
-    {"categories", Field::groups},
-    {kNote, Field::note},
-    {"note", Field::note},
-    {"notes", Field::note},
-    {"memo", Field::note},
-}};
-
-struct ItemName {
-    std::string_view heading;  // in lower case
-    ContactCard::List items;
-    std::int32_t type;
-};
-constexpr std::array<ItemName, 38> kItemNames{{
-    {"手机", &ContactCard::phones, 2},
-    {"手机号", &ContactCard::phones, 2},
-    {"手机号码", &ContactCard::phones, 2},
-    {"移动电话", &ContactCard::phones, 2},
-    {"mobile", &ContactCard::phones, 2},
-    {"mobile phone", &ContactCard::phones, 2},
-    {"cell phone", &ContactCard::phones, 2},
-    {"家庭电话", &ContactCard::phones, 1},
-    {"住宅电话", &ContactCard::phones, 1},
-    {"home phone", &ContactCard::phones, 1},
-    {"公司电话", &ContactCard::phones, 3},
-    {"单位电话", &ContactCard::phones, 3},
-    {"商务电话", &ContactCard::phones, 3},
-    {"business phone", &ContactCard::phones, 3},
-    {"work phone", &ContactCard::phones, 3},
-    {"传真", &ContactCard::phones, 4},
-    {"business fax", &ContactCard::phones, 4},
-    {"home fax", &ContactCard::phones, 5},
-    {"pager", &ContactCard::phones, 6},
-    {"号码", &ContactCard::phones, 7},
-    {"phone", &ContactCard::phones, 7},
-    {"phone number", &ContactCard::phones, 7},
-    {"电子邮件", &ContactCard::emails, 3},
-    {"电子邮件地址", &ContactCard::emails, 3},
-    {"email", &ContactCard::emails, 3},
-    {"e-mail", &ContactCard::emails, 3},
-    {"email address", &ContactCard::emails, 3},
-    {"e-mail address", &ContactCard::emails, 3},
-    {"qq", &ContactCard::ims, 4},
-    {"msn", &ContactCard::ims, 1},
-    {"skype", &ContactCard::ims, 3},
-    {"网址", &ContactCard::websites, 0},
-    {"website", &ContactCard::websites, 0},
-    {"web page", &ContactCard::websites, 0},
-    {"address", &ContactCard::addresses, 0},
-    {"company", &ContactCard::organisations, 0},
-    {"organization", &ContactCard::organisations, 0},
-    {"单位", &ContactCard::organisations, 0},
 }};
 
 std::string WithoutColon(std::string label) {
@@ -149,6 +73,8 @@ void ReadType(const TableList& list, std::string_view cell, CardItem& item) {
     const auto [end, error] = std::from_chars(cell.data(), cell.data() + cell.size(), code);
     if (error == std::errc() && end == cell.data() + cell.size()) {
         item.type = code;
+    } else if (const auto other = TypeOfOtherPrograms(list.items, cell)) {
+        item.type = *other;
     } else {
         item.label = cell;
     }
@@ -168,28 +94,19 @@ std::string Numbered(std::string_view heading, std::size_t number) {
 
 // What a column holds.
 struct Column {
-    std::optional<Field> field{};
+    std::optional<TableField> field{};
     const TableList* list = nullptr;
     bool isType = false;
     std::int32_t type = 0;  // of a list without a column for it
+    bool several = false;   // a cell may hold several items
 };
-
-// "电话 2" without the number.
-std::string_view WithoutNumber(std::string_view heading) {
-    const std::size_t end = heading.find_last_not_of("0123456789 ");
-    return end == std::string_view::npos ? heading : heading.substr(0, end + 1);
-}
 
 const TableList* ListOf(ContactCard::List items) {
     return std::ranges::find(kLists, items, &TableList::items);
 }
 
 Column ColumnOf(std::string_view heading) {
-    const std::string name = ToLower(WithoutNumber(Trim(heading)));
-    if (const auto field = std::ranges::find(kFieldNames, name, &FieldName::heading);
-        field != kFieldNames.end()) {
-        return {.field = field->field};
-    }
+    const std::string name = PlainHeading(heading);
     for (const TableList& list : kLists) {
         if (name == ToLower(list.heading)) {
             return {.list = &list, .type = list.typeOfOthers};
@@ -198,15 +115,16 @@ Column ColumnOf(std::string_view heading) {
             return {.list = &list, .isType = true};
         }
     }
-    if (const auto item = std::ranges::find(kItemNames, name, &ItemName::heading);
-        item != kItemNames.end()) {
-        return {.list = ListOf(item->items), .type = item->type};
-    }
-    return {};
+    const TableColumn other = ColumnOfOtherPrograms(name);
+    return {.field = other.field,
+            .list = other.items ? ListOf(*other.items) : nullptr,
+            .isType = other.isType,
+            .type = other.type,
+            .several = true};
 }
 
 bool NamesAnybody(const Column& column) {
-    using enum Field;
+    using enum TableField;
     if (column.list) {
         return column.list->items == &ContactCard::phones ||
                column.list->items == &ContactCard::emails;
@@ -235,15 +153,17 @@ class RowReader {
             const std::string text = CardText(row[i]);
             if (column.isType) {  // of the column behind it
                 type = row[i];
-                hasType = true;
+                hasType = column.list->types != nullptr;
                 continue;
             }
             if (column.list && !Trim(text).empty()) {
-                CardItem item{column.type, text};
-                if (hasType) {
-                    ReadType(*column.list, type, item);
+                for (std::string& value : column.several ? ValuesOf(text) : std::vector{text}) {
+                    CardItem item{column.type, std::move(value)};
+                    if (hasType) {
+                        ReadType(*column.list, type, item);
+                    }
+                    (card_.*column.list->items).push_back(std::move(item));
                 }
-                (card_.*column.list->items).push_back(std::move(item));
             } else if (column.field) {
                 TakeField(*column.field, text);
             } else if (!column.list && !Trim(text).empty()) {
@@ -264,33 +184,47 @@ class RowReader {
     }
 
   private:
-    void TakeField(Field field, const std::string& text) {
+    void TakeField(TableField field, const std::string& text) {
         switch (field) {
-            case Field::name:
+            case TableField::name:
                 card_.name = text;
                 break;
-            case Field::givenName:
-                given_ = text;
+            case TableField::givenName:
+            case TableField::middleName:
+                given_ += (given_.empty() || text.empty() ? "" : " ") + text;
                 break;
-            case Field::familyName:
+            case TableField::familyName:
                 family_ = text;
                 break;
-            case Field::nickname:
+            case TableField::nickname:
                 card_.nickname = text;
                 break;
-            case Field::favourite:
+            case TableField::favourite:
                 card_.favourite = text == kYes;
                 break;
-            case Field::groups:
+            case TableField::groups:
                 for (const std::string_view title : SplitAt(text, '\n')) {
                     if (!title.empty()) {
                         card_.groups.emplace_back(title);
                     }
                 }
                 break;
-            case Field::note:
+            case TableField::groupsInLine:
+                TakeGroupsInLine(text);
+                break;
+            case TableField::note:
                 card_.note = text;
                 break;
+        }
+    }
+
+    void TakeGroupsInLine(const std::string& text) {
+        for (std::string& title : ValuesOf(text)) {
+            if (IsGroupOfFavourites(title)) {
+                card_.favourite = true;
+            } else if (!title.empty() && !IsGroupOfProgram(title)) {
+                card_.groups.push_back(std::move(title));
+            }
         }
     }
 

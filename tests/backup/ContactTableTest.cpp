@@ -38,6 +38,8 @@ TEST(ContactTableWriter, WhatIsWrittenReadsBackTheSameButForPhotosAndLabels) {
     }
     ContactCard bare;
     bare.name = "a";
+    bare.groups = {"* a ::: b"};
+    bare.phones = {{2, "1 ::: 2"}};
     const std::vector<ContactCard> cards{card, bare};
     const ContactTable table = ReadContactTable(WriteContactTable(cards));
     EXPECT_THAT(table.cards, ElementsAre(card, bare));
@@ -64,6 +66,44 @@ TEST(ContactTableReader, ReadsTheColumnsOfMailPrograms) {
     EXPECT_THAT(anna.websites, ElementsAre(CardItem{0, "example.com"}));
     EXPECT_EQ(anna.note, "met once\nRoom：12");
     EXPECT_EQ(table.cards[1].name, "李娜");
+}
+
+TEST(ContactTableReader, ReadsTheColumnsOfAddressBooksOnTheWeb) {
+    const ContactTable table = ReadContactTable(
+        "Name,Given Name,Group Membership,E-mail 1 - Type,E-mail 1 - Value,Phone 1 - Type,Phone 1 "
+        "- Value,Phone 2 - Type,Phone 2 - Value,IM 1 - Type,IM 1 - Service,IM 1 - Value,Website 1 "
+        "- Type,Website 1 - Value,Address 1 - Type,Address 1 - Formatted,Organization 1 - Name\n"
+        "Zhao Six,Six,Friends ::: * myContacts ::: * starred,* Home,a@example.com ::: "
+        "b@example.com,Mobile,111,Work Fax,222,Other,Google Talk,six,Blog,example.com,Home,\"1 "
+        "Main "
+        "St\nTown\",Example\n"
+        "Anna,,,,,Daughter,333,,,,,,,,,,\n");
+    ASSERT_THAT(table.cards, SizeIs(2));
+    const ContactCard& card = table.cards[0];
+    EXPECT_EQ(card.name, "Zhao Six");
+    EXPECT_TRUE(card.favourite);
+    EXPECT_THAT(card.groups, ElementsAre("Friends"));
+    EXPECT_THAT(card.phones, ElementsAre(CardItem{2, "111"}, CardItem{4, "222"}));
+    EXPECT_THAT(card.emails,
+                ElementsAre(CardItem{1, "a@example.com"}, CardItem{1, "b@example.com"}));
+    EXPECT_THAT(card.ims, ElementsAre(CardItem{5, "six"}));
+    EXPECT_THAT(card.websites, ElementsAre(CardItem{0, "example.com"}));
+    EXPECT_THAT(card.addresses, ElementsAre(CardItem{1, "1 Main St\nTown"}));
+    EXPECT_THAT(card.organisations, ElementsAre(CardItem{0, "Example"}));
+    EXPECT_EQ(card.note, "");
+    EXPECT_THAT(table.cards[1].phones, ElementsAre(CardItem{7, "333", "Daughter"}));
+    EXPECT_FALSE(table.cards[1].favourite);
+}
+
+TEST(ContactTableReader, ANameHasItsMiddlePartAndAnAddressItsNumberedHeading) {
+    const ContactTable table = ReadContactTable(
+        "First Name,Middle Name,Last Name,E-mail Address,E-mail 2 Address,Business Phone 2\n"
+        "Anna,Maria,Berg,a@example.com,b@example.com,222\n");
+    ASSERT_THAT(table.cards, SizeIs(1));
+    EXPECT_EQ(table.cards[0].name, "Anna Maria Berg");
+    EXPECT_THAT(table.cards[0].emails,
+                ElementsAre(CardItem{3, "a@example.com"}, CardItem{3, "b@example.com"}));
+    EXPECT_THAT(table.cards[0].phones, ElementsAre(CardItem{3, "222"}));
 }
 
 TEST(ContactTableReader, ReadsTheGb18030OfChineseSpreadsheets) {
