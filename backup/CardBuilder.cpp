@@ -86,6 +86,17 @@ constexpr std::array<KnownLabel, 10> kKnownLabels{{
     {"_$!<HomePage>!$_", ""},
 }};
 
+// "School" of "_$!<School>!$_", as that address book marks its own labels; any other as it is.
+std::string PlainLabel(std::string_view label) {
+    constexpr std::string_view kBegin = "_$!<";
+    constexpr std::string_view kEnd = ">!$_";
+    if (label.size() > kBegin.size() + kEnd.size() && label.starts_with(kBegin) &&
+        label.ends_with(kEnd)) {
+        label = label.substr(kBegin.size(), label.size() - kBegin.size() - kEnd.size());
+    }
+    return std::string(label);
+}
+
 // Whether a text has a character of the scripts of East Asia, in which names stand without blanks
 // between their parts, and addresses from the large to the small.
 bool IsEastAsian(std::string_view utf8) {
@@ -329,14 +340,26 @@ void CardBuilder::TakeUnknown(const VCardProperty& property) {
         return LeaveOut(property.name);
     }
     const auto known = std::ranges::find(kNoteNames, property.name, &NoteName::property);
-    AddNoteLine(known == kNoteNames.end() ? std::string_view(property.name) : known->shown,
-                Joined(VCardParts(property, version_, ';'), ", "));
+    const bool isKnown = known != kNoteNames.end();
+    AddNoteLine(isKnown ? known->shown : std::string_view(property.name),
+                Joined(VCardParts(property, version_, ';'), ", "),
+                isKnown ? std::string_view() : std::string_view(property.group));
 }
 
-void CardBuilder::AddNoteLine(std::string_view name, std::string_view text) {
+void CardBuilder::AddNoteLine(std::string_view name, std::string_view text,
+                              std::string_view group) {
     if (!text.empty()) {
-        noteLines_.append(noteLines_.empty() ? "" : "\n").append(CardText(name));
-        noteLines_.append("：").append(text);
+        noteLines_.push_back({CardText(name), std::string(text), std::string(group)});
+    }
+}
+
+void CardBuilder::WriteNoteLines() {
+    for (const NoteLine& line : noteLines_) {
+        const auto label = line.group.empty() ? labels_.end() : labels_.find(line.group);
+        std::string& note = read_.card.note;
+        note.append(note.empty() ? "" : "\n");
+        note.append(label == labels_.end() ? line.name : PlainLabel(label->second));
+        note.append("：").append(line.text);
     }
 }
 
@@ -356,7 +379,7 @@ void CardBuilder::LabelItem(const Grouped& grouped) {
         item.type = VCardCode(*grouped.list, words);
     } else if (HasVCardWords(*grouped.list, item.type) ||
                label != VCardLabel(*grouped.list, item.type)) {
-        item.label = label;  // another program's; ours says what the type says
+        item.label = PlainLabel(label);  // another program's; ours says what the type says
     }
 }
 
@@ -371,9 +394,7 @@ ReadCard CardBuilder::Take() {
     if (card.addresses.empty() && !addressLabel_.empty()) {
         card.addresses.push_back({kVCardAddresses.typeOfOthers, std::move(addressLabel_)});
     }
-    if (!noteLines_.empty()) {
-        card.note.append(card.note.empty() ? "" : "\n").append(noteLines_);
-    }
+    WriteNoteLines();
     return std::move(read_);
 }
 

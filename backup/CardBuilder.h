@@ -74,11 +74,19 @@ class CardBuilder {
         std::vector<std::string> words;
     };
 
+    // A property that no contact has, which a label of its group may name.
+    struct NoteLine {
+        std::string name;
+        std::string text;
+        std::string group;
+    };
+
     [[nodiscard]] std::string TextBehind(std::string_view scheme,
                                          const VCardProperty& property) const;
     void AddItem(const VCardList& list, const VCardProperty& property, std::string text);
     void AddMessenger(std::int32_t code, std::string text);
-    void AddNoteLine(std::string_view name, std::string_view text);
+    void AddNoteLine(std::string_view name, std::string_view text, std::string_view group = {});
+    void WriteNoteLines();
     void LabelItem(const Grouped& item);
 
     ReadCard read_;
@@ -88,7 +96,7 @@ class CardBuilder {
     bool tooLarge_ = false;
     std::string nameOfParts_;
     std::string addressLabel_;
-    std::string noteLines_;
+    std::vector<NoteLine> noteLines_;
     std::vector<Grouped> grouped_;
     std::map<std::string, std::string, std::less<>> labels_;  // by group
 };

@@ -123,6 +123,18 @@ TEST(VCardReader, ReadsTheGroupsAndLabelsOfAddressBooks) {
     EXPECT_EQ(read.card.note, "");
 }
 
+TEST(VCardReader, ALabelNamesWhatGoesIntoTheNote) {
+    const ReadCard read = OneCardWith(
+        "item1.X-ABRELATEDNAMES;type=pref:Jane\r\n"
+        "item1.X-ABLabel:_$!<Spouse>!$_\r\n"
+        "item2.X-ABDATE:2001-01-01\r\n"
+        "X-ABDATE:2002-02-02\r\n"
+        "item3.TEL:555\r\n"
+        "item3.X-ABLabel:_$!<School>!$_\r\n");
+    EXPECT_EQ(read.card.note, "Spouse：Jane\nX-ABDATE：2001-01-01\nX-ABDATE：2002-02-02");
+    EXPECT_THAT(read.card.phones, ElementsAre(CardItem{7, "555", "School"}));
+}
+
 TEST(VCardReader, ReadsVersion4WithItsUris) {
     const ReadCard read = OneCard(
         "BEGIN:VCARD\r\n"
