@@ -97,7 +97,10 @@ class Reading {
                 bytes += BytesOf(read.card);
                 content.cards.push_back(std::move(read.card));
             },
-            [&](SkippedCard&&) { ++content.unreadCards; });
+            [&](SkippedCard&& skipped) {
+                ++(skipped.fault == CardFault::nothingInIt ? content.emptyCards
+                                                           : content.unreadCards);
+            });
         why = reader_.Stream(*file, [&](std::string_view piece) {
             cards.Feed(piece);
             return !cards.Refused() && content.cards.size() <= kMostRestoredCards &&

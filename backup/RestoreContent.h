@@ -25,6 +25,8 @@ struct RestoreContent {
     std::vector<bool> hadPhoto;       // of each card
     std::vector<AlarmSettings> alarms;
     std::vector<BookmarkSettings> bookmarks;
+    // Cards of the file in which there is nothing to bring back: see CardFault::nothingInIt.
+    std::uint32_t emptyCards = 0;
     // Cards of the file that could not be read.
     std::uint32_t unreadCards = 0;
 };

@@ -17,6 +17,7 @@
 namespace quorvi {
 namespace {
 
+constexpr std::u8string_view kNoName = u8"没有姓名，也没有可以当作姓名的内容，手机不能新建";
 constexpr std::u8string_view kOtherStays = u8"手机上的内容不同，保留手机上的";
 
 // The records of a backup against those of the phone, each of which stands for one at most: first
@@ -155,7 +156,7 @@ void PlanCards(const RestoreContent& backup, const PhoneContent& phone, RestoreP
                 break;
             case CardMatch::Action::impossible:
                 item.action = RestoreAction::impossible;
-                item.why = Ansi(u8"没有姓名，也没有可以当作姓名的内容，手机不能新建");
+                item.why = Ansi(kNoName);
                 break;
         }
         if (match.keepsOther) {
@@ -170,13 +171,17 @@ void PlanCards(const RestoreContent& backup, const PhoneContent& phone, RestoreP
                               Ansi(u8"手机不接收头像，新建的联系人没有头像"),
                               {}});
     }
-    if (backup.unreadCards > 0) {
-        plan.items.push_back({BackupKind::contacts,
-                              RestoreAction::impossible,
-                              fmt::format(fmt::runtime(Ansi(u8"{} 个联系人")), backup.unreadCards),
-                              Ansi(u8"备份里的内容读不懂"),
-                              {}});
-    }
+    const auto planCards = [&plan](std::uint32_t count, std::u8string_view why) {
+        if (count > 0) {
+            plan.items.push_back({BackupKind::contacts,
+                                  RestoreAction::impossible,
+                                  fmt::format(fmt::runtime(Ansi(u8"{} 个联系人")), count),
+                                  Ansi(why),
+                                  {}});
+        }
+    };
+    planCards(backup.emptyCards, kNoName);
+    planCards(backup.unreadCards, u8"备份里的内容读不懂");
 }
 
 // What is in the backup for other programs and for the eye alone.

@@ -134,6 +134,36 @@ TEST_F(DeletedItemsTest, AContactIsReadWholeFromThePhone) {
     EXPECT_EQ(content->cards[0].phones[0].text, "110");
 }
 
+TEST_F(DeletedItemsTest, AContactWithoutANameAndContentIsReadAsAnEmptyOne) {
+    agent_.AnswerPayload(
+        AgentCommand::readContact,
+        Join({
+            Word(0),                                                        // leading word
+            LongWord(7),                                                    // id
+            Word(0),                                                        // favourite
+            LongWord(0),                                                    // last contact
+            LongWord(0),                                                    // times contacted
+            Word(0),                                                        // photo
+            Word(0),                                                        // structured
+            Word(0),                                                        // name
+            Word(0),                                                        // nickname
+            Word(0),                                                        // note
+            Word(0), Word(0), Word(0), Word(0), Word(0), Word(0), Word(0),  // lists
+        }));
+    ContactListRow row;
+    row.contactId = 7;
+    const BackupResult result = Keep(std::vector{row});
+    ASSERT_EQ(result.end, BackupEnd::whole) << ToUtf8(result.why);
+    const auto reader = BackupReader::Open(items_.List(kNow)[0].backup).reader;
+    ASSERT_TRUE(reader);
+    std::string why;
+    const auto content = ReadRestoreContent(*reader, std::vector{BackupKind::contacts}, why);
+    ASSERT_TRUE(content) << ToUtf8(why);
+    EXPECT_EQ(content->cards.size(), 0u);
+    EXPECT_EQ(content->emptyCards, 1u);
+    EXPECT_EQ(content->unreadCards, 0u);
+}
+
 TEST_F(DeletedItemsTest, AContactThatCannotBeReadIsNamed) {
     agent_.AnswerNoData(AgentCommand::readContact);
     ContactListRow row;

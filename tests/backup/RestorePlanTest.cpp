@@ -68,6 +68,20 @@ TEST(RestorePlan, AnAlarmThatTheEditorWouldNotSendIsImpossible) {
     EXPECT_THAT(OfAlarms({Alarm(7, "")}, {Alarm(7, "")}), ElementsAre(RestoreAction::there));
 }
 
+TEST(RestorePlan, AContactInWhichThereIsNothingIsToldApartFromOneThatCannotBeRead) {
+    RestoreContent content;
+    content.emptyCards = 2;
+    content.unreadCards = 1;
+    const std::vector<RestoreItem> items = PlanRestore(content, {}, {}, {}).items;
+    ASSERT_EQ(items.size(), 2u);
+    EXPECT_EQ(items[0].action, RestoreAction::impossible);
+    EXPECT_EQ(items[0].what, Ansi(u8"2 个联系人"));
+    EXPECT_EQ(items[0].why, Ansi(u8"没有姓名，也没有可以当作姓名的内容，手机不能新建"));
+    EXPECT_EQ(items[1].action, RestoreAction::impossible);
+    EXPECT_EQ(items[1].what, Ansi(u8"1 个联系人"));
+    EXPECT_EQ(items[1].why, Ansi(u8"备份里的内容读不懂"));
+}
+
 TEST(RestorePlan, ABookmarkOfTheSameAddressIsThere) {
     EXPECT_THAT(OfBookmarks({{"title", "http://x/", 3}}, {{"other title", "http://x/", 4}}),
                 ElementsAre(RestoreAction::there));
