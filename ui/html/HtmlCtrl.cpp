@@ -131,9 +131,9 @@ void CHtmlCtrlBase::Keep(HtmlEdit edit) {
 }
 
 void CHtmlCtrlBase::ShowChildren(std::string_view id,
-                                 const std::optional<std::vector<int>>& children,
-                                 HtmlScroll scroll) {
-    HtmlEdit edit = ShowChildrenEdit(id, children, scroll);
+                                 const std::optional<std::vector<int>>& children, HtmlScroll scroll,
+                                 const std::vector<HtmlMark>& marks) {
+    HtmlEdit edit = ShowChildrenEdit(id, children, scroll, marks);
     if (narrows_) {
         narrowNext_ = edit.script;
     } else if (ready_) {

@@ -73,10 +73,11 @@ class CHtmlCtrlBase : public QWidget, private HtmlBrowserHost {
     // the document had to be loaded again.
     void SetInnerHtml(std::string_view id, const HtmlFragment& html,
                       HtmlScroll scroll = HtmlScroll::keep);
-    // Shows these of an element's children alone (see ShowChildrenEdit), for one element at a time.
-    // Told faster than the document can show it, it leaves out what is between.
+    // Shows these of an element's children alone and marks words in them (see ShowChildrenEdit),
+    // for one element at a time. Told faster than the document can show it, it leaves out what is
+    // between.
     void ShowChildren(std::string_view id, const std::optional<std::vector<int>>& children,
-                      HtmlScroll scroll = HtmlScroll::top);
+                      HtmlScroll scroll = HtmlScroll::top, const std::vector<HtmlMark>& marks = {});
     // From the next document on, one that shows its end goes on showing it when the view becomes
     // lower.
     void StayAtEnd() { staysAtEnd_ = true; }

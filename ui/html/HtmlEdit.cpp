@@ -79,8 +79,12 @@ constexpr char16_t kFunction[] =
 
 // What an element holds is kept with where it was scrolled to: the first child in sight, since
 // children that have not come near yet may change their height.
+//
+// Words are marked in the texts right in an element that is named and in the phone's texts in it,
+// so that what the program says there in an element of its own is not. They move as they are;
+// nothing is parsed.
 constexpr char16_t kShowChildren[] =
-    uR"((function(id, places, scroll) {
+    uR"((function(id, places, scroll, marks) {
   const element = document.getElementById(id);
   if (!element) return;
   const narrowed = globalThis.narrowed ??= new Map();
@@ -91,10 +95,37 @@ constexpr char16_t kShowChildren[] =
     narrowed.set(id, {all, first, top: first?.getBoundingClientRect().top,
                       focused: document.activeElement});
   }
+  for (const marked of element.querySelectorAll('found-text')) {
+    const text = marked.parentNode;
+    marked.replaceWith(...marked.childNodes);
+    text.normalize();
+  }
   const {all, first, top, focused} = narrowed.get(id);
   const content = document.createDocumentFragment();
   for (const child of places?.map(place => all[place]) ?? all) {
     if (child) content.append(child);
+  }
+  for (const [within, words] of marks) {
+    const any = words.map(word => word.replace(/[.*+?^${}()|[\]\\]/g, '\\$&')).join('|');
+    if (any === '') continue;
+    const pattern = new RegExp(any, 'g');
+    for (const found of content.querySelectorAll(within)) {
+      const walker = document.createTreeWalker(found, NodeFilter.SHOW_TEXT);
+      const texts = [];
+      while (walker.nextNode()) {
+        const text = walker.currentNode;
+        if (text.parentNode === found || text.parentNode.closest('foreign-text')) texts.push(text);
+      }
+      for (const text of texts) {
+        for (const hit of [...text.data.matchAll(pattern)].reverse()) {
+          const word = text.splitText(hit.index);
+          word.splitText(hit[0].length);
+          const marked = document.createElement('found-text');
+          word.replaceWith(marked);
+          marked.append(word);
+        }
+      }
+    }
   }
   element.replaceChildren(content);
   window.scrollTo(0, scroll);
@@ -163,7 +194,7 @@ HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html, HtmlScr
 }
 
 HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<int>>& children,
-                          HtmlScroll scroll) {
+                          HtmlScroll scroll, const std::vector<HtmlMark>& marks) {
     const QString element = ToQString(id);
     QJsonValue places = QJsonValue::Null;
     if (children) {
@@ -173,9 +204,17 @@ HtmlEdit ShowChildrenEdit(std::string_view id, const std::optional<std::vector<i
         }
         places = array;
     }
+    QJsonArray marked;
+    for (const HtmlMark& mark : marks) {
+        QJsonArray words;
+        for (const std::u16string& word : mark.words) {
+            words.append(QString::fromUtf16(word.data(), static_cast<qsizetype>(word.size())));
+        }
+        marked.append(QJsonArray{ToQString(mark.within), words});
+    }
     // A blank is in no id, so this takes no other change's place.
     return {element + QStringLiteral(" children"),
-            CallOf(kShowChildren, QJsonArray{element, places, ScrollTarget(scroll)})};
+            CallOf(kShowChildren, QJsonArray{element, places, ScrollTarget(scroll), marked})};
 }
 
 }  // namespace quorvi

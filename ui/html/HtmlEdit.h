@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -28,12 +29,22 @@ struct HtmlEdit {
 [[nodiscard]] HtmlEdit SetInnerHtmlEdit(std::string_view id, const HtmlFragment& html,
                                         HtmlScroll scroll);
 
+// Words that stand out in what is shown of an element's children.
+struct HtmlMark {
+    std::string_view within;  // which elements of a child, a selector; a literal
+    // What is marked wherever it stands in such an element as a text of its own or of the phone;
+    // where two begin at the same place, the one that is named first.
+    std::vector<std::u16string> words;
+};
+
 // Of the element with the id `id` the children at these places are shown, in this order, counted
 // from 0 as its inner HTML has them; all of them for none. The document is as if the element held
 // no others, and stands at its top or its end as `scroll` says; with all of them it is scrolled to
-// where it was before, and the link that had the focus has it again.
+// where it was before, and the link that had the focus has it again. The marked words stand in
+// elements `found-text`, until the next change of this kind.
 [[nodiscard]] HtmlEdit ShowChildrenEdit(std::string_view id,
                                         const std::optional<std::vector<int>>& children,
-                                        HtmlScroll scroll = HtmlScroll::top);
+                                        HtmlScroll scroll = HtmlScroll::top,
+                                        const std::vector<HtmlMark>& marks = {});
 
 }  // namespace quorvi
