@@ -6,6 +6,7 @@ namespace quorvi {
 
 FindIndex IndexOfConversations(std::span<const Conversation> conversations, const ReadTexts& read) {
     FindIndex index;
+    index.KeepSpellings();
     for (const Conversation& conversation : conversations) {
         index.AddRow();
         index.AddUtf8(ToUtf8(conversation.name), FindKind::name);
@@ -22,6 +23,7 @@ FindIndex IndexOfConversations(std::span<const Conversation> conversations, cons
 
 FindIndex IndexOfMessages(std::span<const ConversationMessage> messages) {
     FindIndex index;
+    index.KeepSpellings();
     for (const ConversationMessage& message : messages) {
         index.AddRow();
         index.AddUtf8(ToUtf8(message.text), FindKind::text);

@@ -104,7 +104,8 @@ void CSmsComposeDlg::BuildControls() {
                              {.list = "conversation_list",
                               .by = ToQString(u8"短信内容"),
                               .name = ToQString(u8"在短信对话中查找"),
-                              .scroll = HtmlScroll::end});
+                              .scroll = HtmlScroll::end,
+                              .texts = {{"dd", FindKind::text}}});
         find_->LeaveKey();
         treeFind_->LeaveKey();
         auto* key = new QShortcut(QKeySequence::Find, this);

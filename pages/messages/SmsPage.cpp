@@ -40,11 +40,13 @@ CSmsPage::CSmsPage(PageHost& host, const Services& services, QWidget* parent)
       load_(*this, host.LoadState(), kNumbers.loadKey),
       view_(new CHtmlCtrlFix(kView, HtmlContent::local, *this, this)),
       frame_(new HtmlFrame(*view_, this)),
-      find_(new ViewFind(*frame_, *view_,
-                         {.list = "sms_ul",
-                          .by = ToQString(u8"姓名、号码、看过的短信"),
-                          .name = ToQString(u8"在会话中查找"),
-                          .scroll = HtmlScroll::top})),
+      find_(
+          new ViewFind(*frame_, *view_,
+                       {.list = "sms_ul",
+                        .by = ToQString(u8"姓名、号码、看过的短信"),
+                        .name = ToQString(u8"在会话中查找"),
+                        .scroll = HtmlScroll::top,
+                        .texts = {{".sender a", FindKind::name}, {".text > a", FindKind::text}}})),
       transfers_(host, *this, FileKind::messages,
                  {.write =
                       [agent = agent_, attribution = attribution_](

@@ -15,8 +15,7 @@ ViewFind::ViewFind(HtmlFrame& frame, CHtmlCtrlBase& view, const Searched& search
     : QObject(&frame),
       frame_(frame),
       view_(view),
-      list_(searched.list),
-      scroll_(searched.scroll),
+      searched_(searched),
       bar_(new FindBar(view, searched.by, &frame)) {
     bar_->SetFieldName(searched.name);
     frame_.SetBar(*bar_);
@@ -68,7 +67,7 @@ void ViewFind::Narrow() {
     if (query.IsEmpty()) {
         bar_->SetFound(std::nullopt);
         frame_.SetNothingFound({});
-        view_.ShowChildren(list_, std::nullopt);
+        view_.ShowChildren(searched_.list, std::nullopt);
         return;
     }
     const std::vector<int> found = index_.Find(query);
@@ -76,7 +75,11 @@ void ViewFind::Narrow() {
     const bool none = index_.RowCount() == 0;
     bar_->SetFound(none ? std::nullopt : std::optional(found.size()));
     frame_.SetNothingFound(!none && found.empty() ? bar_->NothingFound() : QString());
-    view_.ShowChildren(list_, found, scroll_);
+    std::vector<HtmlMark> marks;
+    for (const auto& [within, kind] : searched_.texts) {
+        marks.push_back({within, index_.Spellings(query, kind, found)});
+    }
+    view_.ShowChildren(searched_.list, found, searched_.scroll, marks);
 }
 
 void ViewFind::GoToView() {

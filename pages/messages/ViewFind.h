@@ -1,9 +1,11 @@
-// The bar over a view of conversations, or of the messages of one: they narrow while one types.
+// The bar over a view of conversations, or of the messages of one: they narrow while one types, and
+// what was found of them stands out.
 #pragma once
 
 #include <QObject>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "find/FindIndex.h"
 #include "ui/html/HtmlEdit.h"
@@ -24,8 +26,13 @@ class ViewFind : public QObject {
         QString by;             // by what one can look, in the empty field
         QString name;           // of the field, for a screen reader
         HtmlScroll scroll;      // which end of those that are found is seen: top or end
+        struct Texts {
+            std::string_view within;  // which elements of a child show texts of the rows; a literal
+            FindKind kind;            // texts of which kind
+        };
+        std::vector<Texts> texts;
     };
-    // What the children of the list are searched by, a row each.
+    // What the children of the list are searched by, a row each; it knows the spellings.
     using IndexOf = std::function<FindIndex()>;
 
     // The view stands in the frame, which owns what is made here.
@@ -47,8 +54,7 @@ class ViewFind : public QObject {
 
     HtmlFrame& frame_;
     CHtmlCtrlBase& view_;
-    std::string_view list_;
-    HtmlScroll scroll_;
+    Searched searched_;
     FindBar* bar_;
     IndexOf rows_;
     FindIndex index_;

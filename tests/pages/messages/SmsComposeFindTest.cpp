@@ -63,10 +63,16 @@ class ComposerFind : public Composer {
     static void PressCtrlF() {
         QTest::keySequence(QGuiApplication::focusWindow(), QKeySequence::Find);
     }
+    // What stands out among the messages.
+    bool Marks(std::u8string_view words) {
+        const QString script = QStringLiteral(
+            "[...document.querySelectorAll('found-text')].map(e => e.textContent).join('|')");
+        return WaitFor([&] { return AskHtml(View(), script).toString() == ToQString(words); });
+    }
     bool Shows(std::u8string_view texts) {
         const QString script = QStringLiteral(
             "[...document.querySelectorAll('#conversation_list dd')]"
-            ".map(e => e.lastChild.previousSibling.data).join('|')");
+            ".map(e => [...e.childNodes].slice(1, -1).map(n => n.textContent).join('')).join('|')");
         return WaitFor([&] { return AskHtml(View(), script).toString() == ToQString(texts); });
     }
 };
@@ -88,6 +94,53 @@ TEST_F(ComposerFind, CtrlFNarrowsTheConversationAndEscapeShowsItAsItWas) {
     EXPECT_FALSE(Field().isVisible());
     EXPECT_TRUE(Shows(u8"到家了吗|到了|早点休息"));
     EXPECT_EQ(agent_.Requests(AgentCommand::readConversation).size(), 1u);
+}
+
+TEST_F(ComposerFind, WhatIsFoundStandsOutInItsBubble) {
+    OpenConversation();
+    PressCtrlF();
+    Field().setText(ToQString(u8"到"));
+    EXPECT_TRUE(Marks(u8"到|到"));
+    EXPECT_TRUE(Shows(u8"到家了吗|到了"));
+    Field().setText(ToQString(u8"到了"));
+    EXPECT_TRUE(Marks(u8"到了"));
+    QTest::keyClick(&Field(), Qt::Key_Escape);
+    EXPECT_TRUE(Marks(u8""));
+    EXPECT_TRUE(Shows(u8"到家了吗|到了|早点休息"));
+}
+
+TEST_F(ComposerFind, WhatIsFoundStandsOutHoweverItIsSpeltAndNothingElseDoes) {
+    agent_.AnswerPayload(AgentCommand::readConversation,
+                         MessagesPayload({{.text = "wifi 密码，ＷｉＦｉ"},
+                                          {.incoming = 0, .text = "您说的 WIFI：a.b*c|"}})
+                             .Get());
+    OpenLoaded(7);
+    ASSERT_TRUE(Shows(u8"wifi 密码，ＷｉＦｉ|您说的 WIFI：a.b*c|"));
+    PressCtrlF();
+    Field().setText(QStringLiteral("wifi"));
+    EXPECT_TRUE(Marks(u8"wifi|ＷｉＦｉ|WIFI"));
+    Field().setText(ToQString(u8"说"));  // 对您说 and 我说 are the program's words
+    EXPECT_TRUE(Marks(u8"说"));
+    Field().setText(QStringLiteral(".b*c|"));
+    EXPECT_TRUE(Marks(u8".b*c|"));
+}
+
+TEST_F(ComposerFind, AMessageWithMarkupIsNoMoreThanItsWordsWhenTheyStandOut) {
+    agent_.AnswerPayload(
+        AgentCommand::readConversation,
+        MessagesPayload({{.text = "<b onclick='x()'>find</b> me <a href='qvh:did=1'>find</a> "
+                                  "<found-text id='f'>x</found-text> A&B"}})
+            .Get());
+    OpenLoaded(7);
+    ASSERT_TRUE(Shows(u8"find me find x A&B"));
+    PressCtrlF();
+    Field().setText(QStringLiteral("find"));
+    EXPECT_TRUE(Marks(u8"find|find"));
+    Field().setText(QStringLiteral("&"));
+    EXPECT_TRUE(Marks(u8"&"));
+    EXPECT_EQ(AskHtml(View(), QStringLiteral("document.querySelector('dd foreign-text').innerHTML"))
+                  .toString(),
+              QStringLiteral("<b>find</b> me find x A<found-text>&amp;</found-text>B"));
 }
 
 TEST_F(ComposerFind, CtrlFInTheViewIsOfTheConversationAndEscapeThereClosesTheBar) {

@@ -71,6 +71,27 @@ TEST_F(SmsFind, ConversationsNarrowWhileOneTypes) {
     EXPECT_EQ(Loads(), 1u);  // the phone was asked for nothing
 }
 
+TEST_F(SmsFind, WhatIsFoundStandsOutInNamesAndTexts) {
+    OpenList();
+    PressCtrlF();
+    const auto marks = [&](std::u8string_view words) {
+        const QString script = QStringLiteral(
+            "[...document.querySelectorAll('found-text')].map(e => e.textContent).join('|')");
+        return WaitFor([&] { return AskHtml(View(), script).toString() == ToQString(words); });
+    };
+    QTest::keyClicks(&Field(), QStringLiteral("l"));
+    EXPECT_TRUE(marks(u8"林|罗"));
+    QTest::keyClicks(&Field(), QStringLiteral("yz"));
+    EXPECT_TRUE(marks(u8"林远舟|罗忆中"));
+    Field().setText(ToQString(u8"好"));
+    EXPECT_TRUE(marks(u8"好"));
+    Field().setText(QStringLiteral("0-08"));
+    EXPECT_TRUE(marks(u8"008"));
+    QTest::keyClick(&Field(), Qt::Key_Escape);
+    EXPECT_TRUE(marks(u8""));
+    EXPECT_TRUE(Shows(u8"林远舟|10086|罗忆中"));
+}
+
 TEST_F(SmsFind, WhereNothingIsFoundThePageSaysSoInPlaceOfTheView) {
     OpenList();
     PressCtrlF();
