@@ -7,9 +7,10 @@ import java.net.InetSocketAddress;
 import java.net.ServerSocket;
 import java.net.Socket;
 import java.util.ArrayList;
-import java.util.HashMap;
+import java.util.HashSet;
+import java.util.Iterator;
 import java.util.List;
-import java.util.Map;
+import java.util.Set;
 
 /**
  * Listens on the phone's own loopback address and answers, each connection on a thread of its own.
@@ -24,14 +25,23 @@ public final class AgentServer {
 
     private static final int BACKLOG = 50;
 
-    /** The acceptor leaves a closed socket within microseconds; a phone that is busy gets this long. */
-    private static final int LEAVE_MILLIS = 1000;
+    /**
+     * The acceptor leaves a closed socket within microseconds; a phone that is busy gets a second. In
+     * looks, since a phone that slept in between has not been busy.
+     */
+    private static final int MAX_LOOKS = 100;
+
+    private static final int LOOK_MILLIS = 10;
 
     private final AgentConnection connections;
     private final PeerGuard guard;
     private final Listener listener;
     private final StalledConnections stalled;
-    private final Map<Socket, Thread> served = new HashMap<>();
+    private final Set<Socket> served = new HashSet<>();
+
+    /** Of connections. One that has ended stands here until the next begins. */
+    private final List<Thread> threads = new ArrayList<>();
+
     private ServerSocket socket;
     private Thread acceptor;
     private boolean isAccepting;
@@ -85,7 +95,7 @@ public final class AgentServer {
     public synchronized void close() {
         stopping = true;
         closeQuietly(socket);
-        for (Socket one : served.keySet()) {
+        for (Socket one : served) {
             closeQuietly(one);
         }
         notifyAll();
@@ -94,11 +104,9 @@ public final class AgentServer {
 
     /** The kernel keeps a closed socket, and its port, until the call that waits on it has returned. */
     private void waitUntilNobodyAccepts() {
-        long end = System.nanoTime() + LEAVE_MILLIS * 1000000L;
         try {
-            for (long left = LEAVE_MILLIS; isAccepting && left > 0; ) {
-                wait(left);
-                left = (end - System.nanoTime()) / 1000000L;
+            for (int looks = 0; isAccepting && looks < MAX_LOOKS; ++looks) {
+                wait(LOOK_MILLIS);
             }
         } catch (InterruptedException e) {
             Thread.currentThread().interrupt();
@@ -108,12 +116,12 @@ public final class AgentServer {
     /** Closes, and returns when none of the server's threads is left. */
     public void stop() throws InterruptedException {
         close();
-        List<Thread> threads;
-        synchronized (this) {
-            threads = new ArrayList<>(served.values());
-        }
         acceptor.join();
-        for (Thread thread : threads) {
+        List<Thread> begun; // and no more begin
+        synchronized (this) {
+            begun = new ArrayList<>(threads);
+        }
+        for (Thread thread : begun) {
             thread.join();
         }
         stalled.stop();
@@ -189,9 +197,20 @@ public final class AgentServer {
                 }
             }
         };
-        served.put(connection, thread);
+        served.add(connection);
         thread.start();
+        forgetEndedThreads();
+        threads.add(thread);
         return true;
+    }
+
+    private void forgetEndedThreads() {
+        Iterator<Thread> each = threads.iterator();
+        while (each.hasNext()) {
+            if (!each.next().isAlive()) {
+                each.remove();
+            }
+        }
     }
 
     private void answer(final Socket connection) {
