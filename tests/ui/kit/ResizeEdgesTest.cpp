@@ -99,6 +99,7 @@ TEST_F(EdgesTest, AnotherButtonDoesNotResize) {
                      Qt::RightButton, Qt::NoModifier);
     QApplication::sendEvent(&Grip("resize right"), &move);
     EXPECT_EQ(window_.geometry(), kPlace);
+    QTest::mouseRelease(&Grip("resize right"), Qt::RightButton);
 }
 
 }  // namespace
