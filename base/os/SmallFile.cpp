@@ -40,7 +40,9 @@ std::error_code WriteWhole(const std::filesystem::path& file, std::string_view b
 bool ReplaceFile(const std::filesystem::path& file, std::string_view text, FileMode mode) {
     std::error_code ignored;
     std::filesystem::create_directories(Resolved(file).parent_path(), ignored);
-    return !WriteWhole(file, text, mode);
+    WholeFile whole(file, mode);
+    whole.Append(text);
+    return !whole.Commit(Flush::bySystem);
 }
 
 }  // namespace quorvi

@@ -24,7 +24,7 @@ enum class FileMode {
 
 // Puts `text` in the place of the file in one step, making its folder where it is missing. What a
 // link points to is replaced, and not the link. False when it could not be written: then the file
-// is as it was.
+// is as it was. For the window's thread: it waits for no disk.
 bool ReplaceFile(const std::filesystem::path& file, std::string_view text,
                  FileMode mode = FileMode::plain);
 

@@ -105,7 +105,7 @@ void WholeFile::Append(std::string_view bytes) {
     }
 }
 
-std::error_code WholeFile::Commit() {
+std::error_code WholeFile::Commit(Flush flush) {
     if (error_) {
         return error_;
     }
@@ -116,9 +116,8 @@ std::error_code WholeFile::Commit() {
                                      perms::owner_exec | perms::group_exec | perms::others_exec,
                                      std::filesystem::perm_options::add, ignored);
     }
-    // First on the disk, then in its place: what stands there is not given for what a power
-    // failure, or a stick that is pulled out, may still take.
-    if (fsync(descriptor_.Get()) != 0 && errno != EINVAL) {
+    // Some file systems cannot be asked, and say EINVAL.
+    if (flush == Flush::toDisk && fsync(descriptor_.Get()) != 0 && errno != EINVAL) {
         error_ = LastError();
         return error_;
     }

@@ -10,7 +10,13 @@
 
 namespace quorvi {
 
-// Writes beside its place, and takes it when all of it is on the disk. Until then a file that
+// When a file takes its place.
+enum class Flush {
+    toDisk,    // not before its bytes are on the disk: a power failure leaves it or the one before
+    bySystem,  // at once; the system brings the bytes to the disk within seconds
+};
+
+// Writes beside its place, and takes it when all of it is written. Until then a file that
 // stands there is as it was; without Commit, or after an error, nothing is left. Of several
 // programs that write one file at a time each writes a file of its own, and the last to commit
 // stays. What a link points to is replaced, and not the link. The folder must be there. Blocks as
@@ -27,7 +33,7 @@ class WholeFile {
     // The first error; none as long as all went well.
     [[nodiscard]] std::error_code Error() const { return error_; }
     // Puts the file in its place: the first error of all that was done.
-    [[nodiscard]] std::error_code Commit();
+    [[nodiscard]] std::error_code Commit(Flush flush = Flush::toDisk);
 
   private:
     std::filesystem::path target_;
