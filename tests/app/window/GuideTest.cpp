@@ -1,8 +1,10 @@
 // The guide, and the key that opens it.
+#include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
 
 #include "tests/app/window/MainDlgFixture.h"
+#include "tests/support/BuildPlaces.h"
 #include "tests/support/OpenedAddresses.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/page/OpenGuide.h"
@@ -44,6 +46,22 @@ TEST_F(Guide, AGuideThatIsNotThereIsTold) {
         &context, [&failed] { failed = true; }, places);
     EXPECT_TRUE(WaitFor([&failed] { return failed; }));
     EXPECT_TRUE(opened_.taken.isEmpty());
+}
+
+QString Contents(const char* file) {
+    QFile opened(QStringLiteral(QUORVI_SOURCE_DIR "/") + QLatin1StringView(file));
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << file;
+    return QString::fromUtf8(opened.readAll());
+}
+
+TEST(GuideText, QuotesThePhonesWindowAsItIs) {
+    const QString guide = Contents("Data/guide.html");
+    const QString phone = Contents("android/res/values-zh/strings.xml");
+    for (const auto* said : {u8"是您的电脑吗？", u8"停止", u8"去允许", u8"允许电脑更改手机设置"}) {
+        const QString words = ToQString(said);
+        EXPECT_TRUE(guide.contains(ToQString(u8"“%1”").arg(words))) << words.toStdString();
+        EXPECT_TRUE(phone.contains(words)) << words.toStdString();
+    }
 }
 
 }  // namespace
