@@ -1,5 +1,6 @@
 #include "pages/messages/SmsPage.h"
 
+#include <QLocale>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -87,6 +88,8 @@ void CSmsPage::ShowLoaded(Loaded loaded) {
     if (!loaded.conversations.empty()) {
         shown_ = std::move(loaded.conversations);
         ShowFound();
+        SetCountLine(ToQString(u8"共 %1 项")
+                         .arg(QLocale(QLocale::Chinese).toString(qulonglong{shown_.size()})));
         frame_->SetFilled();
     }
     frame_->SetState(connected ? ListState::idle : ListState::failed);

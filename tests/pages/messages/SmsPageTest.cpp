@@ -27,6 +27,19 @@ TEST_F(SmsPage, LoadShowsABlockAConversation) {
     EXPECT_TRUE(host_.statuses.isEmpty());
 }
 
+TEST_F(SmsPage, TheCountLineTellsHowManyConversationsAreShown) {
+    CSmsPage& page = Open();
+    EXPECT_EQ(page.CountLine(), QString());
+    page.Load();
+    WaitForLoads(1);
+    EXPECT_TRUE(WaitFor([&] { return page.CountLine() == ToQString(u8"共 2 项"); }));
+    // No data leaves what is shown, and what is said of it.
+    agent_.AnswerNoData(AgentCommand::listConversations);
+    page.OnCommand(CSmsPage::commandRefresh);
+    WaitForLoads(2);
+    EXPECT_EQ(page.CountLine(), ToQString(u8"共 2 项"));
+}
+
 TEST_F(SmsPage, ALoadThatWorksTakesAnOldConnectFailureBack) {
     FailBefore();
     OpenLoaded();
