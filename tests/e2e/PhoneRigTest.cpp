@@ -3,11 +3,42 @@
 
 #include <fstream>
 
+#include "agent/Wire.h"
 #include "tests/support/BuildPlaces.h"
+#include "tests/support/LoopbackPort.h"
 #include "tests/support/PhoneRig.h"
 
 namespace quorvi::e2e {
 namespace {
+
+// The ports that the system hands out, as long as this stands: two, one of them the agent's.
+class TwoPorts {
+  public:
+    TwoPorts() {
+        std::getline(std::ifstream(kRange), before_);
+        std::ofstream(kRange) << AgentPort - 1 << ' ' << AgentPort;
+    }
+    ~TwoPorts() { std::ofstream(kRange) << before_; }
+    TwoPorts(const TwoPorts&) = delete;
+    TwoPorts& operator=(const TwoPorts&) = delete;
+    // Not where the system lets nobody say which.
+    [[nodiscard]] static bool Stand() {
+        int first = 0;
+        std::ifstream(kRange) >> first;
+        return first == AgentPort - 1;
+    }
+
+  private:
+    static constexpr const char* kRange = "/proc/sys/net/ipv4/ip_local_port_range";
+    std::string before_;
+};
+
+TEST(PhoneRig, NobodyHasTheAgentsPortByChance) {
+    const TwoPorts ports;
+    if (TwoPorts::Stand()) {
+        EXPECT_EQ(PortOf(ListenOn(0)), AgentPort - 1);
+    }
+}
 
 // Apart from the banner that adb's server prints when it is started by a client.
 TEST(PhoneRig, AdbListsEachPhone) {

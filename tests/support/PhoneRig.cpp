@@ -15,6 +15,7 @@
 namespace quorvi::e2e {
 namespace {
 
+constexpr std::string_view kOkay = "OKAY";
 constexpr auto kPatience = std::chrono::seconds(10);
 constexpr auto kPause = std::chrono::milliseconds(5);
 
@@ -94,14 +95,18 @@ bool PhoneRig::WaitForDevices(std::size_t count) const {
     });
 }
 
-std::optional<std::string> PhoneRig::AskServer(std::string_view service) const {
+std::string PhoneRig::AnswerOf(std::string_view service) const {
     const TcpSocket socket = TcpSocket::Connect(serverPort_);
     if (!socket.IsOpen()) {
-        return std::nullopt;
+        return "no connection";
     }
     socket.Send(ToBytes(fmt::format("{:04X}{}", service.size(), service)));
-    const std::string answer = ReadToEnd(socket);
-    return answer.starts_with("OKAY") ? std::optional(answer.substr(4)) : std::nullopt;
+    return ReadToEnd(socket);
+}
+
+std::optional<std::string> PhoneRig::AskServer(std::string_view service) const {
+    const std::string answer = AnswerOf(service);
+    return answer.starts_with(kOkay) ? std::optional(answer.substr(kOkay.size())) : std::nullopt;
 }
 
 std::string PhoneRig::Serial(std::size_t index) {
@@ -115,8 +120,10 @@ std::string PhoneRig::Control(std::size_t index, std::string_view line) {
 
 std::string PhoneRig::BringAgentUp(std::size_t index) {
     const std::string answer = Control(index, "agent start");
-    if (!AskServer(fmt::format("host-serial:{}:forward:tcp:50505;tcp:50505", Serial(index)))) {
-        return "the forward is refused";
+    const std::string forward =
+        AnswerOf(fmt::format("host-serial:{}:forward:tcp:50505;tcp:50505", Serial(index)));
+    if (!forward.starts_with(kOkay)) {
+        return "the forward is refused: " + forward;
     }
     return answer == "ok\n" ? "" : answer;
 }

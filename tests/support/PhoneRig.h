@@ -60,6 +60,8 @@ class PhoneRig {
 
   private:
     [[nodiscard]] bool WaitForServer() const;
+    // Everything that the adb server says to one request.
+    [[nodiscard]] std::string AnswerOf(std::string_view service) const;
 
     TemporaryFolder home_;
     std::uint16_t serverPort_;

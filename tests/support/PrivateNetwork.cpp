@@ -10,6 +10,8 @@
 #include <fstream>
 #include <string>
 
+#include "agent/Wire.h"
+
 namespace quorvi {
 namespace {
 
@@ -30,6 +32,12 @@ bool RaiseLoopback() {
     return up;
 }
 
+// The agent's fixed port is among those that the system hands out, and adb's server, a site or a
+// phone of the test had it now and then. Where the system lets nobody say so, that stays.
+void KeepAgentPort() {
+    std::ofstream("/proc/sys/net/ipv4/ip_local_reserved_ports") << AgentPort;
+}
+
 bool Enter() {
     // Root may simply do so; anyone else first becomes root of a user namespace, where the system
     // has those.
@@ -41,6 +49,7 @@ bool Enter() {
         }
         MapUser(user, group);
     }
+    KeepAgentPort();
     return RaiseLoopback();
 }
 
