@@ -132,6 +132,9 @@ void SiteServer::Serve(std::string_view path, std::string_view content) const {
 std::vector<SiteRequest> SiteServer::Requests(std::size_t count) const {
     const auto until = std::chrono::steady_clock::now() + kPatience;
     for (;;) {
+        // The server notes a request once its answer is out, and does one thing at a time: with the
+        // next answer the note of the one before is there.
+        static_cast<void>(Answers());
         std::vector<SiteRequest> requests;
         std::ifstream log(folder_.Path() / kLog);
         for (std::string line; std::getline(log, line);) {

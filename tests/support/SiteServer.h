@@ -40,7 +40,8 @@ class SiteServer {
     // The path leads to another place, by status 301 with a body of the server's own.
     static constexpr std::string_view kMovedPath = "moved/away.php";
 
-    // Waits until `count` requests have been answered, and gives all.
+    // Waits until `count` requests have been answered, and gives all: those among them whose
+    // answers have arrived.
     [[nodiscard]] std::vector<SiteRequest> Requests(std::size_t count) const;
 
   private:
