@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <map>
-#include <thread>
 
 #include "base/os/SmallFile.h"
 #include "desktop/DesktopEntry.h"
 #include "desktop/DesktopIntegration.h"
+#include "tests/support/Await.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace quorvi {
@@ -119,16 +118,17 @@ TEST_F(Desktop, LinkThatTheDesktopOpensReachesTheProgram) {
     }
     const std::filesystem::path program = home_.Path() / "a $HOME `x` \"奎 维\" \\" / "quorvi";
     const std::filesystem::path told = home_.Path() / "told";
-    ReplaceFile(program, "#!/bin/sh\nprintf '%s|%s' \"$#\" \"$1\" >\"" + told.native() + "\"\n",
+    // The file has its name when all is in it.
+    ReplaceFile(program,
+                "#!/bin/sh\ncd '" + home_.Path().native() +
+                    "' && printf '%s|%s' \"$#\" \"$1\" >half && mv half told\n",
                 FileMode::executable);
     Of(program.native()).RegisterProtocol();
     const std::string open = "env XDG_CONFIG_HOME='" + places_.config.native() +
                              "' XDG_DATA_HOME='" + places_.data.native() +
                              "' gio open 'quorvi:show?a=1/hide'";
     ASSERT_EQ(std::system(open.c_str()), 0);
-    for (int wait = 0; wait < 200 && Read(told) == "none"; ++wait) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
+    EXPECT_TRUE(Await([&] { return exists(told); }));
     EXPECT_EQ(Read(told), "1|quorvi:show?a=1/hide");
 }
 
