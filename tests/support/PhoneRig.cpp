@@ -3,33 +3,18 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <chrono>
-#include <thread>
 
 #include "base/ByteText.h"
 #include "base/Text.h"
 #include "base/os/TcpSocket.h"
 #include "phone/adb/Packet.h"
+#include "tests/support/Await.h"
 #include "tests/support/BuildPlaces.h"
 
 namespace quorvi::e2e {
 namespace {
 
 constexpr std::string_view kOkay = "OKAY";
-constexpr auto kPatience = std::chrono::seconds(10);
-constexpr auto kPause = std::chrono::milliseconds(5);
-
-template <typename Test>
-bool WaitUntil(Test test) {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
-    while (!test()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(kPause);
-    }
-    return true;
-}
 
 std::uint16_t FreePort() {
     phone::EventLoop loop;
@@ -81,11 +66,11 @@ PhoneRig::PhoneRig(std::vector<phone::PhoneOptions> phones)
 }
 
 bool PhoneRig::WaitForServer() const {
-    return WaitUntil([&] { return AskServer("host:version").has_value(); });
+    return Await([&] { return AskServer("host:version").has_value(); });
 }
 
 bool PhoneRig::WaitForDevices(std::size_t count) const {
-    return WaitUntil([&] {
+    return Await([&] {
         const std::string list = AskServer("host:devices").value_or("");
         std::size_t ready = 0;
         for (const auto line : SplitAt(list, '\n')) {
