@@ -414,23 +414,25 @@ class DraggedWindow : public CMainDlg {
 TEST_F(MainWindow, TheUpperFiftyPixelsDragTheWindow) {
     auto& window = MakeWindow<DraggedWindow>();
     auto* caption = window.findChild<QWidget*>(QStringLiteral("caption"));
-    QTest::mousePress(caption, Qt::LeftButton, {}, QPoint(300, 49));
+    QTest::mouseClick(caption, Qt::LeftButton, {}, QPoint(300, 49));
     EXPECT_EQ(window.moves, 1);
-    QTest::mousePress(caption, Qt::RightButton, {}, QPoint(300, 10));
+    QTest::mouseClick(caption, Qt::RightButton, {}, QPoint(300, 10));
     EXPECT_EQ(window.moves, 1);
 }
 
 TEST_F(MainWindow, AControlOfTheCaptionHoldsThePointer) {
     auto& window = MakeWindow<DraggedWindow>();
-    QTest::mousePress(&Find(10202), Qt::LeftButton);
-    QTest::mousePress(&Find(1051), Qt::LeftButton);
+    for (const int control : {10202, 1051}) {
+        QTest::mousePress(&Find(control), Qt::LeftButton);
+        QTest::mouseRelease(&Find(control), Qt::LeftButton, {}, QPoint(-9, -9));  // no click
+    }
     EXPECT_EQ(window.moves, 0);
 }
 
 TEST_F(MainWindow, BelowTheStripNothingDrags) {
     auto& window = MakeWindow<DraggedWindow>();
-    QTest::mousePress(&window, Qt::LeftButton, {}, QPoint(300, 51));
-    QTest::mousePress(&window, Qt::LeftButton, {}, QPoint(700, 70));
+    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(300, 51));
+    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(700, 70));
     EXPECT_EQ(window.moves, 0);
 }
 
