@@ -4,6 +4,7 @@
 #include <array>
 
 #include "backup/BackupRun.h"
+#include "base/CodePageScope.h"
 #include "base/Text.h"
 #include "pages/phoneinfo/SystemInfo.h"
 
@@ -100,6 +101,7 @@ bool BackupRun::End(std::string content, const std::vector<BackupFile*>& files) 
 BackupResult RunBackup(AgentAddress agent, const BackupOrder& order,
                        const std::function<void(const BackupProgress&)>& progress,
                        const StopSignal& stop) {
+    const WholeTextScope wholeText;
     BackupWriter writer(order.target);
     BackupRun run(agent, writer, progress, stop);
     run.result.manifest.made = order.now;

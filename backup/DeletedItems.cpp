@@ -10,6 +10,7 @@
 #include "backup/BackupRun.h"
 #include "backup/BackupWriter.h"
 #include "backup/ContactCard.h"
+#include "base/CodePageScope.h"
 #include "base/Format.h"
 #include "base/Text.h"
 #include "pages/messages/GroupTree.h"
@@ -101,6 +102,7 @@ DeletedItems::DeletedItems(std::filesystem::path folder) : folder_(std::move(fol
 
 KeepResult DeletedItems::Keep(AgentAddress agent, const GoingRows& rows, std::int64_t now,
                               const StopSignal& stop) const {
+    const WholeTextScope wholeText;
     std::error_code failed;
     if (std::filesystem::create_directories(folder_, failed)) {
         std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, failed);

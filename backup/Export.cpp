@@ -14,6 +14,7 @@
 #include "backup/PhoneLists.h"
 #include "backup/VCardWriter.h"
 #include "base/ByteText.h"
+#include "base/CodePageScope.h"
 #include "base/Text.h"
 #include "base/os/WholeFile.h"
 #include "pages/bookmarks/BookmarkList.h"
@@ -98,6 +99,7 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
 
 ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
                             const TransferWatch& watch, const std::vector<std::uint32_t>& only) {
+    const WholeTextScope wholeText;
     ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
     ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
@@ -127,6 +129,7 @@ ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& fil
 ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution,
                             std::optional<std::uint32_t> conversation,
                             const std::filesystem::path& file, const TransferWatch& watch) {
+    const WholeTextScope wholeText;
     ConversationListReply list = FetchConversations(AgentSession(agent), attribution);
     ExportResult result{StatusOfMessages(list)};
     if (result.status.end != TransferEnd::whole) {
@@ -164,6 +167,7 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
 
 ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
                          const std::filesystem::path& file, const TransferWatch& watch) {
+    const WholeTextScope wholeText;
     const CallLogReply list = FetchCallLog(AgentSession(agent), attribution);
     ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {
@@ -180,6 +184,7 @@ ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
 
 ExportResult ExportBookmarks(AgentAddress agent, const std::filesystem::path& file,
                              const TransferWatch& watch) {
+    const WholeTextScope wholeText;
     const BookmarkListReply list = FetchBookmarkList(AgentSession(agent));
     ExportResult result{StatusOfList(list)};
     if (result.status.end != TransferEnd::whole) {

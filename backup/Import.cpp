@@ -11,6 +11,7 @@
 #include "backup/ImportGroups.h"
 #include "backup/PhoneLists.h"
 #include "backup/VCardReader.h"
+#include "base/CodePageScope.h"
 #include "base/Text.h"
 #include "base/os/SmallFile.h"
 #include "pages/bookmarks/BookmarkForm.h"
@@ -204,6 +205,7 @@ std::vector<AddedContact> AddContacts(AgentAddress agent, const std::vector<Read
 }  // namespace
 
 ImportContent ReadImportFile(FileKind kind, const std::filesystem::path& file) {
+    const WholeTextScope wholeText;
     ImportContent content{};
     std::error_code failed;
     if (!std::filesystem::is_regular_file(file, failed)) {
@@ -226,6 +228,7 @@ ImportContent ReadImportFile(FileKind kind, const std::filesystem::path& file) {
 
 ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, ImportMode mode,
                             const TransferWatch& watch) {
+    const WholeTextScope wholeText;
     ImportResult result{.status = content.status, .skipped = content.skipped};
     if (result.status.end != TransferEnd::whole) {
         return result;
@@ -256,6 +259,7 @@ ImportResult ImportContacts(AgentAddress agent, const ImportContent& content, Im
 
 ImportResult ImportBookmarks(AgentAddress agent, const ImportContent& content, ImportMode mode,
                              const TransferWatch& watch) {
+    const WholeTextScope wholeText;
     ImportResult result{.status = content.status, .skipped = content.skipped};
     if (result.status.end != TransferEnd::whole) {
         return result;

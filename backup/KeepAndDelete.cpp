@@ -3,6 +3,7 @@
 #include <ctime>
 #include <variant>
 
+#include "base/CodePageScope.h"
 #include "base/Text.h"
 #include "base/os/StopSignal.h"
 
@@ -52,6 +53,7 @@ std::string WhyNotAll(SessionOutcome outcome, bool whole) {
 
 DeleteStep KeepAndDelete(const DeletedItems& items, AgentAddress agent, const FindGoing& find,
                          const Bytes& request) {
+    const WholeTextScope wholeText;
     DeleteStep step;
     Going going = find(agent);
     step.whyNotKept = std::move(going.why);

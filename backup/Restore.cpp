@@ -10,6 +10,7 @@
 #include "backup/Content.h"
 #include "backup/PhoneLists.h"
 #include "backup/SideBySide.h"
+#include "base/CodePageScope.h"
 #include "base/Text.h"
 #include "pages/alarms/AlarmList.h"
 #include "pages/bookmarks/BookmarkList.h"
@@ -97,6 +98,7 @@ std::optional<std::vector<Row>> Restore::FetchRows(AgentCommand list,
 }
 
 RestoreStatus Restore::Prepare(const StopSignal& stop) {
+    const WholeTextScope wholeText;
     stop_ = &stop;
     status_ = {};
     std::string why;
@@ -231,6 +233,7 @@ bool Restore::ReadCards(const std::vector<ContactListRow>& rows, std::vector<Con
 }
 
 RestoreStatus Restore::Run(const Progress& progress, const StopSignal& stop) {
+    const WholeTextScope wholeText;
     stop_ = &stop;
     status_ = {};
     const std::size_t of = plan_.Count(RestoreAction::add) + plan_.Count(RestoreAction::change);

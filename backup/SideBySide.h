@@ -17,6 +17,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/CodePageScope.h"
 #include "base/os/StopSignal.h"
 #include "base/os/Wakeup.h"
 
@@ -42,7 +43,10 @@ class SideBySide {
     SideBySide(std::size_t count, std::size_t width, Run run, Failed failed)
         : state_(std::make_shared<State>(count, width, std::move(run), std::move(failed))) {
         for (std::size_t i = 0; i < std::min(count, width); ++i) {
-            std::thread([state = state_] { Work(*state); }).detach();
+            std::thread([state = state_, codePage = ActiveCodePage()] {
+                const CodePageScope scope(codePage);  // that of whoever takes the results
+                Work(*state);
+            }).detach();
         }
     }
     ~SideBySide() {

@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <utility>
 
+#include "base/CodePageScope.h"
 #include "base/Utf8.h"
 
 namespace quorvi {
@@ -26,6 +28,9 @@ constexpr std::size_t kLongestCharacter = 4;
 constexpr char32_t kReplacement = 0xFFFD;
 
 std::atomic<CodePage> activeCodePage{CodePage::gbk};
+// Of a thread's own, by CodePageScope; kNoneOfItsOwn without one.
+constexpr int kNoneOfItsOwn = -1;
+thread_local int ownCodePage = kNoneOfItsOwn;
 
 bool IsAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
@@ -120,7 +125,15 @@ void SetCodePage(CodePage codePage) {
 }
 
 CodePage ActiveCodePage() {
-    return activeCodePage;
+    return ownCodePage == kNoneOfItsOwn ? activeCodePage.load()
+                                        : static_cast<CodePage>(ownCodePage);
+}
+
+CodePageScope::CodePageScope(CodePage codePage)
+    : before_(std::exchange(ownCodePage, static_cast<int>(codePage))) {}
+
+CodePageScope::~CodePageScope() {
+    ownCodePage = before_;
 }
 
 std::string ToAnsi(std::string_view utf8) {

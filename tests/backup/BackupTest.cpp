@@ -4,7 +4,10 @@
 
 #include "backup/Backup.h"
 #include "backup/BackupReader.h"
+#include "backup/Restore.h"
+#include "base/ByteText.h"
 #include "base/Text.h"
+#include "base/os/SmallFile.h"
 #include "tests/support/LoopbackAgent.h"
 #include "tests/support/ScriptedAgent.h"
 #include "tests/support/SmallDisk.h"
@@ -71,6 +74,27 @@ TEST_F(BackupTest, HoldsWhatThePhoneLists) {
     EXPECT_EQ(opened.reader->TheManifest(), result.manifest);
     EXPECT_EQ(result.manifest.Find(BackupKind::groups)->count, 2u);
     EXPECT_EQ(result.manifest.made, 1'795'000'000);
+}
+
+// U+1F426 and U+9FBB are not in GBK, in which tests keep their texts.
+TEST_F(BackupTest, NoCharacterIsLostWhereTheWindowShowsNone) {
+    ASSERT_EQ(ActiveCodePage(), CodePage::gbk);
+    const std::string label = "早起 \xF0\x9F\x90\xA6 \xE9\xBE\xBB";
+    agent_.AnswerPayload(AgentCommand::listAlarms, Join({Word(0), AlarmRecord(1, label)}));
+    ASSERT_EQ(Run().end, BackupEnd::whole);
+    EXPECT_THAT(ReadSmallFile(target_ / "alarms.json").value_or(""), testing::HasSubstr(label));
+    EXPECT_EQ(ActiveCodePage(), CodePage::gbk);
+
+    const auto reader = BackupReader::Open(target_).reader;
+    ASSERT_TRUE(reader);
+    agent_.AnswerNoData(AgentCommand::listAlarms);
+    Restore restore(agent_.Port(), *reader, {BackupKind::alarms});
+    ASSERT_EQ(restore.Prepare(StopSignal()).end, RestoreEnd::whole);
+    agent_.AnswerAcknowledged(AgentCommand::addAlarm);
+    agent_.AnswerPayload(AgentCommand::listAlarms, Join({Word(0), AlarmRecord(1, label)}));
+    ASSERT_EQ(restore.Run([](std::size_t, std::size_t) {}, StopSignal()).end, RestoreEnd::whole);
+    ASSERT_EQ(agent_.Requests(AgentCommand::addAlarm).size(), 1u);
+    EXPECT_THAT(AsText(agent_.Requests(AgentCommand::addAlarm)[0]), testing::HasSubstr(label));
 }
 
 TEST_F(BackupTest, TheContentDoesNotDependOnTheOrderOnThePhone) {
