@@ -1,6 +1,8 @@
 #include "pages/settings/BackupGroup.h"
 
+#include <QFile>
 #include <QHBoxLayout>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "pages/kit/KeptColumns.h"
@@ -10,6 +12,7 @@
 #include "pages/settings/RestorePane.h"
 #include "pages/settings/RestorePlanDlg.h"
 #include "ui/kit/QtText.h"
+#include "ui/page/OpenOnDesktop.h"
 
 namespace quorvi {
 
@@ -41,6 +44,7 @@ BackupGroup::BackupGroup(PageHost& host, AgentAddress agent, QWidget* parent)
             [this] { restore_->LookFor(backup_->Folder()); });
     connect(restore_, &RestorePane::planAsked, this, &BackupGroup::ShowPlan);
     connect(deleted_, &DeletedPane::planAsked, this, &BackupGroup::ShowPlan);
+    connect(deleted_, &DeletedPane::filesAsked, this, &BackupGroup::ShowFiles);
 }
 
 void BackupGroup::Refresh() {
@@ -50,6 +54,13 @@ void BackupGroup::Refresh() {
 
 bool BackupGroup::IsAtWork() const {
     return backup_->Running() || restore_->IsAtWork() || deleted_->IsAtWork();
+}
+
+void BackupGroup::ShowFiles(const std::filesystem::path& backup) {
+    const QString folder = QFile::decodeName(QByteArray::fromStdString(backup.string()));
+    if (!OpenOnDesktop(QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded))) {
+        host_.SetStatus(ToQString(u8"【X】桌面没有打开这个文件夹，请自己到 %1 查看").arg(folder));
+    }
 }
 
 void BackupGroup::ShowPlan(const std::filesystem::path& backup) {

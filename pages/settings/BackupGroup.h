@@ -24,6 +24,7 @@ class BackupGroup : public CSkinGroupBox {
 
   private:
     void ShowPlan(const std::filesystem::path& backup);
+    void ShowFiles(const std::filesystem::path& backup);
 
     PageHost& host_;
     AgentAddress agent_;

@@ -50,10 +50,10 @@ class DeletedListCtrl : public RecordListCtrl<DeletedRow> {
                 return {.text = ToQString(row.left)};
             default:
                 return row.canGoBack ? Cell{.text = ToQString(u8"恢复"), .ink = Color::blue}
-                                     : Cell{.text = ToQString(u8"不能写回"),
-                                            .ink = Color::ink2,
-                                            .off = true,
-                                            .note = ToQString(u8"手机不接收短信和通话记录的恢复")};
+                                     : Cell{.text = ToQString(u8"查看文件"),
+                                            .ink = Color::blue,
+                                            .note = ToQString(u8"手机不接收短信和通话记录的恢复，"
+                                                              u8"打开文件夹可以查看删除的内容")};
         }
     }
 };
@@ -72,7 +72,7 @@ DeletedPane::DeletedPane(QWidget* parent) : QWidget(parent), list_(new DeletedLi
     rows->addWidget(
         new GroupHead(ToQString(u8"最近删除"), ToQString(u8"删除的内容在电脑里保留 30 天")));
     rows->addWidget(list_);
-    connect(list_, &CSkinListCtrl::rowOpened, this, &DeletedPane::BringBack);
+    connect(list_, &CSkinListCtrl::rowOpened, this, &DeletedPane::OpenRow);
 }
 
 void DeletedPane::Refresh() {
@@ -104,12 +104,15 @@ void DeletedPane::SetHeld(bool held) {
 }
 
 void DeletedPane::OnLinkClicked(int /*kind*/, int row) {
-    BringBack(row);
+    OpenRow(row);
 }
 
-void DeletedPane::BringBack(int row) {
-    if (!held_ && list_->At(row).canGoBack) {
-        Q_EMIT planAsked(list_->At(row).backup);
+void DeletedPane::OpenRow(int row) {
+    const DeletedRow& opened = list_->At(row);
+    if (!opened.canGoBack) {
+        Q_EMIT filesAsked(opened.backup);
+    } else if (!held_) {
+        Q_EMIT planAsked(opened.backup);
     }
 }
 

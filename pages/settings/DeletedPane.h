@@ -23,10 +23,12 @@ class DeletedPane : public QWidget, private ListObserver {
 
   Q_SIGNALS:
     void planAsked(const std::filesystem::path& backup);
+    // Of what no phone takes back: the folder in which it is kept.
+    void filesAsked(const std::filesystem::path& backup);
 
   private:
     void OnLinkClicked(int kind, int row) override;
-    void BringBack(int row);
+    void OpenRow(int row);
 
     bool reading_ = false;
     bool again_ = false;  // it changed while it was read

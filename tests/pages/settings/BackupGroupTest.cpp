@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QTest>
 #include <fstream>
 
 #include "backup/BackupReader.h"
@@ -11,6 +12,7 @@
 #include "tests/support/ColumnDriver.h"
 #include "tests/support/DialogDriver.h"
 #include "tests/support/FileDialogDriver.h"
+#include "tests/support/OpenedAddresses.h"
 #include "ui/kit/SkinButtons.h"
 #include "ui/kit/SkinChecks.h"
 #include "ui/kit/SkinFields.h"
@@ -350,13 +352,20 @@ TEST_F(DeletedTest, WhatWasBroughtBackIsReadByThePagesWhenTheyAreShownAgain) {
     OpenDialog(kPlan)->close();
 }
 
-TEST_F(DeletedTest, CallsCannotGoBackAndSaySo) {
+TEST_F(DeletedTest, CallsCannotGoBackAndTheirFilesAreShown) {
+    OpenedAddresses opened({QStringLiteral("file")});
     Keep(std::vector<CallLogRow>(21), now_);
+    const std::filesystem::path kept =
+        DeletedItems(ThePlaces().DeletedItems()).List(now_)[0].backup;
+    ASSERT_TRUE(std::filesystem::exists(kept / "calls.csv"));
     Open();
     ASSERT_EQ(List().RowCount(), 1);
-    EXPECT_EQ(List().CellAt(0, 4).text, ToQString(u8"不能写回"));
-    EXPECT_TRUE(List().LinkRect(0, 4).isEmpty());
-    Q_EMIT List().rowOpened(0);
+    EXPECT_EQ(List().CellAt(0, 4).text, ToQString(u8"查看文件"));
+    EXPECT_EQ(List().CellAt(0, 4).note,
+              ToQString(u8"手机不接收短信和通话记录的恢复，打开文件夹可以查看删除的内容"));
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().LinkRect(0, 4).center());
+    EXPECT_EQ(opened.taken,
+              QStringList{QStringLiteral("file://") + QString::fromStdString(kept.string())});
     EXPECT_EQ(OpenDialog(kPlan), nullptr);
 }
 
