@@ -71,7 +71,8 @@ std::vector<int> ColumnWidths::Laid(int room) const {
     for (int i = 0; i < Count(); ++i) {
         rest -= i == rest_ ? 0 : widths[static_cast<std::size_t>(i)];
     }
-    const int least = AreTold() ? Told(rest_) : Least(rest_);
+    // Untouched columns are as they are told, but for what a narrow list needs them to give.
+    const int least = AreTold() ? std::max(Least(rest_), Told(rest_) / 2) : Least(rest_);
     for (int i = Count() - 1; i >= 0 && rest < least; --i) {
         int& width = widths[static_cast<std::size_t>(i)];
         if (i != rest_ && width > Told(i)) {

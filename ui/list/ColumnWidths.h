@@ -11,7 +11,8 @@
 namespace quorvi {
 
 // The column of names, and in a list without one the last that is shown, takes what the others
-// leave, so that the columns always fill the list and none stands outside it. A border between two
+// leave, so that the columns always fill the list and none stands outside it; in a list that is too
+// narrow for the widths that are told it gives up to half of its own. A border between two
 // columns moves that column and one on its other side; only columns of text move. Widths are in
 // logical pixels. A value; any thread.
 class ColumnWidths {

@@ -115,7 +115,7 @@ struct Metric {
     static constexpr int badgeRight = 10;
     static constexpr int pageX = 188;
     static constexpr int pageWidth = 760;
-    static constexpr int pageLeastWidth = 742;  // a list's columns and its frame
+    static constexpr int pageLeastWidth = 690;  // a list whose names give way
     static constexpr int contactList = 452;
     static constexpr int contactDetail = 300;
     static constexpr int commandsY = 100;

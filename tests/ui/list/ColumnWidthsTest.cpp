@@ -32,9 +32,15 @@ TEST(ColumnWidths, UntouchedAllAreAsToldAndTheNamesTakeTheRest) {
     const ColumnWidths widths(kColumns);
     EXPECT_EQ(widths.Laid(kRoom), kTold);
     EXPECT_EQ(widths.Laid(kRoom + 200), (Widths{60, 340, 44, 150, 44, 0}));
-    EXPECT_EQ(widths.Laid(100), kTold);
     EXPECT_TRUE(widths.AreTold());
     EXPECT_EQ(widths.Text(), "");
+}
+
+TEST(ColumnWidths, UntouchedTheNamesGiveUpToHalfOfTheirsInANarrowList) {
+    const ColumnWidths widths(kColumns);
+    EXPECT_EQ(widths.Laid(kRoom - 50), (Widths{60, 90, 44, 150, 44, 0}));
+    EXPECT_EQ(widths.Laid(100), (Widths{60, 70, 44, 150, 44, 0}));
+    EXPECT_EQ(widths.Laid(kRoom), kTold);
 }
 
 TEST(ColumnWidths, ABorderFollowsTheMouseAndTheNamesGiveTheRoom) {
