@@ -8,6 +8,7 @@ import static org.junit.Assert.assertTrue;
 import android.content.ComponentName;
 import android.content.Intent;
 import android.content.IntentFilter;
+import android.os.Build;
 import android.os.Bundle;
 import android.os.Looper;
 import android.view.View;
@@ -118,6 +119,13 @@ public class QuorviTest extends OnPhones {
     public void tellsInEnglishWhatItIs() {
         assertTrue(allText(), allText().contains(phone().getString(R.string.what)));
         assertFalse(allText(), allText().codePoints().anyMatch(Character::isIdeographic));
+    }
+
+    @Test
+    public void promisesNoMoreThanItsAndroidLetsItSee() {
+        boolean seesWhoAsks = Build.VERSION.SDK_INT < Build.VERSION_CODES.Q;
+        assertEquals(allText(), seesWhoAsks, allText().contains("只有数据线另一端的电脑"));
+        assertEquals(allText(), !seesWhoAsks, allText().contains("不要打开您不信任的应用"));
     }
 
     @Test
