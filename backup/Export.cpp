@@ -1,5 +1,6 @@
 #include "backup/Export.h"
 
+#include <functional>
 #include <set>
 #include <string>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "backup/FileEnding.h"
 #include "backup/MessageFile.h"
 #include "backup/PhoneLists.h"
+#include "backup/SideBySide.h"
 #include "backup/VCardWriter.h"
 #include "base/ByteText.h"
 #include "base/CodePageScope.h"
@@ -68,26 +70,33 @@ void KeepOnly(const std::vector<std::uint32_t>& ids, std::vector<ContactListRow>
     }
 }
 
+// One session, whose wait ends with a stop: nothing then.
+template <typename Reply>
+std::optional<Reply> Await(const TransferWatch& watch, std::function<Reply()> session) {
+    return watch.stop ? RunUntilStopped<Reply>(std::move(session), *watch.stop) : session();
+}
+
 // Reads one contact after the other and hands each on; where one cannot be had, `result` tells.
 template <typename Take>
 void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
                  const TransferWatch& watch, ExportResult& result, Take take) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (watch.IsStopped()) {
+        const ContactListRow& row = rows[i];
+        const auto reply = Await<ContactReply>(
+            watch, [agent, id = row.contactId] { return FetchContact(AgentSession(agent), id); });
+        if (!reply || watch.IsStopped()) {
             result.status = Stopped();
             return;
         }
-        const ContactListRow& row = rows[i];
-        const ContactReply reply = FetchContact(AgentSession(agent), row.contactId);
-        if (HasFailed(reply.outcome)) {
-            result.status = LinkLost(reply.outcome);
+        if (HasFailed(reply->outcome)) {
+            result.status = LinkLost(reply->outcome);
             return;
         }
-        if (reply.outcome == SessionOutcome::complete && reply.record) {
-            take(CardOf(*reply.record, AsText(row.photo.Bytes())));
+        if (reply->outcome == SessionOutcome::complete && reply->record) {
+            take(CardOf(*reply->record, AsText(row.photo.Bytes())));
             ++result.exported;
         } else {
-            result.skipped.Add(row.name, reply.outcome == SessionOutcome::noData
+            result.skipped.Add(row.name, reply->outcome == SessionOutcome::noData
                                              ? kContactIsGone
                                              : u8"没有读全这个联系人的资料");
         }
@@ -146,18 +155,19 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
     WholeFile out(file);
     out.Append(MessageFileHead(format));
     for (std::size_t i = 0; i < list.conversations.size(); ++i) {
-        if (watch.IsStopped()) {
+        const Conversation& one = list.conversations[i];
+        const auto reply = Await<ConversationReply>(
+            watch, [agent, id = one.id] { return FetchConversation(AgentSession(agent), id); });
+        if (!reply || watch.IsStopped()) {
             result.status = Stopped();
             return result;
         }
-        const Conversation& one = list.conversations[i];
-        const ConversationReply reply = FetchConversation(AgentSession(agent), one.id);
-        result.status = StatusOfMessages(reply);
+        result.status = StatusOfMessages(*reply);
         if (result.status.end != TransferEnd::whole) {
             return result;
         }
-        out.Append(ConversationInFile(format, i, one, reply.messages));
-        result.exported += reply.messages.size();
+        out.Append(ConversationInFile(format, i, one, reply->messages));
+        result.exported += reply->messages.size();
         watch.Tell(i + 1, list.conversations.size());
     }
     out.Append(MessageFileFoot(format));

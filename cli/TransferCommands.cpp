@@ -10,6 +10,7 @@
 #include "backup/Import.h"
 #include "base/Json.h"
 #include "base/Text.h"
+#include "base/os/Interrupt.h"
 #include "cli/CommandLine.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
@@ -43,7 +44,9 @@ Status Complain(const TransferStatus& status, Output& output) {
         return output.Report(status.outcome);
     }
     output.Complain(status.why);
-    return status.end == TransferEnd::fileFailed ? Status::wrongUsage : Status::noLink;
+    return status.end == TransferEnd::fileFailed ? Status::wrongUsage
+           : status.end == TransferEnd::stopped  ? Status::interrupted
+                                                 : Status::noLink;
 }
 
 Json::Value DocumentOf(const SkippedRecords& records) {
@@ -72,16 +75,16 @@ std::string Counted(std::u8string_view verb, std::size_t count, const KindWord& 
 }
 
 ExportResult Export(const KindWord& kind, std::optional<std::uint32_t> conversation,
-                    const std::string& file, const Context& context) {
+                    const std::string& file, const Context& context, const TransferWatch& watch) {
     switch (kind.kind) {
         case FileKind::contacts:
-            return ExportContacts(context.agent, file);
+            return ExportContacts(context.agent, file, watch);
         case FileKind::messages:
-            return ExportMessages(context.agent, context.attribution, conversation, file);
+            return ExportMessages(context.agent, context.attribution, conversation, file, watch);
         case FileKind::calls:
-            return ExportCalls(context.agent, context.attribution, file);
+            return ExportCalls(context.agent, context.attribution, file, watch);
         case FileKind::bookmarks:
-            return ExportBookmarks(context.agent, file);
+            return ExportBookmarks(context.agent, file, watch);
     }
     return {};
 }
@@ -112,7 +115,9 @@ Status RunExport(const Arguments& arguments, const Context& context, Output& out
             return Status::wrongUsage;
         }
     }
-    const ExportResult result = Export(*kind, conversation, file, context);
+    const Interrupt interrupt;
+    const ExportResult result =
+        Export(*kind, conversation, file, context, {.stop = &interrupt.Signal()});
     if (result.status.end != TransferEnd::whole) {
         return Complain(result.status, output);
     }
@@ -143,9 +148,11 @@ Status RunImport(const Arguments& arguments, const Context& context, Output& out
     const bool dryRun = arguments.Has("--dry-run");
     const ImportMode mode = dryRun ? ImportMode::tellOnly : ImportMode::send;
     const ImportContent content = ReadImportFile(kind->kind, file);
+    const Interrupt interrupt;
+    const TransferWatch watch{.stop = &interrupt.Signal()};
     const ImportResult result = kind->kind == FileKind::contacts
-                                    ? ImportContacts(context.agent, content, mode)
-                                    : ImportBookmarks(context.agent, content, mode);
+                                    ? ImportContacts(context.agent, content, mode, watch)
+                                    : ImportBookmarks(context.agent, content, mode, watch);
     if (output.Json()) {
         Json::Value document(Json::objectValue);
         document["dry_run"] = dryRun;

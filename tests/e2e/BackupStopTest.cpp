@@ -1,9 +1,12 @@
-// Ctrl+C while a phone is backed up from the command line.
+// Ctrl+C while a phone is backed up, or exported from, on the command line.
 #include <gmock/gmock.h>
 #include <signal.h>
 
 #include <filesystem>
+#include <iterator>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "base/os/SmallFile.h"
 #include "tests/support/Await.h"
@@ -25,8 +28,12 @@ class BackupStop : public testing::Test {
     // Starts a backup, which comes as far as a command that the phone does not answer, and stops
     // it there.
     void StopAt(const std::string& code, const char* name) {
+        StopAt(code, std::vector<std::string>{"backup", Path(name)});
+    }
+    void StopAt(const std::string& code, std::vector<std::string> command) {
         ASSERT_EQ(rig_.Control(0, "fault " + code + " stall"), "ok\n");
-        Process backup({QUORVI_BIN_DIR "/quorvictl", "backup", Path(name)}, Path("said"));
+        command.insert(command.begin(), QUORVI_BIN_DIR "/quorvictl");
+        Process backup(command, Path("said"));
         ASSERT_TRUE(Await([&] { return rig_.Control(0, "log").find(code) != std::string::npos; }));
         ASSERT_EQ(kill(backup.Id(), SIGINT), 0);
         ASSERT_TRUE(Await([&] { return !backup.IsRunning(); }));
@@ -60,6 +67,15 @@ TEST_F(BackupStop, TheNextBackupIsWhole) {
     EXPECT_EQ(rig_.Control(0, "faults clear"), "ok\n");
     EXPECT_EQ(rig_.Suite({"backup", Path("phone")}).status, 0);
     EXPECT_EQ(rig_.Suite({"verify", Path("phone")}).status, 0);
+}
+
+TEST_F(BackupStop, AnExportLeavesTheOldFile) {
+    ASSERT_TRUE(ReplaceFile(Path("a.vcf"), "old"));
+    StopAt("870102", {"export", "contacts", Path("a.vcf")});
+    EXPECT_THAT(Said(), HasSubstr("quorvictl: 已停止\n"));
+    EXPECT_EQ(ReadSmallFile(Path("a.vcf")), "old");
+    std::filesystem::remove(Path("said"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
 }
 
 }  // namespace
