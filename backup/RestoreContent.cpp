@@ -19,7 +19,7 @@ std::size_t BytesOf(const ContactCard& card) {
         }
     }
     for (const std::string& title : card.groups) {
-        bytes += sizeof title + title.size();
+        bytes += sizeof(std::string) + title.size();
     }
     return bytes;
 }

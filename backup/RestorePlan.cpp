@@ -84,6 +84,7 @@ void PlanRecords(BackupKind kind, const std::vector<Record>& backup,
                  RestorePlan& plan) {
     Counterparts<Record, KeyOf> counterparts(onPhone, keyOf);
     std::vector<bool> same;
+    same.reserve(backup.size());
     for (const Record& record : backup) {
         same.push_back(counterparts.TakeSame(record));
     }
