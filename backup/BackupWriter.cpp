@@ -14,6 +14,7 @@
 
 #include "backup/ZipWriter.h"
 #include "base/Text.h"
+#include "base/os/FileLock.h"
 #include "base/os/WriteAll.h"
 
 namespace quorvi {
@@ -26,6 +27,7 @@ constexpr off_t kBeginBytes = 4 * 1024 * 1024;
 constexpr mode_t kOwnersFile = S_IRUSR | S_IWUSR;
 constexpr mode_t kOwnersFolder = S_IRWXU;
 constexpr std::string_view kPartSuffix = ".quorvi-part";
+constexpr int kMostAttempts = 16;
 constexpr const char* kZipName = "backup.zip";
 
 std::error_code LastError() {
@@ -129,16 +131,8 @@ std::error_code BackupWriter::Prepare() {
         return std::make_error_code(std::errc::file_exists);
     }
     RemoveUnfinishedBackups(FolderOf(target_));
-    if (mkdir(part_.c_str(), kOwnersFolder) != 0 && errno != EEXIST) {
-        return LastError();
-    }
-    folder_ = FileDescriptor(open(part_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!folder_.IsOpen()) {
-        return LastError();
-    }
-    if (flock(folder_.Get(), LOCK_EX | LOCK_NB) != 0) {
-        folder_.Close();
-        return std::make_error_code(std::errc::device_or_resource_busy);
+    if (const std::error_code why = OpenPart()) {
+        return why;
     }
     // What a killed writer has left.
     std::filesystem::directory_iterator left(part_, failed);
@@ -149,6 +143,29 @@ std::error_code BackupWriter::Prepare() {
         failed = LastError();
     }
     return failed;
+}
+
+// Makes the folder and locks it. Another program that clears away what killed writers have left may
+// hold it for a moment, or take it in between, empty as it is: then it is made anew.
+std::error_code BackupWriter::OpenPart() {
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        if (mkdir(part_.c_str(), kOwnersFolder) != 0 && errno != EEXIST) {
+            return LastError();
+        }
+        folder_ =
+            FileDescriptor(open(part_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (!folder_.IsOpen() && errno == ENOENT) {
+            continue;
+        }
+        if (!folder_.IsOpen()) {
+            return LastError();
+        }
+        if (flock(folder_.Get(), LOCK_EX | LOCK_NB) == 0 && IsStillNamed(folder_, part_)) {
+            return {};
+        }
+    }
+    folder_.Close();
+    return std::make_error_code(std::errc::device_or_resource_busy);
 }
 
 BackupFile BackupWriter::Begin(const std::string& name) {
@@ -230,7 +247,8 @@ void RemoveUnfinishedBackups(const std::filesystem::path& folder) {
         }
         const FileDescriptor part(
             open(entry->path().c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        if (part.IsOpen() && flock(part.Get(), LOCK_EX | LOCK_NB) == 0) {
+        if (part.IsOpen() && flock(part.Get(), LOCK_EX | LOCK_NB) == 0 &&
+            IsStillNamed(part, entry->path())) {
             std::error_code ignored;
             std::filesystem::remove_all(entry->path(), ignored);
         }

@@ -67,6 +67,7 @@ class BackupWriter {
 
   private:
     [[nodiscard]] std::error_code Prepare();
+    [[nodiscard]] std::error_code OpenPart();
     [[nodiscard]] std::error_code Pack(const Manifest& manifest, const StopSignal& stop) const;
     void Remove();
 

@@ -21,4 +21,11 @@ FileLock::FileLock(const std::filesystem::path& file, Wait wait)
     }
 }
 
+bool IsStillNamed(const FileDescriptor& file, const std::filesystem::path& path) {
+    struct stat own {};
+    struct stat named {};
+    return fstat(file.Get(), &own) == 0 && lstat(path.c_str(), &named) == 0 &&
+           own.st_dev == named.st_dev && own.st_ino == named.st_ino;
+}
+
 }  // namespace quorvi

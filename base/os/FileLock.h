@@ -25,4 +25,8 @@ class FileLock {
     bool busy_ = false;
 };
 
+// Whether `path` is still the name of the open file or folder. To be asked behind a lock: whoever
+// held that before may have given the file another place, or taken it away.
+[[nodiscard]] bool IsStillNamed(const FileDescriptor& file, const std::filesystem::path& path);
+
 }  // namespace quorvi

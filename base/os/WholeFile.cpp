@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "base/os/FileLock.h"
 #include "base/os/WriteAll.h"
 
 namespace quorvi {
@@ -33,15 +34,6 @@ enum class Opened {
     anothers,  // another program writes there, or it is no plain file
     failed,    // errno tells why
 };
-
-// Whether `path` is still the name of the open file: whoever wrote it before may have given it its
-// place, or taken it away, between the opening and the lock.
-bool IsStillNamed(const FileDescriptor& file, const std::filesystem::path& path) {
-    struct stat own {};
-    struct stat named {};
-    return fstat(file.Get(), &own) == 0 && lstat(path.c_str(), &named) == 0 &&
-           own.st_dev == named.st_dev && own.st_ino == named.st_ino;
-}
 
 bool IsPlain(const FileDescriptor& file) {
     struct stat facts {};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <thread>
 
 #include "backup/BackupReader.h"
 #include "backup/BackupWriter.h"
@@ -156,6 +157,23 @@ TEST_P(BackupTarget, TwoWritersDoNotMix) {
     file.Write("first");
     EXPECT_EQ(WriteBackup(Target(), "second"), std::errc::device_or_resource_busy);
     EXPECT_EQ(first.Finish(ManifestOf({file.Close()}), StopSignal()), std::error_code());
+}
+
+TEST(BackupWriter, WritersInOneFolderTakeNothingFromEachOther) {
+    const TemporaryFolder folder;
+    const auto write = [&folder](const std::string& name) {
+        for (int i = 0; i < 300; ++i) {
+            const path target = folder.Path() / (name + std::to_string(i));
+            const std::error_code failed = WriteBackup(target, "x");
+            // The other one was looking whether a killed writer had left it.
+            EXPECT_TRUE(!failed || failed == std::errc::device_or_resource_busy)
+                << failed.message();
+            EXPECT_EQ(std::filesystem::exists(target / "calls.csv"), !failed);
+        }
+    };
+    std::thread other([&] { write("other"); });
+    write("one");
+    other.join();
 }
 
 TEST_P(BackupTarget, ALinkInThePlaceOfItsOwnFolderIsNotFollowed) {
