@@ -105,6 +105,9 @@ BackupResult RunBackup(AgentAddress agent, const BackupOrder& order,
     BackupWriter writer(order.target);
     BackupRun run(agent, writer, progress, stop);
     run.result.manifest.made = order.now;
+    if (order.attribution) {
+        run.attribution = order.attribution;
+    }
     if (writer.Error()) {
         run.FailDisk(writer.Error());
         return std::move(run.result);

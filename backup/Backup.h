@@ -11,13 +11,15 @@
 #include "agent/AgentAddress.h"
 #include "backup/Manifest.h"
 #include "base/os/StopSignal.h"
+#include "refdata/NumberAttribution.h"
 
 namespace quorvi {
 
 struct BackupOrder {
     std::filesystem::path target;  // see BackupWriter
     std::vector<BackupKind> kinds;
-    std::int64_t now = 0;  // seconds since 1970
+    std::int64_t now = 0;         // seconds since 1970
+    AttributionOf attribution{};  // of the numbers in it; without one none is told
 };
 
 // How far a kind has come. Told on the thread that backs up.

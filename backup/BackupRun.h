@@ -35,6 +35,7 @@ class BackupRun {
     BackupWriter& writer;
     const StopSignal& stop;
     WhoseFolder folder = WhoseFolder::user;
+    AttributionOf attribution = NoAttribution;
     BackupResult result;
 
     // Ends the run; false, for whoever ends with it.

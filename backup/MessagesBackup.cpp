@@ -94,10 +94,12 @@ bool WriteCalls(BackupRun& run, const std::vector<CallLogRow>& rows) {
 }
 
 bool BackUpMessages(BackupRun& run) {
-    const auto reply = run.Await<ConversationListReply>([agent = run.agent] {
-        return FetchSurely(agent, AgentCommand::listConversations,
-                           [&] { return FetchConversations(AgentSession(agent), NoAttribution); });
-    });
+    const auto reply =
+        run.Await<ConversationListReply>([agent = run.agent, attribution = run.attribution] {
+            return FetchSurely(agent, AgentCommand::listConversations, [&] {
+                return FetchConversations(AgentSession(agent), attribution);
+            });
+        });
     if (!reply || !run.Accept(reply->outcome)) {
         return false;
     }
@@ -108,9 +110,9 @@ bool BackUpMessages(BackupRun& run) {
 }
 
 bool BackUpCalls(BackupRun& run) {
-    const auto reply = run.Await<CallLogReply>([agent = run.agent] {
+    const auto reply = run.Await<CallLogReply>([agent = run.agent, attribution = run.attribution] {
         return FetchSurely(agent, AgentCommand::listCalls,
-                           [&] { return FetchCallLog(AgentSession(agent), NoAttribution); });
+                           [&] { return FetchCallLog(AgentSession(agent), attribution); });
     });
     return reply && run.AcceptList(*reply) && WriteCalls(run, reply->list.rows);
 }

@@ -170,7 +170,11 @@ Status RunBackup(const Arguments& arguments, const Context& context, Output& out
     const Interrupt interrupt;
     const std::string& target = arguments.operands.front();
     const BackupResult result = quorvi::RunBackup(
-        context.agent, {.target = PathOf(target), .kinds = *kinds, .now = std::time(nullptr)},
+        context.agent,
+        {.target = PathOf(target),
+         .kinds = *kinds,
+         .now = std::time(nullptr),
+         .attribution = context.attribution},
         [](const BackupProgress&) {}, interrupt.Signal());
     const bool whole = result.end == BackupEnd::whole;
     if (!whole) {

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "pages/kit/KeptColumns.h"
 #include "pages/kit/PageNumbers.h"
@@ -18,11 +19,12 @@ namespace quorvi {
 
 using look::Metric;
 
-BackupGroup::BackupGroup(PageHost& host, AgentAddress agent, QWidget* parent)
+BackupGroup::BackupGroup(PageHost& host, AgentAddress agent, AttributionOf attribution,
+                         QWidget* parent)
     : CSkinGroupBox(ToQString(u8"备份与恢复"), parent),
       host_(host),
       agent_(agent),
-      backup_(new BackupPane(host, agent)),
+      backup_(new BackupPane(host, agent, std::move(attribution))),
       restore_(new RestorePane),
       deleted_(new DeletedPane) {
     auto* panes = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "agent/AgentAddress.h"
+#include "refdata/NumberAttribution.h"
 #include "ui/kit/SkinLabels.h"
 #include "ui/page/Page.h"
 
@@ -16,7 +17,8 @@ class RestorePane;
 class BackupGroup : public CSkinGroupBox {
     Q_OBJECT
   public:
-    BackupGroup(PageHost& host, AgentAddress agent, QWidget* parent = nullptr);
+    BackupGroup(PageHost& host, AgentAddress agent, AttributionOf attribution,
+                QWidget* parent = nullptr);
 
     // Reads on workers what stands on the disk: the backups, and what was deleted.
     void Refresh();

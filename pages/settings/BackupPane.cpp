@@ -78,10 +78,12 @@ Control* Named(Control* control, const char16_t* name, const QString& text) {
 
 }  // namespace
 
-BackupPane::BackupPane(PageHost& host, AgentAddress agent, QWidget* parent)
+BackupPane::BackupPane(PageHost& host, AgentAddress agent, AttributionOf attribution,
+                       QWidget* parent)
     : QWidget(parent),
       host_(host),
       agent_(agent),
+      attribution_(std::move(attribution)),
       choices_(new QWidget),
       place_(Named(new CSkinEdit, u"backupFolder", ToQString(u8"保存到"))),
       choose_(Named(new CSkinButton(ToQString(u8"更改位置")), u"backupChoose",
@@ -320,13 +322,13 @@ void BackupPane::Start() {
     });
     RunJob(
         this,
-        [agent = agent_, folder = folder_, kinds = Kinds(), stop = stop_, told,
-         form = zip_->isChecked() ? BackupForm::zip : BackupForm::folder] {
+        [agent = agent_, attribution = attribution_, folder = folder_, kinds = Kinds(),
+         stop = stop_, told, form = zip_->isChecked() ? BackupForm::zip : BackupForm::folder] {
             std::error_code unwritable;  // which the backup itself tells
             std::filesystem::create_directories(folder, unwritable);
             const std::int64_t now = std::time(nullptr);
             const BackupOrder order{NewBackupPath(folder, FetchModel(agent, *stop), now, form),
-                                    kinds, now};
+                                    kinds, now, attribution};
             return Result{
                 RunBackup(
                     agent, order,

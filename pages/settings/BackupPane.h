@@ -10,6 +10,7 @@
 #include "agent/AgentAddress.h"
 #include "backup/Backup.h"
 #include "backup/BackupPlace.h"
+#include "refdata/NumberAttribution.h"
 #include "ui/page/Page.h"
 
 namespace quorvi {
@@ -27,7 +28,8 @@ class SkinRadio;
 class BackupPane : public QWidget {
     Q_OBJECT
   public:
-    BackupPane(PageHost& host, AgentAddress agent, QWidget* parent = nullptr);
+    BackupPane(PageHost& host, AgentAddress agent, AttributionOf attribution,
+               QWidget* parent = nullptr);
     ~BackupPane() override;
 
     // Where backups go, and are looked for.
@@ -65,6 +67,7 @@ class BackupPane : public QWidget {
 
     PageHost& host_;
     AgentAddress agent_;
+    AttributionOf attribution_;
     std::filesystem::path folder_;
     std::shared_ptr<StopSignal> stop_;  // of the backup that runs
     QString status_;                    // what the window's state label was given last

@@ -89,7 +89,7 @@ SettingsPage::SettingsPage(PageHost& host, const Services& services, QWidget* pa
       repairText_(new CSkinStateLabel(ToQString(u8"就绪"))),
       gb18030_(new SkinRadio(ToQString(u8"GB18030（所有字符都能显示和保存）"))),
       gbk_(new SkinRadio(ToQString(u8"GBK（旧编码，不常用的字符显示成“?”）"))),
-      backup_(new BackupGroup(host, services.agent)),
+      backup_(new BackupGroup(host, services.agent, services.attribution)),
       look_(new LookGroup(host)),
       diagnosis_(new DiagnosisGroup(host)) {
     for (const auto& [button, number] :

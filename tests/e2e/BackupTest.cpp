@@ -7,7 +7,9 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
+#include <utility>
 
 #include "tests/support/PhoneRig.h"
 #include "tests/support/TemporaryFolder.h"
@@ -75,6 +77,24 @@ TEST_F(BackupStory, HoldsAllThatThePhoneHas) {
     EXPECT_EQ(made["counts"]["applications"].asUInt(), Ask({"apps", "list"}).size());
     EXPECT_GT(made["counts"]["messages"].asUInt(), 20u);
     EXPECT_TRUE(Ask({"verify", Target("one")})["whole"].asBool());
+}
+
+TEST_F(BackupStory, SaysWhereNumbersComeFromAsTheListsDo) {
+    const auto attributions = [](const Json::Value& records) {
+        std::multiset<std::string> all;
+        for (const Json::Value& record : records) {
+            all.insert(record["attribution"].asString());
+        }
+        return all;
+    };
+    Ask({"backup", Target("one"), "--only", "messages,calls"});
+    for (const auto& [file, list] :
+         {std::pair("calls.json", "calls"), std::pair("messages.json", "sms")}) {
+        Json::Value kept;
+        std::ifstream(std::filesystem::path(Target("one")) / file) >> kept;
+        EXPECT_EQ(attributions(kept), attributions(Ask({list, "list"}))) << file;
+        EXPECT_GT(attributions(kept).size(), attributions(kept).count("")) << file;
+    }
 }
 
 TEST_F(BackupStory, RestoredToAnEmptiedPhoneAndBackedUpAgainIsTheSame) {
