@@ -109,24 +109,29 @@ void EachContact(AgentAddress agent, const std::vector<ContactListRow>& rows,
 ExportResult ExportContacts(AgentAddress agent, const std::filesystem::path& file,
                             const TransferWatch& watch, const std::vector<std::uint32_t>& only) {
     const WholeTextScope wholeText;
-    ContactListReply list = FetchContactList(AgentSession(agent), NoAttribution);
-    ExportResult result{StatusOfList(list)};
+    auto reply = Await<ContactListReply>(
+        watch, [agent] { return FetchContactList(AgentSession(agent), NoAttribution); });
+    if (!reply) {
+        return {Stopped()};
+    }
+    ExportResult result{StatusOfList(*reply)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
+    std::vector<ContactListRow>& rows = reply->list.rows;
     if (!only.empty()) {
-        KeepOnly(only, list.list.rows, result);
+        KeepOnly(only, rows, result);
     }
     WholeFile out(file);
     if (EndingOf(file.native()) == "csv") {
         std::vector<ContactCard> cards;
-        EachContact(agent, list.list.rows, watch, result, [&](ContactCard&& card) {
+        EachContact(agent, rows, watch, result, [&](ContactCard&& card) {
             card.photo.clear();  // a table has none, and all cards are held for its columns
             cards.push_back(std::move(card));
         });
         out.Append(WriteContactTable(cards));
     } else {
-        EachContact(agent, list.list.rows, watch, result,
+        EachContact(agent, rows, watch, result,
                     [&](const ContactCard& card) { out.Append(WriteVCard(card)); });
     }
     if (result.status.end == TransferEnd::whole) {
@@ -139,23 +144,28 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
                             std::optional<std::uint32_t> conversation,
                             const std::filesystem::path& file, const TransferWatch& watch) {
     const WholeTextScope wholeText;
-    ConversationListReply list = FetchConversations(AgentSession(agent), attribution);
-    ExportResult result{StatusOfMessages(list)};
+    auto list = Await<ConversationListReply>(watch, [agent, attribution] {
+        return FetchConversations(AgentSession(agent), attribution);
+    });
+    if (!list) {
+        return {Stopped()};
+    }
+    ExportResult result{StatusOfMessages(*list)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
     if (conversation) {
-        std::erase_if(list.conversations,
+        std::erase_if(list->conversations,
                       [&](const Conversation& one) { return one.id != *conversation; });
-        if (list.conversations.empty()) {
+        if (list->conversations.empty()) {
             result.skipped.Add(std::to_string(*conversation), u8"手机上没有这个会话");
         }
     }
     const MessageFormat format = MessageFormatOf(file.native()).value_or(MessageFormat::text);
     WholeFile out(file);
     out.Append(MessageFileHead(format));
-    for (std::size_t i = 0; i < list.conversations.size(); ++i) {
-        const Conversation& one = list.conversations[i];
+    for (std::size_t i = 0; i < list->conversations.size(); ++i) {
+        const Conversation& one = list->conversations[i];
         const auto reply = Await<ConversationReply>(
             watch, [agent, id = one.id] { return FetchConversation(AgentSession(agent), id); });
         if (!reply || watch.IsStopped()) {
@@ -168,7 +178,7 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
         }
         out.Append(ConversationInFile(format, i, one, reply->messages));
         result.exported += reply->messages.size();
-        watch.Tell(i + 1, list.conversations.size());
+        watch.Tell(i + 1, list->conversations.size());
     }
     out.Append(MessageFileFoot(format));
     result.status = Committed(out);
@@ -178,16 +188,20 @@ ExportResult ExportMessages(AgentAddress agent, const AttributionOf& attribution
 ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
                          const std::filesystem::path& file, const TransferWatch& watch) {
     const WholeTextScope wholeText;
-    const CallLogReply list = FetchCallLog(AgentSession(agent), attribution);
-    ExportResult result{StatusOfList(list)};
+    const auto reply = Await<CallLogReply>(
+        watch, [agent, attribution] { return FetchCallLog(AgentSession(agent), attribution); });
+    if (!reply) {
+        return {Stopped()};
+    }
+    ExportResult result{StatusOfList(*reply)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
     WholeFile out(file);
     out.Append(
-        WriteCallFile(CallFormatOf(file.native()).value_or(CallFormat::csv), list.list.rows));
+        WriteCallFile(CallFormatOf(file.native()).value_or(CallFormat::csv), reply->list.rows));
     result.status = Committed(out);
-    result.exported = list.list.rows.size();
+    result.exported = reply->list.rows.size();
     watch.Tell(result.exported, result.exported);
     return result;
 }
@@ -195,13 +209,17 @@ ExportResult ExportCalls(AgentAddress agent, const AttributionOf& attribution,
 ExportResult ExportBookmarks(AgentAddress agent, const std::filesystem::path& file,
                              const TransferWatch& watch) {
     const WholeTextScope wholeText;
-    const BookmarkListReply list = FetchBookmarkList(AgentSession(agent));
-    ExportResult result{StatusOfList(list)};
+    const auto reply =
+        Await<BookmarkListReply>(watch, [agent] { return FetchBookmarkList(AgentSession(agent)); });
+    if (!reply) {
+        return {Stopped()};
+    }
+    ExportResult result{StatusOfList(*reply)};
     if (result.status.end != TransferEnd::whole) {
         return result;
     }
     std::vector<FileBookmark> bookmarks;
-    for (const BookmarkRow& row : list.list.rows) {
+    for (const BookmarkRow& row : reply->list.rows) {
         bookmarks.push_back({CardText(ToUtf8(row.title)), CardText(ToUtf8(row.url)), row.visits});
     }
     WholeFile out(file);

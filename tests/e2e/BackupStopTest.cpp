@@ -78,5 +78,22 @@ TEST_F(BackupStop, AnExportLeavesTheOldFile) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
 }
 
+TEST_F(BackupStop, AnExportDoesNotWaitForAListThatDoesNotCome) {
+    struct Export {
+        const char* kind;
+        const char* file;
+        const char* list;  // its command
+    };
+    for (const auto& [kind, file, list] :
+         {Export{"contacts", "a.vcf", "870101"}, Export{"messages", "a.html", "870201"},
+          Export{"calls", "a.csv", "870301"}, Export{"bookmarks", "a.html", "870701"}}) {
+        StopAt(list, {"export", kind, Path(file)});
+        EXPECT_THAT(Said(), HasSubstr("quorvictl: 已停止\n")) << kind;
+        EXPECT_FALSE(std::filesystem::exists(Path(file)));
+        EXPECT_EQ(rig_.Control(0, "faults clear"), "ok\n");
+        EXPECT_EQ(rig_.Control(0, "log clear"), "ok\n");
+    }
+}
+
 }  // namespace
 }  // namespace quorvi::e2e
