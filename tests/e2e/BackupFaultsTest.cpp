@@ -275,8 +275,7 @@ TEST_F(KilledInTheMiddle, ABackupIsWholeOrNotThere) {
 
 TEST_F(KilledInTheMiddle, ARestoreIsFinishedByTheNextOne) {
     const auto before = BackedUpContent("before");
-    const milliseconds whole =
-        TimeOfOne({"restore", Target("before")}, [this] { EmptyThePhone(); });
+    const milliseconds whole = TimeOfOne({"restore", Target("before")}, [] { EmptyThePhone(); });
     EmptyThePhone();
     int finished = 0;
     for (int i = 0; i < Kills(); ++i) {
