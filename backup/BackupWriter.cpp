@@ -160,7 +160,13 @@ std::error_code BackupWriter::OpenPart() {
         if (!folder_.IsOpen()) {
             return LastError();
         }
-        if (flock(folder_.Get(), LOCK_EX | LOCK_NB) == 0 && IsStillNamed(folder_, part_)) {
+        const bool isOurs = flock(folder_.Get(), LOCK_EX | LOCK_NB) == 0;
+        if (!isOurs && errno != EWOULDBLOCK) {
+            const std::error_code noLocks = LastError();
+            folder_.Close();
+            return noLocks;
+        }
+        if (isOurs && IsStillNamed(folder_, part_)) {
             return {};
         }
     }
