@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "backup/BackupReader.h"
 #include "backup/BackupWriter.h"
@@ -22,6 +25,15 @@ class DeletedItemsTest : public testing::Test {
   protected:
     KeepResult Keep(const GoingRows& rows, std::int64_t now = kNow) {
         return items_.Keep(agent_.Port(), rows, now, StopSignal());
+    }
+    // Of the deletion that was kept last; nothing when they cannot be read.
+    [[nodiscard]] std::optional<RestoreContent> KeptContacts() const {
+        const auto reader = BackupReader::Open(items_.List(kNow)[0].backup).reader;
+        std::string why;
+        auto content = reader ? ReadRestoreContent(*reader, std::vector{BackupKind::contacts}, why)
+                              : std::nullopt;
+        EXPECT_TRUE(content) << ToUtf8(why);
+        return content;
     }
     static std::vector<AlarmRow> Alarms(const std::string& label) {
         AlarmRow row;
@@ -125,11 +137,8 @@ TEST_F(DeletedItemsTest, AContactIsReadWholeFromThePhone) {
     const BackupResult result = Keep(std::vector{row});
     ASSERT_EQ(result.end, BackupEnd::whole) << ToUtf8(result.why);
     EXPECT_EQ(result.manifest.skippedCount, 0u);
-    const auto reader = BackupReader::Open(items_.List(kNow)[0].backup).reader;
-    ASSERT_TRUE(reader);
-    std::string why;
-    const auto content = ReadRestoreContent(*reader, std::vector{BackupKind::contacts}, why);
-    ASSERT_TRUE(content) << ToUtf8(why);
+    const auto content = KeptContacts();
+    ASSERT_TRUE(content);
     ASSERT_EQ(content->cards.size(), 1u);
     EXPECT_EQ(content->cards[0].phones[0].text, "110");
 }
@@ -154,11 +163,8 @@ TEST_F(DeletedItemsTest, AContactWithoutANameAndContentIsReadAsAnEmptyOne) {
     row.contactId = 7;
     const BackupResult result = Keep(std::vector{row});
     ASSERT_EQ(result.end, BackupEnd::whole) << ToUtf8(result.why);
-    const auto reader = BackupReader::Open(items_.List(kNow)[0].backup).reader;
-    ASSERT_TRUE(reader);
-    std::string why;
-    const auto content = ReadRestoreContent(*reader, std::vector{BackupKind::contacts}, why);
-    ASSERT_TRUE(content) << ToUtf8(why);
+    const auto content = KeptContacts();
+    ASSERT_TRUE(content);
     EXPECT_EQ(content->cards.size(), 0u);
     EXPECT_EQ(content->emptyCards, 1u);
     EXPECT_EQ(content->unreadCards, 0u);
